@@ -1,0 +1,55 @@
+# What a build can choose, and the flags that every target of the project shares through corvanth-options.
+
+option(BUILD_TESTING "Build the tests" ON)
+option(CORVANTH_STATIC_LIBRARIES "Link the third-party and runtime libraries into the programs" OFF)
+option(CORVANTH_SANITIZE "Build with address, leak and undefined behaviour sanitizers" OFF)
+option(CORVANTH_BENCHMARKS "Build the benchmarks in bench/" OFF)
+option(CORVANTH_FUZZERS "Build the fuzz targets in fuzz/; needs clang" OFF)
+
+# The platform folder whose files implement the portable headers of a room.
+if(WIN32)
+    set(CORVANTH_PLATFORM win32)
+else()
+    set(CORVANTH_PLATFORM posix)
+endif()
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}")
+
+add_library(corvanth-options INTERFACE)
+target_include_directories(corvanth-options INTERFACE
+    "${CMAKE_SOURCE_DIR}/src" "${CMAKE_BINARY_DIR}/generated")
+# Constructors name their arguments after the members that they fill. gcc's -Wshadow refuses that, clang's does
+# not, so clang also finds the other locals that hide a member.
+target_compile_options(corvanth-options INTERFACE -Wall -Wextra -Wpedantic -Werror
+    $<IF:$<CXX_COMPILER_ID:GNU>,-Wshadow=local,-Wshadow>)
+target_compile_definitions(corvanth-options INTERFACE _FILE_OFFSET_BITS=64)
+
+if(WIN32)
+    target_compile_definitions(corvanth-options INTERFACE
+        UNICODE _UNICODE _WIN32_WINNT=0x0601 WINVER=0x0601)
+    # Without time stamps two builds of the same sources are equal byte for byte.
+    target_link_options(corvanth-options INTERFACE
+        LINKER:--no-insert-timestamp LINKER:--large-address-aware LINKER:--dynamicbase LINKER:--nxcompat)
+elseif(CORVANTH_STATIC_LIBRARIES)
+    target_link_options(corvanth-options INTERFACE -static-libstdc++ -static-libgcc)
+endif()
+
+if(CMAKE_BUILD_TYPE STREQUAL "Release")
+    target_link_options(corvanth-options INTERFACE -s)
+endif()
+
+if(CORVANTH_SANITIZE)
+    set(sanitizer_flags -fsanitize=address,undefined -fno-sanitize-recover=all)
+    if(CORVANTH_FUZZERS)
+        list(APPEND sanitizer_flags -fsanitize=fuzzer-no-link)
+    endif()
+    target_compile_options(corvanth-options INTERFACE -O1 -g -fno-omit-frame-pointer ${sanitizer_flags})
+    target_link_options(corvanth-options INTERFACE ${sanitizer_flags})
+    # The instrumentation hides from gcc's flow analysis what has been written, so this warning cries wolf.
+    if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+        target_compile_options(corvanth-options INTERFACE -Wno-maybe-uninitialized)
+    endif()
+endif()
