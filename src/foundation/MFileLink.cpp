@@ -1,0 +1,44 @@
+#include "foundation/MFileLink.h"
+
+#include "foundation/MFile.h"
+#include "foundation/MPlatform.h"
+#include "foundation/MRaise.h"
+#include "foundation/MUnicode.h"
+#include "streams/MStdFileStream.h"
+
+namespace {
+
+bool IsInternetTarget(const MString& target) {
+    return target.Contains("://");
+}
+
+bool WriteInternetShortcut(const MString& path, const MString& target) {
+    const std::string text = MEncodeUTF8Exact(MString("[InternetShortcut]\nURL=") + target + "\n");
+    MStdFileStream file;
+    file.Open(path, MOpenWrite | MOpenCreate);
+    file.Write(text.data(), static_cast<int32_t>(text.size()));
+    file.Close();
+    return true;
+}
+
+}  // namespace
+
+void MFile::CreateLink(const MString& link, const MString& target, const MString& arguments,
+                       const MString& description) {
+    MString reason;
+    try {
+        const MString& text = description.IsEmpty() ? GetFileName(link) : description;
+        if (IsInternetTarget(target) ? WriteInternetShortcut(link + ".url", target)
+                                     : MWriteShellLink(link + "." + MShellLinkExtension(), target, arguments, text))
+            return;
+        reason = MSystemErrorText();
+    } catch (const MException& exception) {
+        reason = exception.GetMessage();
+    }
+    MRaise(MExceptionGeneral, "Could not create file link at \"{0}\" to \"{1}\". {2}", link, target, reason);
+}
+
+void MFile::DeleteLink(const MString& link) {
+    const MString shortcut = link + ".url";
+    Delete(Exists(shortcut) ? shortcut : link + "." + MShellLinkExtension());
+}

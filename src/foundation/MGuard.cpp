@@ -1,0 +1,13 @@
+#include "foundation/MGuard.h"
+
+#include "foundation/MRaise.h"
+
+namespace {
+
+void WriteDiagnostics([[maybe_unused]] const MString& text) {}
+
+}  // namespace
+
+void MReportSystemException(const char* label) {
+    WriteDiagnostics(MFormat("SYSTEM EXCEPTION! {0}", label));
+}

@@ -1,0 +1,151 @@
+#include "foundation/MRegistryKey.h"
+
+#include "foundation/MFile.h"
+#include "foundation/MGuard.h"
+#include "foundation/MRaise.h"
+#include "foundation/MUnicode.h"
+#include "foundation/posix/MNativePath.h"
+#include "streams/MMemoryStream.h"
+#include "streams/MStdFileStream.h"
+
+#include <utility>
+
+// A key is a directory whose name ends in ".key", a value a file whose name ends in ".value". Such a file holds a
+// line with the type, "text" or "number", and then the value: the text in UTF-8, the number in decimal.
+
+struct MRegistryKey::Handle {
+    MString directory;
+};
+
+namespace {
+
+/// Any name as the name of a file: what is no lower-case letter or digit becomes a percent sign and two digits
+/// for each byte.
+MString EscapeName(const MString& name) {
+    MString escaped;
+    for (const char byte : MEncodeUTF8Exact(name.ToLower())) {
+        const MChar character(byte);
+        if (character.IsLowerLetter() || character.IsDigit() || byte == '-' || byte == '_') {
+            escaped.Append(character);
+            continue;
+        }
+        escaped.Append(u'%');
+        escaped.Append(MChar::FromHexDigit(static_cast<uint8_t>(byte) >> 4));
+        escaped.Append(MChar::FromHexDigit(static_cast<uint8_t>(byte)));
+    }
+    return escaped;
+}
+
+MString GetRootDirectory(MRegistryRoot root) {
+    static constexpr const char* names[] = {"classes", "user", "machine"};
+    const auto folder = root == MRegistryRoot::CurrentUser ? MSpecialFolderUserData : MSpecialFolderData;
+    return MFile::Join(MFile::Join(MFile::GetSpecialPath(folder), "registry"), names[static_cast<int>(root)]);
+}
+
+MString GetKeyDirectory(MString directory, const MString& name) {
+    for (const MString& component : name.Split('\\')) directory = MFile::Join(directory, EscapeName(component) + ".key");
+    return directory;
+}
+
+MString GetValueFile(const MString& directory, const MString& name) {
+    return MFile::Join(directory, EscapeName(name) + ".value");
+}
+
+MString OpenDirectory(const MString& parent, const MString& name) {
+    const MString directory = GetKeyDirectory(parent, name);
+    if (!MFile::IsDirectory(directory)) MRaise(MExceptionGeneral, "Cannot open registry key {0}.", name);
+    return directory;
+}
+
+MString CreateDirectory(const MString& parent, const MString& name) {
+    const MString directory = GetKeyDirectory(parent, name);
+    try {
+        MFile::CreatePath(directory);
+    } catch (const MException&) {
+        MRaise(MExceptionGeneral, "Cannot create registry key {0}.", name);
+    }
+    return directory;
+}
+
+/// Deletes a key that has no subkeys; false if it has.
+bool TryDelete(const MString& directory) {
+    const MList<MFileListEntry> entries = MFile::GetFileList(directory);
+    for (const MFileListEntry& entry : entries)
+        if (entry.isDirectory) return false;
+    for (const MFileListEntry& entry : entries) MFile::Delete(MFile::Join(directory, entry.name));
+    MFile::RemoveDirectory(directory);
+    return true;
+}
+
+void DeleteDirectory(const MString& parent, const MString& name) {
+    bool isDeleted = false;
+    MGuard("MRegistryKey::Delete", [&] { isDeleted = TryDelete(GetKeyDirectory(parent, name)); });
+    if (!isDeleted) MRaise(MExceptionGeneral, "Cannot delete registry key {0}.", name);
+}
+
+void WriteValue(const MString& directory, const MString& name, const std::string& content) {
+    try {
+        MStdFileStream file;
+        file.Open(GetValueFile(directory, name), MOpenWrite | MOpenCreate);
+        file.Write(content.data(), static_cast<int32_t>(content.size()));
+        file.Close();
+    } catch (const MException&) {
+        MRaise(MExceptionGeneral, "Cannot set registry value {0}.", name);
+    }
+}
+
+}  // namespace
+
+MRegistryKey::MRegistryKey() = default;
+MRegistryKey::MRegistryKey(MRegistryKey&& other) noexcept = default;
+MRegistryKey& MRegistryKey::operator=(MRegistryKey&& other) noexcept = default;
+MRegistryKey::~MRegistryKey() = default;
+
+void MRegistryKey::Open(MRegistryRoot parent, const MString& name) {
+    handle = std::make_unique<Handle>(OpenDirectory(GetRootDirectory(parent), name));
+}
+
+void MRegistryKey::Open(const MRegistryKey& parent, const MString& name) {
+    handle = std::make_unique<Handle>(OpenDirectory(parent.handle->directory, name));
+}
+
+void MRegistryKey::Create(MRegistryRoot parent, const MString& name) {
+    handle = std::make_unique<Handle>(CreateDirectory(GetRootDirectory(parent), name));
+}
+
+void MRegistryKey::Create(const MRegistryKey& parent, const MString& name) {
+    handle = std::make_unique<Handle>(CreateDirectory(parent.handle->directory, name));
+}
+
+void MRegistryKey::Delete(MRegistryRoot parent, const MString& name) {
+    DeleteDirectory(GetRootDirectory(parent), name);
+}
+
+void MRegistryKey::Delete(const MRegistryKey& parent, const MString& name) {
+    DeleteDirectory(parent.handle->directory, name);
+}
+
+void MRegistryKey::Close() {
+    handle = nullptr;
+}
+
+MString MRegistryKey::GetValue(const MString& name) const {
+    try {
+        MStdFileStream file;
+        file.Open(GetValueFile(handle->directory, name), MOpenRead);
+        (void)file.LoadRequiredLine();
+        MMemoryStream value;
+        file.CopyAllTo(value);
+        return MDecodeUTF8Exact({value.GetBuffer().Get(), static_cast<size_t>(value.GetSize())});
+    } catch (const MException&) {
+        MRaise(MExceptionGeneral, "Cannot get registry value {0}", name);
+    }
+}
+
+void MRegistryKey::SetValue(const MString& name, const MString& text) {
+    WriteValue(handle->directory, name, "text\n" + MEncodeUTF8Exact(text));
+}
+
+void MRegistryKey::SetValue(const MString& name, int32_t number) {
+    WriteValue(handle->directory, name, "number\n" + std::to_string(number));
+}

@@ -1,0 +1,45 @@
+#include "foundation/MFile.h"
+#include "foundation/MRaise.h"
+#include "foundation/win32/MNativePath.h"
+#include "foundation/win32/MWindowsHeader.h"
+
+#include <memory>
+#include <string_view>
+
+namespace {
+
+struct CloseFind {
+    using pointer = HANDLE;
+    void operator()(HANDLE handle) const { FindClose(handle); }
+};
+
+MList<MFileListEntry> ListDrives() {
+    MList<MFileListEntry> list;
+    for (const MString& drive : MFile::GetDrives()) list.Add({drive, true});
+    return list;
+}
+
+}  // namespace
+
+MList<MFileListEntry> MFile::GetFileList(const MString& directory, const MString& filter) {
+    if (directory.IsEmpty()) return ListDrives();
+    const auto raise = [&] {
+        MRaise(MExceptionGeneral, "Could not access path \"{0}\" to get file list.", directory);
+    };
+    MList<MFileListEntry> list;
+    WIN32_FIND_DATAW data;
+    const MString pattern = Join(directory, filter.IsEmpty() ? MString("*") : filter);
+    const HANDLE handle = FindFirstFileW(MNativePath(pattern).c_str(), &data);
+    if (handle == INVALID_HANDLE_VALUE) {
+        if (GetLastError() != ERROR_FILE_NOT_FOUND) raise();
+        return list;
+    }
+    const std::unique_ptr<HANDLE, CloseFind> search(handle);
+    do {
+        const std::wstring_view name = data.cFileName;
+        if (name != L"." && name != L"..")
+            list.Add({MFromWide(data.cFileName), (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0});
+    } while (FindNextFileW(handle, &data));
+    if (GetLastError() != ERROR_NO_MORE_FILES) raise();
+    return list;
+}

@@ -1,0 +1,57 @@
+#include "foundation/MPlatform.h"
+
+#include "foundation/MFile.h"
+#include "foundation/win32/MNativePath.h"
+#include "foundation/win32/MWindowsHeader.h"
+
+#include <vector>
+
+MString MPlatform::GetName() {
+    return "windows";
+}
+
+MString MPlatform::ExecutableExtension() {
+    return "exe";
+}
+
+bool MPlatform::Is64BitSystem() {
+    // A program of 32 bits is shown a folder of its own there.
+    return MFile::GetSpecialPath(MSpecialFolderProgramFiles).Contains("x86");
+}
+
+bool MPlatform::HasRootDirectory() {
+    return false;
+}
+
+MString MPlatform::GetModulePath(void* instance) {
+    std::vector<wchar_t> path(MAX_PATH);
+    for (;;) {
+        const auto size = static_cast<DWORD>(path.size());
+        const DWORD length = GetModuleFileNameW(static_cast<HMODULE>(instance), path.data(), size);
+        if (length < size) return MFromWide(length > 0 ? path.data() : nullptr);
+        path.resize(path.size() * 2);
+    }
+}
+
+void MPlatform::StartSubsystems() {
+    // A drive without a medium is a failure of the call, not a box on the screen.
+    SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX);
+}
+
+void MPlatform::StopSubsystems() {}
+
+void MPlatform::Sleep(int32_t milliseconds) {
+    ::Sleep(static_cast<DWORD>(milliseconds));
+}
+
+MString MSystemErrorText() {
+    wchar_t* text = nullptr;
+    const DWORD error = GetLastError();
+    FormatMessageW(FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr,
+                   error, 0, reinterpret_cast<wchar_t*>(&text), 0, nullptr);
+    MString result = MFromWide(text);
+    LocalFree(text);
+    // The system ends its texts with a line end.
+    result.TrimRight();
+    return error == 0 || result.IsEmpty() ? MString("No error description available.") : result;
+}
