@@ -1,0 +1,159 @@
+#include "streams/MStdFileStream.h"
+
+#include "foundation/MFile.h"
+#include "foundation/MGuard.h"
+#include "foundation/MRaise.h"
+#include "streams/MRuntimeFile.h"
+
+#include <utility>
+
+namespace {
+
+/// Large enough that the filters, which read by a few KiB, cost few calls of the system.
+constexpr size_t BufferSize = 1 << 16;
+
+const char* GetMode(MOpenFlags flags) {
+    if (flags & MOpenWrite) return flags & MOpenCreate ? "w+b" : "r+b";
+    return flags & MOpenRead ? "rb" : "";
+}
+
+}  // namespace
+
+MStdFileStream::~MStdFileStream() {
+    (void)CloseHandles();
+}
+
+void MStdFileStream::Open(const MString& name, MOpenFlags flags) {
+    Close();
+    if (!name.IsEmpty()) fileName = name;
+
+    const char* mode = GetMode(flags);
+    std::FILE* file = nullptr;
+    if (!fileName.IsEmpty() && *mode) {
+        if ((flags & MOpenWrite) && (flags & MOpenCreate) && MFile::IsFile(fileName) && !MFile::IsDevice(fileName))
+            MGuard("MStdFileStream::Open", [this] { MFile::Delete(fileName); });
+        file = MOpenRuntimeFile(fileName, mode);
+    }
+    if (!file && (flags & MOpenCreate))
+        MRaise(MExceptionStreamOpen,
+               "File \"{0}\" could not be created. Make sure there is no write-protected file already existing.",
+               fileName);
+    if (!file) MRaise(MExceptionStreamOpen, "File \"{0}\" could not be open. Make sure it exists.", fileName);
+
+    std::setvbuf(file, nullptr, _IOFBF, BufferSize);
+    readHandle = writeHandle = file;
+    sizeAtOpening = GetSize();
+}
+
+void MStdFileStream::Close() {
+    if (!CloseHandles()) RaiseWriteError();
+}
+
+bool MStdFileStream::CloseHandles() noexcept {
+    std::FILE* reader = std::exchange(readHandle, nullptr);
+    std::FILE* writer = std::exchange(writeHandle, nullptr);
+    direction = Direction::None;
+    if (reader && reader != writer) std::fclose(reader);
+    return !writer || std::fclose(writer) == 0;
+}
+
+void MStdFileStream::RequireOpen() const {
+    if (!readHandle && !writeHandle)
+        MRaise(MExceptionStreamNotInitialized, "File stream is not initialized.");
+}
+
+void MStdFileStream::RaiseWriteError() const {
+    MRaise(MExceptionStreamError, "Error writing to file \"{0}\". Probably disk full.", fileName);
+}
+
+void MStdFileStream::RaiseReadError() const {
+    MRaise(MExceptionStreamError, "Error reading from file \"{0}\".", fileName);
+}
+
+void MStdFileStream::Turn(Direction wanted) {
+    RequireOpen();
+    if (direction == wanted) return;
+    Flush();
+    if (direction != Direction::None && readHandle == writeHandle &&
+        !MSeekRuntimeFile(readHandle, 0, SEEK_CUR))
+        MRaise(MExceptionStreamError, "Could not perform file seek.");
+    direction = wanted;
+}
+
+void MStdFileStream::Write(const void* block, int32_t size) {
+    Turn(Direction::Writing);
+    const auto* bytes = static_cast<const char*>(block);
+    while (size > 0) {
+        const size_t written = std::fwrite(bytes, 1, static_cast<size_t>(size), writeHandle);
+        if (written < 1) RaiseWriteError();
+        bytes += written;
+        size -= static_cast<int32_t>(written);
+    }
+}
+
+int32_t MStdFileStream::Read(void* block, int32_t size) {
+    Turn(Direction::Reading);
+    if (size <= 0) return 0;
+    const size_t count = std::fread(block, 1, static_cast<size_t>(size), readHandle);
+    if (count < static_cast<size_t>(size) && !std::feof(readHandle) && std::ferror(readHandle)) RaiseReadError();
+    return static_cast<int32_t>(count);
+}
+
+MLineState MStdFileStream::ReadLine(char* buffer, int32_t size) {
+    Turn(Direction::Reading);
+    if (size <= 0) return MLineState::Partial;
+    MLineState state = MLineState::Complete;
+    bool isAnyRead = false;
+    int32_t length = 0;
+    int byte;
+    while ((byte = std::getc(readHandle)) != EOF && byte != '\n' && byte != 0) {
+        isAnyRead = true;
+        if (byte == '\r') continue;
+        if (length + 1 >= size) {
+            std::ungetc(byte, readHandle);
+            state = MLineState::Partial;
+            break;
+        }
+        buffer[length++] = static_cast<char>(byte);
+    }
+    buffer[length] = 0;
+    if (byte != EOF) return state;
+    if (std::ferror(readHandle)) RaiseReadError();
+    return isAnyRead ? MLineState::Complete : MLineState::End;
+}
+
+void MStdFileStream::Seek(int64_t offset, MSeekOrigin origin) {
+    Flush();
+    if (!MSeekRuntimeFile(GetHandle(), offset, static_cast<int>(origin)))
+        MRaise(MExceptionStreamError, "Could not perform file seek.");
+    direction = Direction::None;
+}
+
+int64_t MStdFileStream::GetPosition() {
+    RequireOpen();
+    return MTellRuntimeFile(GetHandle());
+}
+
+void MStdFileStream::Flush() {
+    RequireOpen();
+    if (direction == Direction::Writing && std::fflush(writeHandle) != 0) RaiseWriteError();
+}
+
+bool MStdFileStream::IsEnd() {
+    return GetPosition() >= sizeAtOpening;
+}
+
+void MStdFileStream::Truncate() {
+    const int64_t position = GetPosition();
+    Flush();
+    if (!writeHandle || !MTruncateRuntimeFile(writeHandle, position)) RaiseWriteError();
+    Seek(position, MSeekOrigin::Begin);
+}
+
+int64_t MStdFileStream::GetSize() {
+    const int64_t position = GetPosition();
+    Seek(0, MSeekOrigin::End);
+    const int64_t size = GetPosition();
+    Seek(position, MSeekOrigin::Begin);
+    return size;
+}

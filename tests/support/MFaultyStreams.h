@@ -1,0 +1,38 @@
+#pragma once
+
+#include "streams/MDispatchStream.h"
+
+#include "foundation/MException.h"
+
+#include <algorithm>
+
+/// Passes a number of bytes, in either direction, and then fails with "Injected failure." (0x100).
+class MFailingStream : public MDispatchStream {
+public:
+    MFailingStream(MStream* source, int64_t bytesLeft) : MDispatchStream(source), bytesLeft(bytesLeft) {}
+
+    void Write(const void* block, int32_t size) override {
+        Count(size);
+        MDispatchStream::Write(block, size);
+    }
+    int32_t Read(void* block, int32_t size) override {
+        Count(size);
+        return MDispatchStream::Read(block, size);
+    }
+
+private:
+    void Count(int32_t size) {
+        bytesLeft -= size;
+        if (bytesLeft < 0) MRaise(MExceptionStreamError, "Injected failure.");
+    }
+
+    int64_t bytesLeft;
+};
+
+/// Gives a single byte with each call, as a slow connection may.
+class MTricklingStream : public MDispatchStream {
+public:
+    using MDispatchStream::MDispatchStream;
+
+    int32_t Read(void* block, int32_t size) override { return MDispatchStream::Read(block, std::min(size, 1)); }
+};

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "foundation/MSpecialFolders.h"
+#include "foundation/MString.h"
+
+#include <array>
+#include <string>
+#include <string_view>
+
+/// A directory of a test's own, deleted with all it holds at the end of the test.
+class MScratch {
+public:
+    MScratch();
+    MScratch(const MScratch&) = delete;
+    MScratch& operator=(const MScratch&) = delete;
+    ~MScratch();
+
+    [[nodiscard]] const MString& GetPath() const { return path; }
+    /// The canonical path of a name in the directory.
+    [[nodiscard]] MString Join(const MString& name) const;
+    /// Writes a file, with the directories that lead to it, and gives its path.
+    MString WriteFile(const MString& name, std::string_view content) const;
+    [[nodiscard]] std::string ReadFile(const MString& name) const;
+    /// The paths of all files and directories in it, relative, sorted, one a line; directories end in a slash.
+    [[nodiscard]] std::string ListTree() const;
+
+private:
+    MString path;
+};
+
+/// The bytes of a file anywhere.
+[[nodiscard]] std::string ReadWholeFile(const MString& path);
+
+/// Special folders in a directory of a test, in place of the machine's, as long as the object lives. Each row is a
+/// directory named after it ("data", "userdata", "programfiles", ...), which is there only if somebody creates it.
+class MScratchFolders final : public MSpecialFolders {
+public:
+    explicit MScratchFolders(const MScratch& scratch);
+    MScratchFolders(const MScratchFolders&) = delete;
+    MScratchFolders& operator=(const MScratchFolders&) = delete;
+    ~MScratchFolders() override;
+
+    [[nodiscard]] MString GetPath(int32_t index) override;
+    void SetPath(int32_t index, const MString& path);
+
+private:
+    std::array<MString, MSpecialFolderCount> paths;
+};

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "foundation/MList.h"
+#include "foundation/MString.h"
+
+#include <string>
+
+/// What a program that a test ran has left.
+struct MProgramResult {
+    int32_t exitCode = -1;
+    std::string output;  ///< standard output, as bytes
+    std::string errors;  ///< standard error, as bytes
+};
+
+/// Runs a program with standard input closed, in `directory`, and waits for its end. Its home and its
+/// temporary folder lie in `home`, and where the tests run as root it runs as an ordinary user, so that
+/// it cannot reach the machine's own folders. `home` must be writable for everybody.
+[[nodiscard]] MProgramResult MRunTestProgram(const MString& program, const MList<MString>& arguments,
+                                             const MString& directory, const MString& home);
