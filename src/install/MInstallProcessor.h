@@ -1,0 +1,78 @@
+#pragma once
+
+#include "foundation/MXMLItem.h"
+#include "install/MInstallLog.h"
+#include "install/MInstallViews.h"
+#include "install/MProcessOptions.h"
+#include "payload/MLargeResourceLibrary.h"
+
+#include <cstdint>
+
+/// The engine of every install, uninstall and update run. The definition tree is the list of work: it is
+/// walked once to count and once to perform. Nothing is journalled and nothing is rolled back.
+///
+/// All of a run happens in the calling thread, synchronously.
+class MInstallProcessor {
+public:
+    /// Makes the copy buffer and opens the log.
+    MInstallProcessor();
+
+    /// Carries out what the `files` children of `root` say, in their `currentpath`. `library` holds the
+    /// contents; an uninstall run needs none and may pass null. A fatal failure leaves as `MException`,
+    /// and what was done until then stays.
+    void Perform(MXMLItem& root, MLargeResourceLibrary* library, const MInstallViews& views, bool uninstall);
+
+    /// Works on the `dir` and `file` children of `item` below `destination`. A false `rewritable` protects
+    /// existing files and is inherited downwards. `options` is changed and restored during the walk.
+    void ProcessItems(const MString& destination, MXMLItem& item, bool rewritable, MProcessOptions& options);
+
+    void Log(const MString& text) { log.Write(text); }
+
+    /// How many removals have failed.
+    [[nodiscard]] int32_t GetFailureCount() const { return failureCount; }
+    [[nodiscard]] int32_t GetItemIndex() const { return itemIndex; }
+    [[nodiscard]] int32_t GetItemCount() const { return itemCount; }
+    [[nodiscard]] int64_t GetDoneBytes() const { return doneBytes; }
+    [[nodiscard]] int64_t GetTotalBytes() const { return totalBytes; }
+
+    static constexpr int32_t BufferSize = 1048576;
+
+private:
+    struct Item;
+
+    void CountFiles(MXMLItem& files, bool uninstall);
+    void CountPass(MXMLItem& pass, bool uninstall);
+    void PerformFiles(MXMLItem& files, bool uninstall);
+    void PerformCopy(MXMLItem& files, MXMLItem& copy, bool uninstall);
+    void RemovePassDirectory(MXMLItem& pass, const MString& directory);
+
+    [[nodiscard]] static MString GetItemName(MXMLItem& parent, MXMLItem& child, const MProcessOptions& options);
+    void ProcessDirectory(const Item& item, const MString& destination);
+    void ProcessDirectoryContents(const Item& item);
+    void RemoveDirectory(const Item& item);
+    void ProcessFile(const Item& item);
+    void RemoveFile(const Item& item);
+    void WriteFile(const Item& item);
+    void KeepPresets(const Item& item, const MString& path);
+    void RewriteFile(const Item& item, const MString& path, bool exists);
+    [[nodiscard]] bool OpenTarget(MStdFileStream& target, const MString& path, bool exists);
+    /// True if what was copied is a program.
+    [[nodiscard]] bool CopyContent(MXMLItem& element, MStdFileStream& target);
+    void ShowItem(const char* format, const MString& path);
+    void ShowCopyProgress();
+    void ShowRemovalProgress(const Item& item, const char* format);
+    template <class Removal>
+    void TryRemoval(Removal removal);
+
+    MLargeResourceLibrary* library = nullptr;
+    MBuffer buffer;
+    int64_t totalBytes = 0;
+    int64_t doneBytes = 0;
+    int64_t fileBytes = 0;
+    int64_t filePosition = 0;
+    int32_t itemCount = 0;
+    int32_t itemIndex = 0;
+    MInstallViews views;
+    MInstallLog log;
+    int32_t failureCount = 0;
+};

@@ -1,0 +1,113 @@
+#include "foundation/MFile.h"
+#include "foundation/MGuard.h"
+#include "foundation/MRaise.h"
+#include "install/MBundlePath.h"
+#include "install/MInstallProcessorItem.h"
+#include "install/MInstallRetry.h"
+#include "install/MProgramContent.h"
+
+#include <algorithm>
+
+void MInstallProcessor::ProcessFile(const Item& item) {
+    log.Flush();
+    Log("Processing file \"" + item.path + "\" operation " + item.op);
+    if (item.IsRemoval())
+        RemoveFile(item);
+    else if (item.op == "create" || item.op == "update")
+        WriteFile(item);
+}
+
+void MInstallProcessor::WriteFile(const Item& item) {
+    ShowItem("creating file {0} ({1} of {2})", item.path);
+    const MString path = MGetBundlePath(item.path);
+    const MString directory = MFile::GetDirectory(path);
+    Log("Creating directory " + directory);
+    MInstallRetry([&] { MFile::CreatePath(directory); });
+
+    const bool exists = MFile::Exists(path);
+    Log(MFormat("File exists = {0}  rewritable = {1}", exists ? 1 : 0, item.rewritable ? 1 : 0));
+    if (item.rewritable || !exists)
+        RewriteFile(item, path, exists);
+    else if (path.Contains("presets."))
+        KeepPresets(item, path);
+}
+
+void MInstallProcessor::KeepPresets(const Item& item, const MString& path) {
+    Log("Processing preset file " + path);
+    views.ShowFile(MFormat("keeping preset file {0} as it is: this build cannot merge presets", path));
+    ++itemIndex;
+    doneBytes += item.element.GetInt64Attribute("filesize", 0);
+    ShowCopyProgress();
+}
+
+void MInstallProcessor::RewriteFile(const Item& item, const MString& path, bool exists) {
+    if (exists) {
+        Log("Pre-deleting file " + path);
+        MInstallRetry([&] { MFile::Delete(path); });
+    }
+    Log("Rewriting file " + path);
+    MStdFileStream target;
+    if (!OpenTarget(target, path, exists)) {
+        Log("File not open!");
+        return;
+    }
+    try {
+        const bool isProgram = CopyContent(item.element, target);
+        ++itemIndex;
+        Log("Success, closing the file");
+        target.Close();
+        if (isProgram) MGuard("MInstallProcessor", [&] { MFile::MakeExecutable(path); });
+    } catch (const MException&) {
+        Log("Error writing the file");
+        log.Flush();
+        throw;
+    }
+}
+
+bool MInstallProcessor::OpenTarget(MStdFileStream& target, const MString& path, bool exists) {
+    while (true) {
+        try {
+            target.Open(path, MOpenWrite | MOpenCreate);
+            Log("File successfuly created");
+            return true;
+        } catch (const MException&) {
+            // A font that is in use is there already: no reason to bother anyone.
+            if (exists && MFile::GetExtension(path) == "ttf") return false;
+            const MString question = MTranslate(
+                "Could not rewrite file\n\n{0}\n\n Do you want to try again? If you select \"No\", the installation "
+                "will abort. If you select ignore, the installation will continue without creating the file.");
+            const MRetryAnswer answer = views.AskRetry(MFormat(question, path));
+            if (answer == MRetryAnswer::Retry) continue;
+            if (answer == MRetryAnswer::Ignore) {
+                Log("File could NOT been created. Ignoring.");
+                return false;
+            }
+            Log("File could NOT been created. Terminating.");
+            log.Flush();
+            throw;
+        }
+    }
+}
+
+bool MInstallProcessor::CopyContent(MXMLItem& element, MStdFileStream& target) {
+    const std::unique_ptr<MStream> content = library->OpenItem(&element);
+    fileBytes = content->GetSize();
+    filePosition = 0;
+    Log(MFormat("Writing file {0}", fileBytes));
+
+    bool isProgram = false;
+    while (true) {
+        ShowCopyProgress();
+        const int32_t count = content->Read(buffer.EditBlock(), BufferSize);
+        if (count <= 0) return isProgram;
+        if (filePosition == 0) isProgram = MIsProgramContent(buffer.GetBlock(), count);
+        target.Write(buffer.GetBlock(), count);
+        doneBytes += count;
+        filePosition += count;
+    }
+}
+
+void MInstallProcessor::ShowCopyProgress() {
+    views.ShowTotalProgress(totalBytes, doneBytes);
+    views.ShowFileProgress(fileBytes, filePosition);
+}

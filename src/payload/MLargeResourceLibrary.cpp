@@ -1,0 +1,94 @@
+#include "payload/MLargeResourceLibrary.h"
+
+#include "foundation/MException.h"
+#include "payload/MLargeResourceLibraryStream.h"
+#include "payload/MPayloadFormat.h"
+#include "streams/MBZIPStream.h"
+#include "streams/MMD5Stream.h"
+#include "streams/MMemoryStream.h"
+#include "streams/MZLibStream.h"
+
+#include <cstring>
+
+using namespace MPayloadFormat;
+
+namespace {
+
+[[noreturn]] void RaiseInvalidFormat() {
+    MRaise(MExceptionStreamError, "Invalid large resource library format.");
+}
+
+void CopyUpTo(MStream& source, MStream& target, int64_t maximumSize) {
+    MBuffer piece(0x10000);
+    int64_t copied = 0;
+    int32_t count;
+    // A short read is the end: a decompressor must not be asked beyond it.
+    do {
+        count = source.Read(piece.EditBlock(), piece.GetSize());
+        copied += count;
+        if (copied > maximumSize) RaiseInvalidFormat();
+        target.Write(piece.GetBlock(), count);
+    } while (count == piece.GetSize());
+}
+
+}  // namespace
+
+void MLargeResourceLibrary::Attach(MStream* stream) {
+    library = stream;
+    MMD5Stream hash;
+    const int32_t digestSize = hash.GetDigestSize();
+    const int64_t fixedSize = digestSize + IndexFieldsSize;
+
+    library->Seek(-fixedSize, MSeekOrigin::End);
+    MBuffer digest(digestSize);
+    library->ReadRequired(digest.EditBlock(), digestSize);
+    const int64_t indexSize = library->ReadInt64();
+    const auto flags = static_cast<uint32_t>(library->ReadInt32());
+    if (indexSize < 0 || indexSize > MaximumIndexSize) RaiseInvalidFormat();
+    itemsCompressed = (flags & ItemsCompressed) != 0;
+    useBzip2 = (flags & UseBzip2) != 0;
+
+    library->Seek(-(fixedSize + indexSize), MSeekOrigin::End);
+    MBuffer stored(static_cast<int32_t>(indexSize));
+    library->ReadRequired(stored.EditBlock(), stored.GetSize());
+    MMemoryStream index(stored);
+    MMemoryStream text;
+    ReadIndex(index, flags, text);
+
+    text.CopyAllTo(hash);
+    hash.Finish();
+    MMemoryStream computed;
+    hash.WriteDigest(computed);
+    if (std::memcmp(computed.GetBuffer().GetBlock(), digest.GetBlock(), static_cast<size_t>(digestSize)) != 0)
+        MRaise(MExceptionStreamError, "Resource library file is corrupt.");
+    text.Rewind();
+    Load(text);
+}
+
+void MLargeResourceLibrary::ReadIndex(MStream& index, uint32_t flags, MMemoryStream& text) const {
+    if (flags & IndexCompressed)
+        CopyUpTo(*OpenDecompressor(index), text, MaximumIndexTextSize);
+    else
+        CopyUpTo(index, text, MaximumIndexTextSize);
+    text.Rewind();
+}
+
+std::unique_ptr<MStream> MLargeResourceLibrary::OpenDecompressor(MStream& source) const {
+    if (useBzip2) {
+        auto reader = std::make_unique<MBZIPStream>();
+        reader->Open(&source);
+        return reader;
+    }
+    auto reader = std::make_unique<MZLibStream>();
+    reader->Open(&source, false, 0);
+    return reader;
+}
+
+std::unique_ptr<MStream> MLargeResourceLibrary::OpenItem(MXMLItem* item) {
+    const int64_t start = item->GetInt64Attribute("filestart");
+    const int64_t size = item->GetInt64Attribute("filesize");
+    if (start < 0 || size < 0) RaiseInvalidFormat();
+    library->Seek(start, MSeekOrigin::Begin);
+    if (!itemsCompressed) return std::make_unique<MLargeResourceLibraryStream>(library, size);
+    return std::make_unique<MLargeResourceLibraryStream>(OpenDecompressor(*library), size);
+}

@@ -1,0 +1,30 @@
+#include "payload/MLargeResourceLibraryStream.h"
+
+#include "foundation/MException.h"
+
+MLargeResourceLibraryStream::MLargeResourceLibraryStream(MStream* library, int64_t size)
+    : MSizeStream(library, size, true, false), isCompressed(false) {}
+
+MLargeResourceLibraryStream::MLargeResourceLibraryStream(std::unique_ptr<MStream> decompressor, int64_t size)
+    : MSizeStream(decompressor.release(), size, false, true), isCompressed(true) {}
+
+int32_t MLargeResourceLibraryStream::Read(void* block, int32_t size) {
+    const int64_t left = GetSize() - GetPosition();
+    const int32_t count = MSizeStream::Read(block, size);
+    if (count < size && count < left)
+        MRaise(MExceptionStreamError, "Could not read required data from stream.");
+    if (isCompressed && !isChecked && IsEnd()) {
+        isChecked = true;
+        // A decompressor compares its check sums only when it is asked for more than there is.
+        char beyond;
+        (void)GetSubStream()->Read(&beyond, 1);
+    }
+    return count;
+}
+
+void MLargeResourceLibraryStream::Seek(int64_t offset, MSeekOrigin origin) {
+    if (isCompressed)
+        MStream::Seek(offset, origin);
+    else
+        MSizeStream::Seek(offset, origin);
+}

@@ -1,0 +1,70 @@
+#include "setup/MDataCheck.h"
+
+#include "foundation/MGuard.h"
+#include "streams/MMD5Stream.h"
+
+namespace {
+
+constexpr int32_t PieceSize = 0x100000;
+
+[[noreturn]] void RaiseCorruptData() {
+    MRaise(MExceptionGeneral, "Setup data file is corrupt. Please download it again or contact support.");
+}
+
+MString HashWithProgress(const MString& path, MUserDialogs& dialogs) {
+    MStdFileStream file;
+    file.Open(path, MOpenRead);
+    const auto maximum = static_cast<double>(file.GetSize());
+    const auto progress = dialogs.OpenProgress(MTranslate("Checking installer integrity..."));
+    MMD5Stream hash;
+    MBuffer piece(PieceSize);
+    int32_t count;
+    while ((count = file.Read(piece.EditBlock(), PieceSize)) > 0) {
+        hash.Write(piece.GetBlock(), count);
+        progress->SetProgress(maximum, static_cast<double>(file.GetPosition()));
+    }
+    hash.Finish();
+    return hash.GetDigestText();
+}
+
+/// The digest that the companion file holds; empty if there is none.
+MString ReadCompanion(const MString& path) {
+    MString digest;
+    MGuard("No md5 is available.", [&] {
+        MStdFileStream companion;
+        companion.Open(path + ".md5", MOpenRead);
+        digest = companion.LoadRequiredLine();
+    });
+    return digest;
+}
+
+}  // namespace
+
+bool MCheckDataFile(const MString& path, MUserDialogs& dialogs) {
+    const MString expected = ReadCompanion(path);
+    if (expected.IsEmpty()) return true;
+    MString digest;
+    try {
+        digest = HashWithProgress(path, dialogs);
+    } catch (const MException&) {
+        RaiseCorruptData();
+    }
+    if (digest == expected) return true;
+    return dialogs.AskYesNo(
+        MTranslate("We are very sorry, but the installer is corrupt. It is strongly recommended to download it "
+                   "again.\n\nDo you want to try to install the software anyway?"));
+}
+
+void MOpenDataFile(const MString& path, MStdFileStream& file) {
+    try {
+        file.Open(path, MOpenRead);
+    } catch (const MException&) {
+        RaiseCorruptData();
+    }
+}
+
+void MRaiseMissingParts() {
+    MRaise(MExceptionGeneral,
+           "Setup data file is corrupt or missing. Please make sure all parts of the installation package (usually "
+           "CAB files) are available and present in the same directory as the setup application.");
+}

@@ -1,0 +1,25 @@
+#include "setup/MDefaultPaths.h"
+
+#include "foundation/MFile.h"
+#include "foundation/MGuard.h"
+
+MDefaultPaths::MDefaultPaths()
+    : file(MFile::Join(MFile::GetSpecialPath(MSpecialFolderUserData), "DefaultPaths.xml")) {
+    const bool isRead = MGuard("DefaultPaths load", [this] { paths.LoadFile(file); });
+    if (!isRead) paths.CopyFrom(MXMLItem());
+    paths.SetName("DefaultPaths");
+}
+
+MString MDefaultPaths::Get(const MString& key) const {
+    const MXMLItem* path = paths.FindSubItem("Path", "id", key);
+    return path ? path->GetValue() : MString();
+}
+
+void MDefaultPaths::Set(const MString& key, const MString& path) {
+    paths.GetOrAddSubItem("Path", "id", key)->SetValue(path);
+}
+
+void MDefaultPaths::Save() {
+    MFile::CreatePath(MFile::GetDirectory(file));
+    paths.SaveFile(file, false, "utf-8");
+}

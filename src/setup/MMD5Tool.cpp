@@ -1,0 +1,40 @@
+#include "setup/MMD5Tool.h"
+
+#include "foundation/MException.h"
+#include "streams/MMD5Stream.h"
+
+namespace {
+
+MString HashFile(const MString& name, MUserDialogs& dialogs) {
+    MStdFileStream file;
+    file.Open(name, MOpenRead);
+    const auto progress = dialogs.OpenProgress(MTranslate("Generating MD5..."));
+    MMD5Stream hash;
+    file.CopyAllTo(hash);
+    hash.Finish();
+    return hash.GetDigestText();
+}
+
+void WriteCompanion(const MString& name, const MString& digest) {
+    MStdFileStream companion;
+    companion.Open(name + ".md5", MOpenWrite | MOpenCreate);
+    companion.WriteLine(digest);
+    companion.Close();
+}
+
+}  // namespace
+
+void MRunMD5Tool(const MList<MString>& arguments, MConsoleStream& console, MUserDialogs& dialogs) {
+    try {
+        console.WriteLine("Generate MD5");
+        const MString name = arguments.GetCount() >= 2 ? arguments[1] : MString("setup.dat");
+        console.WriteLine(name);
+        console.WriteLine("Processing...");
+        const MString digest = HashFile(name, dialogs);
+        console.WriteLine("Resulting hash: " + digest);
+        WriteCompanion(name, digest);
+        dialogs.ShowText(MTranslate("Resulting MD5 hash is"), digest);
+    } catch (const MException& exception) {
+        dialogs.ShowError(exception.GetMessage());
+    }
+}

@@ -1,0 +1,9 @@
+#pragma once
+
+#include "foundation/MList.h"
+#include "foundation/MString.h"
+
+/// The program from its entry to its exit code, the same on every platform: makes the application, gives
+/// it the command line, runs it and destroys it. `instance` is the process handle or null. `arguments`
+/// come without the program's name.
+[[nodiscard]] int32_t MRunSetupProcess(void* instance, const MList<MString>& arguments);

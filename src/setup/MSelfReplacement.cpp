@@ -1,0 +1,37 @@
+#include "setup/MSelfReplacement.h"
+
+#include "foundation/MException.h"
+#include "foundation/MFile.h"
+#include "foundation/MPlatform.h"
+#include "streams/MStdFileStream.h"
+
+namespace {
+
+void CopyProgram(const MString& from, const MString& to) {
+    MStdFileStream target;
+    target.Open(to, MOpenWrite | MOpenCreate);
+    MStdFileStream source;
+    source.Open(from, MOpenRead);
+    source.CopyAllTo(target);
+    target.Close();
+    MFile::MakeExecutable(to);
+}
+
+}  // namespace
+
+void MReplaceInstalledSetup(const MString& executable) {
+    constexpr int32_t Attempts = 10000;
+    constexpr int32_t PauseMilliseconds = 1000;
+    const MString name = MString("setup.") + MPlatform::ExecutableExtension();
+    const MString target = MFile::Join(MFile::GetDirectory(executable), name);
+    // Opening the target empties it: our own file must not be it.
+    if (target == executable) return;
+    for (int32_t attempt = 0; attempt < Attempts; ++attempt) {
+        try {
+            CopyProgram(executable, target);
+            return;
+        } catch (const MException&) {
+            MPlatform::Sleep(PauseMilliseconds);
+        }
+    }
+}

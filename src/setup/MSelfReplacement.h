@@ -1,0 +1,8 @@
+#pragma once
+
+#include "foundation/MString.h"
+
+/// Overwrites the installed "setup" program beside `executable` with `executable`, trying again every
+/// second while the process that started us still holds it, and gives up without a word in the end.
+/// The installed program itself is left alone.
+void MReplaceInstalledSetup(const MString& executable);

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "payload/MLargeResourceLibrary.h"
+#include "setup/MPathMacros.h"
+
+/// What a walk through an installation shares besides the definition tree: the product's name, the
+/// chosen configuration and the macros. The wizard's pages and the unattended run work on the same.
+class MSetupSession {
+public:
+    /// Takes the name (required) of `definition`, which is not owned, and makes the macros.
+    /// Raises "Could not find required attribute ({0})." (0).
+    explicit MSetupSession(MLargeResourceLibrary& definition)
+        : Library(&definition), SoftwareName(definition.GetAttribute("name")) {
+        CreatePathMacros();
+    }
+
+    [[nodiscard]] MXMLItem& GetDefinition() const { return *Library; }
+    void CreatePathMacros() { Macros.CreatePathMacros(UseX64); }
+    /// The key under which an installation is registered: `installationname`, or the product's name.
+    [[nodiscard]] MString GetInstallationName() const {
+        return Library->GetAttribute("installationname", SoftwareName);
+    }
+
+    MLargeResourceLibrary* Library;
+    MString SoftwareName;
+    MPathMacros Macros;
+    /// `id` of the chosen configuration; empty until one is chosen.
+    MString ConfigurationId;
+    /// Path of the installed program, set by the install run.
+    MString InstalledExecutable;
+    bool ShowComponents = true;
+    bool AdminRights = true;
+    bool UseX64 = false;
+};

@@ -1,0 +1,14 @@
+#include "foundation/posix/MNativePath.h"
+#include "setup/MProcessStart.h"
+
+#include <csignal>
+
+int main(int argumentCount, char** arguments) {
+    // Whoever reads our lines may go away; the installation goes on.
+    std::signal(SIGPIPE, SIG_IGN);
+    MList<MString> words;
+    // A command line without words holds the program's own path, which no keyword equals.
+    const int first = argumentCount > 1 ? 1 : 0;
+    for (int i = first; i < argumentCount; ++i) words.Add(MPathFromNative(arguments[i]));
+    return MRunSetupProcess(nullptr, words);
+}

@@ -1,0 +1,214 @@
+#include "foundation/MException.h"
+#include "payload/MLargeResourceLibrary.h"
+#include "payload/MPayloadFormat.h"
+#include "payload/MSfx.h"
+#include "streams/MMemoryStream.h"
+#include "tests/support/MScratch.h"
+#include "tests/support/MTestPayload.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+std::string ReadAll(MStream& stream) {
+    std::string bytes;
+    char piece[1000];
+    int32_t count;
+    while ((count = stream.Read(piece, sizeof piece)) > 0) bytes.append(piece, static_cast<size_t>(count));
+    return bytes;
+}
+
+std::string MakeContent(size_t size) {
+    std::string content(size, '\0');
+    uint32_t state = 1;
+    for (char& byte : content) byte = static_cast<char>((state = state * 214013 + 2531011) >> 20);
+    return content;
+}
+
+template <class Action>
+MString CatchMessage(Action action) {
+    try {
+        action();
+    } catch (const MException& exception) {
+        return exception.GetMessage();
+    }
+    return "nothing was raised";
+}
+
+MMemoryStream AsStream(const std::string& bytes) {
+    return MMemoryStream(bytes.data(), static_cast<int32_t>(bytes.size()));
+}
+
+}  // namespace
+
+class PayloadWithFlags : public testing::TestWithParam<uint32_t> {};
+
+TEST_P(PayloadWithFlags, GivesItemsBackInAnyOrderAndAgain) {
+    MTestPayload payload(GetParam());
+    const std::string contents[] = {"first", "", MakeContent(300000), "last"};
+    std::string xml = "<install>";
+    for (const std::string& content : contents) xml += "<file" + payload.Add(content) + "/>";
+    const std::string bytes = payload.Finish(xml + "</install>");
+    MMemoryStream stream = AsStream(bytes);
+    MLargeResourceLibrary library;
+    library.Attach(&stream);
+    for (const int32_t index : {3, 2, 1, 0, 2}) {
+        const auto item = library.OpenItem(library.GetSubItem(index));
+        EXPECT_EQ(item->GetSize(), static_cast<int64_t>(contents[index].size()));
+        EXPECT_EQ(ReadAll(*item), contents[index]) << index;
+    }
+}
+
+TEST_P(PayloadWithFlags, SeeksForwardAndBackwardOnlyWhenStored) {
+    MTestPayload payload(GetParam());
+    const std::string content = MakeContent(50000);
+    const std::string bytes = payload.Finish("<install><file" + payload.Add(content) + "/></install>");
+    MMemoryStream stream = AsStream(bytes);
+    MLargeResourceLibrary library;
+    library.Attach(&stream);
+    const auto item = library.OpenItem(library.GetSubItem(0));
+    item->Seek(20000, MSeekOrigin::Begin);
+    EXPECT_EQ(item->ReadInt8(), static_cast<int8_t>(content[20000]));
+    const bool isCompressed = GetParam() & MPayloadFormat::ItemsCompressed;
+    if (isCompressed) {
+        EXPECT_THROW(item->Seek(0, MSeekOrigin::Begin), MException);
+    } else {
+        item->Seek(0, MSeekOrigin::Begin);
+        EXPECT_EQ(ReadAll(*item), content);
+    }
+}
+
+// A flipped bit may hit bytes that no check sum covers, but wrong content must never pass for right.
+TEST_P(PayloadWithFlags, NeverPassesDamagedContentForRight) {
+    if (!(GetParam() & MPayloadFormat::ItemsCompressed)) GTEST_SKIP() << "stored items carry no check sum";
+    MTestPayload payload(GetParam());
+    const std::string content = MakeContent(3000);
+    const std::string sound = payload.Finish("<install><file" + payload.Add(content) + "/></install>");
+    for (size_t byte = 0; byte < 3000; byte += 7) {
+        std::string bytes = sound;
+        bytes[byte] = static_cast<char>(bytes[byte] ^ 0x10);
+        MMemoryStream stream = AsStream(bytes);
+        MLargeResourceLibrary library;
+        library.Attach(&stream);
+        std::string read;
+        try {
+            read = ReadAll(*library.OpenItem(library.GetSubItem(0)));
+        } catch (const MException&) {
+            continue;
+        }
+        EXPECT_EQ(read, content) << "flipped bit in byte " << byte;
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(AllForms, PayloadWithFlags, testing::Values(0u, 1u, 2u, 3u, 5u, 7u));
+
+TEST(PayloadIndexTest, RefusesWhatIsDamaged) {
+    MTestPayload payload(0);
+    const std::string sound = payload.Finish("<install/>");
+    const size_t digest = sound.size() - 28;
+    const size_t sizeField = sound.size() - 12;
+    struct {
+        size_t position;
+        char value;
+        const char* message;
+    } const cases[] = {
+        {0, 'x', "Resource library file is corrupt."},
+        {digest, 0, "Resource library file is corrupt."},
+        {sizeField + 2, 0x21, "Invalid large resource library format."},
+        {sizeField + 4, 1, "Invalid large resource library format."},
+        {sizeField + 7, static_cast<char>(0x80), "Invalid large resource library format."},
+    };
+    for (const auto& [position, value, message] : cases) {
+        std::string bytes = sound;
+        bytes[position] = value;
+        MMemoryStream stream = AsStream(bytes);
+        MLargeResourceLibrary library;
+        EXPECT_TRUE(CatchMessage([&] { library.Attach(&stream); }).IsExactly(message)) << message;
+    }
+}
+
+TEST(PayloadIndexTest, IsLimitedInItsStoredSize) {
+    const std::string begin = "<install>";
+    const std::string end = "</install>";
+    for (const int32_t excess : {0, 1}) {
+        const size_t size = 0x200000 + static_cast<size_t>(excess);
+        const std::string bytes = MTestPayload(0).Finish(begin + std::string(size - begin.size() - end.size(), 'x') + end);
+        MMemoryStream stream = AsStream(bytes);
+        MLargeResourceLibrary library;
+        if (excess == 0) {
+            library.Attach(&stream);
+            EXPECT_TRUE(library.GetName().IsExactly("install"));
+        } else {
+            EXPECT_TRUE(CatchMessage([&] { library.Attach(&stream); })
+                            .IsExactly("Invalid large resource library format."));
+        }
+    }
+}
+
+TEST(PayloadIndexTest, EveryTruncationRaises) {
+    for (const uint32_t flags : {0u, 3u, 7u}) {
+        MTestPayload payload(flags);
+        const std::string sound = payload.Finish("<install><file" + payload.Add("content") + "/></install>");
+        for (size_t size = 0; size < sound.size(); ++size) {
+            const std::string bytes = sound.substr(0, size);
+            MMemoryStream stream = AsStream(bytes);
+            MLargeResourceLibrary library;
+            EXPECT_THROW(library.Attach(&stream), MException) << size;
+        }
+    }
+}
+
+TEST(PayloadItemTest, ReportsNumbersThatCannotBe) {
+    const std::string bytes = MTestPayload(0).Finish("<install><file/></install>");
+    MMemoryStream stream = AsStream(bytes);
+    MLargeResourceLibrary library;
+    library.Attach(&stream);
+    MXMLItem& file = *library.GetSubItem(0);
+    EXPECT_TRUE(CatchMessage([&] { (void)library.OpenItem(&file); })
+                    .IsExactly("Could not find required attribute (filestart)."));
+    struct {
+        const char* start;
+        const char* size;
+    } const cases[] = {{"-1", "1"}, {"0", "-1"}, {"5000000000", "1"}, {"0", "999999999999"}};
+    for (const auto& [start, size] : cases) {
+        file.SetAttribute("filestart", start);
+        file.SetAttribute("filesize", size);
+        EXPECT_THROW((void)ReadAll(*library.OpenItem(&file)), MException) << start << " " << size;
+    }
+}
+
+class SfxTest : public testing::Test {
+protected:
+    MString Write(const std::string& bytes) { return scratch.WriteFile("program", bytes); }
+
+    MScratch scratch;
+    const std::string program = MakeContent(5000);
+    const std::string payload = MTestPayload(0).Finish("<install/>");
+};
+
+TEST_F(SfxTest, IsAViewOfThePayloadAndOfTheProgram) {
+    const MString path = Write(program + payload + MTestPayload::MakeTrailer(payload));
+    MSfx sfx(path);
+    ASSERT_TRUE(sfx.IsOpen());
+    EXPECT_EQ(sfx.GetSize(), static_cast<int64_t>(payload.size()));
+    EXPECT_EQ(ReadAll(sfx), payload);
+    EXPECT_EQ(ReadAll(*sfx.OpenExecutable()), program);
+}
+
+TEST_F(SfxTest, IsClosedWithoutTrailer) {
+    MSfx sfx(Write(program));
+    EXPECT_FALSE(sfx.IsOpen());
+    EXPECT_EQ(ReadAll(*sfx.OpenExecutable()), program);
+}
+
+TEST_F(SfxTest, RaisesForATrailerThatCannotBe) {
+    const std::string short15(15, 'x');
+    const std::string magic = "MSFXMSFX";
+    const std::string tooLarge = program + magic + std::string("\x00\x00\x01\x00\x00\x00\x00\x00", 8);
+    const std::string negative = program + magic + std::string(8, '\xff');
+    const std::string extreme = program + magic + std::string("\xff\xff\xff\xff\xff\xff\xff\x7f", 8);
+    for (const std::string& bytes : {short15, tooLarge, negative, extreme}) {
+        const MString path = Write(bytes);
+        EXPECT_TRUE(CatchMessage([&] { MSfx sfx(path); }).IsExactly("Could not perform file seek."));
+    }
+}
