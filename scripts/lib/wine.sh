@@ -1,0 +1,48 @@
+# A Wine of the project's own: prefix and home folder lie in the cache and are made once. Sourced, never run;
+# needs common.sh.
+
+wine_directory=${CORVANTH_WINE_DIRECTORY:-$cache_directory/wine}
+
+# Wine takes the user's desktop and documents for its own and writes menu entries for shell links. With a home
+# folder beside the prefix and without the menu builder nothing of that reaches the real home.
+use_scratch_wine() {
+    mkdir -p "$wine_directory/home"
+    unset DISPLAY WAYLAND_DISPLAY XDG_CONFIG_HOME XDG_DATA_HOME XDG_DESKTOP_DIR
+    export CORVANTH_WINE_DIRECTORY=$wine_directory
+    export HOME=$wine_directory/home
+    export WINEPREFIX=$wine_directory/prefix
+    export WINEARCH=win32
+    export WINEDEBUG=-all
+    # Commas, because CMake would split a list at a semicolon.
+    export WINEDLLOVERRIDES="mscoree,mshtml,winemenubuilder.exe="
+    # With plain C, file names outside ASCII fail.
+    export LC_ALL=C.UTF-8
+}
+
+# Makes the prefix unless it stands already; call after use_scratch_wine.
+ensure_wine_prefix() {
+    [ ! -f "$wine_directory/complete" ] || return 0
+    (
+        flock 9
+        [ ! -f "$wine_directory/complete" ] || exit 0
+        rm -rf "$WINEPREFIX"
+        timeout 300 wineboot --init >"$wine_directory/create.log" 2>&1 </dev/null 9>&-
+        timeout 60 wineserver -w 9>&- || true
+        separate_user_folders
+        touch "$wine_directory/complete"
+    ) 9>"$wine_directory/lock"
+}
+
+# Wine makes desktop, documents and the like links to one folder; tests must be able to tell them apart.
+separate_user_folders() {
+    local link
+    find "$WINEPREFIX/drive_c/users" -type l | while read -r link; do
+        rm "$link"
+        mkdir "$link"
+    done
+}
+
+# Ends the background services of the scratch prefix, and of no other.
+end_scratch_wine() {
+    wineserver -k >/dev/null 2>&1 || true
+}
