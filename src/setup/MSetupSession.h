@@ -7,12 +7,10 @@
 /// chosen configuration and the macros. The wizard's pages and the unattended run work on the same.
 class MSetupSession {
 public:
-    /// Takes the name (required) of `definition`, which is not owned, and makes the macros.
-    /// Raises "Could not find required attribute ({0})." (0).
+    /// Takes the name (required) of `definition`, which is not owned. There are no macros yet: making them
+    /// creates a folder, and whoever refuses a run does so before. Raises "Could not find required attribute ({0})." (0).
     explicit MSetupSession(MLargeResourceLibrary& definition)
-        : Library(&definition), SoftwareName(definition.GetAttribute("name")) {
-        CreatePathMacros();
-    }
+        : Library(&definition), SoftwareName(definition.GetAttribute("name")) {}
 
     [[nodiscard]] MXMLItem& GetDefinition() const { return *Library; }
     void CreatePathMacros() { Macros.CreatePathMacros(UseX64); }

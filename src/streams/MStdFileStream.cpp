@@ -12,6 +12,8 @@ namespace {
 /// Large enough that the filters, which read by a few KiB, cost few calls of the system.
 constexpr size_t BufferSize = 1 << 16;
 
+constexpr const char* WriteErrorText = "Error writing to file \"{0}\". Probably disk full.";
+
 const char* GetMode(MOpenFlags flags) {
     if (flags & MOpenWrite) return flags & MOpenCreate ? "w+b" : "r+b";
     return flags & MOpenRead ? "rb" : "";
@@ -46,15 +48,17 @@ void MStdFileStream::Open(const MString& name, MOpenFlags flags) {
 }
 
 void MStdFileStream::Close() {
-    if (!CloseHandles()) RaiseWriteError();
+    if (CloseHandles()) return;
+    MRaise(MExceptionStreamError, WriteErrorText, fileName);
 }
 
 bool MStdFileStream::CloseHandles() noexcept {
     std::FILE* reader = std::exchange(readHandle, nullptr);
     std::FILE* writer = std::exchange(writeHandle, nullptr);
     direction = Direction::None;
+    const bool isKnown = std::exchange(isLossTold, false);
     if (reader && reader != writer) std::fclose(reader);
-    return !writer || std::fclose(writer) == 0;
+    return !writer || std::fclose(writer) == 0 || isKnown;
 }
 
 void MStdFileStream::RequireOpen() const {
@@ -62,11 +66,14 @@ void MStdFileStream::RequireOpen() const {
         MRaise(MExceptionStreamNotInitialized, "File stream is not initialized.");
 }
 
-void MStdFileStream::RaiseWriteError() const {
-    MRaise(MExceptionStreamError, "Error writing to file \"{0}\". Probably disk full.", fileName);
+void MStdFileStream::RaiseWriteError() {
+    isLossTold = true;
+    if (writeHandle) std::clearerr(writeHandle);
+    MRaise(MExceptionStreamError, WriteErrorText, fileName);
 }
 
-void MStdFileStream::RaiseReadError() const {
+void MStdFileStream::RaiseReadError() {
+    std::clearerr(readHandle);
     MRaise(MExceptionStreamError, "Error reading from file \"{0}\".", fileName);
 }
 
@@ -85,7 +92,8 @@ void MStdFileStream::Write(const void* block, int32_t size) {
     const auto* bytes = static_cast<const char*>(block);
     while (size > 0) {
         const size_t written = std::fwrite(bytes, 1, static_cast<size_t>(size), writeHandle);
-        if (written < 1) RaiseWriteError();
+        // On a full disk a runtime library may go on taking blocks that it then drops; only the flag tells.
+        if (written < 1 || std::ferror(writeHandle)) RaiseWriteError();
         bytes += written;
         size -= static_cast<int32_t>(written);
     }

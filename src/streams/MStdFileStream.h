@@ -32,7 +32,7 @@ public:
     /// "File \"{0}\" could not be open. Make sure it exists." (0x101).
     void Open(const MString& name, MOpenFlags flags);
     /// Does nothing when closed. Raises "Error writing to file \"{0}\". Probably disk full." (0x100) if what was
-    /// still buffered could not be written; the file is closed all the same.
+    /// still buffered could not be written and no operation has told so before; the file is closed all the same.
     virtual void Close();
     /// The name of the last opening.
     [[nodiscard]] const MString& GetFileName() const { return fileName; }
@@ -55,8 +55,8 @@ public:
 
 protected:
     void RequireOpen() const;
-    [[noreturn]] void RaiseWriteError() const;
-    [[noreturn]] void RaiseReadError() const;
+    [[noreturn]] void RaiseWriteError();
+    [[noreturn]] void RaiseReadError();
 
     std::FILE* readHandle = nullptr;
     std::FILE* writeHandle = nullptr;
@@ -73,4 +73,5 @@ private:
     MString fileName;
     int64_t sizeAtOpening = 0;
     Direction direction = Direction::None;
+    bool isLossTold = false;
 };

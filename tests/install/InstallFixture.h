@@ -59,11 +59,11 @@ protected:
         processor->Perform(library, uninstall ? nullptr : &library, views, uninstall);
     }
     [[nodiscard]] bool Exists(const MString& name) const { return MFile::Exists(MFile::Join(GetTarget(), name)); }
-    [[nodiscard]] std::string Read(const MString& name) const { return ReadWholeFile(MFile::Join(GetTarget(), name)); }
+    [[nodiscard]] std::string Read(const MString& name) const { return MReadTestFile(MFile::Join(GetTarget(), name)); }
     void Put(const MString& name, const std::string& content) const { scratch.WriteFile(MString("target/") + name, content); }
     [[nodiscard]] std::string ReadLog() {
         processor.reset();
-        return ReadWholeFile(MFile::Join(MFile::GetSpecialPath(MSpecialFolderUserData), "InstallerLog.txt"));
+        return MReadTestFile(MFile::Join(MFile::GetSpecialPath(MSpecialFolderUserData), "InstallerLog.txt"));
     }
 
     MScratch scratch;

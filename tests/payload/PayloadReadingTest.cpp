@@ -5,6 +5,7 @@
 #include "streams/MMemoryStream.h"
 #include "tests/support/MScratch.h"
 #include "tests/support/MTestPayload.h"
+#include "tests/support/MTestText.h"
 
 #include <gtest/gtest.h>
 
@@ -23,16 +24,6 @@ std::string MakeContent(size_t size) {
     uint32_t state = 1;
     for (char& byte : content) byte = static_cast<char>((state = state * 214013 + 2531011) >> 20);
     return content;
-}
-
-template <class Action>
-MString CatchMessage(Action action) {
-    try {
-        action();
-    } catch (const MException& exception) {
-        return exception.GetMessage();
-    }
-    return "nothing was raised";
 }
 
 MMemoryStream AsStream(const std::string& bytes) {
@@ -123,7 +114,7 @@ TEST(PayloadIndexTest, RefusesWhatIsDamaged) {
         bytes[position] = value;
         MMemoryStream stream = AsStream(bytes);
         MLargeResourceLibrary library;
-        EXPECT_TRUE(CatchMessage([&] { library.Attach(&stream); }).IsExactly(message)) << message;
+        EXPECT_EQ(FailureOf([&] { library.Attach(&stream); }), std::string("100: ") + message);
     }
 }
 
@@ -139,8 +130,7 @@ TEST(PayloadIndexTest, IsLimitedInItsStoredSize) {
             library.Attach(&stream);
             EXPECT_TRUE(library.GetName().IsExactly("install"));
         } else {
-            EXPECT_TRUE(CatchMessage([&] { library.Attach(&stream); })
-                            .IsExactly("Invalid large resource library format."));
+            EXPECT_EQ(FailureOf([&] { library.Attach(&stream); }), "100: Invalid large resource library format.");
         }
     }
 }
@@ -164,8 +154,7 @@ TEST(PayloadItemTest, ReportsNumbersThatCannotBe) {
     MLargeResourceLibrary library;
     library.Attach(&stream);
     MXMLItem& file = *library.GetSubItem(0);
-    EXPECT_TRUE(CatchMessage([&] { (void)library.OpenItem(&file); })
-                    .IsExactly("Could not find required attribute (filestart)."));
+    EXPECT_EQ(FailureOf([&] { (void)library.OpenItem(&file); }), "0: Could not find required attribute (filestart).");
     struct {
         const char* start;
         const char* size;
@@ -209,6 +198,6 @@ TEST_F(SfxTest, RaisesForATrailerThatCannotBe) {
     const std::string extreme = program + magic + std::string("\xff\xff\xff\xff\xff\xff\xff\x7f", 8);
     for (const std::string& bytes : {short15, tooLarge, negative, extreme}) {
         const MString path = Write(bytes);
-        EXPECT_TRUE(CatchMessage([&] { MSfx sfx(path); }).IsExactly("Could not perform file seek."));
+        EXPECT_EQ(FailureOf([&] { MSfx sfx(path); }), "100: Could not perform file seek.");
     }
 }

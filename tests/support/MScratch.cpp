@@ -3,7 +3,6 @@
 #include "foundation/MFile.h"
 #include "foundation/MGuard.h"
 #include "foundation/MUnicode.h"
-#include "streams/MMemoryStream.h"
 #include "streams/MStdFileStream.h"
 #include "tests/support/MTestText.h"
 
@@ -44,16 +43,12 @@ MString MScratch::Join(const MString& name) const {
 
 MString MScratch::WriteFile(const MString& name, std::string_view content) const {
     const MString file = Join(name);
-    MFile::CreatePath(MFile::GetDirectory(file));
-    MStdFileStream stream;
-    stream.Open(file, MOpenWrite | MOpenCreate);
-    stream.Write(content.data(), static_cast<int32_t>(content.size()));
-    stream.Close();
+    MWriteTestFile(file, content);
     return file;
 }
 
 std::string MScratch::ReadFile(const MString& name) const {
-    return ReadWholeFile(Join(name));
+    return MReadTestFile(Join(name));
 }
 
 std::string MScratch::ListTree() const {
@@ -69,12 +64,20 @@ std::string MScratch::ListTree() const {
     return tree;
 }
 
-std::string ReadWholeFile(const MString& path) {
+std::string MReadTestFile(const MString& path) {
     MStdFileStream stream;
     stream.Open(path, MOpenRead);
     std::string content(static_cast<size_t>(stream.GetSize()), 0);
     stream.ReadRequired(content.data(), static_cast<int32_t>(content.size()));
     return content;
+}
+
+void MWriteTestFile(const MString& path, std::string_view content) {
+    MFile::CreatePath(MFile::GetDirectory(path));
+    MStdFileStream stream;
+    stream.Open(path, MOpenWrite | MOpenCreate);
+    stream.Write(content.data(), static_cast<int32_t>(content.size()));
+    stream.Close();
 }
 
 MScratchFolders::MScratchFolders(const MScratch& scratch) {

@@ -29,7 +29,9 @@ private:
 };
 
 /// The bytes of a file anywhere.
-[[nodiscard]] std::string ReadWholeFile(const MString& path);
+[[nodiscard]] std::string MReadTestFile(const MString& path);
+/// Writes a file anywhere, with the directories that lead to it.
+void MWriteTestFile(const MString& path, std::string_view content);
 
 /// Special folders in a directory of a test, in place of the machine's, as long as the object lives. Each row is a
 /// directory named after it ("data", "userdata", "programfiles", ...), which is there only if somebody creates it.

@@ -13,7 +13,8 @@ struct MProgramResult {
 };
 
 /// Runs a program with standard input closed, in `directory`, and waits for its end. Its home and its
-/// temporary folder lie in `home`, and where the tests run as root it runs as an ordinary user, so that
-/// it cannot reach the machine's own folders. `home` must be writable for everybody.
+/// temporary folder lie in `home`. Where the tests run as root it runs as an ordinary user, unless told
+/// otherwise, so that it cannot reach the machine's own folders; `home` must then be open for everybody.
 [[nodiscard]] MProgramResult MRunTestProgram(const MString& program, const MList<MString>& arguments,
-                                             const MString& directory, const MString& home);
+                                             const MString& directory, const MString& home,
+                                             bool asOrdinaryUser = true);

@@ -17,3 +17,8 @@ bool MWriteConsoleText(std::FILE* file, const MString& text) {
     DWORD written;
     return WriteConsoleW(handle, wide.Get(), static_cast<DWORD>(text.GetLength()), &written, nullptr);
 }
+
+bool MIsTerminal(std::FILE* file) {
+    DWORD mode;
+    return GetConsoleMode(reinterpret_cast<HANDLE>(_get_osfhandle(_fileno(file))), &mode) != 0;
+}

@@ -31,21 +31,23 @@ std::string ReadAll(std::FILE* file) {
     return text;
 }
 
-void MoveIntoHome(const std::string& home) {
+void MoveInto(const std::string& home) {
     setenv("HOME", home.c_str(), 1);
     setenv("TMPDIR", home.c_str(), 1);
     for (const char* variable : {"XDG_DATA_HOME", "XDG_CONFIG_HOME", "XDG_CACHE_HOME", "XDG_DESKTOP_DIR"})
         unsetenv(variable);
+}
+
+void BecomeOrdinaryUser() {
     if (geteuid() == 0 && (setgroups(0, nullptr) != 0 || setgid(OrdinaryUser) != 0 || setuid(OrdinaryUser) != 0))
         _exit(126);
 }
 
 [[noreturn]] void BecomeProgram(const std::vector<std::string>& words, const std::string& directory,
-                                const std::string& home, int output, int errors) {
+                                int output, int errors) {
     dup2(open("/dev/null", O_RDONLY), STDIN_FILENO);
     dup2(output, STDOUT_FILENO);
     dup2(errors, STDERR_FILENO);
-    MoveIntoHome(home);
     if (chdir(directory.c_str()) != 0) _exit(126);
     alarm(SecondsToLive);
     std::vector<char*> pointers;
@@ -58,7 +60,7 @@ void MoveIntoHome(const std::string& home) {
 }  // namespace
 
 MProgramResult MRunTestProgram(const MString& program, const MList<MString>& arguments, const MString& directory,
-                               const MString& home) {
+                               const MString& home, bool asOrdinaryUser) {
     std::vector<std::string> words{MNativePath(program)};
     for (const MString& argument : arguments) words.push_back(MNativePath(argument));
     const TemporaryFile output = MakeTemporaryFile();
@@ -67,7 +69,11 @@ MProgramResult MRunTestProgram(const MString& program, const MList<MString>& arg
     const std::string nativeHome = MNativePath(home);
 
     const pid_t child = fork();
-    if (child == 0) BecomeProgram(words, nativeDirectory, nativeHome, fileno(output.get()), fileno(errors.get()));
+    if (child == 0) {
+        MoveInto(nativeHome);
+        if (asOrdinaryUser) BecomeOrdinaryUser();
+        BecomeProgram(words, nativeDirectory, fileno(output.get()), fileno(errors.get()));
+    }
     int status = 0;
     waitpid(child, &status, 0);
     const int32_t exitCode = WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);

@@ -68,7 +68,7 @@ int32_t WaitForEnd(const PROCESS_INFORMATION& process) {
 }  // namespace
 
 MProgramResult MRunTestProgram(const MString& program, const MList<MString>& arguments, const MString& directory,
-                               const MString& /*home*/) {
+                               const MString& /*home*/, bool /*asOrdinaryUser*/) {
     std::wstring commandLine = Quote(ToWide(program));
     for (const MString& argument : arguments) commandLine += L" " + Quote(ToWide(argument));
     const OutputFile output;

@@ -1,0 +1,104 @@
+#include "foundation/MString.h"
+
+#include "TextHelpers.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <new>
+
+namespace {
+
+TEST(MStringSharingTest, NullGivesTheEmptyLiteral) {
+    EXPECT_TRUE(MString(nullptr).IsLiteral());
+    EXPECT_TRUE(MString::Copy(static_cast<const char*>(nullptr)).IsLiteral());
+    EXPECT_TRUE(MString::Copy(static_cast<const char16_t*>(nullptr)).IsEmpty());
+}
+
+TEST(MStringSharingTest, ChangingACopyOfALiteralLeavesTheOtherOne) {
+    const MString original("setup");
+    MString copy = original;
+    EXPECT_EQ(copy.GetLiteral(), original.GetLiteral());
+    copy.Append("!");
+    EXPECT_EQ(Exactly(copy), "setup!");
+    EXPECT_EQ(Exactly(original), "setup");
+    EXPECT_FALSE(copy.IsLiteral());
+}
+
+TEST(MStringSharingTest, CopiesShareOneBlockUntilOneChanges) {
+    MString first = Heap("payload");
+    const MString second = first;
+    EXPECT_EQ(first.GetUnits(), second.GetUnits());
+    EXPECT_EQ(first.Substring(0, 99).GetUnits(), first.GetUnits());
+    first.SetChar(0, 'P');
+    EXPECT_EQ(Exactly(first), "Payload");
+    EXPECT_EQ(Exactly(second), "payload");
+}
+
+TEST(MStringSharingTest, ReserveTruncatesSharedTextButNotPrivateText) {
+    MString shared = Heap("abcdef");
+    const MString other = shared;
+    shared.Reserve(4);
+    EXPECT_EQ(Exactly(shared), "abc");
+    EXPECT_EQ(Exactly(other), "abcdef");
+    MString alone = Heap("abcdef");
+    const char16_t* block = alone.GetUnits();
+    alone.Reserve(4);
+    EXPECT_EQ(Exactly(alone), "abcdef");
+    EXPECT_EQ(alone.GetUnits(), block);
+    MString literal("abc");
+    literal.Reserve(0);
+    EXPECT_TRUE(literal.IsEmpty());
+}
+
+TEST(MStringSharingTest, AbsurdLengthsAreRefused) {
+    for (const int32_t length : {0x3FFFFFF1, 0x7FFFFFFE}) {
+        MString text = Heap("x");
+        EXPECT_EQ(FailureOf([&] { text.Reserve(length); }), "Out of memory. (0)") << length;
+        EXPECT_EQ(Exactly(text), "x");
+    }
+}
+
+TEST(MStringSharingTest, AStringMayBePutIntoItself) {
+    MString text = Heap("ab");
+    text.Append(text);
+    text.Insert(1, text);
+    EXPECT_EQ(Exactly(text), "aababbab");
+    text.ReplaceRange(0, 6, text);
+    EXPECT_EQ(Exactly(text), "aababbabab");
+    MString& self = text;
+    text = self;
+    EXPECT_EQ(Exactly(text), "aababbabab");
+}
+
+TEST(MStringSharingTest, NarrowBytesWidenBySignExtension) {
+    const MString text("\xE9");
+    EXPECT_EQ(static_cast<char16_t>(text[0]), 0xFFE9);
+    MString heap = text;
+    heap.Reserve(2);
+    EXPECT_EQ(heap.GetUnits()[0], 0xFFE9);
+    EXPECT_EQ(text.ToWide().Get()[0], 0xFFE9);
+    EXPECT_EQ(BytesOf(heap.ToNarrow(false)), "\xE9");
+}
+
+TEST(MStringSharingTest, ConversionsAttachWhatTheyCan) {
+    const MString literal("abc");
+    EXPECT_EQ(literal.ToNarrow().Get(), literal.GetLiteral());
+    EXPECT_EQ(literal.ToNarrow().GetSize(), 4);
+    EXPECT_EQ(literal.ToUTF8Attached().Get(), literal.GetLiteral());
+    const MString heap = Wide(u"\u010De");
+    EXPECT_EQ(heap.ToWide().Get(), heap.GetUnits());
+    EXPECT_EQ(BytesOf(heap.ToNarrow(false)), "ce");
+    EXPECT_EQ(BytesOf(heap.ToUTF8Attached()), "\xC4\x8D" "e");
+}
+
+TEST(MStringSharingTest, BuffersGiveTextUpToTheirFirstZero) {
+    MCHARBuffer bytes;
+    bytes.Attach("ab\0cd", 5);
+    EXPECT_EQ(Exactly(MString(bytes)), "ab");
+    bytes.Attach("abcd", 3);
+    EXPECT_EQ(Exactly(MString(bytes)), "abc");
+    EXPECT_TRUE(MString(MWCHARBuffer()).IsEmpty());
+}
+
+}  // namespace

@@ -1,0 +1,82 @@
+#include "foundation/MSpecialFolders.h"
+#include "foundation/MFile.h"
+#include "tests/support/MScratch.h"
+#include "tests/support/MTestText.h"
+
+#include <cstdlib>
+#include <gtest/gtest.h>
+#include <optional>
+
+namespace {
+
+/// A variable of the environment for the time of a test.
+class Variable {
+public:
+    Variable(const char* name, const std::string& value) : name(name) {
+        if (const char* old = std::getenv(name)) before = old;
+        setenv(name, value.c_str(), 1);
+    }
+    ~Variable() {
+        if (before)
+            setenv(name, before->c_str(), 1);
+        else
+            unsetenv(name);
+    }
+
+private:
+    const char* name;
+    std::optional<std::string> before;
+};
+
+class MSpecialFoldersTest : public testing::Test {
+protected:
+    ~MSpecialFoldersTest() noexcept override = default;
+
+    static std::string Path(MSpecialFolder folder) { return Text(MGetPlatformFolders().GetPath(folder)); }
+
+    MScratch scratch;
+    std::string home = Text(scratch.GetPath());
+    Variable homeVariable{"HOME", home};
+    Variable configVariable{"XDG_CONFIG_HOME", ""};
+    Variable dataVariable{"XDG_DATA_HOME", "relative/is/invalid"};
+};
+
+TEST_F(MSpecialFoldersTest, WithoutSettingsTheUsersFoldersLieInTheHome) {
+    EXPECT_EQ(Path(MSpecialFolderUser), home);
+    EXPECT_EQ(Path(MSpecialFolderUserData), home + "/.local/share/Corvanth");
+    EXPECT_EQ(Path(MSpecialFolderUserDocuments), home + "/Documents");
+    EXPECT_EQ(Path(MSpecialFolderUserStartMenu), home + "/.local/share/applications");
+    EXPECT_EQ(Path(MSpecialFolderMusic), home + "/Music");
+    const Variable data("XDG_DATA_HOME", home + "/data/");
+    EXPECT_EQ(Path(MSpecialFolderUserData), home + "/data/Corvanth");
+}
+
+TEST_F(MSpecialFoldersTest, UserDirectoriesAreTakenFromTheirFile) {
+    scratch.WriteFile(".config/user-dirs.dirs", "# written by a program\n"
+                                                "XDG_DESKTOP_DIR=\"$HOME/Pracovn\xC3\xAD plocha\"\n"
+                                                "  XDG_DOCUMENTS_DIR=\"/srv/docs\\\"x/\"\n"
+                                                "XDG_MUSIC_DIR=\"relative\"\n"
+                                                "XDG_VIDEOS_DIR=\n"
+                                                "XDG_DOWNLOAD_DIR=\"$HOME/\"\n");
+    EXPECT_EQ(Path(MSpecialFolderUserDesktop), home + "/Pracovn\xC3\xAD plocha");
+    EXPECT_EQ(Path(MSpecialFolderDesktop), home + "/Pracovn\xC3\xAD plocha");
+    EXPECT_EQ(Path(MSpecialFolderUserDocuments), "/srv/docs\"x");
+    EXPECT_EQ(Path(MSpecialFolderMusic), home + "/Music");
+    EXPECT_EQ(Path(MSpecialFolderVideo), home + "/Videos");
+    EXPECT_EQ(Path(MSpecialFolderDownloads), home);
+}
+
+TEST_F(MSpecialFoldersTest, TheTemporaryFolderMustExist) {
+    const Variable present("TMPDIR", home + "/");
+    EXPECT_EQ(Path(MSpecialFolderTemporary), home);
+    const Variable missing("TMPDIR", home + "/missing");
+    EXPECT_EQ(Path(MSpecialFolderTemporary), "/tmp");
+}
+
+TEST_F(MSpecialFoldersTest, EveryRowHasAnAbsolutePath) {
+    for (int32_t folder = 0; folder < MSpecialFolderUserTemporary; ++folder)
+        EXPECT_EQ(Text(MGetPlatformFolders().GetPath(folder)).substr(0, 1), "/") << folder;
+    EXPECT_EQ(Text(MGetPlatformFolders().GetPath(MSpecialFolderCount)), "");
+}
+
+}  // namespace

@@ -1,0 +1,149 @@
+#include "setup/MComponentRows.h"
+#include "setup/MConfigurationChoice.h"
+#include "setup/MDirectoryChoices.h"
+#include "tests/setup/SetupFixture.h"
+
+class ChoicesTest : public SetupTest {
+protected:
+    /// "enabled" of every `files` and `copy` element in document order.
+    [[nodiscard]] std::string GetEnabled() const {
+        std::string states;
+        for (const MXMLItem* files : library.GetSubItems()) {
+            if (!(files->GetName() == "files")) continue;
+            states += Text(files->GetAttribute("enabled", "-"));
+            for (const MXMLItem* copy : files->GetSubItems()) states += Text(copy->GetAttribute("enabled", "-"));
+        }
+        return states;
+    }
+    /// The paths proposed for the rows, relative to the scratch directory.
+    [[nodiscard]] std::string Propose() {
+        MSetupSession session(library);
+        MDirectoryChoices choices(session);
+        choices.LoadDefaults();
+        std::string paths;
+        for (int32_t i = 0; i < choices.GetCount(); ++i)
+            paths += Text(choices.GetRow(i).Path).substr(Text(scratch.GetPath()).size() + 1) + " ";
+        return paths;
+    }
+    void MakeDirectory(const char* name) const { MFile::CreatePath(scratch.Join(name)); }
+};
+
+TEST_F(ChoicesTest, ElementsOfOneNameAreOneSwitch) {
+    Define("<files name=\"VST\" destination=\"x\"><copy destination=\"y\"/><copy name=\"AAX\" destination=\"z\"/></files>"
+           "<files name=\"vst\" destination=\"x\"/><files required=\"1\" destination=\"x\"/>"
+           "<files name=\"Foreign\" windows=\"0\" destination=\"x\"/>");
+    MComponentRows rows(library);
+    ASSERT_EQ(rows.GetCount(), 2);
+    EXPECT_EQ(GetEnabled(), "111110");
+    rows.Find("VST")->Checked = false;
+    rows.Store();
+    EXPECT_EQ(GetEnabled(), "001010");
+    EXPECT_EQ(rows.Find("Foreign"), nullptr);
+}
+
+TEST_F(ChoicesTest, ConfigurationsDecideByTheFirstElementAndThePiecesAsTheyStand) {
+    Define("<files name=\"always\"/><files name=\"never\" configurations=\"\"/>"
+           "<files name=\"two\" configurations=\"full,Small\"/><files name=\"blank\" configurations=\"full, small\"/>"
+           "<files name=\"first\" configurations=\"small\"/><files name=\"first\" configurations=\"full\"/>");
+    MComponentRows rows(library);
+    struct {
+        const char* configuration;
+        const char* enabled;
+    } const cases[] = {{"small", "101011"}, {"FULL", "101100"}, {"", "100000"}, {"other", "100000"}};
+    for (const auto& [configuration, enabled] : cases) {
+        rows.ApplyConfiguration(configuration);
+        rows.Store();
+        EXPECT_EQ(GetEnabled(), enabled) << configuration;
+    }
+}
+
+TEST_F(ChoicesTest, AConfigurationSetsWhatTheRunNeedsToKnow) {
+    folders.SetPath(MSpecialFolderProgramFiles, "C:/Program Files (x86)");
+    Define("<configuration id=\"mac\" name=\"m\" windows=\"0\"/><configuration id=\"full\" name=\"f\" setup=\"0\" x64=\"1\"/>"
+           "<configuration id=\"small\" name=\"s\"/>");
+    MSetupSession session(library);
+    const MConfigurationChoice choice(library);
+    EXPECT_EQ(choice.GetAlternatives().GetCount(), 2);
+    EXPECT_EQ(choice.Find("mac"), nullptr);
+    ASSERT_TRUE(choice.Apply(*choice.GetProposal(), session));
+    EXPECT_EQ(Text(session.ConfigurationId), "full");
+    EXPECT_FALSE(session.ShowComponents);
+    EXPECT_EQ(Text(session.Macros.ExpandMacros("{programfiles64}")), "C:/Program Files");
+    ASSERT_TRUE(choice.Apply(*choice.Find("SMALL"), session));
+    EXPECT_TRUE(session.ShowComponents);
+    EXPECT_EQ(Text(session.Macros.ExpandMacros("{programfiles64}")), "{programfiles64}");
+}
+
+TEST_F(ChoicesTest, AProposalPrefersWhatIsThereInTheOrderOfTheDefinition) {
+    Define("<directory id=\"a\" name=\"A\" default=\"{scratch}/one/product\"><default>{scratch}/two/product</default>"
+           "<default>{scratch}/three/product</default></directory>");
+    EXPECT_EQ(Propose(), "one/product ");
+    MakeDirectory("three");
+    EXPECT_EQ(Propose(), "three/product ");
+    MakeDirectory("two");
+    EXPECT_EQ(Propose(), "two/product ");
+    MakeDirectory("three/product");
+    EXPECT_EQ(Propose(), "three/product ");
+    MakeDirectory("one");
+    EXPECT_EQ(Propose(), "three/product ");
+    MakeDirectory("one/product");
+    EXPECT_EQ(Propose(), "one/product ");
+}
+
+TEST_F(ChoicesTest, RemembersDirectoriesForTheNextProductUnderTheirOwnKeys) {
+    const std::string directories =
+        "<directory id=\"vst\" name=\"V\" default=\"{scratch}/default\" StoreSystemDefaults=\"1\"/>"
+        "<directory id=\"own\" name=\"O\" default=\"{scratch}/default\"/>";
+    Define(directories);
+    scratch.WriteFile("userdata/DefaultPaths.xml",
+                      "<DefaultPaths><Path id=\"other\">C:/other</Path><Path id=\"vst64\">" + InScratch("wide") +
+                          "</Path></DefaultPaths>");
+    {
+        MSetupSession session(library);
+        MDirectoryChoices choices(session);
+        choices.Find("vst")->Path = scratch.Join("shared");
+        choices.Find("own")->Path = scratch.Join("elsewhere");
+        choices.Store();
+        EXPECT_EQ(Text(library.FindSubItem("directory", "id", "own")->GetAttribute("path")), InScratch("elsewhere"));
+    }
+    EXPECT_EQ(Propose(), "default default ");
+    MakeDirectory("shared");
+    MakeDirectory("elsewhere");
+    MakeDirectory("wide");
+    EXPECT_EQ(Propose(), "shared default ");
+    MXMLItem file;
+    file.LoadFile(scratch.Join("userdata/DefaultPaths.xml"));
+    EXPECT_EQ(file.GetSubItemCount(), 3);
+    EXPECT_EQ(Text(file.FindSubItem("Path", "id", "other")->GetValue()), "C:/other");
+    EXPECT_EQ(Text(file.FindSubItem("Path", "id", "vst64")->GetValue()), InScratch("wide"));
+}
+
+TEST_F(ChoicesTest, ABrokenMemoryIsNoMemory) {
+    Define("<directory id=\"vst\" name=\"V\" default=\"{scratch}/default\" StoreSystemDefaults=\"1\"/>");
+    for (const char* content : {"", "no xml", "<DefaultPaths><Path id=\"vst\">"}) {
+        scratch.WriteFile("userdata/DefaultPaths.xml", content);
+        EXPECT_EQ(Propose(), "default ") << content;
+    }
+}
+
+TEST_F(ChoicesTest, AnEarlierInstallationWinsForTheDestinationOnly) {
+    Define("<directory id=\"destination\" name=\"D\" default=\"{scratch}/default\"/>"
+           "<directory id=\"data\" name=\"E\" default=\"{scratch}/default\"/>");
+    scratch.WriteFile("programfiles/Corvanth/Test Product/setup.state", "<install/>");
+    EXPECT_EQ(Propose(), "programfiles/Corvanth/Test Product default ");
+}
+
+TEST_F(ChoicesTest, OnlyDirectoriesThatAnEnabledPartUsesAreAvailable) {
+    Define("<directory id=\"used\" name=\"U\" default=\"a\"/><directory id=\"copied\" name=\"C\" default=\"a\"/>"
+           "<directory id=\"off\" name=\"F\" default=\"a\"/><directory id=\"wide\" name=\"W\" default=\"a\" x64=\"1\"/>"
+           "<files enabled=\"1\" destination=\"{USED}/x\"/><files enabled=\"0\" destination=\"{off}\">"
+           "<copy enabled=\"1\" destination=\"y/{copied}\"/></files><files destination=\"{off}{wide}\"/>");
+    MSetupSession session(library);
+    MDirectoryChoices choices(session);
+    ASSERT_EQ(choices.GetCount(), 3);
+    EXPECT_FALSE(choices.UpdateAvailability());
+    std::string available;
+    for (const char* id : {"used", "copied", "off", "wide"})
+        available += Text(library.FindSubItem("directory", "id", id)->GetAttribute("Available"));
+    EXPECT_EQ(available, "1100");
+}

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "foundation/MFile.h"
+#include "setup/MSetupSession.h"
+#include "streams/MMemoryStream.h"
+#include "tests/support/MScratch.h"
+#include "tests/support/MTestPayload.h"
+#include "tests/support/MTestText.h"
+
+#include <gtest/gtest.h>
+
+/// A definition and its payload in memory, with the special folders in a scratch directory.
+class SetupTest : public testing::Test {
+protected:
+    ~SetupTest() noexcept override = default;
+
+    /// Takes the children of the root. `{scratch}` in the text becomes the scratch directory.
+    void Define(std::string children, const std::string& attributes = "") {
+        const std::string path = Text(scratch.GetPath());
+        for (size_t at; (at = children.find("{scratch}")) != std::string::npos;) children.replace(at, 9, path);
+        bytes = payload.Finish("<install name=\"Test Product\" " + attributes + ">" + children + "</install>");
+        source.Attach(bytes.data(), static_cast<int32_t>(bytes.size()));
+        library.Attach(&source);
+    }
+    [[nodiscard]] std::string InScratch(const char* name) const { return Text(scratch.Join(name)); }
+
+    MScratch scratch;
+    MScratchFolders folders{scratch};
+    MTestPayload payload{7};
+    std::string bytes;
+    MMemoryStream source;
+    MLargeResourceLibrary library;
+};
