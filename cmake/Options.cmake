@@ -5,6 +5,8 @@ option(CORVANTH_STATIC_LIBRARIES "Link the third-party and runtime libraries int
 option(CORVANTH_SANITIZE "Build with address, leak and undefined behaviour sanitizers" OFF)
 option(CORVANTH_BENCHMARKS "Build the benchmarks in bench/" OFF)
 option(CORVANTH_FUZZERS "Build the fuzz targets in fuzz/; needs clang" OFF)
+set(CORVANTH_EXAMPLE_PLUGINS "$ENV{HOME}/.cache/corvanth-setup/example-plugins" CACHE PATH
+    "Folder with the plug-ins of the example product; scripts/lib/fetch-example-plugins fills it")
 
 # The platform folder whose files implement the portable headers of a room.
 if(WIN32)

@@ -69,7 +69,8 @@ MDateTime MDateTime::Parse(const MString& text) {
     const MString trimmed = text.Trimmed();
     const int32_t space = trimmed.FindChar(' ');
     if (space == MString::NotFound) MRaise(MExceptionGeneral, "Invalid datetime format.");
-    return {.time = MTime::Parse(trimmed.Substring(space + 1)), .date = MDate::Parse(trimmed.Substring(0, space))};
+    return {.time = MTime::Parse(trimmed.Substring(space + 1)),
+            .date = MDate::Parse(trimmed.Substring(0, space))};
 }
 
 int64_t MDateTime::GetSeconds() const {
@@ -77,5 +78,6 @@ int64_t MDateTime::GetSeconds() const {
 }
 
 int64_t MDateTime::GetMicroseconds() const {
-    return date.GetDayNumber() * MTime::SecondsPerDay * MTime::MicrosecondsPerSecond + time.GetMicrosecondsOfDay();
+    return date.GetDayNumber() * MTime::SecondsPerDay * MTime::MicrosecondsPerSecond +
+           time.GetMicrosecondsOfDay();
 }

@@ -21,15 +21,17 @@ MEncoding::Reader::Reader(MStream& source, const MString& encoding)
 }
 
 bool MEncoding::Reader::Fill() {
+    if (isEndSeen) return false;
     char* bytes = buffer.Edit();
     const int32_t left = fillCount - readIndex;
     std::memmove(bytes, bytes + readIndex, static_cast<size_t>(left));
     readIndex = 0;
     fillCount = left;
     const int32_t added = source.Read(bytes + left, BufferSize - left);
-    if (added < 1) return false;
-    fillCount += added;
-    return true;
+    // A stream is short only at the end of its data, and not every one may be read again there.
+    isEndSeen = added < BufferSize - left;
+    fillCount += std::max(added, 0);
+    return added > 0;
 }
 
 uint8_t MEncoding::Reader::ReadByte() {

@@ -46,5 +46,6 @@ private:
     MCHARBuffer buffer;
     int32_t fillCount = 0;
     int32_t readIndex = 0;
+    bool isEndSeen = false;
     std::string lineBytes;
 };

@@ -5,7 +5,9 @@
 #include <exception>
 
 MEncoding::Writer::Writer(MStream& target, const MString& encoding)
-    : target(target), codec(FindCodec(encoding)), buffer(BufferSize),
+    : target(target),
+      codec(FindCodec(encoding)),
+      buffer(BufferSize),
       exceptionsAtStart(std::uncaught_exceptions()) {
     codec.WriteHeader(*this);
 }

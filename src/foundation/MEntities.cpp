@@ -11,20 +11,22 @@ struct Entity {
 };
 
 constexpr Entity Entities[] = {
-    {"amp", u'&', "&amp;"},   {"lt", u'<', "&lt;"},     {"gt", u'>', "&gt;"},
+    {"amp", u'&', "&amp;"},    {"lt", u'<', "&lt;"},     {"gt", u'>', "&gt;"},
     {"apos", u'\'', "&apos;"}, {"quot", u'"', "&quot;"}, {"#10", u'\n', "&#10;"},
 };
 
 bool IsNamed(const Entity& entity, std::u16string_view text) {
     if (text.size() <= entity.name.size() || text[entity.name.size()] != ';') return false;
-    return std::ranges::equal(entity.name, text.substr(0, entity.name.size()), [](char expected, char16_t unit) {
-        return MChar(expected) == MChar(unit).FoldDiacritics().ToLower();
-    });
+    return std::ranges::equal(entity.name, text.substr(0, entity.name.size()),
+                              [](char expected, char16_t unit) {
+                                  return MChar(expected) == MChar(unit).FoldDiacritics().ToLower();
+                              });
 }
 
 /// The entity whose name and ";" the text begins with, or null.
 const Entity* FindByName(std::u16string_view text) {
-    const Entity* found = std::ranges::find_if(Entities, [&](const Entity& entity) { return IsNamed(entity, text); });
+    const Entity* found =
+        std::ranges::find_if(Entities, [&](const Entity& entity) { return IsNamed(entity, text); });
     return found == std::end(Entities) ? nullptr : found;
 }
 

@@ -86,12 +86,14 @@ void MFile::Move(const MString& from, const MString& to) {
             return;
         }
         CreatePath(to);
-        for (const MFileListEntry& entry : GetFileList(from)) Move(Join(from, entry.name), Join(to, entry.name));
+        for (const MFileListEntry& entry : GetFileList(from))
+            Move(Join(from, entry.name), Join(to, entry.name));
         RemoveDirectory(from);
     });
 }
 
-void MFile::GetFileListRecursed(const MString& directory, const MString& filter, const FileListCallback& callback) {
+void MFile::GetFileListRecursed(const MString& directory, const MString& filter,
+                                const FileListCallback& callback) {
     MGuard("MFile::GetFileListRecursed", [&] {
         for (const MFileListEntry& entry : GetFileList(directory, filter)) {
             if (!callback(directory, entry) || !entry.isDirectory) continue;

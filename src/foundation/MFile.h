@@ -15,10 +15,10 @@ struct MFileListEntry {
 
 /// Operations on paths and files.
 ///
-/// Paths are canonical: absolute, with forward slashes and without a trailing one ("C:/dir/file" or, where the
-/// platform has a root directory, "/dir/file"). Only the last step before a call of the platform turns them into
-/// the platform's form. Failures are an `MException` with code 0 and the text given with each operation; where it
-/// says "and the system's words", a blank and the system's own description follow.
+/// Paths are canonical: absolute, with forward slashes and without a trailing one ("C:/dir/file" or, where
+/// the platform has a root directory, "/dir/file"). Only the last step before a call of the platform turns
+/// them into the platform's form. Failures are an `MException` with code 0 and the text given with each
+/// operation; where it says "and the system's words", a blank and the system's own description follow.
 ///
 /// Free of shared state except the current directory of the process and the special folders, which belong to
 /// the main thread.
@@ -45,8 +45,8 @@ public:
     /// The file name after its last ".", empty if it has none.
     [[nodiscard]] static MString GetExtension(const MString& path);
     [[nodiscard]] static MString ChangeExtension(const MString& path, const MString& extension);
-    /// The way that leads from `to` to `from`: a ".." for each component that only `to` has, then those that only
-    /// `from` has.
+    /// The way that leads from `to` to `from`: a ".." for each component that only `to` has, then those that
+    /// only `from` has.
     [[nodiscard]] static MString GetRelativePath(const MString& from, const MString& to);
 
     // Questions.
@@ -77,7 +77,8 @@ public:
 
     /// Nothing for a directory that stands. Raises "Could not create path \"{0}\"." and the system's words.
     static void CreateDirectory(const MString& path);
-    /// Creates the missing ancestors too. Raises as `CreateDirectory`, with the one that could not be created.
+    /// Creates the missing ancestors too. Raises as `CreateDirectory`, with the one that could not be
+    /// created.
     static void CreatePath(const MString& path);
     /// Never replaces what stands at `to`. Raises "Could not rename file \"{0}\" to \"{1}\".".
     static void Rename(const MString& from, const MString& to);
@@ -96,33 +97,37 @@ public:
     /// Sets the time of the last change. Raises "Could not set system times to {0}.".
     static void SetFileTime(const MString& path, int64_t time);
     /// Starts a program, or opens a file with the program that is there for it, in `directory` if that is not
-    /// empty; it then is the current directory of this process from there on. With `wait` gives the exit code,
-    /// else 0. Raises "Could not execute file \"{0}\"." and the system's words.
-    static int32_t Execute(const MString& path, const MList<MString>& arguments, const MString& directory, bool wait);
-    /// Creates a link in the file `link`, to which the kind's extension is added. A target with "://" gives an
-    /// internet shortcut. An empty description is replaced by the link's name.
+    /// empty; it then is the current directory of this process from there on. With `wait` gives the exit
+    /// code, else 0. Raises "Could not execute file \"{0}\"." and the system's words.
+    static int32_t Execute(const MString& path, const MList<MString>& arguments, const MString& directory,
+                           bool wait);
+    /// Creates a link in the file `link`, to which the kind's extension is added. A target with "://" gives
+    /// an internet shortcut. An empty description is replaced by the link's name.
     /// Raises "Could not create file link at \"{0}\" to \"{1}\"." and the system's words.
     static void CreateLink(const MString& link, const MString& target, const MString& arguments,
                            const MString& description);
     /// Deletes what `CreateLink` has created. Raises as `Delete`.
     static void DeleteLink(const MString& link);
-    /// The entries of a directory in the platform's order, without "." and "..". The filter is a wildcard pattern
-    /// of the platform, empty for all. An empty directory gives the drives.
+    /// The entries of a directory in the platform's order, without "." and "..". The filter is a wildcard
+    /// pattern of the platform, empty for all. An empty directory gives the drives.
     /// Raises "Could not access path \"{0}\" to get file list.".
-    [[nodiscard]] static MList<MFileListEntry> GetFileList(const MString& directory, const MString& filter = MString());
+    [[nodiscard]] static MList<MFileListEntry> GetFileList(const MString& directory,
+                                                           const MString& filter = MString());
     /// What the system takes a path for, in canonical form. Raises "Could not resolve path {0}.".
     [[nodiscard]] static MString ResolvePath(const MString& path);
-    /// The directory of an installed product. Raises "Software installation has not been found. Please use the
-    /// newest installer.".
+    /// The directory of an installed product. Raises "Software installation has not been found. Please use
+    /// the newest installer.".
     [[nodiscard]] static MString GetSoftwareInstallationPath(const MString& name);
 
     // Operations that swallow failures.
 
-    /// Gets the directory that holds an entry, and the entry; a directory for which it gives false is not entered.
+    /// Gets the directory that holds an entry, and the entry; a directory for which it gives false is not
+    /// entered.
     using FileListCallback = std::function<bool(const MString& directory, const MFileListEntry& entry)>;
     /// Walks a directory, parents before their children. Links to directories are not entered; a branch that
     /// cannot be read is dropped.
-    static void GetFileListRecursed(const MString& directory, const MString& filter, const FileListCallback& callback);
+    static void GetFileListRecursed(const MString& directory, const MString& filter,
+                                    const FileListCallback& callback);
     /// Renames a file; moves a directory entry by entry into what may stand there.
     static void Move(const MString& from, const MString& to);
     /// Shows a web address in the user's browser.

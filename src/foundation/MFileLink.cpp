@@ -28,8 +28,9 @@ void MFile::CreateLink(const MString& link, const MString& target, const MString
     MString reason;
     try {
         const MString& text = description.IsEmpty() ? GetFileName(link) : description;
-        if (IsInternetTarget(target) ? WriteInternetShortcut(link + ".url", target)
-                                     : MWriteShellLink(link + "." + MShellLinkExtension(), target, arguments, text))
+        if (IsInternetTarget(target)
+                ? WriteInternetShortcut(link + ".url", target)
+                : MWriteShellLink(link + "." + MShellLinkExtension(), target, arguments, text))
             return;
         reason = MSystemErrorText();
     } catch (const MException& exception) {

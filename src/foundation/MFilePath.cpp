@@ -20,7 +20,8 @@ bool EndsInSlash(const MString& path) {
     return !path.IsEmpty() && path[path.GetLength() - 1] == u'/';
 }
 
-/// Drops the last component of a directory that ends in a slash; a drive and the root directory have none to drop.
+/// Drops the last component of a directory that ends in a slash; a drive and the root directory have none to
+/// drop.
 void DropLastComponent(MString& directory) {
     const MString component = directory.Substring(0, directory.GetLength() - 1);
     const bool isTop = component.IsEmpty() || component[component.GetLength() - 1] == u':';
@@ -93,7 +94,8 @@ MString MFile::GetRelativePath(const MString& from, const MString& to) {
     const MList<MString> source = from.Split('/');
     const MList<MString> target = to.Split('/');
     int32_t common = 0;
-    while (common < source.GetCount() && common < target.GetCount() && source[common] == target[common]) ++common;
+    while (common < source.GetCount() && common < target.GetCount() && source[common] == target[common])
+        ++common;
 
     MString result;
     const auto add = [&result](const MString& component) { result = Join(result, component); };

@@ -15,7 +15,8 @@ bool IsDoubled(const MString& format, int32_t position) {
     return position + 1 < format.GetLength() && format[position] == format[position + 1];
 }
 
-void ApplyCharacter(MFormatSpecification& specification, MChar character, const MString& format, int32_t& position) {
+void ApplyCharacter(MFormatSpecification& specification, MChar character, const MString& format,
+                    int32_t& position) {
     switch (character) {
     case ' ':
     case '0':

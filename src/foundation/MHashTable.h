@@ -39,7 +39,9 @@ private:
     using Entry = std::pair<Key, Value>;
     static constexpr uint32_t BucketCount = 32;
 
-    [[nodiscard]] MList<Entry>& GetBucket(const Key& key) { return buckets[MHashOf(key) & (BucketCount - 1)]; }
+    [[nodiscard]] MList<Entry>& GetBucket(const Key& key) {
+        return buckets[MHashOf(key) & (BucketCount - 1)];
+    }
     [[nodiscard]] const MList<Entry>& GetBucket(const Key& key) const {
         return buckets[MHashOf(key) & (BucketCount - 1)];
     }

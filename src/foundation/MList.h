@@ -1,7 +1,7 @@
 #pragma once
 
-#include "foundation/MListStorage.h"
 #include "foundation/MListSort.h"
+#include "foundation/MListStorage.h"
 
 /// How an `MList` holds its elements.
 enum MListMode : int32_t {

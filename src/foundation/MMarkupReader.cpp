@@ -33,7 +33,8 @@ std::u16string_view WithoutBlanksBehind(std::u16string_view text) {
 }  // namespace
 
 void MMarkupReader::RaiseInvalid(const char* detail) {
-    throw MException(MString(), MTranslate("Invalid file contents. ") + MTranslate(detail), MExceptionStreamError);
+    throw MException(MString(), MTranslate("Invalid file contents. ") + MTranslate(detail),
+                     MExceptionStreamError);
 }
 
 bool MMarkupReader::ReadLine() {
@@ -96,7 +97,9 @@ bool MMarkupReader::TakeCharacter(char16_t character) {
 
 bool MMarkupReader::TakeLetters(std::string_view lowerCaseText) {
     const std::u16string_view front = GetRest().substr(0, lowerCaseText.size());
-    const auto isEqual = [](char16_t unit, char expected) { return MChar(unit).ToLower() == MChar(expected); };
+    const auto isEqual = [](char16_t unit, char expected) {
+        return MChar(unit).ToLower() == MChar(expected);
+    };
     if (!std::ranges::equal(front, lowerCaseText, isEqual)) return false;
     cursor += lowerCaseText.size();
     return true;

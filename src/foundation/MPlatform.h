@@ -18,8 +18,8 @@ public:
     [[nodiscard]] static bool Is64BitSystem();
     /// Whether paths begin at one root directory, "/", rather than at drives.
     [[nodiscard]] static bool HasRootDirectory();
-    /// The executable that the process was started from, or the file of a library that was loaded as `instance`;
-    /// in the platform's form, empty on failure.
+    /// The executable that the process was started from, or the file of a library that was loaded as
+    /// `instance`; in the platform's form, empty on failure.
     [[nodiscard]] static MString GetModulePath(void* instance);
     /// What the library needs of the system for the whole run of a program, and its end.
     static void StartSubsystems();

@@ -35,8 +35,9 @@ inline constexpr int32_t MSpecialFolderCount = 21;
 /// Where the special folders are. The platform's own come from `MGetPlatformFolders`; tests install scratch
 /// folders through `MFile::UseSpecialFolders`.
 ///
-/// Windows takes them from the shell. Elsewhere the user's rows follow the XDG base directories and user-dirs.dirs,
-/// and a shared row is the first directory of the table if this process may write there, else the second:
+/// Windows takes them from the shell. Elsewhere the user's rows follow the XDG base directories and
+/// user-dirs.dirs, and a shared row is the first directory of the table if this process may write there, else
+/// the second:
 ///
 /// | row                            | shared                         | the user's counterpart         |
 /// |--------------------------------|--------------------------------|--------------------------------|
@@ -50,8 +51,8 @@ inline constexpr int32_t MSpecialFolderCount = 21;
 /// | fonts                          | /usr/local/share/fonts         | $XDG_DATA_HOME/fonts           |
 class MSpecialFolders : public MObject {
 public:
-    /// Canonical path of a folder, empty if there is none. `MSpecialFolderUserTemporary` is never asked for: it
-    /// lies below the user's data.
+    /// Canonical path of a folder, empty if there is none. `MSpecialFolderUserTemporary` is never asked for:
+    /// it lies below the user's data.
     [[nodiscard]] virtual MString GetPath(int32_t index) = 0;
 };
 

@@ -20,7 +20,6 @@ struct MString::Block {
 
     /// 2n + 8 bytes for n characters with their terminator, rounded up to a power of two.
     static uint32_t SizeFor(int32_t characters) {
-        if (characters > MaximumCharacters) MRaise(MExceptionGeneral, "Out of memory.");
         return NextPowerOfTwo(2u * static_cast<uint32_t>(characters) + 8u);
     }
     static Block* Allocate(int32_t characters) {
@@ -112,7 +111,9 @@ MString MString::Print(const char* format, ...) {
     return Copy(work);
 }
 
-void MString::Reserve(int32_t count) {
+void MString::Reserve(int32_t wanted) {
+    const int32_t count = std::max(wanted, 1);
+    if (count > Block::MaximumCharacters) MRaise(MExceptionGeneral, "Out of memory.");
     const bool isPrivate = !IsLiteral() && GetBlock()->count.load(std::memory_order_acquire) < 2;
     if (isPrivate) {
         if (GetBlock()->allocatedSize >= 2u * static_cast<uint32_t>(count) + 8u) return;

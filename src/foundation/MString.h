@@ -68,7 +68,9 @@ public:
                                         int32_t start = 0) const;
     /// Unit for unit the same, with no folding at all.
     [[nodiscard]] bool IsExactly(const MString& other) const;
-    friend bool operator==(const MString& left, const MString& right) { return left.CompareNoCase(right) == 0; }
+    friend bool operator==(const MString& left, const MString& right) {
+        return left.CompareNoCase(right) == 0;
+    }
     /// True if the text begins or ends with the other one, ignoring ASCII case.
     [[nodiscard]] bool StartsWith(const MString& text) const;
     [[nodiscard]] bool EndsWith(const MString& text) const;

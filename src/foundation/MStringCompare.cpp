@@ -11,7 +11,8 @@ auto WithText(const MString& text, Action action) {
 }
 
 template <class Fold, class Left, class Right>
-int32_t CompareFolded(const Left* left, int32_t leftLength, const Right* right, int32_t rightLength, Fold fold) {
+int32_t CompareFolded(const Left* left, int32_t leftLength, const Right* right, int32_t rightLength,
+                      Fold fold) {
     const int32_t common = std::min(leftLength, rightLength);
     for (int32_t i = 0; i < common; ++i) {
         const MChar l(left[i]);
@@ -26,15 +27,19 @@ int32_t CompareFolded(const Left* left, int32_t leftLength, const Right* right, 
 }
 
 constexpr auto FoldOnly = [](MChar character) -> char16_t { return character.FoldDiacritics(); };
-constexpr auto FoldWithCase = [](MChar character) -> char16_t { return character.FoldDiacritics().ToLower(); };
+constexpr auto FoldWithCase = [](MChar character) -> char16_t {
+    return character.FoldDiacritics().ToLower();
+};
 
 template <class Text, class Pattern>
-int32_t FindText(const Text* text, int32_t length, const Pattern* pattern, int32_t patternLength, int32_t start) {
+int32_t FindText(const Text* text, int32_t length, const Pattern* pattern, int32_t patternLength,
+                 int32_t start) {
     const MChar first = MChar(pattern[0]).ToLower();
     for (int32_t i = start; i <= length - patternLength; ++i) {
         if (MChar(text[i]).ToLower() != first) continue;
         int32_t matched = 1;
-        while (matched < patternLength && MChar(text[i + matched]).ToLower() == MChar(pattern[matched]).ToLower())
+        while (matched < patternLength &&
+               MChar(text[i + matched]).ToLower() == MChar(pattern[matched]).ToLower())
             ++matched;
         if (matched == patternLength) return i;
     }
@@ -45,9 +50,8 @@ template <class Fold>
 int32_t CompareTexts(const MString& left, int32_t start, int32_t leftLength, const MString& right,
                      int32_t rightLength, Fold fold) {
     return WithText(left, [&](const auto* l) {
-        return WithText(right, [&](const auto* r) {
-            return CompareFolded(l + start, leftLength, r, rightLength, fold);
-        });
+        return WithText(
+            right, [&](const auto* r) { return CompareFolded(l + start, leftLength, r, rightLength, fold); });
     });
 }
 
@@ -93,8 +97,7 @@ int32_t MString::Find(const MString& text, int32_t start) const {
     const int32_t from = std::max(start, 0);
     if (text.IsEmpty()) return from <= length ? from : NotFound;
     return WithText(*this, [&](const auto* own) {
-        return WithText(text, [&](const auto* pattern) {
-            return FindText(own, length, pattern, text.length, from);
-        });
+        return WithText(
+            text, [&](const auto* pattern) { return FindText(own, length, pattern, text.length, from); });
     });
 }

@@ -12,7 +12,8 @@ MCHARBuffer MString::ToNarrow(bool terminate) const {
     }
     buffer.ResizeCount(length + extra);
     char* target = buffer.Edit();
-    std::transform(units, units + length, target, [](char16_t unit) { return MChar(unit).FoldDiacritics().ToNarrow(); });
+    std::transform(units, units + length, target,
+                   [](char16_t unit) { return MChar(unit).FoldDiacritics().ToNarrow(); });
     if (terminate) target[length] = 0;
     return buffer;
 }
@@ -32,6 +33,7 @@ MWCHARBuffer MString::ToWide() const {
         return buffer;
     }
     buffer.ResizeCount(length + 1);
-    std::transform(narrow, narrow + length + 1, buffer.Edit(), [](char byte) -> char16_t { return MChar(byte); });
+    std::transform(narrow, narrow + length + 1, buffer.Edit(),
+                   [](char byte) -> char16_t { return MChar(byte); });
     return buffer;
 }

@@ -135,7 +135,8 @@ void MString::RemoveNewlines() {
 
 void MString::ChangeBlanksToSpaces() {
     Reserve(length + 1);
-    std::replace_if(units, units + length, [](char16_t unit) { return MChar(unit).IsBlank(); }, u' ');
+    std::replace_if(
+        units, units + length, [](char16_t unit) { return MChar(unit).IsBlank(); }, u' ');
 }
 
 MString MString::ToLower() const {
@@ -146,7 +147,8 @@ MString MString::ToLower() const {
 
 void MString::MakeLower() {
     Reserve(length + 1);
-    std::transform(units, units + length, units, [](char16_t unit) -> char16_t { return MChar(unit).ToLower(); });
+    std::transform(units, units + length, units,
+                   [](char16_t unit) -> char16_t { return MChar(unit).ToLower(); });
 }
 
 MList<MString> MString::Split(MChar delimiter) const {

@@ -30,7 +30,8 @@ MStringFormatter& MStringFormatter::Insert(const MString& value) {
     data.result.Insert(filled.offset, value);
     for (int32_t i = data.next; i < data.count; ++i) {
         auto& later = data.arguments[i];
-        const bool isBehind = later.offset == filled.offset ? later.order > filled.order : later.offset > filled.offset;
+        const bool isBehind =
+            later.offset == filled.offset ? later.order > filled.order : later.offset > filled.offset;
         if (isBehind) later.offset += value.GetLength();
     }
     return *this;

@@ -11,7 +11,8 @@ int32_t FindCaptureEnd(const MString& format, int32_t position, const MString& i
     if (position >= format.GetLength()) return input.GetLength();
     const MChar delimiter = format[position];
     int32_t end = start;
-    while (end < input.GetLength() && (delimiter.IsBlank() ? !input[end].IsBlank() : input[end] != delimiter)) ++end;
+    while (end < input.GetLength() && (delimiter.IsBlank() ? !input[end].IsBlank() : input[end] != delimiter))
+        ++end;
     return end;
 }
 
@@ -54,7 +55,8 @@ void MStringScanner::ScanPlaceholder(const MString& format, int32_t& position, c
 
 const MStringScannerData::Argument* MStringScanner::TakeArgument() {
     MStringScannerData& data = GetData();
-    const bool isThere = data.next < data.capturedCount && data.next < MFormatSpecification::MaximumPlaceholders;
+    const bool isThere =
+        data.next < data.capturedCount && data.next < MFormatSpecification::MaximumPlaceholders;
     return isThere ? &data.arguments[data.next++] : nullptr;
 }
 

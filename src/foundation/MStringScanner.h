@@ -51,5 +51,6 @@ private:
     bool TakeInteger(int64_t& value, bool needsDigits);
     /// False if format and input part here.
     bool ScanBlank(const MString& format, int32_t& position, const MString& input, int32_t& inputPosition);
-    void ScanPlaceholder(const MString& format, int32_t& position, const MString& input, int32_t& inputPosition);
+    void ScanPlaceholder(const MString& format, int32_t& position, const MString& input,
+                         int32_t& inputPosition);
 };

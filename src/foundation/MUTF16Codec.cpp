@@ -9,7 +9,8 @@ namespace {
 constexpr uint8_t Signature[] = {0xFF, 0xFE};
 
 char16_t UnitAt(std::string_view bytes, size_t index) {
-    return static_cast<char16_t>(static_cast<uint8_t>(bytes[index]) | static_cast<uint8_t>(bytes[index + 1]) << 8);
+    return static_cast<char16_t>(static_cast<uint8_t>(bytes[index]) | static_cast<uint8_t>(bytes[index + 1])
+                                                                          << 8);
 }
 
 }  // namespace

@@ -49,8 +49,8 @@ size_t GetSequenceLength(uint8_t lead) {
     return lead < 0xF5 ? 4 : 0;
 }
 
-/// Whether a code point is written in the one way that is allowed. Those that stand for raw bytes are none that
-/// may come in, or two different names would be read as one.
+/// Whether a code point is written in the one way that is allowed. Those that stand for raw bytes are none
+/// that may come in, or two different names would be read as one.
 bool IsValid(uint32_t codePoint, size_t length) {
     constexpr uint32_t least[] = {0, 0, 0x80, 0x800, 0x10000};
     if (codePoint < least[length] || codePoint > 0x10FFFF) return false;

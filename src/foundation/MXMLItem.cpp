@@ -62,7 +62,7 @@ MXMLItem* MXMLItem::GetOrAddSubItem(const MString& itemName, const MString& attr
 MXMLItem* MXMLItem::AddSubItem(const MString& itemName) {
     auto item = std::make_unique<MXMLItem>(itemName);
     MXMLItem* added = AddSubItem(item.get());
-    item.release();
+    static_cast<void>(item.release());
     return added;
 }
 
@@ -101,7 +101,8 @@ void MXMLItem::RemoveAllSubItems() {
 
 int32_t MXMLItem::CountSubItems(const MString& itemName) const {
     int32_t count = 0;
-    for (const MXMLItem* item : subItems) count += (item->name == itemName ? 1 : 0) + item->CountSubItems(itemName);
+    for (const MXMLItem* item : subItems)
+        count += (item->name == itemName ? 1 : 0) + item->CountSubItems(itemName);
     return count;
 }
 
@@ -117,7 +118,8 @@ void MXMLItem::SortSubItems(const MString& attribute) {
         const MAttribute* found = item->FindAttribute(attribute);
         return found ? found->value : MString();
     };
-    subItems.Sort([&](const MXMLItem* a, const MXMLItem* b) { return valueOf(a).CompareNoCase(valueOf(b)) < 0; });
+    subItems.Sort(
+        [&](const MXMLItem* a, const MXMLItem* b) { return valueOf(a).CompareNoCase(valueOf(b)) < 0; });
     LinkAll();
 }
 

@@ -56,7 +56,9 @@ public:
     [[nodiscard]] int64_t GetInt64Attribute(const MString& attribute, int64_t defaultValue) const;
     /// Replaces the value, or adds the attribute.
     void SetAttribute(const MString& attribute, const MString& newValue);
-    void SetAttribute(const MString& attribute, const char* newValue) { SetAttribute(attribute, MString(newValue)); }
+    void SetAttribute(const MString& attribute, const char* newValue) {
+        SetAttribute(attribute, MString(newValue));
+    }
     template <std::integral Integer>
     void SetAttribute(const MString& attribute, Integer newValue) {
         SetAttribute(attribute, MNumberToText(newValue));
@@ -88,7 +90,8 @@ public:
                                         const MString& attributeValue) const;
     MXMLItem* GetOrAddSubItem(const MString& itemName);
     /// Adds an item with the attribute set if none has that name, attribute and value.
-    MXMLItem* GetOrAddSubItem(const MString& itemName, const MString& attribute, const MString& attributeValue);
+    MXMLItem* GetOrAddSubItem(const MString& itemName, const MString& attribute,
+                              const MString& attributeValue);
     /// Adds an empty item at the end.
     MXMLItem* AddSubItem(const MString& itemName);
     /// Adds a parentless item, and takes it over.

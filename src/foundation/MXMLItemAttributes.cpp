@@ -49,8 +49,8 @@ void DropEarlierEquals(MAttributeList& list) {
 }  // namespace
 
 MAttribute* MXMLItem::FindAttribute(const MString& attribute) const {
-    const int32_t index =
-        attributes.FindSorted([&](const MAttribute* candidate) { return candidate->name.CompareNoCase(attribute); });
+    const int32_t index = attributes.FindSorted(
+        [&](const MAttribute* candidate) { return candidate->name.CompareNoCase(attribute); });
     return index < 0 ? nullptr : attributes[index];
 }
 
@@ -101,7 +101,7 @@ void MXMLItem::SetAttribute(const MString& attribute, const MString& newValue) {
     }
     auto added = std::make_unique<MAttribute>(MAttribute{attribute, newValue});
     attributes.AddSorted(added.get(), IsBefore);
-    added.release();
+    static_cast<void>(added.release());
 }
 
 void MXMLItem::RemoveAttribute(const MString& attribute) {

@@ -7,6 +7,8 @@
 #include "streams/MStdFileStream.h"
 #include "streams/MZLibStream.h"
 
+#include <cstring>
+
 void MXMLItem::Load(MStream& stream, MXMLLoadObserver* observer) {
     MLibraryInternals::MXMLParser(*this, observer).ParseDocument(stream);
 }
@@ -58,7 +60,9 @@ void MXMLItem::LoadBinary(void* block, int32_t size) const {
     MHexaStream digits(&text);
     MZLibStream plain;
     plain.Open(&digits, false);
-    char beyond;
-    if (plain.Read(block, size) != size || plain.Read(&beyond, 1) != 0)
+    // One byte more than there should be, since the stream must not be read again behind its end.
+    MCHARBuffer found(size + 1);
+    if (plain.Read(found.Edit(), size + 1) != size)
         MRaise(MExceptionGeneral, "Value doesn't have correct format.");
+    std::memcpy(block, found.Get(), static_cast<size_t>(size));
 }

@@ -23,7 +23,8 @@ bool MXMLParser::OnElement(const MString& name, MAttributeList& attributes, bool
 }
 
 bool MXMLParser::CloseElement(const MString& name) {
-    if (!current || !(current->GetName() == name)) MMarkupReader::RaiseInvalid("Invalid closing element name.");
+    if (!current || !(current->GetName() == name))
+        MMarkupReader::RaiseInvalid("Invalid closing element name.");
     --depth;
     current = current == &root ? nullptr : current->GetParent();
     return current == nullptr;

@@ -15,7 +15,8 @@ public:
     static constexpr int32_t MaximumDepth = 1000;
 
     /// Root and observer, which may be null, outlive the parser. The root takes the document element.
-    explicit MXMLParser(MXMLItem& root, MXMLLoadObserver* observer = nullptr) : root(root), observer(observer) {}
+    explicit MXMLParser(MXMLItem& root, MXMLLoadObserver* observer = nullptr)
+        : root(root), observer(observer) {}
 
     /// Clears the root, then parses. After an exception the root holds what was read so far, and
     /// `GetLine` tells where it happened.

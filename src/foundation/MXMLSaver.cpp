@@ -6,6 +6,17 @@
 
 #include <algorithm>
 
+namespace {
+
+/// True for a low surrogate and for a high one that has lost its low one.
+bool EndsWithSurrogate(const MString& text, int32_t index) {
+    if (text[index].IsLowSurrogate()) return true;
+    const bool isLowNext = index + 1 < text.GetLength() && text[index + 1].IsLowSurrogate();
+    return text[index].IsHighSurrogate() && !isLowNext;
+}
+
+}  // namespace
+
 MXMLSaver::MXMLSaver(MStream& stream, bool isCompact, const MString& encoding)
     : writer(stream, encoding), isCompact(isCompact) {
     writer.WriteLine(MFormat("<?xml version=\"1.0\" encoding=\"{0}\"?>", encoding));
@@ -74,10 +85,10 @@ void MXMLSaver::PutIndent(int32_t depth) {
 }
 
 void MXMLSaver::WriteOut() {
-    // A codec may drop the unit after a surrogate pair, so each pair ends a piece of its own.
+    // A codec may drop the unit after a surrogate pair or after a lone surrogate, so each ends a piece.
     int32_t written = 0;
-    for (int32_t i = 1; i < pending.GetLength(); ++i) {
-        if (!pending[i].IsLowSurrogate()) continue;
+    for (int32_t i = 0; i < pending.GetLength(); ++i) {
+        if (!EndsWithSurrogate(pending, i)) continue;
         writer.WriteText(pending.Substring(written, i + 1 - written));
         written = i + 1;
     }

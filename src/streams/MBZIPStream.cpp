@@ -49,9 +49,11 @@ void MBZIPStream::Decompress() {
     const unsigned room = state->avail_out;
     const int result = BZ2_bzDecompress(state.get());
     isEndReached = result == BZ_STREAM_END;
-    // Without input the decompressor may still have plain bytes to give; when it has none, none will ever come.
+    // Without input the decompressor may still have plain bytes to give; when it has none, none will ever
+    // come.
     const bool isCutOff = !isEndReached && !hadInput && state->avail_out == room;
-    if (result < 0 || isCutOff) MRaise(MExceptionStreamError, "Source compressed stream has invalid content.");
+    if (result < 0 || isCutOff)
+        MRaise(MExceptionStreamError, "Source compressed stream has invalid content.");
 }
 
 int32_t MBZIPStream::Read(void* block, int32_t size) {

@@ -14,7 +14,8 @@ public:
     MBZIPStream& operator=(const MBZIPStream&) = delete;
     ~MBZIPStream() override;
 
-    /// Closes first. A null source leaves the stream closed. Raises "Could not initialize inflating." (0x101).
+    /// Closes first. A null source leaves the stream closed. Raises "Could not initialize inflating."
+    /// (0x101).
     void Open(MStream* newSource);
     bool IsOpen() override { return source != nullptr; }
     virtual void Close();

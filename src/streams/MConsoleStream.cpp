@@ -25,7 +25,8 @@ int32_t MConsoleStream::Read(void* block, int32_t size) {
     RequireOpen();
     auto* bytes = static_cast<char*>(block);
     int32_t count = 0;
-    for (int byte; count < size && (byte = std::getc(readHandle)) != EOF; ++count) bytes[count] = static_cast<char>(byte);
+    for (int byte; count < size && (byte = std::getc(readHandle)) != EOF; ++count)
+        bytes[count] = static_cast<char>(byte);
     return count;
 }
 

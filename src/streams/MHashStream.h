@@ -28,8 +28,8 @@ protected:
     /// Sets the block size in bytes and allocates the block.
     void Initialize(int32_t newBlockSize);
     virtual void ProcessBlock(const uint8_t* bytes) = 0;
-    /// Fills the last block by the padding that MD4 began: a bit 1, zeros to 8 bytes below a block of 64, and the
-    /// count of bits, little-endian.
+    /// Fills the last block by the padding that MD4 began: a bit 1, zeros to 8 bytes below a block of 64, and
+    /// the count of bits, little-endian.
     void Pad(uint64_t bitCount);
 
 private:

@@ -117,7 +117,8 @@ void MMD5Stream::Finish() {
     constexpr int32_t lengthOffset = BlockSize - 8;
     const uint32_t bitCount[2] = {bitCountLow, bitCountHigh};
     const int32_t fillCount = GetFillCount();
-    Write(padding, fillCount < lengthOffset ? lengthOffset - fillCount : lengthOffset + BlockSize - fillCount);
+    Write(padding,
+          fillCount < lengthOffset ? lengthOffset - fillCount : lengthOffset + BlockSize - fillCount);
     Write(bitCount, sizeof(bitCount));
 }
 

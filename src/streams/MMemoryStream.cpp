@@ -34,8 +34,8 @@ void MMemoryStream::Reserve(int64_t needed) {
     const int32_t capacity = buffer.GetSize();
     if (needed <= capacity) return;
     if (needed > INT32_MAX) MRaise(MExceptionGeneral, "Out of memory.");
-    const auto grown = static_cast<int32_t>(
-        std::min<uint32_t>(NextPowerOfTwo(static_cast<uint32_t>(needed)), INT32_MAX));
+    const auto grown =
+        static_cast<int32_t>(std::min<uint32_t>(NextPowerOfTwo(static_cast<uint32_t>(needed)), INT32_MAX));
     buffer.Resize(capacity == 0 ? static_cast<int32_t>(needed) : std::max(capacity, grown));
 }
 
@@ -45,7 +45,8 @@ void MMemoryStream::Write(const void* block, int32_t size) {
     Reserve(std::max<int64_t>(logicalSize, int64_t(position) + size));
     char* bytes = buffer.Edit();
     // The line reader may have left the position behind the data; what lies between must not be garbage.
-    if (position > logicalSize) std::memset(bytes + logicalSize, 0, static_cast<size_t>(position - logicalSize));
+    if (position > logicalSize)
+        std::memset(bytes + logicalSize, 0, static_cast<size_t>(position - logicalSize));
     std::memcpy(bytes + position, block, static_cast<size_t>(size));
     position += size;
     logicalSize = std::max(logicalSize, position);

@@ -10,8 +10,8 @@ namespace {
 constexpr int32_t BlockSize = 64;
 constexpr int StepsPerRound = 16;
 
-/// One of the two lines of the algorithm: which word of the block each step takes, how far it rotates, and the
-/// constant of each round.
+/// One of the two lines of the algorithm: which word of the block each step takes, how far it rotates, and
+/// the constant of each round.
 struct Line {
     uint8_t words[5][StepsPerRound];
     uint8_t shifts[5][StepsPerRound];
@@ -56,17 +56,25 @@ uint32_t Mix(uint32_t x, uint32_t y, uint32_t z) {
     if constexpr (Function == 4) return x ^ (y | ~z);
 }
 
-template <int Function>
-void ProcessRound(uint32_t (&w)[5], const uint32_t (&x)[StepsPerRound], const Line& line, int round) {
-    for (int i = 0; i < StepsPerRound; ++i) {
-        const uint32_t sum = w[0] + Mix<Function>(w[1], w[2], w[3]) + x[line.words[round][i]] + line.constants[round];
-        const uint32_t rotated = std::rotl(sum, line.shifts[round][i]) + w[4];
-        w[0] = w[4];
-        w[4] = w[3];
-        w[3] = std::rotl(w[2], 10);
-        w[2] = w[1];
-        w[1] = rotated;
-    }
+template <const Line& Steps, int Round, int Function, int Step>
+[[gnu::always_inline]] inline void ProcessStep(uint32_t (&w)[5], const uint32_t (&x)[StepsPerRound]) {
+    // Instead of the words, their roles move on with each step, so that no word is copied.
+    constexpr int first = 5 * StepsPerRound - (Round * StepsPerRound + Step);
+    uint32_t& a = w[first % 5];
+    const uint32_t b = w[(first + 1) % 5];
+    uint32_t& c = w[(first + 2) % 5];
+    const uint32_t d = w[(first + 3) % 5];
+    const uint32_t e = w[(first + 4) % 5];
+    a += Mix<Function>(b, c, d) + x[Steps.words[Round][Step]] + Steps.constants[Round];
+    a = std::rotl(a, Steps.shifts[Round][Step]) + e;
+    c = std::rotl(c, 10);
+}
+
+/// Unrolled, so that every index and shift is a constant.
+template <const Line& Steps, int Round, int Function, int... Step>
+[[gnu::always_inline]] inline void ProcessRound(uint32_t (&w)[5], const uint32_t (&x)[StepsPerRound],
+                                                std::integer_sequence<int, Step...>) {
+    (ProcessStep<Steps, Round, Function, Step>(w, x), ...);
 }
 
 }  // namespace
@@ -99,9 +107,11 @@ void MRIPEMDStream::ProcessBlock(const uint8_t* bytes) {
     std::copy(words, words + 5, left);
     std::copy(words, words + 5, right);
     [&]<int... Round>(std::integer_sequence<int, Round...>) {
-        (ProcessRound<Round>(left, x, LeftLine, Round), ...);
-        (ProcessRound<4 - Round>(right, x, RightLine, Round), ...);
-    }(std::make_integer_sequence<int, 5>());
+        constexpr std::make_integer_sequence<int, StepsPerRound> steps;
+        (ProcessRound<LeftLine, Round, Round>(left, x, steps), ...);
+        (ProcessRound<RightLine, Round, 4 - Round>(right, x, steps), ...);
+    }
+    (std::make_integer_sequence<int, 5>());
 
     const uint32_t first = words[1] + left[2] + right[3];
     words[1] = words[2] + left[3] + right[4];

@@ -5,7 +5,8 @@
 #include <cstdint>
 #include <cstdio>
 
-/// What the runtime library's buffered files need from the platform: paths of 16-bit text and offsets of 64 bits.
+/// What the runtime library's buffered files need from the platform: paths of 16-bit text and offsets of 64
+/// bits.
 
 /// Opens a file by a mode of `fopen`. It is not inherited by programs that this one starts.
 /// Gives null if it cannot be opened, or is a directory.

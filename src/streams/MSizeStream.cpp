@@ -4,8 +4,7 @@
 
 #include <algorithm>
 
-MSizeStream::MSizeStream(MStream* source, int64_t size, bool seekable, bool owns)
-    : MSizeStream() {
+MSizeStream::MSizeStream(MStream* source, int64_t size, bool seekable, bool owns) : MSizeStream() {
     AttachWindow(source, size, seekable, owns);
 }
 

@@ -20,8 +20,8 @@ public:
     /// "The stream cannot be written, because its size is out of range." (0x100).
     void Write(const void* block, int32_t count) override;
     int32_t Read(void* block, int32_t count) override;
-    /// The position is clamped to the window. Raises "Seeking operation is forbidden for the size-stream." (0x100)
-    /// and "Invalid seek origin." (2).
+    /// The position is clamped to the window. Raises "Seeking operation is forbidden for the size-stream."
+    /// (0x100) and "Invalid seek origin." (2).
     void Seek(int64_t offset, MSeekOrigin origin) override;
     int64_t GetPosition() override { return position; }
     void Flush() override;

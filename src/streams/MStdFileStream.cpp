@@ -32,14 +32,16 @@ void MStdFileStream::Open(const MString& name, MOpenFlags flags) {
     const char* mode = GetMode(flags);
     std::FILE* file = nullptr;
     if (!fileName.IsEmpty() && *mode) {
-        if ((flags & MOpenWrite) && (flags & MOpenCreate) && MFile::IsFile(fileName) && !MFile::IsDevice(fileName))
+        if ((flags & MOpenWrite) && (flags & MOpenCreate) && MFile::IsFile(fileName) &&
+            !MFile::IsDevice(fileName))
             MGuard("MStdFileStream::Open", [this] { MFile::Delete(fileName); });
         file = MOpenRuntimeFile(fileName, mode);
     }
     if (!file && (flags & MOpenCreate))
-        MRaise(MExceptionStreamOpen,
-               "File \"{0}\" could not be created. Make sure there is no write-protected file already existing.",
-               fileName);
+        MRaise(
+            MExceptionStreamOpen,
+            "File \"{0}\" could not be created. Make sure there is no write-protected file already existing.",
+            fileName);
     if (!file) MRaise(MExceptionStreamOpen, "File \"{0}\" could not be open. Make sure it exists.", fileName);
 
     std::setvbuf(file, nullptr, _IOFBF, BufferSize);
@@ -103,7 +105,8 @@ int32_t MStdFileStream::Read(void* block, int32_t size) {
     Turn(Direction::Reading);
     if (size <= 0) return 0;
     const size_t count = std::fread(block, 1, static_cast<size_t>(size), readHandle);
-    if (count < static_cast<size_t>(size) && !std::feof(readHandle) && std::ferror(readHandle)) RaiseReadError();
+    if (count < static_cast<size_t>(size) && !std::feof(readHandle) && std::ferror(readHandle))
+        RaiseReadError();
     return static_cast<int32_t>(count);
 }
 

@@ -28,11 +28,12 @@ public:
 
     /// Closes first. Create with write empties the file, write keeps what it holds; both read as well.
     /// An empty name opens the last one again.
-    /// Raises "File \"{0}\" could not be created. Make sure there is no write-protected file already existing." or
-    /// "File \"{0}\" could not be open. Make sure it exists." (0x101).
+    /// Raises "File \"{0}\" could not be created. Make sure there is no write-protected file already
+    /// existing." or "File \"{0}\" could not be open. Make sure it exists." (0x101).
     void Open(const MString& name, MOpenFlags flags);
-    /// Does nothing when closed. Raises "Error writing to file \"{0}\". Probably disk full." (0x100) if what was
-    /// still buffered could not be written and no operation has told so before; the file is closed all the same.
+    /// Does nothing when closed. Raises "Error writing to file \"{0}\". Probably disk full." (0x100) if what
+    /// was still buffered could not be written and no operation has told so before; the file is closed all
+    /// the same.
     virtual void Close();
     /// The name of the last opening.
     [[nodiscard]] const MString& GetFileName() const { return fileName; }

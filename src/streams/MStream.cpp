@@ -121,8 +121,7 @@ bool MStream::IsOpen() {
 }
 
 void MStream::ReadRequired(void* block, int32_t size) {
-    if (Read(block, size) < size)
-        MRaise(MExceptionStreamError, "Could not read required data from stream.");
+    if (Read(block, size) < size) MRaise(MExceptionStreamError, "Could not read required data from stream.");
 }
 
 bool MStream::LoadLine(MString& line) {

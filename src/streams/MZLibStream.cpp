@@ -34,8 +34,8 @@ void MZLibStream::Open(MStream* newSource, bool compress, int32_t level) {
     if (!newSource) return;
 
     auto newState = std::make_unique<z_stream>();
-    const int result = compress ? deflateInit2(newState.get(), std::clamp(level, 0, 9), Z_DEFLATED, WindowBits,
-                                               MemoryLevel, Z_DEFAULT_STRATEGY)
+    const int result = compress ? deflateInit2(newState.get(), std::clamp(level, 0, 9), Z_DEFLATED,
+                                               WindowBits, MemoryLevel, Z_DEFAULT_STRATEGY)
                                 : inflateInit(newState.get());
     if (result != Z_OK)
         MRaise(MExceptionStreamOpen,
@@ -106,7 +106,8 @@ int32_t MZLibStream::Read(void* block, int32_t size) {
     while (state->avail_out > 0 && result != Z_STREAM_END) {
         if (state->avail_in == 0) ReadSource();
         result = inflate(state.get(), Z_NO_FLUSH);
-        if (result == Z_NEED_DICT || (result < 0 && result != Z_BUF_ERROR)) RaiseInvalidContent(MExceptionStreamError);
+        if (result == Z_NEED_DICT || (result < 0 && result != Z_BUF_ERROR))
+            RaiseInvalidContent(MExceptionStreamError);
     }
     const int32_t delivered = size - static_cast<int32_t>(state->avail_out);
     plainCount += delivered;

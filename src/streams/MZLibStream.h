@@ -6,7 +6,8 @@
 
 struct z_stream_s;
 
-/// Compresses what is written to its source, or decompresses what is read from it: the zlib format (RFC 1950).
+/// Compresses what is written to its source, or decompresses what is read from it: the zlib format (RFC
+/// 1950).
 /// The source belongs to the caller. A compressing stream must be finished before it is closed or destroyed.
 /// A compressed stream is sought forward only, by reading.
 class MZLibStream : public MStream {
@@ -17,11 +18,13 @@ public:
     /// Closes, and so raises for a forgotten `Finish`, unless another exception is on its way.
     ~MZLibStream() noexcept(false) override;
 
-    /// Closes first. A null source leaves the stream closed; the level is clamped to 0..9 and matters only when
-    /// compressing. Raises "Could not initialize deflating." or "Could not initialize inflating." (0x101).
+    /// Closes first. A null source leaves the stream closed; the level is clamped to 0..9 and matters only
+    /// when compressing. Raises "Could not initialize deflating." or "Could not initialize inflating."
+    /// (0x101).
     void Open(MStream* newSource, bool compress, int32_t level = 9);
     bool IsOpen() override { return source != nullptr; }
-    /// Raises "ZLIB stream has not been terminated." (0x100) if `Finish` is missing; closed it is all the same.
+    /// Raises "ZLIB stream has not been terminated." (0x100) if `Finish` is missing; closed it is all the
+    /// same.
     virtual void Close();
     /// Writes what is left and the end of the compressed data. Raises "Data could not be compressed." (0).
     virtual void Finish();
@@ -29,8 +32,8 @@ public:
     MStream* GetSubStream() override { return source; }
     /// Raises "Data could not be compressed." (0x100).
     void Write(const void* block, int32_t size) override;
-    /// Short only at the end of the compressed data. Raises "Source compressed stream has invalid content.", with
-    /// code 0 if the source ends too early and 0x100 if the data are corrupt.
+    /// Short only at the end of the compressed data. Raises "Source compressed stream has invalid content.",
+    /// with code 0 if the source ends too early and 0x100 if the data are corrupt.
     int32_t Read(void* block, int32_t size) override;
     /// The count of plain bytes that have passed.
     int64_t GetPosition() override { return plainCount; }

@@ -114,16 +114,22 @@ TEST_F(UnattendedInstallTest, DamagedInstallersTellItAndInstallNothing) {
 }
 
 TEST_F(UnattendedInstallTest, AFlippedBitInAnItemStopsTheRunWithoutState) {
-    PackProduct({"--compression", "bzip2"});
+    std::string noise(100000, '\0');
+    uint32_t state = 1;
+    for (char& byte : noise) byte = static_cast<char>((state = state * 214013 + 2531011) >> 16);
+    scratch.WriteFile("product/noise", noise);
+    Pack("<directory id=\"destination\" name=\"D\" default=\"unused\"/>"
+         "<files path=\"noise\" destination=\"{destination}\" required=\"1\"/>");
     const MString name = MString("home/") + MFile::GetFileName(GetInstaller());
     std::string bytes = scratch.ReadFile(name);
-    // The first item starts where the program ends.
-    const size_t program = static_cast<size_t>(MFile::GetFileSize(SETUP_PROGRAM));
-    bytes[program + 30] = static_cast<char>(bytes[program + 30] ^ 4);
+    // The item starts where the program ends.
+    const size_t damaged = static_cast<size_t>(MFile::GetFileSize(SETUP_PROGRAM)) + noise.size() / 2;
+    bytes[damaged] = static_cast<char>(bytes[damaged] ^ 4);
     scratch.WriteFile(name, bytes);
     MFile::MakeExecutable(GetInstaller());
-    const MProgramResult result = InstallHere({"accept-licence"});
+    const MProgramResult result = Install({"silent", "directory:destination=to"});
     EXPECT_EQ(result.exitCode, 1);
     EXPECT_NE(result.errors.find("Source compressed stream has invalid content."), std::string::npos) << result.errors;
+    EXPECT_TRUE(IsInHome("to/noise"));
     EXPECT_FALSE(IsInHome("to/setup.state"));
 }

@@ -44,9 +44,9 @@ TEST(DateTimeTest, ScalesMatchTheClock) {
     EXPECT_EQ(moment.GetSeconds(), 86400 + 3723);
     EXPECT_EQ(moment.GetMicroseconds(), (86400 + 3723) * int64_t{1000000} + 4);
     const MDateTime epoch{{}, {1970, 1, 1}};
-    const int64_t now = std::chrono::duration_cast<std::chrono::seconds>(
-                            std::chrono::system_clock::now().time_since_epoch())
-                            .count();
+    const int64_t now =
+        std::chrono::duration_cast<std::chrono::seconds>(std::chrono::system_clock::now().time_since_epoch())
+            .count();
     EXPECT_LE(std::llabs(MDateTime::NowUTC().GetSeconds() - epoch.GetSeconds() - now), 5);
     EXPECT_LE(std::llabs(MDateTime::NowLocal().GetSeconds() - MDateTime::NowUTC().GetSeconds()), 15 * 3600);
 }
@@ -62,8 +62,8 @@ TEST(MeasureTextTest, SmallMeasuresHaveMoreDecimals) {
     struct {
         double seconds;
         const char* text;
-    } const cases[] = {{0, "0 ms"},           {0.00005, "0.050 ms"}, {0.0005, "0.50 ms"},
-                       {-0.005, "-5.0 ms"},   {0.0155, "16 ms"},     {2, "2000 ms"}};
+    } const cases[] = {{0, "0 ms"},         {0.00005, "0.050 ms"}, {0.0005, "0.50 ms"},
+                       {-0.005, "-5.0 ms"}, {0.0155, "16 ms"},     {2, "2000 ms"}};
     for (const auto& c : cases) EXPECT_EQ(Exactly(MMillisecondsText(c.seconds)), c.text);
     EXPECT_EQ(Exactly(MPercentText(0.0051)), "0.51%");
     EXPECT_EQ(Exactly(MPercentText(-0.5)), "-50.0%");

@@ -28,13 +28,15 @@ TEST(EncodingTest, NamesLeadToCodecsIgnoringCase) {
     EXPECT_EQ(Exactly(MEncoding::FindCodec("").GetName()), "ascii");
     EXPECT_EQ(Exactly(MEncoding::FindCodec("UTF-16").GetName()), "utf16");
     EXPECT_EQ(Exactly(MEncoding::FindCodec("iso-8859-1").GetName()), "windows-1252");
-    EXPECT_EQ(FailureOf([] { (void)MEncoding::FindCodec("klingon"); }), "No codec found for encoding klingon. (0)");
+    EXPECT_EQ(FailureOf([] { (void)MEncoding::FindCodec("klingon"); }),
+              "No codec found for encoding klingon. (0)");
 }
 
 TEST(EncodingTest, EveryByteOfEveryTableComesBack) {
     for (const MEncodingTable& table : MEncodingTables) {
         const MEncoding::Codec& codec = MEncoding::FindCodec(table.names[0]);
-        for (const char* name : table.names) EXPECT_TRUE(!name || &MEncoding::FindCodec(name) == &codec) << name;
+        for (const char* name : table.names)
+            EXPECT_TRUE(!name || &MEncoding::FindCodec(name) == &codec) << name;
         std::string bytes;
         for (int32_t byte = 1; byte < 256; ++byte)
             if (byte < 128 || table.units[byte - 128] != 0) bytes += static_cast<char>(byte);
@@ -71,36 +73,57 @@ TEST(EncodingTest, UTF8DecodingForgivesInItsOwnWay) {
         std::string_view bytes;
         std::u16string_view units;
     } const cases[] = {
-        {"\xEF\xBB\xBF" "A", u"A"},       {"\xC3" "A", u"\x01"},
-        {"\xC3" "AB", u"\x01" "B"},       {"\x80\xBFx", u"x"},
-        {"\xF0\x9F\x98\x80", u"\U0001F600"}, {"\xC1\x81", u"A"},
-        {"\xE2\x82", u""},                {"\xFF\xFE" "a", u"a"},
-        {"ab\0c"sv, u"ab"},               {"\xC3\0c"sv, u"\x01" "c"},
+        {"\xEF\xBB\xBF"
+         "A",
+         u"A"},
+        {"\xC3"
+         "A",
+         u"\x01"},
+        {"\xC3"
+         "AB",
+         u"\x01"
+         "B"},
+        {"\x80\xBFx", u"x"},
+        {"\xF0\x9F\x98\x80", u"\U0001F600"},
+        {"\xC1\x81", u"A"},
+        {"\xE2\x82", u""},
+        {"\xFF\xFE"
+         "a",
+         u"a"},
+        {"ab\0c"sv, u"ab"},
+        {"\xC3\0c"sv, u"\x01"
+                      "c"},
         {"exactly sixteen.\xC3\xA9", u"exactly sixteen.\u00E9"},
         {"a run of sixteen\0hidden"sv, u"a run of sixteen"},
     };
     for (const auto& c : cases) {
         const MString text = UTF8().Decode(c.bytes);
-        EXPECT_TRUE(text.IsExactly(MString::Copy(c.units.data(), static_cast<int32_t>(c.units.size())))) << c.bytes;
+        EXPECT_TRUE(text.IsExactly(MString::Copy(c.units.data(), static_cast<int32_t>(c.units.size()))))
+            << c.bytes;
     }
 }
 
 TEST(EncodingTest, UTF8EncodingDropsWhatFollowsAPair) {
     EXPECT_EQ(Encoded("utf8", u"\u00E9\u20AC"), "\xC3\xA9\xE2\x82\xAC");
-    EXPECT_EQ(Encoded("utf8", u"\U0001F600ab"), "\xF0\x9F\x98\x80" "b");
+    EXPECT_EQ(Encoded("utf8", u"\U0001F600ab"), "\xF0\x9F\x98\x80"
+                                                "b");
     EXPECT_EQ(Encoded("utf8", u"\U0001F600"), "\xF0\x9F\x98\x80");
     const char16_t loneHigh[] = {0xD83D, 'a', 'b', 0};
     EXPECT_EQ(Encoded("utf8", loneHigh), "b");
     const char16_t loneLow[] = {'x', 0xDE00, 'a', 0xD83D, 0};
     EXPECT_EQ(Encoded("utf8", loneLow), "xa");
-    EXPECT_EQ(Encoded("utf8", u"\U0010FEE9abc"), "\xE9" "c");
-    EXPECT_EQ(Encoded("utf8", u"\U0010FE00ab"), "\xF4\x8F\xB8\x80" "b");
+    EXPECT_EQ(Encoded("utf8", u"\U0010FEE9abc"), "\xE9"
+                                                 "c");
+    EXPECT_EQ(Encoded("utf8", u"\U0010FE00ab"), "\xF4\x8F\xB8\x80"
+                                                "b");
     EXPECT_EQ(BytesOf(UTF8().Encode("", true)), std::string(1, '\0'));
 }
 
 TEST(EncodingTest, ReaderSplitsLinesAcrossItsBuffer) {
     const std::string longLine(5000, 'x');
-    const std::string bytes = "\xEF\xBB\xBF" "first\r\n\n" + longLine + std::string("\0zero", 5) + "\n";
+    const std::string bytes = "\xEF\xBB\xBF"
+                              "first\r\n\n" +
+                              longLine + std::string("\0zero", 5) + "\n";
     MMemoryStream stream(bytes.data(), static_cast<int32_t>(bytes.size()));
     MEncoding::Reader reader(stream, "utf-8");
     MString line;
@@ -119,7 +142,9 @@ TEST(EncodingTest, UTF16StreamsCarryASignature) {
         writer.WriteLine(Wide(u"a\u20AC"));
         writer.WriteText(MString("b"));
     }
-    EXPECT_EQ(BytesOf(stream), std::string("\xFF\xFE" "a\0\xAC\x20\n\0b\0", 10));
+    EXPECT_EQ(BytesOf(stream), std::string("\xFF\xFE"
+                                           "a\0\xAC\x20\n\0b\0",
+                                           10));
     stream.Rewind();
     MEncoding::Reader reader(stream, "utf-16");
     MString line;
@@ -158,8 +183,11 @@ public:
 
 TEST(EncodingTest, WriterTellsOfAFailedFlushButNotDuringAnotherFailure) {
     FullStream stream;
-    EXPECT_EQ(FailureOf([&] { MEncoding::Writer writer(stream, "utf8");
-                  writer.WriteText("x"); }), "full (256)");
+    EXPECT_EQ(FailureOf([&] {
+                  MEncoding::Writer writer(stream, "utf8");
+                  writer.WriteText("x");
+              }),
+              "full (256)");
     EXPECT_EQ(FailureOf([&] {
                   MEncoding::Writer writer(stream, "utf8");
                   writer.WriteText("x");

@@ -76,8 +76,9 @@ TEST(FormatterTest, NumbersBeyondTheTableAndSpareValuesAreIgnored) {
 }
 
 TEST(FormatterTest, RaisingFillsTheText) {
-    EXPECT_EQ(FailureOf([] { MRaise(MExceptionNotImplemented, "Service \"{0}\" is not implemented.", "flush"); }),
-              "Service \"flush\" is not implemented. (1)");
+    EXPECT_EQ(
+        FailureOf([] { MRaise(MExceptionNotImplemented, "Service \"{0}\" is not implemented.", "flush"); }),
+        "Service \"flush\" is not implemented. (1)");
 }
 
 }  // namespace

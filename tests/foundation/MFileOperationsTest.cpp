@@ -76,8 +76,10 @@ TEST_F(MFileOperations, FailuresNameTheirPaths) {
     const MString missing = scratch.Join("missing");
     const std::string name = "\"" + Text(missing) + "\"";
     EXPECT_EQ(FailureOf([&] { MFile::Delete(missing); }), "0: Could not delete file " + name + ".");
-    EXPECT_EQ(FailureOf([&] { MFile::RemoveDirectory(missing); }), "0: Could not remove directory " + name + ".");
-    EXPECT_EQ(FailureOf([&] { MFile::Rename(missing, "x"); }), "0: Could not rename file " + name + " to \"x\".");
+    EXPECT_EQ(FailureOf([&] { MFile::RemoveDirectory(missing); }),
+              "0: Could not remove directory " + name + ".");
+    EXPECT_EQ(FailureOf([&] { MFile::Rename(missing, "x"); }),
+              "0: Could not rename file " + name + " to \"x\".");
     EXPECT_EQ(FailureOf([&] { (void)MFile::GetFileList(missing); }),
               "0: Could not access path " + name + " to get file list.");
     EXPECT_EQ(FailureOf([&] { (void)MFile::GetFileTime(missing); }),
@@ -137,14 +139,17 @@ TEST_F(MFileOperations, RecursionPassesOverWhatTheCallbackRefuses) {
     scratch.WriteFile("a/b/deep", "");
     scratch.WriteFile("refused/deep", "");
     std::vector<std::string> seen;
-    MFile::GetFileListRecursed(scratch.GetPath(), "", [&](const MString& directory, const MFileListEntry& entry) {
-        seen.push_back(Text(MFile::GetRelativePath(MFile::Join(directory, entry.name), scratch.GetPath())));
-        return !(entry.name == "refused");
-    });
+    MFile::GetFileListRecursed(
+        scratch.GetPath(), "", [&](const MString& directory, const MFileListEntry& entry) {
+            seen.push_back(
+                Text(MFile::GetRelativePath(MFile::Join(directory, entry.name), scratch.GetPath())));
+            return !(entry.name == "refused");
+        });
     std::sort(seen.begin(), seen.end());
     EXPECT_EQ(seen, (std::vector<std::string>{"a", "a/b", "a/b/deep", "refused"}));
     EXPECT_EQ(FailureOf([&] {
-                  MFile::GetFileListRecursed(scratch.Join("missing"), "", [](const auto&, const auto&) { return true; });
+                  MFile::GetFileListRecursed(scratch.Join("missing"), "",
+                                             [](const auto&, const auto&) { return true; });
               }),
               "none");
 }
@@ -204,7 +209,8 @@ TEST_F(MFileOperations, ShellLinksNeedTheirTarget) {
     EXPECT_EQ(scratch.ListTree().find("Program."), std::string::npos);
     const MString missing = scratch.Join("missing");
     ExpectSystemsWords(FailureOf([&] { MFile::CreateLink(link, missing, "", ""); }),
-                       "0: Could not create file link at \"" + Text(link) + "\" to \"" + Text(missing) + "\". ");
+                       "0: Could not create file link at \"" + Text(link) + "\" to \"" + Text(missing) +
+                           "\". ");
 }
 
 TEST_F(MFileOperations, InstallationsAreFoundBelowTheProgramFolder) {

@@ -32,14 +32,25 @@ TEST(MFilePath, NormalizeMakesPathsCanonical) {
 
 TEST(MFilePath, JoinWorksOffLeadingDots) {
     const PairCase cases[] = {
-        {"C:/x", "../y", "C:/y"},      {"C:/x", "y", "C:/x/y"},        {"C:/x/", "/y/", "C:/x/y"},
-        {"C:/x", "./y", "C:/x/y"},     {"C:/x/z", "../../y", "C:/y"},  {"C:/x", "..", "C:"},
-        {"C:/x", "../..", "C:"},       {"C:/x", "..name", "C:/x/..name"}, {"C:/x", "a/../b", "C:/x/a/../b"},
-        {"", "y", "y"},                {"C:/x", "", "C:/x"},           {"/", "y", "/y"},
-        {"/x", "../../../y", "/y"},    {"x", "../y", "y"},             {"C:/x", ".././y", "C:/y"},
+        {"C:/x", "../y", "C:/y"},
+        {"C:/x", "y", "C:/x/y"},
+        {"C:/x/", "/y/", "C:/x/y"},
+        {"C:/x", "./y", "C:/x/y"},
+        {"C:/x/z", "../../y", "C:/y"},
+        {"C:/x", "..", "C:"},
+        {"C:/x", "../..", "C:"},
+        {"C:/x", "..name", "C:/x/..name"},
+        {"C:/x", "a/../b", "C:/x/a/../b"},
+        {"", "y", "y"},
+        {"C:/x", "", "C:/x"},
+        {"/", "y", "/y"},
+        {"/x", "../../../y", "/y"},
+        {"x", "../y", "y"},
+        {"C:/x", ".././y", "C:/y"},
     };
     for (const PairCase& entry : cases)
-        EXPECT_EQ(Text(MFile::Join(entry.first, entry.second)), entry.expected) << entry.first << " + " << entry.second;
+        EXPECT_EQ(Text(MFile::Join(entry.first, entry.second)), entry.expected)
+            << entry.first << " + " << entry.second;
 }
 
 TEST(MFilePath, PartsOfAPath) {
@@ -70,16 +81,19 @@ TEST(MFilePath, PartsOfAPath) {
 }
 
 TEST(MFilePath, ChangeExtensionLooksAtTheLastComponentOnly) {
-    const PairCase cases[] = {
-        {"a/b.txt", "dat", "a/b.dat"}, {"a.b/c", "dat", "a.b/c.dat"}, {"b", "dat", "b.dat"}, {"b.", "x", "b.x"}};
+    const PairCase cases[] = {{"a/b.txt", "dat", "a/b.dat"},
+                              {"a.b/c", "dat", "a.b/c.dat"},
+                              {"b", "dat", "b.dat"},
+                              {"b.", "x", "b.x"}};
     for (const PairCase& entry : cases)
         EXPECT_EQ(Text(MFile::ChangeExtension(entry.first, entry.second)), entry.expected);
 }
 
 TEST(MFilePath, RelativePathLeadsFromTheSecondToTheFirst) {
     const PairCase cases[] = {
-        {"C:/a/b/c", "C:/a/d", "../b/c"}, {"C:/A/b", "c:/a", "b"},       {"C:/a", "C:/a/b/c", "../.."},
-        {"C:/a", "C:/a", ""},             {"/x/y", "/x/z/w", "../../y"},
+        {"C:/a/b/c", "C:/a/d", "../b/c"}, {"C:/A/b", "c:/a", "b"},
+        {"C:/a", "C:/a/b/c", "../.."},    {"C:/a", "C:/a", ""},
+        {"/x/y", "/x/z/w", "../../y"},
     };
     for (const PairCase& entry : cases)
         EXPECT_EQ(Text(MFile::GetRelativePath(entry.first, entry.second)), entry.expected);

@@ -29,7 +29,8 @@ TEST(MListCapacityTest, CapacityFollowsTheCountByPowersOfTwo) {
         list.Remove(0);
         list.Remove(list.GetCount() - 1);
         list.Add("x");
-        EXPECT_EQ(list.GetCapacity(), static_cast<int32_t>(NextPowerOfTwo(static_cast<uint32_t>(list.GetCount()))));
+        EXPECT_EQ(list.GetCapacity(),
+                  static_cast<int32_t>(NextPowerOfTwo(static_cast<uint32_t>(list.GetCount()))));
     }
     while (!list.IsEmpty()) list.Remove(0);
     EXPECT_EQ(list.GetCapacity(), 0);

@@ -43,7 +43,8 @@ TEST(MListSortTest, SortsEveryOrderAtEveryInterestingSize) {
 TEST(MListSortTest, SortedAdditionGoesBeforeEqualElements) {
     MList<std::pair<int, char>> list;
     const auto less = [](const auto& a, const auto& b) { return a.first < b.first; };
-    for (const auto& element : {std::pair{2, 'a'}, {1, 'b'}, {2, 'c'}, {3, 'd'}}) list.AddSorted(element, less);
+    for (const auto& element : {std::pair{2, 'a'}, {1, 'b'}, {2, 'c'}, {3, 'd'}})
+        list.AddSorted(element, less);
     std::string order;
     for (const auto& element : list) order += element.second;
     EXPECT_EQ(order, "bcad");

@@ -13,7 +13,8 @@ class MRegistryKeyTest : public testing::Test {
 protected:
     ~MRegistryKeyTest() noexcept override {
         for (const char* name : {"\\sub", ""})
-            (void)FailureOf([&] { MRegistryKey::Delete(MRegistryRoot::CurrentUser, MString(TestKey) + name); });
+            (void)FailureOf(
+                [&] { MRegistryKey::Delete(MRegistryRoot::CurrentUser, MString(TestKey) + name); });
     }
 
     MScratch scratch;
@@ -23,7 +24,8 @@ protected:
 
 TEST_F(MRegistryKeyTest, ValuesAreKeptUnderNamesThatIgnoreCase) {
     key.Create(MRegistryRoot::CurrentUser, TestKey);
-    const MString text = MDecodeUTF8Exact("C:/Program Files/\xC5\x99\xF0\x9F\x98\x80" "ab\nsecond line");
+    const MString text = MDecodeUTF8Exact("C:/Program Files/\xC5\x99\xF0\x9F\x98\x80"
+                                          "ab\nsecond line");
     key.SetValue("UninstallString", text);
     key.SetValue("A/strange\\name: *?", "");
     key.SetValue("NoModify", -7);

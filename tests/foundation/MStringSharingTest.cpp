@@ -89,7 +89,8 @@ TEST(MStringSharingTest, ConversionsAttachWhatTheyCan) {
     const MString heap = Wide(u"\u010De");
     EXPECT_EQ(heap.ToWide().Get(), heap.GetUnits());
     EXPECT_EQ(BytesOf(heap.ToNarrow(false)), "ce");
-    EXPECT_EQ(BytesOf(heap.ToUTF8Attached()), "\xC4\x8D" "e");
+    EXPECT_EQ(BytesOf(heap.ToUTF8Attached()), "\xC4\x8D"
+                                              "e");
 }
 
 TEST(MStringSharingTest, BuffersGiveTextUpToTheirFirstZero) {

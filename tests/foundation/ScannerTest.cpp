@@ -25,10 +25,18 @@ TEST(ScannerTest, StopsWhereFormatAndInputPart) {
         int32_t count;
         const char* first;
     } const cases[] = {
-        {"{0}:{1}", "12;34", 1, "12;34"}, {"{0} {1}", "a   b", 2, "a"},    {"{0} \t{1}", "a b", 2, "a"},
-        {"x{0}", "y1", 0, "-"},           {"a {0}", "a1", 0, "-"},         {"{{{0}}}", "{v}", 1, "v"},
-        {"{0}-{1}", "only", 1, "only"},   {"", "text", 0, "-"},            {"{0}", "", 0, "-"},
-        {"v{0} {1}", "v1 ", 1, "1"},      {"{1} {0}", "one two", 2, "two"}, {"{32}{40}", "one two", 0, "-"},
+        {"{0}:{1}", "12;34", 1, "12;34"},
+        {"{0} {1}", "a   b", 2, "a"},
+        {"{0} \t{1}", "a b", 2, "a"},
+        {"x{0}", "y1", 0, "-"},
+        {"a {0}", "a1", 0, "-"},
+        {"{{{0}}}", "{v}", 1, "v"},
+        {"{0}-{1}", "only", 1, "only"},
+        {"", "text", 0, "-"},
+        {"{0}", "", 0, "-"},
+        {"v{0} {1}", "v1 ", 1, "1"},
+        {"{1} {0}", "one two", 2, "two"},
+        {"{32}{40}", "one two", 0, "-"},
     };
     for (const auto& c : cases) {
         MStringScanner scanner(c.format, c.input);
@@ -63,7 +71,11 @@ TEST(ScannerTest, DeliversEveryType) {
     double gain = 0;
     float pan = 0;
     MString name;
-    MStringScanner("#{0x} {1} {2} {3}", "#fFa0 -1.5e2 0.25 rest of it").Take(colour).Take(gain).Take(pan).Take(name);
+    MStringScanner("#{0x} {1} {2} {3}", "#fFa0 -1.5e2 0.25 rest of it")
+        .Take(colour)
+        .Take(gain)
+        .Take(pan)
+        .Take(name);
     EXPECT_EQ(colour, 0xFFA0u);
     EXPECT_EQ(gain, -150);
     EXPECT_EQ(pan, 0.25f);
@@ -78,10 +90,17 @@ TEST(NumberTextTest, IntegersParseAsFarAsTheyGo) {
         int64_t value;
         int32_t consumed;
     } const cases[] = {
-        {"", 0, 10, 0, 0},         {"-", 0, 10, 0, 1},          {" 5", 0, 10, 0, 0},
-        {"+5", 0, 10, 0, 0},       {"-12x", 0, 10, -12, 3},     {"a12", 1, 10, 12, 2},
-        {"fFg", 0, 16, 255, 2},    {"zZ", 0, 36, 35 * 37, 2},   {"129", 0, 8, 10, 2},
-        {"5", 9, 10, 0, 0},        {"18446744073709551617", 0, 10, 1, 20},
+        {"", 0, 10, 0, 0},
+        {"-", 0, 10, 0, 1},
+        {" 5", 0, 10, 0, 0},
+        {"+5", 0, 10, 0, 0},
+        {"-12x", 0, 10, -12, 3},
+        {"a12", 1, 10, 12, 2},
+        {"fFg", 0, 16, 255, 2},
+        {"zZ", 0, 36, 35 * 37, 2},
+        {"129", 0, 8, 10, 2},
+        {"5", 9, 10, 0, 0},
+        {"18446744073709551617", 0, 10, 1, 20},
         {"9223372036854775808", 0, 10, std::numeric_limits<int64_t>::min(), 19},
     };
     for (const auto& c : cases) {
@@ -98,9 +117,9 @@ TEST(NumberTextTest, DoublesParseAsFarAsTheyGo) {
     struct {
         const char* text;
         double value;
-    } const cases[] = {{"", 0},      {"abc", 0},    {" +1.5 ", 1.5}, {"-2.5x", -2.5}, {"--1", 0},
-                       {"+-1", 0},   {"1e3", 1000}, {".5", 0.5},     {"0x10", 16},    {"1,5", 1},
-                       {"-0x1p1", -2}};
+    } const cases[] = {{"", 0},      {"abc", 0}, {" +1.5 ", 1.5}, {"-2.5x", -2.5},
+                       {"--1", 0},   {"+-1", 0}, {"1e3", 1000},   {".5", 0.5},
+                       {"0x10", 16}, {"1,5", 1}, {"-0x1p1", -2}};
     for (const auto& c : cases) EXPECT_EQ(MParseDouble(c.text), c.value) << c.text;
 }
 

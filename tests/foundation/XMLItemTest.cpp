@@ -38,7 +38,8 @@ TEST(XMLItemTest, AttributesAreSortedAndMatchedByFoldedNames) {
     item.RemoveAttribute("absent");
     EXPECT_EQ(item.GetAttributes().GetCount(), 3);
     EXPECT_EQ(Exactly(item.GetAttribute("op", "default")), "default");
-    EXPECT_EQ(FailureOf([&] { (void)item.GetAttribute("op"); }), "Could not find required attribute (op). (0)");
+    EXPECT_EQ(FailureOf([&] { (void)item.GetAttribute("op"); }),
+              "Could not find required attribute (op). (0)");
 }
 
 TEST(XMLItemTest, CachesHoldOnlyWhatTheLastQuestionFound) {
@@ -144,7 +145,8 @@ TEST(XMLItemTest, IteratorsWalkAndRemove) {
     MXMLItem root("r");
     for (const char* name : {"File", "dir", "file", "files", "FILE"}) root.AddSubItem(name);
     MXMLItemIterator iterator(root, "file");
-    EXPECT_EQ(FailureOf([&] { (void)iterator.GetCurrent(); }), "XML item iterator has not been initialized. (0)");
+    EXPECT_EQ(FailureOf([&] { (void)iterator.GetCurrent(); }),
+              "XML item iterator has not been initialized. (0)");
     int32_t seen = 0;
     while (iterator.Next()) {
         ++seen;

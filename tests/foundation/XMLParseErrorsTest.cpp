@@ -43,7 +43,8 @@ TEST(XMLParseErrorsTest, EachFaultHasItsText) {
         {"<", "No ending delimiter found."},
     };
     for (const auto& c : cases)
-        EXPECT_EQ(FailureOfLoading(c.source), std::string("Invalid file contents. ") + c.detail + " (256)") << c.source;
+        EXPECT_EQ(FailureOfLoading(c.source), std::string("Invalid file contents. ") + c.detail + " (256)")
+            << c.source;
     EXPECT_EQ(FailureOfLoading("text<a/>"), "Text outside of any element. (0)");
     EXPECT_EQ(FailureOfLoading("<![CDATA[x]]>"), "Text outside of any element. (0)");
     for (const char* empty : {"", " \n ", "<!-- only -->", "<?xml version=\"1.0\"?>\n"})
@@ -51,15 +52,17 @@ TEST(XMLParseErrorsTest, EachFaultHasItsText) {
 }
 
 TEST(XMLParseErrorsTest, EveryTruncationRaises) {
-    const std::string document = "<?xml version=\"1.0\" encoding=\"utf-8\"?>\n<!DOCTYPE a>\n<a b=\"c &amp; d\" e=f>\n"
-                                 "<!-- note -->text \xC4\x8D<![CDATA[<raw>]]><b\n/>more</a>";
+    const std::string document =
+        "<?xml version=\"1.0\" encoding=\"utf-8\"?>\n<!DOCTYPE a>\n<a b=\"c &amp; d\" e=f>\n"
+        "<!-- note -->text \xC4\x8D<![CDATA[<raw>]]><b\n/>more</a>";
     for (size_t size = 0; size < document.size(); ++size)
         EXPECT_NE(FailureOfLoading(document.substr(0, size)), "") << size;
     EXPECT_EQ(FailureOfLoading(document), "");
 }
 
 TEST(XMLParseErrorsTest, EveryChangedByteGivesATreeOrAnException) {
-    const std::string document = "<?xml encoding=\"windows-1250\"?>\n<a b=\"c\"><!-- --><![CDATA[x]]><c/>&lt;</a>";
+    const std::string document =
+        "<?xml encoding=\"windows-1250\"?>\n<a b=\"c\"><!-- --><![CDATA[x]]><c/>&lt;</a>";
     for (size_t at = 0; at < document.size(); ++at) {
         for (const char byte : {'\0', '<', '>', '"', '/', '!', '=', '?', '\n', '\xC3'}) {
             std::string broken = document;
@@ -79,7 +82,8 @@ TEST(XMLParseErrorsTest, NestingIsBounded) {
     };
     const int32_t most = MLibraryInternals::MXMLParser::MaximumDepth;
     EXPECT_EQ(FailureOfLoading(nested(most)), "");
-    EXPECT_EQ(FailureOfLoading(nested(most + 1)), "Invalid file contents. Elements are nested too deeply. (256)");
+    EXPECT_EQ(FailureOfLoading(nested(most + 1)),
+              "Invalid file contents. Elements are nested too deeply. (256)");
     EXPECT_NE(FailureOfLoading(nested(200000)), "");
 }
 

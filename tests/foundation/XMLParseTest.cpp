@@ -60,9 +60,14 @@ TEST(XMLParseTest, EntitiesAreReplacedOnceAndUnknownOnesStay) {
     struct {
         const char* source;
         const char* value;
-    } const cases[] = {{"&lt;&GT;&amp;&apos;&quot;", "<>&'\""}, {"&AMP;", "&"},       {"&unknown;", "&unknown;"},
-                       {"&amp;lt;", "&lt;"},                    {"a&#10;b", "a\nb"},  {"&amp", "&amp"},
-                       {"&&amp;&", "&&&"},                      {"&#13;", "&#13;"}};
+    } const cases[] = {{"&lt;&GT;&amp;&apos;&quot;", "<>&'\""},
+                       {"&AMP;", "&"},
+                       {"&unknown;", "&unknown;"},
+                       {"&amp;lt;", "&lt;"},
+                       {"a&#10;b", "a\nb"},
+                       {"&amp", "&amp"},
+                       {"&&amp;&", "&&&"},
+                       {"&#13;", "&#13;"}};
     for (const auto& c : cases) {
         MXMLItem root;
         Load(root, std::string("<a v=\"") + c.source + "\">" + c.source + "</a>");

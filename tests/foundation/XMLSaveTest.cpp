@@ -50,6 +50,16 @@ TEST(XMLSaveTest, BothFormsReadBackAsTheyWere) {
     }
 }
 
+TEST(XMLSaveTest, ALoneSurrogateTakesNoMarkupWithIt) {
+    // The codec drops the unit after a lone high surrogate, and that unit was the "<" of the closing tag.
+    const char16_t lone[] = {'x', 0xDAAB, 0};
+    MXMLItem root("a");
+    root.SetValue(Wide(lone));
+    root.SetAttribute("b", Wide(lone));
+    const std::string document = Saved(root, true);
+    EXPECT_EQ(document.substr(document.find('\n') + 1), "<a b=\"x\">x</a>");
+}
+
 TEST(XMLSaveTest, EightBitEncodingsReadBackToo) {
     MXMLItem root("a");
     root.SetValue(Wide(u"p\u0159\u00ED\u0161\u4E00"));
@@ -108,8 +118,10 @@ TEST(XMLSaveTest, BinaryValuesComeBackAtTheirExactSize) {
     item.LoadBinary(read.data(), 1000);
     EXPECT_EQ(read, block);
     std::string longer(1001, '\0');
-    EXPECT_EQ(FailureOf([&] { item.LoadBinary(longer.data(), 1001); }), "Value doesn't have correct format. (0)");
-    EXPECT_EQ(FailureOf([&] { item.LoadBinary(longer.data(), 999); }), "Value doesn't have correct format. (0)");
+    EXPECT_EQ(FailureOf([&] { item.LoadBinary(longer.data(), 1001); }),
+              "Value doesn't have correct format. (0)");
+    EXPECT_EQ(FailureOf([&] { item.LoadBinary(longer.data(), 999); }),
+              "Value doesn't have correct format. (0)");
     item.SetValue("7G");
     EXPECT_EQ(FailureOf([&] { item.LoadBinary(longer.data(), 1); }),
               "Invalid character to be converted to a number. (0)");

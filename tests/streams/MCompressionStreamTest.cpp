@@ -18,7 +18,8 @@ const std::string SourceEnded = "0: Source compressed stream has invalid content
 /// Compressible, but not so much that a few bytes hold it all.
 std::string MakeText(size_t size) {
     std::string text;
-    for (uint32_t i = 1; text.size() < size; i = i * 1664525 + 1013904223) text += std::to_string(i >> 16) + " words ";
+    for (uint32_t i = 1; text.size() < size; i = i * 1664525 + 1013904223)
+        text += std::to_string(i >> 16) + " words ";
     text.resize(size);
     return text;
 }
@@ -31,7 +32,8 @@ std::string DeflateByLibrary(const std::string& text) {
     uLongf size = compressBound(text.size());
     std::string packed(size, 0);
     EXPECT_EQ(compress2(reinterpret_cast<Bytef*>(packed.data()), &size,
-                        reinterpret_cast<const Bytef*>(text.data()), text.size(), 9), Z_OK);
+                        reinterpret_cast<const Bytef*>(text.data()), text.size(), 9),
+              Z_OK);
     packed.resize(size);
     return packed;
 }
@@ -39,7 +41,8 @@ std::string DeflateByLibrary(const std::string& text) {
 std::string BzipByLibrary(std::string text) {
     auto size = static_cast<unsigned>(text.size() + text.size() / 100 + 600);
     std::string packed(size, 0);
-    EXPECT_EQ(BZ2_bzBuffToBuffCompress(packed.data(), &size, text.data(), static_cast<unsigned>(text.size()), 9, 0, 0),
+    EXPECT_EQ(BZ2_bzBuffToBuffCompress(packed.data(), &size, text.data(), static_cast<unsigned>(text.size()),
+                                       9, 0, 0),
               BZ_OK);
     packed.resize(size);
     return packed;
@@ -61,7 +64,8 @@ std::string Unpack(MStream& source, size_t size, int32_t piece) {
         Reader reader;
         OpenReader(reader, source);
         for (size_t done = 0; done < size;) {
-            const auto wanted = static_cast<int32_t>(std::min<size_t>(static_cast<size_t>(piece), size - done));
+            const auto wanted =
+                static_cast<int32_t>(std::min<size_t>(static_cast<size_t>(piece), size - done));
             reader.ReadRequired(text.data() + done, wanted);
             done += static_cast<size_t>(wanted);
             EXPECT_EQ(reader.GetPosition(), static_cast<int64_t>(done));

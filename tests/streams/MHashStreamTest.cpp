@@ -95,7 +95,8 @@ TEST(MHashStream, AClassThatSetsNoBlockSizeCannotBeWritten) {
         std::span<const uint8_t> GetDigest() const override { return {}; }
         void ProcessBlock(const uint8_t*) override {}
     } bare;
-    EXPECT_EQ(FailureOf([&] { bare.Write("x", 1); }), "0: Cryptographic hash stream has not been initialized.");
+    EXPECT_EQ(FailureOf([&] { bare.Write("x", 1); }),
+              "0: Cryptographic hash stream has not been initialized.");
 }
 
 TEST(MHashStreamLarge, TheCountOfBitsGoesBeyond32) {

@@ -46,8 +46,8 @@ TEST(MMemoryStream, SeekingIsClampedToTheData) {
         MSeekOrigin origin;
         int64_t position;
     } cases[] = {
-        {3, MSeekOrigin::Begin, 3},          {2, MSeekOrigin::Current, 5},  {-1, MSeekOrigin::End, 5},
-        {99, MSeekOrigin::Begin, 6},         {-99, MSeekOrigin::Current, 0}, {1, MSeekOrigin::End, 6},
+        {3, MSeekOrigin::Begin, 3},           {2, MSeekOrigin::Current, 5},     {-1, MSeekOrigin::End, 5},
+        {99, MSeekOrigin::Begin, 6},          {-99, MSeekOrigin::Current, 0},   {1, MSeekOrigin::End, 6},
         {INT64_MAX, MSeekOrigin::Current, 6}, {INT64_MIN, MSeekOrigin::End, 0},
     };
     for (const auto& entry : cases) {

@@ -46,7 +46,11 @@ TEST_F(MStdFileStreamTest, FlagsDecideWhatBecomesOfTheContents) {
     EXPECT_EQ(scratch.ReadFile("a"), "NEW contents");
 
     stream.Open(path, MOpenRead);
-    EXPECT_NE(FailureOf([&] { stream.Write("x", 1); stream.Flush(); }), "none");
+    EXPECT_NE(FailureOf([&] {
+                  stream.Write("x", 1);
+                  stream.Flush();
+              }),
+              "none");
     stream.Close();
 
     stream.Open(path, MOpenWrite | MOpenCreate);
@@ -117,7 +121,8 @@ TEST_F(MStdFileStreamTest, NamesMayBeLongAndOfAnyCharacters) {
     EXPECT_EQ(scratch.ListTree(), Text(name) + "\n");
 
     MString longName;
-    for (int i = 0; i < 4; ++i) longName += MString("/") + MDecodeUTF8Exact(std::string(90, static_cast<char>('a' + i)));
+    for (int i = 0; i < 4; ++i)
+        longName += MString("/") + MDecodeUTF8Exact(std::string(90, static_cast<char>('a' + i)));
     ASSERT_GT(longName.GetLength(), 260);
     scratch.WriteFile(longName, "deep");
     EXPECT_EQ(scratch.ReadFile(longName), "deep");

@@ -79,7 +79,8 @@ TEST(MStreamLine, MemoryKeepsZerosAndLeavesThePositionBehindTheData) {
     EXPECT_EQ(std::string(buffer, 5), std::string("a\0b\0c", 5));
 
     EXPECT_EQ(stream.ReadLine(nullptr, 0), MLineState::Complete);
-    EXPECT_EQ(FailureOf([&] { stream.ReadLine(buffer, -1); }), "0: Trying to read a string of negative size.");
+    EXPECT_EQ(FailureOf([&] { stream.ReadLine(buffer, -1); }),
+              "0: Trying to read a string of negative size.");
 }
 
 TEST(MStreamLine, LoadLineJoinsPiecesOfAnyLength) {

@@ -73,7 +73,8 @@ TEST(MStreamTypedForms, HexadecimalTextGoesBothWays) {
     MMemoryStream stream;
     stream.StoreHexText("00ff4aB");
     EXPECT_EQ(Hex(stream), "00FF4A");
-    EXPECT_EQ(FailureOf([&] { stream.StoreHexText("4G"); }), "0: Invalid character to be converted to a number.");
+    EXPECT_EQ(FailureOf([&] { stream.StoreHexText("4G"); }),
+              "0: Invalid character to be converted to a number.");
 
     std::string digits;
     for (int i = 0; i < 300; ++i) digits += "A5";
@@ -124,7 +125,8 @@ TEST(MStreamTypedForms, ServicesThatAMediumLacksSayWhich) {
         {[&] { stream.GetSize(); }, "stream size detection"},
     };
     for (const auto& entry : cases)
-        EXPECT_EQ(FailureOf(entry.call), "1: Service \"" + std::string(entry.service) + "\" is not implemented.");
+        EXPECT_EQ(FailureOf(entry.call),
+                  "1: Service \"" + std::string(entry.service) + "\" is not implemented.");
     EXPECT_EQ(FailureOf([&] { stream.Seek(0, static_cast<MSeekOrigin>(3)); }), "2: Invalid seek origin.");
     EXPECT_EQ(FailureOf([&] { stream.WriteFill(0); }), "none");
 }
@@ -152,7 +154,8 @@ TEST(MStreamTypedForms, BaseSeekReadsForwardAndStopsAtTheEnd) {
     EXPECT_EQ(stream.GetPosition(), 4900);
     stream.Seek(1 << 20, MSeekOrigin::Begin);
     EXPECT_EQ(stream.GetPosition(), 5000);
-    EXPECT_EQ(FailureOf([&] { stream.Rewind(); }), "1: Service \"backward seek in a stream\" is not implemented.");
+    EXPECT_EQ(FailureOf([&] { stream.Rewind(); }),
+              "1: Service \"backward seek in a stream\" is not implemented.");
 }
 
 }  // namespace

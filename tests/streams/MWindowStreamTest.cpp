@@ -37,7 +37,8 @@ TEST(MSizeStream, AnUnseekableWindowOnlyCounts) {
     EXPECT_EQ(ReadAll(window), "89");
     EXPECT_EQ(window.GetPosition(), 2);
     EXPECT_FALSE(window.IsEnd());
-    EXPECT_EQ(FailureOf([&] { window.Rewind(); }), "100: Seeking operation is forbidden for the size-stream.");
+    EXPECT_EQ(FailureOf([&] { window.Rewind(); }),
+              "100: Seeking operation is forbidden for the size-stream.");
 }
 
 TEST(MSizeStream, WritesWhatFitsAndThenFails) {

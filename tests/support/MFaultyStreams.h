@@ -34,5 +34,7 @@ class MTricklingStream : public MDispatchStream {
 public:
     using MDispatchStream::MDispatchStream;
 
-    int32_t Read(void* block, int32_t size) override { return MDispatchStream::Read(block, std::min(size, 1)); }
+    int32_t Read(void* block, int32_t size) override {
+        return MDispatchStream::Read(block, std::min(size, 1));
+    }
 };

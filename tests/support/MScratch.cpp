@@ -13,11 +13,26 @@
 namespace {
 
 constexpr const char* FolderNames[MSpecialFolderCount] = {
-    "data",          "userdata",          "user",           "documents",
-    "userdocuments", "programfiles",      "components",     "startmenu",
-    "userstartmenu", "startmenuprograms", "userstartmenuprograms", "desktop",
-    "userdesktop",   "system",            "fonts",          "downloads",
-    "music",         "pictures",          "video",          "temporary",
+    "data",
+    "userdata",
+    "user",
+    "documents",
+    "userdocuments",
+    "programfiles",
+    "components",
+    "startmenu",
+    "userstartmenu",
+    "startmenuprograms",
+    "userstartmenuprograms",
+    "desktop",
+    "userdesktop",
+    "system",
+    "fonts",
+    "downloads",
+    "music",
+    "pictures",
+    "video",
+    "temporary",
     "usertemporary",
 };
 

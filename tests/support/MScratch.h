@@ -21,7 +21,8 @@ public:
     /// Writes a file, with the directories that lead to it, and gives its path.
     MString WriteFile(const MString& name, std::string_view content) const;
     [[nodiscard]] std::string ReadFile(const MString& name) const;
-    /// The paths of all files and directories in it, relative, sorted, one a line; directories end in a slash.
+    /// The paths of all files and directories in it, relative, sorted, one a line; directories end in a
+    /// slash.
     [[nodiscard]] std::string ListTree() const;
 
 private:
@@ -33,8 +34,9 @@ private:
 /// Writes a file anywhere, with the directories that lead to it.
 void MWriteTestFile(const MString& path, std::string_view content);
 
-/// Special folders in a directory of a test, in place of the machine's, as long as the object lives. Each row is a
-/// directory named after it ("data", "userdata", "programfiles", ...), which is there only if somebody creates it.
+/// Special folders in a directory of a test, in place of the machine's, as long as the object lives. Each row
+/// is a directory named after it ("data", "userdata", "programfiles", ...), which is there only if somebody
+/// creates it.
 class MScratchFolders final : public MSpecialFolders {
 public:
     explicit MScratchFolders(const MScratch& scratch);

@@ -16,7 +16,8 @@ inline void PrintTo(const MString& text, std::ostream* out) {
     *out << '"' << Text(text) << '"';
 }
 
-/// The code and text with which `body` fails, as in "100: Could not perform file seek."; the code in hexadecimal.
+/// The code and text with which `body` fails, as in "100: Could not perform file seek."; the code in
+/// hexadecimal.
 /// "none" if it does not fail.
 template <class Body>
 std::string FailureOf(Body&& body) {

@@ -32,9 +32,9 @@ int WaitFor(pid_t process) {
     return WIFSIGNALED(status) ? ExitCodeOfSignal + WTERMSIG(status) : WEXITSTATUS(status);
 }
 
-/// Gives the exit code, 0 without `wait`, or -1 with `errno` set if the program could not be started. That is told
-/// through a pipe that a successful start closes. Without `wait` the program is the child of a child that ends at
-/// once, so that nobody has to collect it.
+/// Gives the exit code, 0 without `wait`, or -1 with `errno` set if the program could not be started. That is
+/// told through a pipe that a successful start closes. Without `wait` the program is the child of a child
+/// that ends at once, so that nobody has to collect it.
 int Spawn(const std::vector<std::string>& words, bool wait) {
     std::vector<char*> arguments;
     for (const std::string& word : words) arguments.push_back(const_cast<char*>(word.c_str()));
@@ -59,7 +59,8 @@ int Spawn(const std::vector<std::string>& words, bool wait) {
 
 }  // namespace
 
-int32_t MFile::Execute(const MString& path, const MList<MString>& arguments, const MString& directory, bool wait) {
+int32_t MFile::Execute(const MString& path, const MList<MString>& arguments, const MString& directory,
+                       bool wait) {
     if (!directory.IsEmpty()) SetCurrentPath(directory);
     std::vector<std::string> words = {MNativePath(path)};
     for (const MString& argument : arguments) words.push_back(MNativePath(argument));

@@ -22,8 +22,8 @@ std::string EscapeValue(const std::string& text) {
     return value;
 }
 
-/// An argument of the key Exec in quotes. What the shell would expand is escaped, and a percent sign is doubled
-/// since field codes begin with one.
+/// An argument of the key Exec in quotes. What the shell would expand is escaped, and a percent sign is
+/// doubled since field codes begin with one.
 std::string QuoteArgument(const std::string& text) {
     std::string value = "\"";
     for (const char byte : text) {

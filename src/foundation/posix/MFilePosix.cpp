@@ -90,13 +90,15 @@ void MFile::CreateDirectory(const MString& path) {
 
 void MFile::Rename(const MString& from, const MString& to) {
     if (RenameWithoutReplacing(MNativePath(from), MNativePath(to)) == 0) return;
-    if (errno != EXDEV || Exists(to)) MRaise(MExceptionGeneral, "Could not rename file \"{0}\" to \"{1}\".", from, to);
+    if (errno != EXDEV || Exists(to))
+        MRaise(MExceptionGeneral, "Could not rename file \"{0}\" to \"{1}\".", from, to);
     Copy(from, to);
     DeleteTree(from);
 }
 
 void MFile::Delete(const MString& path) {
-    if (unlink(MNativePath(path).c_str()) != 0) MRaise(MExceptionGeneral, "Could not delete file \"{0}\".", path);
+    if (unlink(MNativePath(path).c_str()) != 0)
+        MRaise(MExceptionGeneral, "Could not delete file \"{0}\".", path);
 }
 
 void MFile::RemoveDirectory(const MString& path) {
@@ -115,7 +117,8 @@ void MFile::MakeExecutable(const MString& path) {
 }
 
 MString MFile::ResolvePath(const MString& path) {
-    const std::unique_ptr<char, decltype(&std::free)> resolved(realpath(MNativePath(path).c_str(), nullptr), std::free);
+    const std::unique_ptr<char, decltype(&std::free)> resolved(realpath(MNativePath(path).c_str(), nullptr),
+                                                               std::free);
     if (!resolved) MRaise(MExceptionGeneral, "Could not resolve path {0}.", path);
     return MPathFromNative(resolved.get());
 }

@@ -5,7 +5,8 @@
 #include <string>
 #include <string_view>
 
-/// A path as the system takes it: the exact UTF-8 form, in which bytes that are no UTF-8 survive (MUnicode.h).
+/// A path as the system takes it: the exact UTF-8 form, in which bytes that are no UTF-8 survive
+/// (MUnicode.h).
 [[nodiscard]] std::string MNativePath(const MString& path);
 
 /// The way back, for names that the system gives.

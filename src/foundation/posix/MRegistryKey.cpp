@@ -10,8 +10,9 @@
 
 #include <utility>
 
-// A key is a directory whose name ends in ".key", a value a file whose name ends in ".value". Such a file holds a
-// line with the type, "text" or "number", and then the value: the text in UTF-8, the number in decimal.
+// A key is a directory whose name ends in ".key", a value a file whose name ends in ".value". Such a file
+// holds a line with the type, "text" or "number", and then the value: the text in UTF-8, the number in
+// decimal.
 
 struct MRegistryKey::Handle {
     MString directory;
@@ -19,8 +20,8 @@ struct MRegistryKey::Handle {
 
 namespace {
 
-/// Any name as the name of a file: what is no lower-case letter or digit becomes a percent sign and two digits
-/// for each byte.
+/// Any name as the name of a file: what is no lower-case letter or digit becomes a percent sign and two
+/// digits for each byte.
 MString EscapeName(const MString& name) {
     MString escaped;
     for (const char byte : MEncodeUTF8Exact(name.ToLower())) {
@@ -43,7 +44,8 @@ MString GetRootDirectory(MRegistryRoot root) {
 }
 
 MString GetKeyDirectory(MString directory, const MString& name) {
-    for (const MString& component : name.Split('\\')) directory = MFile::Join(directory, EscapeName(component) + ".key");
+    for (const MString& component : name.Split('\\'))
+        directory = MFile::Join(directory, EscapeName(component) + ".key");
     return directory;
 }
 

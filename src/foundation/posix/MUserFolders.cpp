@@ -19,8 +19,8 @@ std::string FindHome() {
     return user && user->pw_dir ? user->pw_dir : "/";
 }
 
-/// Takes the value of a line KEY="value", in which the shell's quotes, its backslashes and a leading $HOME mean
-/// what they mean there; any other relative value is invalid.
+/// Takes the value of a line KEY="value", in which the shell's quotes, its backslashes and a leading $HOME
+/// mean what they mean there; any other relative value is invalid.
 std::optional<std::string> ParseUserDirectory(const std::string& line, const std::string& key,
                                               const std::string& home) {
     const std::string start = "XDG_" + key + "_DIR=\"";

@@ -11,8 +11,8 @@
 
 namespace {
 
-/// An argument in the form that `CommandLineToArgvW` and the runtime library take apart again: a quote inside and
-/// the backslashes before it, and those at the end, are escaped.
+/// An argument in the form that `CommandLineToArgvW` and the runtime library take apart again: a quote inside
+/// and the backslashes before it, and those at the end, are escaped.
 std::wstring QuoteArgument(const std::wstring& argument) {
     if (!argument.empty() && argument.find_first_of(L" \t\"") == std::wstring::npos) return argument;
     std::wstring quoted = L"\"";
@@ -40,7 +40,8 @@ int32_t WaitFor(HANDLE process) {
 }
 
 /// What only the shell can start: documents, and programs that need more rights.
-bool ShellOpen(const std::wstring& file, const std::wstring& arguments, const std::wstring& directory, HANDLE& process) {
+bool ShellOpen(const std::wstring& file, const std::wstring& arguments, const std::wstring& directory,
+               HANDLE& process) {
     SHELLEXECUTEINFOW request = {};
     request.cbSize = sizeof(request);
     request.fMask = SEE_MASK_NOCLOSEPROCESS | SEE_MASK_FLAG_NO_UI;
@@ -56,7 +57,8 @@ bool ShellOpen(const std::wstring& file, const std::wstring& arguments, const st
 
 }  // namespace
 
-int32_t MFile::Execute(const MString& path, const MList<MString>& arguments, const MString& directory, bool wait) {
+int32_t MFile::Execute(const MString& path, const MList<MString>& arguments, const MString& directory,
+                       bool wait) {
     if (!directory.IsEmpty()) SetCurrentPath(directory);
     const std::wstring file = MNativePath(path);
     std::vector<std::wstring> words = {QuoteArgument(file)};
@@ -74,7 +76,8 @@ int32_t MFile::Execute(const MString& path, const MList<MString>& arguments, con
     }
 
     HANDLE opened;
-    if (!ShellOpen(file, JoinArguments(words), directory.IsEmpty() ? std::wstring() : MNativePath(directory), opened)) {
+    if (!ShellOpen(file, JoinArguments(words), directory.IsEmpty() ? std::wstring() : MNativePath(directory),
+                   opened)) {
         const MString reason = MSystemErrorText();
         MRaise(MExceptionGeneral, "Could not execute file \"{0}\". {1}", path, reason);
     }

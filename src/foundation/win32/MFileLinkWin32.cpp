@@ -67,8 +67,9 @@ bool MWriteShellLink(const MString& path, const MString& target, const MString& 
     const ComSession session;
     const ItemList items = ParseTarget(target);
     void* created = nullptr;
-    HRESULT result = items ? CoCreateInstance(CLSID_ShellLink, nullptr, CLSCTX_INPROC_SERVER, IID_IShellLinkW, &created)
-                           : HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND);
+    HRESULT result =
+        items ? CoCreateInstance(CLSID_ShellLink, nullptr, CLSCTX_INPROC_SERVER, IID_IShellLinkW, &created)
+              : HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND);
     if (SUCCEEDED(result)) {
         const InterfacePointer<IShellLinkW> link(static_cast<IShellLinkW*>(created));
         result = Fill(*link, items.get(), target, arguments, description);

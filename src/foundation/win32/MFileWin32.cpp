@@ -117,8 +117,9 @@ void MFile::MakeExecutable(const MString& /*path*/) {}
 MString MFile::ResolvePath(const MString& path) {
     PIDLIST_ABSOLUTE items = nullptr;
     wchar_t resolved[MAX_PATH];
-    const bool isResolved = SUCCEEDED(SHParseDisplayName(MNativePath(path).c_str(), nullptr, &items, 0, nullptr)) &&
-                            SHGetPathFromIDListW(items, resolved);
+    const bool isResolved =
+        SUCCEEDED(SHParseDisplayName(MNativePath(path).c_str(), nullptr, &items, 0, nullptr)) &&
+        SHGetPathFromIDListW(items, resolved);
     CoTaskMemFree(items);
     if (!isResolved) MRaise(MExceptionGeneral, "Could not resolve path {0}.", path);
     return Normalize(MFromWide(resolved));

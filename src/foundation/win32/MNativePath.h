@@ -9,6 +9,6 @@
 /// A copy of what the system gives; null gives the empty text.
 [[nodiscard]] MString MFromWide(const wchar_t* text);
 
-/// A path as the system takes it: with backslashes, and with the prefix that lifts the limit of 260 characters
-/// where the path is long.
+/// A path as the system takes it: with backslashes, and with the prefix that lifts the limit of 260
+/// characters where the path is long.
 [[nodiscard]] std::wstring MNativePath(const MString& path);

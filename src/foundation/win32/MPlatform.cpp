@@ -47,8 +47,9 @@ void MPlatform::Sleep(int32_t milliseconds) {
 MString MSystemErrorText() {
     wchar_t* text = nullptr;
     const DWORD error = GetLastError();
-    FormatMessageW(FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr,
-                   error, 0, reinterpret_cast<wchar_t*>(&text), 0, nullptr);
+    FormatMessageW(FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_FROM_SYSTEM |
+                       FORMAT_MESSAGE_IGNORE_INSERTS,
+                   nullptr, error, 0, reinterpret_cast<wchar_t*>(&text), 0, nullptr);
     MString result = MFromWide(text);
     LocalFree(text);
     // The system ends its texts with a line end.

@@ -36,7 +36,8 @@ void OpenKey(HKEY parent, const MString& name, HKEY& key) {
 }
 
 void CreateKey(HKEY parent, const MString& name, HKEY& key) {
-    if (RegCreateKeyExW(parent, MToWide(name).c_str(), 0, nullptr, 0, Access, nullptr, &key, nullptr) != ERROR_SUCCESS)
+    if (RegCreateKeyExW(parent, MToWide(name).c_str(), 0, nullptr, 0, Access, nullptr, &key, nullptr) !=
+        ERROR_SUCCESS)
         MRaise(MExceptionGeneral, "Cannot create registry key {0}.", name);
 }
 

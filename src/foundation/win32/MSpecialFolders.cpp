@@ -29,7 +29,8 @@ MString GetProfile() {
 MString GetTemporary() {
     wchar_t path[260];
     const DWORD length = GetTempPathW(260, path);
-    return length > 0 && length < 260 ? MFile::Normalize(MFromWide(path)) : MFile::Join(GetShellFolder(CSIDL_WINDOWS), "temp");
+    return length > 0 && length < 260 ? MFile::Normalize(MFromWide(path))
+                                      : MFile::Join(GetShellFolder(CSIDL_WINDOWS), "temp");
 }
 
 class PlatformFolders final : public MSpecialFolders {

@@ -9,8 +9,8 @@
 
 namespace {
 
-/// The mode in the form of the descriptor's call, which alone can keep a file from being inherited by every version
-/// of the runtime library.
+/// The mode in the form of the descriptor's call, which alone can keep a file from being inherited by every
+/// version of the runtime library.
 int GetFlags(const char* mode) {
     int flags = _O_BINARY | _O_NOINHERIT;
     flags |= std::strchr(mode, '+') ? _O_RDWR : _O_RDONLY;

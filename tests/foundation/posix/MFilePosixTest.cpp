@@ -11,7 +11,8 @@ namespace {
 
 TEST(MFilePosix, NamesThatAreNoUTF8AreListedCopiedAndDeleted) {
     const MScratch scratch;
-    const std::string name = "caf\xE9 \xF0\x9F\x98\x80" "ab";
+    const std::string name = "caf\xE9 \xF0\x9F\x98\x80"
+                             "ab";
     scratch.WriteFile(MString("from/") + MPathFromNative(name), "x");
     EXPECT_EQ(access((MNativePath(scratch.GetPath()) + "/from/" + name).c_str(), F_OK), 0);
     MFile::Copy(scratch.Join("from"), scratch.Join("to"));
@@ -33,7 +34,8 @@ TEST(MFilePosix, LinksAreDeletedAndNotFollowed) {
     link(".", "tree/circle");
     EXPECT_TRUE(MFile::Exists(scratch.Join("tree/dangling")));
     EXPECT_TRUE(MFile::IsDirectory(scratch.Join("tree/directory")));
-    EXPECT_EQ(scratch.ListTree(), "kept/\nkept/file\ntree/\ntree/circle/\ntree/dangling\ntree/directory/\ntree/file\n");
+    EXPECT_EQ(scratch.ListTree(),
+              "kept/\nkept/file\ntree/\ntree/circle/\ntree/dangling\ntree/directory/\ntree/file\n");
     MFile::DeleteTree(scratch.Join("tree"));
     EXPECT_EQ(scratch.ListTree(), "kept/\nkept/file\n");
 }
@@ -49,7 +51,8 @@ TEST(MFilePosix, WritingIntoALinkReplacesTheLink) {
 
 TEST(MFilePosix, ProgramsGetTheirArgumentsAndGiveTheirExitCode) {
     const MScratch scratch;
-    const MString program = scratch.WriteFile("bin/program", "#!/bin/sh\nprintf '%s|' \"$@\" > out; exit 3\n");
+    const MString program =
+        scratch.WriteFile("bin/program", "#!/bin/sh\nprintf '%s|' \"$@\" > out; exit 3\n");
     const MString before = MFile::GetCurrentPath();
     MList<MString> arguments;
     arguments.Add("two words");

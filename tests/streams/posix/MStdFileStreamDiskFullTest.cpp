@@ -1,6 +1,6 @@
-#include "streams/MStdFileStream.h"
 #include "foundation/MFile.h"
 #include "foundation/posix/MNativePath.h"
+#include "streams/MStdFileStream.h"
 #include "tests/support/MScratch.h"
 #include "tests/support/MTestText.h"
 

@@ -1,0 +1,43 @@
+#include "foundation/win32/MNativePath.h"
+#include "foundation/win32/MWindowsHeader.h"
+#include "tests/end_to_end/EndToEndFixture.h"
+
+/// Holds a file open as a host holds a plug-in: nobody else may open or delete it.
+class HeldFile {
+public:
+    explicit HeldFile(const MString& path)
+        : handle(CreateFileW(MNativePath(path).c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr)) {}
+    HeldFile(const HeldFile&) = delete;
+    HeldFile& operator=(const HeldFile&) = delete;
+    ~HeldFile() { CloseHandle(handle); }
+
+    [[nodiscard]] bool IsHeld() const { return handle != INVALID_HANDLE_VALUE; }
+
+private:
+    HANDLE handle;
+};
+
+class LockedFileTest : public EndToEndTest {
+protected:
+    ~LockedFileTest() noexcept override = default;
+};
+
+TEST_F(LockedFileTest, AFileThatAHostHoldsAbortsOrIsLeftAsItIs) {
+    scratch.WriteFile("product/files/held.dll", "new");
+    scratch.WriteFile("product/files/other.dll", "new");
+    Pack("<directory id=\"destination\" name=\"D\" default=\"unused\"/>"
+         "<files path=\"files\" destination=\"{destination}\" required=\"1\"/>");
+    scratch.WriteFile("home/to/held.dll", "old");
+    const HeldFile held(InHome("to/held.dll"));
+    ASSERT_TRUE(held.IsHeld());
+    const MProgramResult aborted = Install({"silent", "directory:destination=to"});
+    EXPECT_EQ(aborted.exitCode, 1);
+    EXPECT_NE(aborted.errors.find("held.dll\" could not be created. Make sure there is no write-protected file"),
+              std::string::npos)
+        << aborted.errors;
+    EXPECT_FALSE(IsInHome("to/setup.state"));
+    const MProgramResult ignored = Install({"silent", "locked=ignore", "directory:destination=to"});
+    EXPECT_EQ(ignored.exitCode, 0) << ignored.errors;
+    EXPECT_EQ(ReadHome("to/other.dll"), "new");
+    EXPECT_EQ(MFile::GetFileSize(InHome("to/other.dll")), 3);
+}
