@@ -43,5 +43,8 @@ private:
     /// The platform's idea of an open key.
     struct Handle;
 
+    /// Raises "The registry key has not been opened.".
+    [[nodiscard]] Handle& GetHandle() const;
+
     std::unique_ptr<Handle> handle;
 };

@@ -96,3 +96,26 @@ TEST_F(InstallFailureTest, ADirectoryThatCannotBeMadeEndsTheRunWhileCounting) {
     }
     EXPECT_EQ(Read("file"), "in the way");
 }
+
+/// Takes the target directory away when the first file is written.
+class VanishingTarget final : public MTextView {
+public:
+    explicit VanishingTarget(const MString& directory) : directory(directory) {}
+    void SetText(const MString&) override {
+        if (++shown == 2) MFile::DeleteTree(directory);
+    }
+
+private:
+    MString directory;
+    int32_t shown = 0;
+};
+
+TEST_F(InstallFailureTest, ADestinationThatVanishesIsMadeAgain) {
+    Define(std::string(Enabled) + File("first", "1") + "<dir name=\"d\">" + File("second", "2") + "</dir></files>");
+    VanishingTarget view(GetTarget());
+    MInstallViews views;
+    views.fileText = &view;
+    MInstallProcessor().Perform(library, &library, views, false);
+    EXPECT_FALSE(Exists("first"));
+    EXPECT_EQ(Read("d/second"), "2");
+}

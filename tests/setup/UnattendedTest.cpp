@@ -125,3 +125,33 @@ TEST_F(UnattendedRunTest, AStateThatCannotBeWrittenIsAFailure) {
     EXPECT_THROW(Run({"accept-licence"}), MException);
     EXPECT_EQ(scratch.ReadFile("product/core"), "core");
 }
+
+TEST_F(UnattendedRunTest, AProductWithoutDirectoriesLeavesItsStateInTheMakersData) {
+    Define("<files required=\"1\" destination=\"{data}/Tool\"><file name=\"f\" op=\"create\"" + payload.Add("x") +
+           "/></files>");
+    Run({});
+    EXPECT_EQ(scratch.ReadFile("data/Tool/f"), "x");
+    EXPECT_TRUE(MFile::Exists(scratch.Join("data/setup.state")));
+}
+
+TEST_F(UnattendedRunTest, NamesTheRequiredAttributeThatIsMissing) {
+    struct {
+        const char* children;
+        const char* attribute;
+    } const cases[] = {
+        {"<configuration name=\"x\"/>", "id"},
+        {"<configuration id=\"x\"/>", "name"},
+        {"<directory name=\"x\" default=\"y\"/>", "id"},
+        {"<directory id=\"x\" default=\"y\"/>", "name"},
+        {"<directory id=\"x\" name=\"y\"/>", "default"},
+        {"<files name=\"x\"/>", "destination"},
+        {"<files required=\"1\" destination=\"{scratch}/to\"><file name=\"f\" op=\"create\"/></files>", "filestart"},
+        {"<files name=\"x\" destination=\"{scratch}\"><copy destination=\"{scratch}\"><extension dst=\"y\"/></copy></files>",
+         "src"},
+    };
+    for (const auto& [children, attribute] : cases) {
+        Define(children);
+        EXPECT_EQ(FailureOf([&] { Run({}); }), std::string("0: Could not find required attribute (") + attribute + ").");
+        EXPECT_FALSE(MFile::Exists(scratch.Join("data/setup.state")));
+    }
+}

@@ -15,6 +15,8 @@
 // decimal.
 
 struct MRegistryKey::Handle {
+    explicit Handle(const MString& directory) : directory(directory) {}
+
     MString directory;
 };
 
@@ -103,12 +105,17 @@ MRegistryKey::MRegistryKey(MRegistryKey&& other) noexcept = default;
 MRegistryKey& MRegistryKey::operator=(MRegistryKey&& other) noexcept = default;
 MRegistryKey::~MRegistryKey() = default;
 
+MRegistryKey::Handle& MRegistryKey::GetHandle() const {
+    if (!handle) MRaise(MExceptionGeneral, "The registry key has not been opened.");
+    return *handle;
+}
+
 void MRegistryKey::Open(MRegistryRoot parent, const MString& name) {
     handle = std::make_unique<Handle>(OpenDirectory(GetRootDirectory(parent), name));
 }
 
 void MRegistryKey::Open(const MRegistryKey& parent, const MString& name) {
-    handle = std::make_unique<Handle>(OpenDirectory(parent.handle->directory, name));
+    handle = std::make_unique<Handle>(OpenDirectory(parent.GetHandle().directory, name));
 }
 
 void MRegistryKey::Create(MRegistryRoot parent, const MString& name) {
@@ -116,7 +123,7 @@ void MRegistryKey::Create(MRegistryRoot parent, const MString& name) {
 }
 
 void MRegistryKey::Create(const MRegistryKey& parent, const MString& name) {
-    handle = std::make_unique<Handle>(CreateDirectory(parent.handle->directory, name));
+    handle = std::make_unique<Handle>(CreateDirectory(parent.GetHandle().directory, name));
 }
 
 void MRegistryKey::Delete(MRegistryRoot parent, const MString& name) {
@@ -124,7 +131,7 @@ void MRegistryKey::Delete(MRegistryRoot parent, const MString& name) {
 }
 
 void MRegistryKey::Delete(const MRegistryKey& parent, const MString& name) {
-    DeleteDirectory(parent.handle->directory, name);
+    DeleteDirectory(parent.GetHandle().directory, name);
 }
 
 void MRegistryKey::Close() {
@@ -134,7 +141,7 @@ void MRegistryKey::Close() {
 MString MRegistryKey::GetValue(const MString& name) const {
     try {
         MStdFileStream file;
-        file.Open(GetValueFile(handle->directory, name), MOpenRead);
+        file.Open(GetValueFile(GetHandle().directory, name), MOpenRead);
         (void)file.LoadRequiredLine();
         MMemoryStream value;
         file.CopyAllTo(value);
@@ -145,9 +152,9 @@ MString MRegistryKey::GetValue(const MString& name) const {
 }
 
 void MRegistryKey::SetValue(const MString& name, const MString& text) {
-    WriteValue(handle->directory, name, "text\n" + MEncodeUTF8Exact(text));
+    WriteValue(GetHandle().directory, name, "text\n" + MEncodeUTF8Exact(text));
 }
 
 void MRegistryKey::SetValue(const MString& name, int32_t number) {
-    WriteValue(handle->directory, name, "number\n" + std::to_string(number));
+    WriteValue(GetHandle().directory, name, "number\n" + std::to_string(number));
 }

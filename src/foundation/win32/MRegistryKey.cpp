@@ -71,6 +71,11 @@ MRegistryKey::MRegistryKey(MRegistryKey&& other) noexcept = default;
 MRegistryKey& MRegistryKey::operator=(MRegistryKey&& other) noexcept = default;
 MRegistryKey::~MRegistryKey() = default;
 
+MRegistryKey::Handle& MRegistryKey::GetHandle() const {
+    if (!handle) MRaise(MExceptionGeneral, "The registry key has not been opened.");
+    return *handle;
+}
+
 void MRegistryKey::Open(MRegistryRoot parent, const MString& name) {
     auto opened = std::make_unique<Handle>();
     OpenKey(GetRoot(parent), name, opened->key);
@@ -79,7 +84,7 @@ void MRegistryKey::Open(MRegistryRoot parent, const MString& name) {
 
 void MRegistryKey::Open(const MRegistryKey& parent, const MString& name) {
     auto opened = std::make_unique<Handle>();
-    OpenKey(parent.handle->key, name, opened->key);
+    OpenKey(parent.GetHandle().key, name, opened->key);
     handle = std::move(opened);
 }
 
@@ -91,7 +96,7 @@ void MRegistryKey::Create(MRegistryRoot parent, const MString& name) {
 
 void MRegistryKey::Create(const MRegistryKey& parent, const MString& name) {
     auto created = std::make_unique<Handle>();
-    CreateKey(parent.handle->key, name, created->key);
+    CreateKey(parent.GetHandle().key, name, created->key);
     handle = std::move(created);
 }
 
@@ -100,7 +105,7 @@ void MRegistryKey::Delete(MRegistryRoot parent, const MString& name) {
 }
 
 void MRegistryKey::Delete(const MRegistryKey& parent, const MString& name) {
-    DeleteKey(parent.handle->key, name);
+    DeleteKey(parent.GetHandle().key, name);
 }
 
 void MRegistryKey::Close() {
@@ -111,19 +116,19 @@ MString MRegistryKey::GetValue(const MString& name) const {
     const std::wstring native = MToWide(name);
     DWORD type = 0;
     DWORD size = 0;
-    LSTATUS result = RegQueryValueExW(handle->key, native.c_str(), nullptr, &type, nullptr, &size);
+    LSTATUS result = RegQueryValueExW(GetHandle().key, native.c_str(), nullptr, &type, nullptr, &size);
     std::vector<BYTE> data(size);
     if (result == ERROR_SUCCESS)
-        result = RegQueryValueExW(handle->key, native.c_str(), nullptr, &type, data.data(), &size);
+        result = RegQueryValueExW(GetHandle().key, native.c_str(), nullptr, &type, data.data(), &size);
     if (result != ERROR_SUCCESS) MRaise(MExceptionGeneral, "Cannot get registry value {0}", name);
     return ToText(type, data);
 }
 
 void MRegistryKey::SetValue(const MString& name, const MString& text) {
     const std::wstring wide = MToWide(text);
-    WriteValue(handle->key, name, REG_SZ, wide.c_str(), (wide.size() + 1) * sizeof(wchar_t));
+    WriteValue(GetHandle().key, name, REG_SZ, wide.c_str(), (wide.size() + 1) * sizeof(wchar_t));
 }
 
 void MRegistryKey::SetValue(const MString& name, int32_t number) {
-    WriteValue(handle->key, name, REG_DWORD, &number, sizeof(number));
+    WriteValue(GetHandle().key, name, REG_DWORD, &number, sizeof(number));
 }

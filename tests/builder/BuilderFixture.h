@@ -1,0 +1,73 @@
+#pragma once
+
+#include "builder/MRunBuilder.h"
+#include "tests/support/MScratch.h"
+#include "tests/support/MTestText.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+/// Keeps what the tool says, as UTF-8 lines.
+class RecordingOutput final : public MBuilderOutput {
+public:
+    void Tell(const MString& line) override { told += Text(line) + "\n"; }
+    void Complain(const MString& line) override { complaints.push_back(Text(line)); }
+    [[nodiscard]] bool IsProgressShown() const override { return isWatched; }
+    void ShowProgress(const MString& text) override { progress.push_back(Text(text)); }
+
+    std::string told;
+    std::vector<std::string> complaints;
+    std::vector<std::string> progress;
+    bool isWatched = false;
+};
+
+/// A product in a scratch directory, and the tool to work on it.
+class BuilderFixture : public testing::Test {
+protected:
+    BuilderFixture() { scratch.WriteFile("stub", "MZ this is the program without any payload behind it"); }
+
+    /// A name beyond ASCII.
+    static MString Name(std::string_view bytes) { return MDecodeUTF8Exact(bytes); }
+
+    /// Runs the tool; arguments that begin with "@" are names in the scratch directory.
+    int32_t Run(const std::vector<std::string>& words) {
+        output.told.clear();
+        output.complaints.clear();
+        MList<MString> arguments;
+        for (const std::string& word : words)
+            arguments.Add(word[0] == '@' ? scratch.Join(MDecodeUTF8Exact(word.substr(1)))
+                                         : MDecodeUTF8Exact(word));
+        return MRunBuilder(arguments, output);
+    }
+
+    int32_t Pack(const std::string& name, std::vector<std::string> more = {}) {
+        std::vector<std::string> words{"pack", "@product.xml", "--output", "@" + name};
+        if (std::find(more.begin(), more.end(), "--stub") == more.end())
+            more.insert(more.end(), {"--stub", "@stub"});
+        words.insert(words.end(), more.begin(), more.end());
+        return Run(words);
+    }
+
+    /// A definition with the pages that every one has, `elements` in front of them.
+    static std::string MakeDefinition(const std::string& elements) {
+        return "<install name=\"Corvanth Tamborel 8\">\n" + elements +
+               "<onsuccess/><onerror/><onabort/>\n</install>\n";
+    }
+
+    void WriteDefinition(const std::string& elements) {
+        scratch.WriteFile("product.xml", MakeDefinition(elements));
+    }
+
+    [[nodiscard]] std::string JoinComplaints() const {
+        std::string joined;
+        for (const std::string& line : output.complaints) joined += line + "\n";
+        return joined;
+    }
+
+    MScratch scratch;
+    RecordingOutput output;
+};

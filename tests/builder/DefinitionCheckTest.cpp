@@ -1,0 +1,152 @@
+#include "builder/MFileNameRules.h"
+#include "tests/builder/BuilderFixture.h"
+
+namespace {
+
+class DefinitionCheckTest : public BuilderFixture {
+protected:
+    /// What `check` finds, without the file's path: "12: error: ...".
+    std::vector<std::string> Check(const std::string& definition) {
+        scratch.WriteFile("product.xml", definition);
+        exitCode = Run({"check", "@product.xml"});
+        const size_t prefix = Text(scratch.Join("product.xml")).size() + 1;
+        std::vector<std::string> found;
+        for (const std::string& line : output.complaints) found.push_back(line.substr(prefix));
+        return found;
+    }
+
+    /// The complaints about one file for each of two groups.
+    std::vector<std::string> CheckGroups(const std::string& first, const std::string& second) {
+        scratch.WriteFile("one/A.dll", "1");
+        scratch.WriteFile("two/a.DLL", "2");
+        return Check(
+            MakeDefinition("<configuration id=\"x\" name=\"X\"/><configuration id=\"y\" name=\"Y\"/>\n"
+                           "<files name=\"F\" path=\"one\" " +
+                           first +
+                           "</files>\n"
+                           "<files name=\"S\" path=\"two\" " +
+                           second + "</files>\n"));
+    }
+
+    int32_t exitCode = -1;
+};
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::StartsWith;
+
+}  // namespace
+
+TEST_F(DefinitionCheckTest, TellsAllProblemsAtOnceInOrderOfLines) {
+    scratch.WriteFile("Presets/a.xml", "a");
+    const std::vector<std::string> found =
+        Check("<?xml version=\"1.0\"?>\n"
+              "<install id=\"X\">\n"
+              "<licence name=\"none.txt\"/>\n"
+              "<colour/>\n"
+              "<configuration id=\"full\" name=\"Full\" x64=\"yes\"/>\n"
+              "<directory id=\"vst\" name=\"V\" default=\"{nowhere}/x\"/>\n"
+              "<directory id=\"v2\" name=\"V\" default=\"{vst}/x\"/>\n"
+              "<files path=\"Presets\" destination=\"{userdata}/P\"/>\n"
+              "<files name=\"A\" path=\"Presets\"\n"
+              "  destination=\"{vst}/a\" configurations=\"full,half\"/>\n"
+              "<files name=\"{{WHO}}\" destination=\"{data64}/b\">\n"
+              "  <dir><file name=\"gone.dll\"/></dir>\n"
+              "</files>\n"
+              "<shortcut name=\"S\" preset=\"instal\"/>\n"
+              "<onsuccess><execute/></onsuccess><onerror/>\n"
+              "</install>\n");
+    EXPECT_THAT(found,
+                ElementsAre(StartsWith("2: error: \"install\" lacks the attribute \"name\"."),
+                            StartsWith("2: error: The page \"onabort\" is missing."),
+                            HasSubstr("none.txt\" does not exist."),
+                            StartsWith("4: warning: Nothing reads an element \"colour\" here."),
+                            StartsWith("5: warning: \"x64\" is \"yes\""),
+                            StartsWith("6: error: Nothing defines {nowhere}."),
+                            StartsWith("7: error: {vst} is not known yet here"),
+                            StartsWith("8: error: \"files\" lacks the attribute \"name\"."),
+                            StartsWith("9: error: There is no configuration \"half\"."),
+                            StartsWith("11: error: Nothing fills {{WHO}}. Add --define WHO=TEXT."),
+                            StartsWith("11: warning: {data64} exists only in a configuration with x64"),
+                            HasSubstr("gone.dll\" does not exist."),
+                            StartsWith("12: error: \"dir\" lacks the attribute \"name\"."),
+                            StartsWith("14: error: There is no preset \"instal\"."),
+                            StartsWith("15: error: \"execute\" lacks the attribute \"destination\".")));
+    EXPECT_EQ(exitCode, MBuilderExitFailed);
+}
+
+TEST_F(DefinitionCheckTest, WarningsAloneAreNoFailure) {
+    EXPECT_THAT(Check(MakeDefinition("<colour/>\n")), ElementsAre(StartsWith("2: warning:")));
+    EXPECT_EQ(exitCode, MBuilderExitDone);
+}
+
+TEST_F(DefinitionCheckTest, MalformedXMLHasItsLine) {
+    EXPECT_THAT(Check("<install name=\"a\">\n<files>\n</copy></install>"),
+                ElementsAre(StartsWith("3: error: Invalid file contents. Invalid closing element name.")));
+    EXPECT_THAT(Check(""), ElementsAre(StartsWith("1: error: The XML does not contain any elements.")));
+    EXPECT_EQ(exitCode, MBuilderExitFailed);
+}
+
+TEST_F(DefinitionCheckTest, NamesThatSomePlatformRefuses) {
+    scratch.WriteFile("x", "x");
+    for (const char* name : {"../x", "a/../../x", "/x", "C:/x", "CON", "con.txt", "nul .txt", "Lpt9.dll",
+                             "COM\xC2\xB2", "a.", "a ", "a&lt;b", "a|b", "a\\b", "a?", "a\x01"})
+        EXPECT_THAT(
+            Check(MakeDefinition("<files name=\"F\" destination=\"{data}\"><file op=\"delete\" name=\"" +
+                                 std::string(name) + "\"/></files>\n")),
+            ElementsAre(StartsWith("2: error: The name \"")))
+            << name;
+    for (const char* name : {"console", "COM10", "com", ".hidden", "a/b.c", "C\xC3\x93N", "\xF0\x9F\x98\x80"})
+        EXPECT_THAT(
+            Check(MakeDefinition("<files name=\"F\" destination=\"{data}\"><file op=\"delete\" name=\"" +
+                                 std::string(name) + "\"/></files>\n")),
+            IsEmpty())
+            << name;
+    EXPECT_THAT(Check(MakeDefinition(
+                    "<files name=\"F\" path=\"x\" destination=\"{data}\"><copy destination=\"{user}\">"
+                    "<extension src=\"a\" dst=\"../b\"/></copy></files>\n")),
+                ElementsAre(HasSubstr("\"../b\" leads out")));
+}
+
+TEST_F(DefinitionCheckTest, NamesThatAreNoUnicode) {
+    for (const char* bytes : {"a\xFF", "\xF0\x9F\x98", "\xC3(.txt"})
+        EXPECT_EQ(Text(MFileNameRules::FindFault(Name(bytes))), "is no valid Unicode");
+    EXPECT_EQ(Text(MFileNameRules::FindFault(MString::Copy(u"\xD83D.txt"))), "is no valid Unicode");
+    EXPECT_EQ(Text(MFileNameRules::FindFault(Name(std::string(256, 'n')))), "is longer than 255 characters");
+}
+
+TEST_F(DefinitionCheckTest, TwoFilesForOneDestination) {
+    const auto clash = ElementsAre(HasSubstr("Two items would become"));
+    EXPECT_THAT(CheckGroups("destination=\"{data}/P\">", "destination=\"{data}/p\">"), clash);
+    EXPECT_THAT(CheckGroups("destination=\"{data}/P\">", "destination=\"{data}/q\">"), IsEmpty());
+    // Files that are never installed together.
+    EXPECT_THAT(CheckGroups("destination=\"{data}\" configurations=\"x\">",
+                            "destination=\"{data}\" configurations=\"y\">"),
+                IsEmpty());
+    EXPECT_THAT(CheckGroups("destination=\"{data}\" configurations=\"x\">",
+                            "destination=\"{data}\" configurations=\"y,x\">"),
+                clash);
+    // A copy, and one whose files get other extensions.
+    EXPECT_THAT(
+        CheckGroups("destination=\"{data}\"><copy destination=\"{user}\"/>", "destination=\"{user}\">"),
+        clash);
+    EXPECT_THAT(
+        CheckGroups(
+            "destination=\"{data}\"><copy destination=\"{user}\"><extension src=\"dll\" dst=\"vst3\"/></copy>",
+            "destination=\"{user}\">"),
+        IsEmpty());
+}
+
+TEST_F(DefinitionCheckTest, FlattenedFilesMeet) {
+    scratch.WriteFile("deep/a/x.txt", "1");
+    scratch.WriteFile("deep/b/x.txt", "2");
+    scratch.WriteFile("deep/c.bundle/x.txt", "3");
+    const auto check = [this](const char* flat) {
+        return Check(MakeDefinition(
+            std::string("<files name=\"F\" path=\"deep\" destination=\"{data}\" ignoresubdirs=\"") + flat +
+            "\"/>\n"));
+    };
+    EXPECT_THAT(check("0"), IsEmpty());
+    EXPECT_THAT(check("1"), ElementsAre(HasSubstr("\"{data}/x.txt\"")));
+}

@@ -1,0 +1,168 @@
+#include "foundation/MFile.h"
+#include "payload/MLargeResourceLibrary.h"
+#include "payload/MSfx.h"
+#include "streams/MMD5Stream.h"
+#include "streams/MMemoryStream.h"
+#include "tests/builder/BuilderFixture.h"
+
+namespace {
+
+constexpr int64_t FileTime = 1419344366LL * 1000000;  // 2014-12-23 14:19:26
+constexpr const char* Destination = " destination=\"{userdata}\" required=\"1\"";
+
+class PackTest : public BuilderFixture {
+protected:
+    /// A product with a directory, a single file, a hand-written group and a licence.
+    void WriteProduct() {
+        scratch.WriteFile("licence.txt", "You may.\n");
+        scratch.WriteFile("Presets/Halls/Large.xml", std::string(300000, 'L') + "end");
+        scratch.WriteFile("Presets/Halls/Copy.xml", std::string(300000, 'L') + "end");
+        scratch.WriteFile("Presets/a.xml", "small");
+        scratch.WriteFile("Presets/B.xml", "SMALL");
+        scratch.WriteFile(Name("Presets/\u00E4.xml"), "umlaut");
+        scratch.WriteFile(Name("Presets/\U0001F600ab.xml"), "");
+        scratch.WriteFile("bin/plug.dll", "plug-in");
+        MFile::SetFileTime(scratch.Join("bin/plug.dll"), FileTime);
+        WriteDefinition(
+            "<licence name=\"licence.txt\"/>\n"
+            "<directory id=\"vst\" name=\"V\" default=\"{programfiles}/A &amp; &quot;B&quot;\">One\n two"
+            "<default>{components}</default></directory>\n"
+            "<files name=\"Presets\" path=\"Presets\" custom=\"{{KEPT}}\" destination=\"{userdata}\"/>\n"
+            "<files name=\"Plug\" path=\"bin/plug.dll\" destination=\"{vst}\"/>\n"
+            "<files name=\"Hand\" path=\"Presets\" destination=\"{data}\"><dir name=\"Halls\" op=\"create\">"
+            "<file name=\"Large.xml\"/></dir><file name=\"old.xml\" op=\"delete\"/></files>\n");
+    }
+
+    std::string Inspect(const std::string& name) {
+        EXPECT_EQ(Run({"inspect", "@" + name, "--xml"}), MBuilderExitDone) << JoinComplaints();
+        return output.told;
+    }
+};
+
+}  // namespace
+
+TEST_F(PackTest, FillsGroupsFromDiskInOrder) {
+    WriteProduct();
+    ASSERT_EQ(Pack("out.run", {"--define", "KEPT=a<b"}), MBuilderExitDone) << JoinComplaints();
+    const std::string xml = Inspect("out.run");
+    size_t position = 0;
+    for (const char* expected :
+         {"custom=\"a&lt;b\"", "name=\"B.xml\"", "<dir name=\"Halls\" op=\"create\" update=\"0\">",
+          "name=\"Copy.xml\"", "name=\"Large.xml\"", "name=\"a.xml\"", "name=\"\u00E4.xml\"",
+          "name=\"\U0001F600ab.xml\"", "name=\"\" op=\"create\" time=\"2014-12-23 14:19:26\" update=\"0\"",
+          "<file name=\"old.xml\" op=\"delete\"/>"}) {
+        position = xml.find(expected, position);
+        ASSERT_NE(position, std::string::npos) << expected << "\n" << xml;
+    }
+}
+
+TEST_F(PackTest, EveryFormComesBackWhole) {
+    WriteProduct();
+    for (const char* compression : {"bzip2", "zlib", "none"}) {
+        ASSERT_EQ(Pack("out.run", {"--define", "kept=x", "--compression", compression, "--threads", "3"}), 0)
+            << JoinComplaints();
+        EXPECT_EQ(Run({"verify", "@out.run"}), MBuilderExitDone) << JoinComplaints();
+        const std::string folder = std::string("@unpacked-") + compression;
+        ASSERT_EQ(Run({"extract", "@out.run", "--output", folder}), MBuilderExitDone) << JoinComplaints();
+
+        const MString root = Name(folder.substr(1));
+        for (const char* name :
+             {"Halls/Large.xml", "Halls/Copy.xml", "a.xml", "B.xml", "\u00E4.xml", "\U0001F600ab.xml"})
+            EXPECT_TRUE(scratch.ReadFile(root + "/01-Presets/" + Name(name)) ==
+                        scratch.ReadFile("Presets/" + Name(name)))
+                << name;
+        EXPECT_EQ(scratch.ReadFile(root + "/02-Plug/plug.dll"), "plug-in");
+        EXPECT_EQ(scratch.ReadFile(root + "/licence/licence.txt"), "You may.\n");
+        EXPECT_EQ(MFile::GetFileTime(scratch.Join(root + "/02-Plug/plug.dll")), FileTime);
+    }
+}
+
+TEST_F(PackTest, UnpackedProductPacksToTheSameBytes) {
+    WriteProduct();
+    ASSERT_EQ(Pack("out.run", {"--define", "KEPT=x"}), 0);
+    ASSERT_EQ(Run({"extract", "@out.run", "--output", "@once"}), 0);
+    ASSERT_EQ(Run({"pack", "@once/definition.xml", "--output", "@again.run", "--stub", "@stub"}), 0)
+        << JoinComplaints();
+    ASSERT_EQ(Run({"extract", "@again.run", "--output", "@twice"}), 0);
+    ASSERT_EQ(Run({"pack", "@twice/definition.xml", "--output", "@third.run", "--stub", "@again.run"}), 0);
+    EXPECT_TRUE(scratch.ReadFile("again.run") == scratch.ReadFile("third.run"));
+}
+
+TEST_F(PackTest, EqualContentsAreStoredOnce) {
+    WriteProduct();
+    ASSERT_EQ(Pack("setup.dat", {"--define", "KEPT=x", "--form", "dat", "--compression", "none"}), 0);
+    MStdFileStream file;
+    file.Open(scratch.Join("setup.dat"), MOpenRead);
+    MLargeResourceLibrary library;
+    library.Attach(&file);
+    const MXMLItem* halls = library.FindSubItem("files")->FindSubItem("dir");
+    const MXMLItem* copy = halls->FindSubItem("file", "name", "Copy.xml");
+    const MXMLItem* large = halls->FindSubItem("file", "name", "Large.xml");
+    EXPECT_EQ(copy->GetInt64Attribute("filestart"), large->GetInt64Attribute("filestart"));
+    // Of one size, but not equal.
+    const MXMLItem* presets = halls->GetParent();
+    EXPECT_NE(presets->FindSubItem("file", "name", "a.xml")->GetInt64Attribute("filestart"),
+              presets->FindSubItem("file", "name", "B.xml")->GetInt64Attribute("filestart"));
+    EXPECT_LT(file.GetSize(), 2 * 300003);
+    // A directory's text and fall-back survive side by side.
+    const MXMLItem* directory = library.FindSubItem("directory");
+    EXPECT_EQ(Text(directory->GetValue()), "One two");
+    EXPECT_EQ(Text(directory->GetAttribute("default")), "{programfiles}/A & \"B\"");
+}
+
+TEST_F(PackTest, DataFileHasItsCompanion) {
+    WriteProduct();
+    ASSERT_EQ(Pack("setup.dat", {"--define", "KEPT=x", "--form", "dat", "--stub", "@nothing"}), 0);
+    const std::string data = scratch.ReadFile("setup.dat");
+    MMD5Stream hash;
+    hash.Write(data.data(), static_cast<int32_t>(data.size()));
+    hash.Finish();
+    EXPECT_EQ(scratch.ReadFile("setup.dat.md5"), Text(hash.GetDigestText()) + "\n");
+    EXPECT_EQ(Run({"verify", "@setup.dat"}), 0);
+    scratch.WriteFile("setup.dat.md5", std::string(32, '0') + "\n");
+    EXPECT_EQ(Run({"verify", "@setup.dat"}), MBuilderExitFailed);
+    EXPECT_THAT(JoinComplaints(), testing::HasSubstr("setup.dat.md5: The digest is 0000"));
+}
+
+TEST_F(PackTest, StubWithPayloadIsStripped) {
+    WriteProduct();
+    ASSERT_EQ(Pack("first.run", {"--define", "KEPT=x"}), 0);
+    ASSERT_EQ(Pack("second.run", {"--define", "KEPT=x", "--stub", "@first.run"}), 0) << JoinComplaints();
+    EXPECT_TRUE(scratch.ReadFile("first.run") == scratch.ReadFile("second.run"));
+    MSfx sfx(scratch.Join("second.run"));
+    MMemoryStream program;
+    sfx.OpenExecutable()->CopyAllTo(program);
+    EXPECT_EQ(std::string(program.GetBuffer().Get(), static_cast<size_t>(program.GetSize())),
+              scratch.ReadFile("stub"));
+}
+
+TEST_F(PackTest, FailureLeavesWhatWasThere) {
+    WriteProduct();
+    scratch.WriteFile("out/installer", "the old one");
+    EXPECT_EQ(Pack("out/installer"), MBuilderExitFailed);
+    EXPECT_EQ(Pack("out/installer", {"--define", "KEPT=x", "--stub", "@missing"}), MBuilderExitFailed);
+    EXPECT_THAT(JoinComplaints(), testing::HasSubstr("Name one by --stub."));
+    // So many different names that no installer would read the definition.
+    WriteDefinition("<files name=\"N\" path=\"Presets\"" + std::string(Destination) + "/>" +
+                    std::string("<note text=\"") + std::string(3 << 20, 'n') + "\"/>");
+    EXPECT_EQ(Pack("out/installer", {"--compression", "none"}), MBuilderExitFailed);
+    EXPECT_THAT(JoinComplaints(), testing::HasSubstr("an installer reads at most 2097152."));
+    EXPECT_EQ(scratch.ReadFile("out/installer"), "the old one");
+    EXPECT_EQ(MFile::GetFileList(scratch.Join("out")).GetCount(), 1);
+}
+
+TEST_F(PackTest, OutputThatIsASourceIsRefused) {
+    WriteProduct();
+    EXPECT_EQ(Pack("bin/plug.dll", {"--define", "KEPT=x"}), MBuilderExitFailed);
+    EXPECT_EQ(scratch.ReadFile("bin/plug.dll"), "plug-in");
+}
+
+TEST_F(PackTest, ProgressGoesFromNothingToAllAndAway) {
+    WriteProduct();
+    output.isWatched = true;
+    ASSERT_EQ(Pack("out.run", {"--define", "KEPT=x"}), 0);
+    ASSERT_GE(output.progress.size(), 3u);
+    EXPECT_EQ(output.progress.front(), "[" + std::string(40, '.') + "] 0 %");
+    EXPECT_EQ(output.progress[output.progress.size() - 2], "[" + std::string(40, '#') + "] 100 %");
+    EXPECT_EQ(output.progress.back(), "");
+}

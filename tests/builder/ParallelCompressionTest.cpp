@@ -1,0 +1,214 @@
+#include "builder/MBzip2Pieces.h"
+#include "builder/MParallelCompressor.h"
+#include "builder/MPlainPieces.h"
+#include "builder/MZLibPieces.h"
+#include "streams/MMemoryStream.h"
+#include "tests/support/MFaultyStreams.h"
+#include "tests/support/MTestText.h"
+
+#include <bzlib.h>
+#include <gtest/gtest.h>
+#include <zlib.h>
+
+#include <random>
+#include <string>
+#include <vector>
+
+namespace {
+
+std::string MakeNoise(size_t size, uint32_t seed) {
+    std::mt19937 random(seed);
+    std::string bytes(size, 0);
+    for (char& byte : bytes) byte = static_cast<char>(random());
+    return bytes;
+}
+
+/// Runs of the lengths at which a block's run coding changes, of two bytes in turn and of one.
+std::string MakeRuns(size_t size) {
+    constexpr size_t lengths[] = {1,   2,   3,   4,   5,   6,   253, 254, 255, 256,
+                                  257, 258, 259, 260, 509, 510, 511, 514, 1020};
+    std::mt19937 random(7);
+    std::string bytes;
+    while (bytes.size() < size) bytes.append(lengths[random() % std::size(lengths)], "ab\0"[random() % 3]);
+    return bytes;
+}
+
+/// Data that fill a block of the lowest level to within a few bytes, then a run across its end.
+std::string MakeFullBlock(size_t noise, size_t run) {
+    std::string bytes = MakeNoise(noise, 11);
+    // No byte equals the one before it, so each takes one place.
+    for (size_t i = 1; i < noise; ++i)
+        if (bytes[i] == bytes[i - 1]) bytes[i] = static_cast<char>(bytes[i] + 1);
+    return bytes + std::string(run, 'r') + "tail";
+}
+
+std::vector<std::string> MakeItems() {
+    std::vector<std::string> items{"",
+                                   "x",
+                                   "",
+                                   "aaaa",
+                                   MakeNoise(1, 1),
+                                   MakeRuns(400000),
+                                   MakeNoise(350000, 2),
+                                   std::string(2500000, 'z')};
+    constexpr size_t blockSize = 100000 - 19;
+    for (const size_t left : {0u, 1u, 3u, 4u, 5u})
+        for (const size_t run : {4u, 5u, 256u, 259u}) items.push_back(MakeFullBlock(blockSize - left, run));
+    items.push_back(std::string(MZLibPieces::PieceSize, 'p'));
+    items.push_back(MakeNoise(MZLibPieces::PieceSize + 1, 3));
+    items.push_back(MakeNoise(MPlainPieces::PieceSize, 4) + MakeRuns(100000));
+    return items;
+}
+
+struct Packed {
+    std::string bytes;
+    std::vector<int64_t> starts;
+};
+
+Packed Compress(const MPieceCodec& codec, int32_t threads, const std::vector<std::string>& items) {
+    MMemoryStream target;
+    int64_t heard = 0;
+    MParallelCompressor compressor(codec, threads, target, [&](int64_t bytes) { heard += bytes; });
+    int64_t total = 0;
+    for (const std::string& item : items) {
+        MMemoryStream source(item.data(), static_cast<int32_t>(item.size()));
+        compressor.AddItem(source, source.GetSize(), "item");
+        total += source.GetSize();
+    }
+    compressor.Finish();
+    EXPECT_EQ(heard, total);
+    return {std::string(target.GetBuffer().Get(), static_cast<size_t>(target.GetSize())),
+            compressor.GetStarts()};
+}
+
+/// Decodes exactly one stream that takes all of `bytes`, by the bare library.
+std::string DecodeBzip2(std::string bytes) {
+    bz_stream stream = {};
+    BZ2_bzDecompressInit(&stream, 0, 0);
+    std::string plain;
+    std::vector<char> area(1 << 20);
+    stream.next_in = bytes.data();
+    stream.avail_in = static_cast<unsigned>(bytes.size());
+    int result = BZ_OK;
+    while (result == BZ_OK) {
+        stream.next_out = area.data();
+        stream.avail_out = static_cast<unsigned>(area.size());
+        result = BZ2_bzDecompress(&stream);
+        plain.append(area.data(), area.size() - stream.avail_out);
+        if (result == BZ_OK && stream.avail_in == 0 && stream.avail_out > 0) break;
+    }
+    BZ2_bzDecompressEnd(&stream);
+    EXPECT_EQ(result, BZ_STREAM_END);
+    EXPECT_EQ(stream.avail_in, 0u);
+    return plain;
+}
+
+std::string DecodeZLib(std::string bytes) {
+    z_stream stream = {};
+    inflateInit(&stream);
+    std::string plain;
+    std::vector<char> area(1 << 20);
+    stream.next_in = reinterpret_cast<Bytef*>(bytes.data());
+    stream.avail_in = static_cast<uInt>(bytes.size());
+    int result = Z_OK;
+    while (result == Z_OK) {
+        stream.next_out = reinterpret_cast<Bytef*>(area.data());
+        stream.avail_out = static_cast<uInt>(area.size());
+        result = inflate(&stream, Z_NO_FLUSH);
+        plain.append(area.data(), area.size() - stream.avail_out);
+    }
+    inflateEnd(&stream);
+    EXPECT_EQ(result, Z_STREAM_END);
+    EXPECT_EQ(stream.avail_in, 0u);
+    return plain;
+}
+
+std::string DecodePlain(std::string bytes) {
+    return bytes;
+}
+
+/// Compresses by several numbers of threads and decodes each item.
+void CheckCodec(const MPieceCodec& codec, std::string (*decode)(std::string)) {
+    const std::vector<std::string> items = MakeItems();
+    const Packed packed = Compress(codec, 1, items);
+    for (const int32_t threads : {2, 7}) {
+        const Packed other = Compress(codec, threads, items);
+        EXPECT_TRUE(other.bytes == packed.bytes) << threads << " threads give other bytes";
+        EXPECT_EQ(other.starts, packed.starts);
+    }
+    ASSERT_EQ(packed.starts.size(), items.size());
+    for (size_t i = 0; i < items.size(); ++i) {
+        const auto start = static_cast<size_t>(packed.starts[i]);
+        const size_t end =
+            i + 1 < items.size() ? static_cast<size_t>(packed.starts[i + 1]) : packed.bytes.size();
+        EXPECT_TRUE(decode(packed.bytes.substr(start, end - start)) == items[i]) << "item " << i;
+    }
+}
+
+class FailingCodec final : public MPieceCodec {
+public:
+    [[nodiscard]] uint32_t GetFlags() const override { return 0; }
+    [[nodiscard]] std::unique_ptr<MPieceMeter> MakeMeter() const override { return plain.MakeMeter(); }
+    [[nodiscard]] std::unique_ptr<MPieceJoiner> MakeJoiner() const override { return plain.MakeJoiner(); }
+    void Compress(MPiece& piece) const override {
+        if (piece.isLast) MRaise(MExceptionGeneral, "Data could not be compressed.");
+    }
+
+private:
+    MPlainPieces plain;
+};
+
+}  // namespace
+
+TEST(ParallelCompressionTest, Bzip2StreamsAreWholeAndIndependentOfThreads) {
+    CheckCodec(MBzip2Pieces(1), DecodeBzip2);
+    CheckCodec(MBzip2Pieces(9), DecodeBzip2);
+}
+
+TEST(ParallelCompressionTest, ZLibStreamsAreWholeAndIndependentOfThreads) {
+    for (const int32_t level : {1, 9}) CheckCodec(MZLibPieces(level), DecodeZLib);
+}
+
+TEST(ParallelCompressionTest, PlainItemsStayAsTheyAre) {
+    CheckCodec(MPlainPieces(), DecodePlain);
+}
+
+TEST(ParallelCompressionTest, PiecesCostHardlyAnySize) {
+    const std::string item = MakeRuns(3000000) + MakeNoise(1000000, 5);
+    uLong whole = compressBound(static_cast<uLong>(item.size()));
+    std::string area(whole, 0);
+    compress2(reinterpret_cast<Bytef*>(area.data()), &whole, reinterpret_cast<const Bytef*>(item.data()),
+              static_cast<uLong>(item.size()), 9);
+    EXPECT_LT(Compress(MZLibPieces(9), 2, {item}).bytes.size(), whole + whole / 200);
+}
+
+TEST(ParallelCompressionTest, SourceThatChangesIsRefused) {
+    const MZLibPieces codec(6);
+    const std::string item = MakeNoise(1000, 6);
+    for (const int64_t size : {999, 1001}) {
+        MMemoryStream source(item.data(), 1000);
+        MMemoryStream target;
+        MParallelCompressor compressor(codec, 2, target);
+        EXPECT_EQ(FailureOf([&] { compressor.AddItem(source, size, "a.dll"); }),
+                  "0: \"a.dll\" changed while it was being packed. Pack again when nothing writes to it.");
+    }
+}
+
+TEST(ParallelCompressionTest, FailuresOfThreadsAndStreamsComeOut) {
+    const std::string item = MakeNoise(9 << 20, 8);
+    const auto run = [&](const MPieceCodec& codec, int64_t readable, int64_t writable) {
+        MMemoryStream memory(item.data(), static_cast<int32_t>(item.size()));
+        MFailingStream source(&memory, readable);
+        MMemoryStream written;
+        MFailingStream target(&written, writable);
+        return FailureOf([&] {
+            MParallelCompressor compressor(codec, 3, target);
+            compressor.AddItem(source, memory.GetSize(), "item");
+            compressor.Finish();
+        });
+    };
+    constexpr int64_t Plenty = 1 << 30;
+    EXPECT_EQ(run(FailingCodec(), Plenty, Plenty), "0: Data could not be compressed.");
+    EXPECT_EQ(run(MZLibPieces(1), 5 << 20, Plenty), "100: Injected failure.");
+    EXPECT_EQ(run(MZLibPieces(1), Plenty, 100000), "100: Injected failure.");
+}
