@@ -104,7 +104,8 @@ MString MModule::GetDataPath_User(const MString& subdirectory, bool fallbackToGl
     return path;
 }
 
-MString MModule::GetDataPath_File_User(const MString& file, const MString& subdirectory, bool useModuleName) const {
+MString MModule::GetDataPath_File_User(const MString& file, const MString& subdirectory,
+                                       bool useModuleName) const {
     MString path;
     MGuard("MModule::GetDataPath_File_User", [&] {
         const MString directory = useModuleName ? Name : subdirectory;

@@ -12,7 +12,9 @@
 template <class Data>
 class MRefCountedObject : public MObject {
 public:
-    MRefCountedObject(const MRefCountedObject& other) : MObject(other), record(other.record) { AddReference(); }
+    MRefCountedObject(const MRefCountedObject& other) : MObject(other), record(other.record) {
+        AddReference();
+    }
     MRefCountedObject(MRefCountedObject&& other) noexcept : record(std::exchange(other.record, nullptr)) {}
     MRefCountedObject& operator=(MRefCountedObject other) noexcept {
         std::swap(record, other.record);

@@ -46,7 +46,8 @@ private:
     void PerformCopy(MXMLItem& files, MXMLItem& copy, bool uninstall);
     void RemovePassDirectory(MXMLItem& pass, const MString& directory);
 
-    [[nodiscard]] static MString GetItemName(MXMLItem& parent, MXMLItem& child, const MProcessOptions& options);
+    [[nodiscard]] static MString GetItemName(MXMLItem& parent, MXMLItem& child,
+                                             const MProcessOptions& options);
     void ProcessDirectory(const Item& item, const MString& destination);
     void ProcessDirectoryContents(const Item& item);
     void RemoveDirectory(const Item& item);

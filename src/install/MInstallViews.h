@@ -6,11 +6,11 @@
 /// What a run shows itself and asks through. Each may be null; none is owned.
 class MInstallViews {
 public:
-    MTextView* infoText = nullptr;       ///< the phase
-    MTextView* fileText = nullptr;       ///< the item in hand
-    MProgressView* fileBar = nullptr;    ///< bytes of the current file
-    MProgressView* totalBar = nullptr;   ///< the whole run
-    MUserDialogs* dialogs = nullptr;     ///< asked when a file cannot be written
+    MTextView* infoText = nullptr;      ///< the phase
+    MTextView* fileText = nullptr;      ///< the item in hand
+    MProgressView* fileBar = nullptr;   ///< bytes of the current file
+    MProgressView* totalBar = nullptr;  ///< the whole run
+    MUserDialogs* dialogs = nullptr;    ///< asked when a file cannot be written
 
     void ShowInfo(const MString& text) const { Show(infoText, text); }
     void ShowFile(const MString& text) const { Show(fileText, text); }

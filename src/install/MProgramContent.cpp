@@ -4,5 +4,7 @@
 
 bool MIsProgramContent(const void* firstBytes, int32_t size) {
     const std::string_view head(static_cast<const char*>(firstBytes), static_cast<size_t>(size));
-    return head.starts_with("\x7f" "ELF") || head.starts_with("#!");
+    return head.starts_with("\x7f"
+                            "ELF") ||
+           head.starts_with("#!");
 }

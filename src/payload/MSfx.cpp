@@ -24,7 +24,8 @@ void MSfx::FindTrailer() {
     const int64_t size = executable.ReadInt64();
     const int64_t fileSize = executable.GetSize();
     // A size of which no payload can be: the seek below would fail for it, or overflow.
-    if (size < 0 || size > fileSize - TrailerSize) MRaise(MExceptionStreamError, "Could not perform file seek.");
+    if (size < 0 || size > fileSize - TrailerSize)
+        MRaise(MExceptionStreamError, "Could not perform file seek.");
     executable.Seek(-(size + TrailerSize), MSeekOrigin::End);
     AttachWindow(&executable, size, true, false);
 }

@@ -50,9 +50,9 @@ bool MCheckDataFile(const MString& path, MUserDialogs& dialogs) {
         RaiseCorruptData();
     }
     if (digest == expected) return true;
-    return dialogs.AskYesNo(
-        MTranslate("We are very sorry, but the installer is corrupt. It is strongly recommended to download it "
-                   "again.\n\nDo you want to try to install the software anyway?"));
+    return dialogs.AskYesNo(MTranslate(
+        "We are very sorry, but the installer is corrupt. It is strongly recommended to download it "
+        "again.\n\nDo you want to try to install the software anyway?"));
 }
 
 void MOpenDataFile(const MString& path, MStdFileStream& file) {
@@ -64,7 +64,8 @@ void MOpenDataFile(const MString& path, MStdFileStream& file) {
 }
 
 void MRaiseMissingParts() {
-    MRaise(MExceptionGeneral,
-           "Setup data file is corrupt or missing. Please make sure all parts of the installation package (usually "
-           "CAB files) are available and present in the same directory as the setup application.");
+    MRaise(
+        MExceptionGeneral,
+        "Setup data file is corrupt or missing. Please make sure all parts of the installation package (usually "
+        "CAB files) are available and present in the same directory as the setup application.");
 }

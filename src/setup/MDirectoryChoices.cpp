@@ -60,7 +60,8 @@ MString MDirectoryChoices::Propose(const MXMLItem& element, const MDefaultPaths&
 MString MDirectoryChoices::ProposeDefault(const MXMLItem& element) const {
     MList<MString> proposals;
     proposals.Add(ExpandPath(element.GetAttribute("default")));
-    for (const MXMLItem& fallback : MXMLSubItems(element, "default")) proposals.Add(ExpandPath(fallback.GetValue()));
+    for (const MXMLItem& fallback : MXMLSubItems(element, "default"))
+        proposals.Add(ExpandPath(fallback.GetValue()));
 
     for (const MString& proposal : proposals)
         if (MFile::Exists(proposal)) return proposal;

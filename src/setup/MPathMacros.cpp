@@ -11,10 +11,23 @@ namespace {
 /// One name for each of the first special folders. The names of `temp` and `logs` and the folders at
 /// their places disagree, and the last folders have no name: definitions rely on what results.
 const char* const FolderNames[] = {
-    "data",      "userdata",         "user",          "documents",         "userdocuments",
-    "programfiles", "components",    "startmenu",     "userstartmenu",     "startmenuprograms",
-    "userstartmenuprograms", "desktop", "userdesktop", "system",           "fonts",
-    "temp",      "logs",
+    "data",
+    "userdata",
+    "user",
+    "documents",
+    "userdocuments",
+    "programfiles",
+    "components",
+    "startmenu",
+    "userstartmenu",
+    "startmenuprograms",
+    "userstartmenuprograms",
+    "desktop",
+    "userdesktop",
+    "system",
+    "fonts",
+    "temp",
+    "logs",
 };
 
 MString GetFolderName(int32_t folder) {

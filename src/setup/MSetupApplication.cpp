@@ -35,8 +35,9 @@ int32_t MSetupApplication::Main() {
     try {
         exitCode = RunByFiles(MFile::GetCurrentPath());
     } catch (const MException&) {
-        dialogs->ShowError(MTranslate("There are no installer data availble. The installer is probably corrupt, please "
-                                      "download it again."));
+        dialogs->ShowError(
+            MTranslate("There are no installer data availble. The installer is probably corrupt, please "
+                       "download it again."));
     }
     Sfx = nullptr;
     return exitCode;
@@ -51,7 +52,8 @@ int32_t MSetupApplication::RunByFiles(const MString& startDirectory) {
     MFile::SetCurrentPath(directory);
     MSfx sfx;
     Sfx = &sfx;
-    if (!sfx.IsOpen() && MFile::Exists(MFile::Join(directory, "setup.state"))) return RunInstalledCopy(directory);
+    if (!sfx.IsOpen() && MFile::Exists(MFile::Join(directory, "setup.state")))
+        return RunInstalledCopy(directory);
     if (!FindData(directory)) return isUnattended ? MExitFailed : MExitDeclined;
     return RunData(startDirectory);
 }
@@ -73,7 +75,8 @@ bool MSetupApplication::FindData(const MString& directory) {
     }
     const MString dataPath = MFile::Join(directory, "setup.dat");
     if (!MFile::IsFile(dataPath)) {
-        if (MFile::Exists(MFile::Join(directory, "setup.multi"))) (void)RefuseMode("This build cannot read file sets.");
+        if (MFile::Exists(MFile::Join(directory, "setup.multi")))
+            (void)RefuseMode("This build cannot read file sets.");
         MRaiseMissingParts();
     }
     if (!MCheckDataFile(dataPath, *dialogs)) return false;
@@ -94,7 +97,8 @@ int32_t MSetupApplication::RunData(const MString& startDirectory) {
 }
 
 int32_t MSetupApplication::RunDefinition(const MString& startDirectory) {
-    if (Definition.FindSubItem("updateinformation")) return RefuseMode("This build cannot install update packages.");
+    if (Definition.FindSubItem("updateinformation"))
+        return RefuseMode("This build cannot install update packages.");
     if (isUnattended) return MRunUnattended(Definition, Arguments, startDirectory);
     return RefuseMode("This build has no wizard window. To install, add the words: silent accept-licence");
 }

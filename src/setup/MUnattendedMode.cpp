@@ -28,7 +28,8 @@ int32_t Fail(const MException& exception, MExitCode exitCode) {
 
 }  // namespace
 
-int32_t MRunUnattended(MLargeResourceLibrary& definition, const MList<MString>& words, const MString& startDirectory) {
+int32_t MRunUnattended(MLargeResourceLibrary& definition, const MList<MString>& words,
+                       const MString& startDirectory) {
     try {
         InstallUnattended(definition, MUnattendedOptions(words, startDirectory));
         return MExitDone;

@@ -55,8 +55,9 @@ void MUnattendedOptions::ReadWord(const MString& word, const MString& startDirec
     else if (const auto answer = TextAfter(word, "locked="))
         ReadLocked(word, *answer);
     else
-        RaiseWord(word, "the words of a silent run are accept-licence, configuration=ID, component:NAME=on|off, "
-                        "directory:ID=PATH and locked=abort|ignore|retry");
+        RaiseWord(word,
+                  "the words of a silent run are accept-licence, configuration=ID, component:NAME=on|off, "
+                  "directory:ID=PATH and locked=abort|ignore|retry");
 }
 
 void MUnattendedOptions::ReadComponent(const MString& word, const MString& choice) {
@@ -72,7 +73,8 @@ void MUnattendedOptions::ReadDirectory(const MString& word, const MString& choic
     MNamedChoice directory = SplitChoice(word, choice, false, advice);
     if (directory.Text.IsEmpty()) RaiseWord(word, advice);
     const bool isComplete = MFile::IsAbsolute(directory.Text);
-    directory.Text = MFile::Normalize(isComplete ? directory.Text : MFile::Join(startDirectory, directory.Text));
+    directory.Text =
+        MFile::Normalize(isComplete ? directory.Text : MFile::Join(startDirectory, directory.Text));
     Directories.Add(directory);
 }
 

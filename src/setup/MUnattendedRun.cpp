@@ -5,28 +5,30 @@
 
 MUnattendedRun::MUnattendedRun(MLargeResourceLibrary& definition, const MUnattendedOptions& options,
                                const MInstallViews& views)
-    : options(options), views(views), session(definition), configurations(definition), components(definition),
+    : options(options),
+      views(views),
+      session(definition),
+      configurations(definition),
+      components(definition),
       directories(session) {}
 
 void MUnattendedRun::Validate() {
     if (session.GetDefinition().FindSubItem("licence") && !options.AcceptLicence)
-        MRefuse("The licence of {0} has not been accepted. Read it, and if you agree, add the word accept-licence.",
-                session.SoftwareName);
+        MRefuse(
+            "The licence of {0} has not been accepted. Read it, and if you agree, add the word accept-licence.",
+            session.SoftwareName);
     if (options.Configuration && !configurations.Find(*options.Configuration))
-        MRefuse("{0} has no configuration \"{1}\".", session.SoftwareName,
-               *options.Configuration);
+        MRefuse("{0} has no configuration \"{1}\".", session.SoftwareName, *options.Configuration);
     ValidateComponents();
     for (const MNamedChoice& directory : options.Directories)
         if (!directories.Find(directory.Name))
-            MRefuse("{0} has no directory \"{1}\" to choose.", session.SoftwareName,
-                   directory.Name);
+            MRefuse("{0} has no directory \"{1}\" to choose.", session.SoftwareName, directory.Name);
 }
 
 void MUnattendedRun::ValidateComponents() {
     for (const MNamedChoice& component : options.Components)
         if (!components.Find(component.Name))
-            MRefuse("{0} has no component \"{1}\" to choose.", session.SoftwareName,
-                   component.Name);
+            MRefuse("{0} has no component \"{1}\" to choose.", session.SoftwareName, component.Name);
 }
 
 void MUnattendedRun::Perform() {
@@ -41,7 +43,8 @@ void MUnattendedRun::Perform() {
 void MUnattendedRun::ChooseConfiguration() {
     const MXMLItem* chosen =
         options.Configuration ? configurations.Find(*options.Configuration) : configurations.GetProposal();
-    if (chosen && !configurations.Apply(*chosen, session)) MRaise(MExceptionGeneral, MConfigurationNeeds64Bit);
+    if (chosen && !configurations.Apply(*chosen, session))
+        MRaise(MExceptionGeneral, MConfigurationNeeds64Bit);
 }
 
 void MUnattendedRun::ChooseComponents() {
@@ -53,7 +56,8 @@ void MUnattendedRun::ChooseComponents() {
 
 void MUnattendedRun::ChooseDirectories() {
     directories.LoadDefaults();
-    for (const MNamedChoice& directory : options.Directories) directories.Find(directory.Name)->Path = directory.Text;
+    for (const MNamedChoice& directory : options.Directories)
+        directories.Find(directory.Name)->Path = directory.Text;
     directories.UpdateAvailability();
     directories.Store();
 }

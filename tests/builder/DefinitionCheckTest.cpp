@@ -127,6 +127,9 @@ TEST_F(DefinitionCheckTest, TwoFilesForOneDestination) {
     EXPECT_THAT(CheckGroups("destination=\"{data}\" configurations=\"x\">",
                             "destination=\"{data}\" configurations=\"y,x\">"),
                 clash);
+    EXPECT_THAT(CheckGroups("destination=\"{data}\" windows=\"0\" linux=\"1\">",
+                            "destination=\"{data}\" linux=\"0\">"),
+                IsEmpty());
     // A copy, and one whose files get other extensions.
     EXPECT_THAT(
         CheckGroups("destination=\"{data}\"><copy destination=\"{user}\"/>", "destination=\"{user}\">"),
@@ -136,6 +139,18 @@ TEST_F(DefinitionCheckTest, TwoFilesForOneDestination) {
             "destination=\"{data}\"><copy destination=\"{user}\"><extension src=\"dll\" dst=\"vst3\"/></copy>",
             "destination=\"{user}\">"),
         IsEmpty());
+}
+
+TEST_F(DefinitionCheckTest, IdsOfOnePlatformAreUnique) {
+    const auto check = [this](const std::string& attributes) {
+        return Check(
+            MakeDefinition("<directory id=\"d\" name=\"D\" default=\"{data}\" windows=\"0\" linux=\"1\"/>\n"
+                           "<directory id=\"D\" name=\"D\" default=\"{user}\" " +
+                           attributes + "/>\n"));
+    };
+    EXPECT_THAT(check("windows=\"1\" linux=\"0\""), IsEmpty());
+    EXPECT_THAT(check("x64=\"1\""), IsEmpty());
+    EXPECT_THAT(check(""), ElementsAre(StartsWith("3: warning: The id \"D\" was given before, in line 2.")));
 }
 
 TEST_F(DefinitionCheckTest, FlattenedFilesMeet) {

@@ -20,14 +20,21 @@ protected:
         OpenForEverybody(scratch.GetPath());
         OpenForEverybody(InHome(""));
         // What an earlier test has had remembered must not decide this one.
-        const MString remembered = MFile::Join(MFile::GetSpecialPath(MSpecialFolderUserData), "DefaultPaths.xml");
+        const MString remembered =
+            MFile::Join(MFile::GetSpecialPath(MSpecialFolderUserData), "DefaultPaths.xml");
         if (MPlatform::GetName() == "windows" && MFile::Exists(remembered)) MFile::Delete(remembered);
     }
     ~EndToEndTest() noexcept override = default;
 
-    [[nodiscard]] MString InProduct(const MString& name) const { return MFile::Join(scratch.Join("product"), name); }
-    [[nodiscard]] MString InHome(const MString& name) const { return MFile::Join(scratch.Join("home"), name); }
-    [[nodiscard]] MString GetInstaller() const { return InHome(MString("Product.") + MPlatform::ExecutableExtension()); }
+    [[nodiscard]] MString InProduct(const MString& name) const {
+        return MFile::Join(scratch.Join("product"), name);
+    }
+    [[nodiscard]] MString InHome(const MString& name) const {
+        return MFile::Join(scratch.Join("home"), name);
+    }
+    [[nodiscard]] MString GetInstaller() const {
+        return InHome(MString("Product.") + MPlatform::ExecutableExtension());
+    }
     [[nodiscard]] std::string ReadHome(const MString& name) const { return MReadTestFile(InHome(name)); }
     [[nodiscard]] bool IsInHome(const MString& name) const { return MFile::Exists(InHome(name)); }
 
@@ -45,7 +52,8 @@ protected:
     }
     [[nodiscard]] MProgramResult Build(const MList<MString>& arguments) const {
         // The builder is the maker's tool and works in the maker's folders.
-        return MRunTestProgram(SETUP_BUILDER_PROGRAM, arguments, scratch.Join("product"), scratch.Join("product"), false);
+        return MRunTestProgram(SETUP_BUILDER_PROGRAM, arguments, scratch.Join("product"),
+                               scratch.Join("product"), false);
     }
     [[nodiscard]] MProgramResult Start(const MString& program, const MList<MString>& arguments) const {
         return MRunTestProgram(program, arguments, InHome(""), InHome(""));

@@ -17,7 +17,8 @@ std::map<std::string, MString> ListFiles(const MString& directory, bool flat) {
 }
 
 /// Everything below `source` stands in `target` byte for byte, under the extension `renamed` if that is given.
-void ExpectInstalled(const MString& source, const MString& target, const char* renamed = nullptr, bool flat = false) {
+void ExpectInstalled(const MString& source, const MString& target, const char* renamed = nullptr,
+                     bool flat = false) {
     const std::map<std::string, MString> sources = ListFiles(source, flat);
     EXPECT_FALSE(sources.empty()) << Text(source);
     for (const auto& [name, path] : sources) {
@@ -47,12 +48,13 @@ protected:
         ASSERT_EQ(result.exitCode, 0) << result.errors;
     }
     MProgramResult InstallExample(const char* configuration) {
-        return Install({"silent", "accept-licence", configuration, "directory:destination=to", "directory:vst=vst",
-                        "directory:lv2=lv2"});
+        return Install({"silent", "accept-licence", configuration, "directory:destination=to",
+                        "directory:vst=vst", "directory:lv2=lv2"});
     }
     [[nodiscard]] MString GetUserData() const {
-        const MString directory = MPlatform::GetName() == "windows" ? MFile::GetSpecialPath(MSpecialFolderUserData)
-                                                                    : InHome(".local/share/Corvanth");
+        const MString directory = MPlatform::GetName() == "windows"
+                                      ? MFile::GetSpecialPath(MSpecialFolderUserData)
+                                      : InHome(".local/share/Corvanth");
         return MFile::Join(directory, "Plug-in Set");
     }
     void ExpectPlugins(const char* source, const char* target, const char* renamed = nullptr) {

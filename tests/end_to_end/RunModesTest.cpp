@@ -57,7 +57,8 @@ TEST_F(RunModesTest, InstallsFromDataBesideTheProgramUnlessTheyAreDamaged) {
 TEST_F(RunModesTest, ModesThatAreMissingSaySoInOneLine) {
     PackData();
     const MString program = PutProgram("setup");
-    EXPECT_EQ(Start(program, {}).errors, "This build has no wizard window. To install, add the words: silent accept-licence\n");
+    EXPECT_EQ(Start(program, {}).errors,
+              "This build has no wizard window. To install, add the words: silent accept-licence\n");
     scratch.WriteFile("home/setup.state", "<install/>");
     EXPECT_EQ(Start(program, {}).errors, "This build has no uninstaller.\n");
     EXPECT_EQ(Start(program, ToList({"UPDATE"})).errors, "This build has no update manager.\n");

@@ -11,17 +11,19 @@ protected:
         scratch.WriteFile(MDecodeUTF8Exact("product/source/sub/Čeština 😀.txt"), "unicode");
         scratch.WriteFile("product/source/large.bin", std::string(2000000, 'L'));
         scratch.WriteFile("product/plugin.dll", "binary");
-        Pack("<licence name=\"licence.txt\"/><configuration id=\"full\" name=\"Full\"/>"
-             "<configuration id=\"small\" name=\"Small\"/>"
-             "<directory id=\"destination\" name=\"Destination\" default=\"unused\"/>"
-             "<directory id=\"plugins\" name=\"Plug-ins\" default=\"unused\"/>"
-             "<files path=\"source\" destination=\"{destination}\" required=\"1\"/>"
-             "<files name=\"VST\" path=\"plugin.dll\" configurations=\"full\" destination=\"{plugins}\">"
-             "<copy name=\"VST3\" destination=\"{plugins}/VST3\"><extension src=\"dll\" dst=\"vst3\"/></copy></files>",
-             options);
+        Pack(
+            "<licence name=\"licence.txt\"/><configuration id=\"full\" name=\"Full\"/>"
+            "<configuration id=\"small\" name=\"Small\"/>"
+            "<directory id=\"destination\" name=\"Destination\" default=\"unused\"/>"
+            "<directory id=\"plugins\" name=\"Plug-ins\" default=\"unused\"/>"
+            "<files path=\"source\" destination=\"{destination}\" required=\"1\"/>"
+            "<files name=\"VST\" path=\"plugin.dll\" configurations=\"full\" destination=\"{plugins}\">"
+            "<copy name=\"VST3\" destination=\"{plugins}/VST3\"><extension src=\"dll\" dst=\"vst3\"/></copy></files>",
+            options);
     }
     MProgramResult InstallHere(std::initializer_list<const char*> words) {
-        MList<MString> arguments = ToList({"silent", "directory:destination=to", "directory:plugins=to/plugins"});
+        MList<MString> arguments =
+            ToList({"silent", "directory:destination=to", "directory:plugins=to/plugins"});
         for (const MString& word : ToList(words)) arguments.Add(word);
         return Start(GetInstaller(), arguments);
     }
@@ -96,8 +98,8 @@ TEST_F(UnattendedInstallTest, DamagedInstallersTellItAndInstallNothing) {
     const std::string damaged[] = {
         sound.substr(0, sound.size() - 1),
         sound.substr(0, sound.size() - 20),
-        withByte(2, 0x70),                  // a payload larger than the file
-        withByte(16 + 8, 0x20),             // an index too large for a reader
+        withByte(2, 0x70),                                                // a payload larger than the file
+        withByte(16 + 8, 0x20),                                           // an index too large for a reader
         withByte(16 + 20, static_cast<char>(~sound[sound.size() - 36])),  // a wrong digest
     };
     for (const std::string& bytes : damaged) {
@@ -105,8 +107,9 @@ TEST_F(UnattendedInstallTest, DamagedInstallersTellItAndInstallNothing) {
         MFile::MakeExecutable(GetInstaller());
         const MProgramResult result = InstallHere({"accept-licence"});
         EXPECT_EQ(result.exitCode, 1);
-        EXPECT_NE(result.errors.find("There are no installer data availble. The installer is probably corrupt, please "
-                                     "download it again."),
+        EXPECT_NE(result.errors.find(
+                      "There are no installer data availble. The installer is probably corrupt, please "
+                      "download it again."),
                   std::string::npos)
             << result.errors;
         ExpectNothingInstalled();
@@ -129,7 +132,8 @@ TEST_F(UnattendedInstallTest, AFlippedBitInAnItemStopsTheRunWithoutState) {
     MFile::MakeExecutable(GetInstaller());
     const MProgramResult result = Install({"silent", "directory:destination=to"});
     EXPECT_EQ(result.exitCode, 1);
-    EXPECT_NE(result.errors.find("Source compressed stream has invalid content."), std::string::npos) << result.errors;
+    EXPECT_NE(result.errors.find("Source compressed stream has invalid content."), std::string::npos)
+        << result.errors;
     EXPECT_TRUE(IsInHome("to/noise"));
     EXPECT_FALSE(IsInHome("to/setup.state"));
 }

@@ -9,7 +9,8 @@ const char* const Enabled = "<files enabled=\"1\" currentpath=\"{to}\" destinati
 TEST_F(InstallTest, WritesTreesByteForByte) {
     const std::string large(3 * 1048576 + 17, 'L');
     Define(std::string(Enabled) + "><dir name=\"Čeština\" op=\"create\">" + File("ž š.txt", "inner") +
-           "<dir name=\"empty\" op=\"create\"/></dir>" + File("large.bin", large) + File("nothing", "") + "</files>");
+           "<dir name=\"empty\" op=\"create\"/></dir>" + File("large.bin", large) + File("nothing", "") +
+           "</files>");
     Perform();
     EXPECT_EQ(Read(MDecodeUTF8Exact("Čeština/ž š.txt")), "inner");
     EXPECT_TRUE(MFile::IsDirectory(MFile::Join(GetTarget(), MDecodeUTF8Exact("Čeština/empty"))));
@@ -22,10 +23,12 @@ TEST_F(InstallTest, WritesTreesByteForByte) {
 
 TEST_F(InstallTest, DecidesByOperationAndRewritability) {
     for (const bool rewritable : {true, false}) {
-        const std::string files = File("new", "shipped") + File("old", "shipped") + File("updated", "shipped", "update") +
-                                  File("left", "shipped", "leave") + File("plain", "shipped", "") +
-                                  File("deleted", "shipped", "delete") + File("my.presets.xml", "shipped");
-        Define(std::string(Enabled) + " rewritable=\"" + (rewritable ? "1" : "0") + "\">" + files + "</files>");
+        const std::string files = File("new", "shipped") + File("old", "shipped") +
+                                  File("updated", "shipped", "update") + File("left", "shipped", "leave") +
+                                  File("plain", "shipped", "") + File("deleted", "shipped", "delete") +
+                                  File("my.presets.xml", "shipped");
+        Define(std::string(Enabled) + " rewritable=\"" + (rewritable ? "1" : "0") + "\">" + files +
+               "</files>");
         for (const char* name : {"old", "updated", "left", "deleted", "my.presets.xml"}) Put(name, "mine");
         if (Exists("new")) MFile::Delete(MFile::Join(GetTarget(), "new"));
         Perform();
@@ -68,7 +71,8 @@ TEST_F(InstallTest, CopiesFollowTheirOwnSwitchAndExtensions) {
 
 TEST_F(InstallTest, BundlesAreWideOn64BitSystems) {
     folders.SetPath(MSpecialFolderProgramFiles, scratch.Join("Program Files (x86)"));
-    Define("<files enabled=\"1\" destination=\"x\" currentpath=\"{to}\">" + File("X.aaxplugin", "binary") + "</files>");
+    Define("<files enabled=\"1\" destination=\"x\" currentpath=\"{to}\">" + File("X.aaxplugin", "binary") +
+           "</files>");
     Perform();
     EXPECT_EQ(Read("X.aaxplugin/Contents/x64/X.aaxplugin"), "binary");
     Perform(true);
@@ -80,7 +84,8 @@ TEST_F(InstallTest, FlattensDirectoriesButNotBundles) {
                              "</dir></dir><dir name=\"x.vst\"><dir name=\"Contents\">" + File("y", "kept") +
                              "</dir></dir>" + "<dir name=\"z\">" + File("after", "flat") + "</dir>";
     Define(std::string(Enabled) + " ignoresubdirs=\"1\">" + tree + "</files>" +
-           "<files enabled=\"1\" ignoresubdirs=\"1\" destination=\"x\" currentpath=\"{to}/v1.0\">" + tree + "</files>");
+           "<files enabled=\"1\" ignoresubdirs=\"1\" destination=\"x\" currentpath=\"{to}/v1.0\">" + tree +
+           "</files>");
     Perform();
     EXPECT_EQ(Read("c.txt"), "flat");
     EXPECT_EQ(Read("x.vst/Contents/y"), "kept");
@@ -100,7 +105,8 @@ TEST_F(InstallTest, CreatesOnlyTheDirectoriesItIsTold) {
 TEST_F(InstallTest, RefusesNamesThatLeadOutBeforeWritingAnything) {
     for (const char* name : {"../out", "a/../../out", "..", "/out", "\\out", "C:/out", "a\\..\\..\\out"}) {
         payload = MTestPayload(7);
-        Define(std::string(Enabled) + ">" + File("first", "x") + "<dir name=\"d\">" + File(name, "x") + "</dir></files>");
+        Define(std::string(Enabled) + ">" + File("first", "x") + "<dir name=\"d\">" + File(name, "x") +
+               "</dir></files>");
         EXPECT_THROW(Perform(), MException) << name;
         EXPECT_FALSE(Exists("first")) << name;
         EXPECT_FALSE(MFile::Exists(scratch.Join("out"))) << name;
@@ -115,17 +121,17 @@ TEST_F(InstallTest, LogTellsANewFileLineByLine) {
     Define(std::string(Enabled) + ">" + File("ž.txt", "12345") + "</files>");
     Perform();
     const std::string to = GetTarget().ToUTF8().Get();
-    EXPECT_EQ(ReadLog(), "Performing installation\nInitiating install to " + to + "\nProcessing file \"" + to +
-                             "/ž.txt\" operation create\nCreating directory " + to +
+    EXPECT_EQ(ReadLog(), "Performing installation\nInitiating install to " + to + "\nProcessing file \"" +
+                             to + "/ž.txt\" operation create\nCreating directory " + to +
                              "\nFile exists = 0  rewritable = 1\nRewriting file " + to +
                              "/ž.txt\nFile successfuly created\nWriting file 5\nSuccess, closing the file\n");
 }
 
 TEST_F(InstallTest, RemovesWhatItInstalledAndCountsWhatItCannot) {
-    Define(std::string(Enabled) + "><dir name=\"d\" op=\"create\">" + File("f", "x") + "</dir>" + File("g", "x") +
-           "<dir name=\"kept\" uninstall=\"0\">" + File("h", "x") + "</dir></files>" +
-           "<files enabled=\"1\" uninstall=\"0\" destination=\"x\" currentpath=\"{to}/stays\">" + File("i", "x") +
-           "</files>");
+    Define(std::string(Enabled) + "><dir name=\"d\" op=\"create\">" + File("f", "x") + "</dir>" +
+           File("g", "x") + "<dir name=\"kept\" uninstall=\"0\">" + File("h", "x") + "</dir></files>" +
+           "<files enabled=\"1\" uninstall=\"0\" destination=\"x\" currentpath=\"{to}/stays\">" +
+           File("i", "x") + "</files>");
     Perform();
     Put("d/user", "mine");
     Perform(true);

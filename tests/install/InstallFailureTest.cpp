@@ -10,7 +10,8 @@ class InstallFailureTest : public InstallTest {
 protected:
     /// "first" can be written, "blocked" cannot since a directory that holds something has its name, and "last" can.
     void DefineBlocked() {
-        Define(std::string(Enabled) + File("first", "1") + File("blocked", "2") + File("last", "3") + "</files>");
+        Define(std::string(Enabled) + File("first", "1") + File("blocked", "2") + File("last", "3") +
+               "</files>");
         Put("blocked/inside", "in the way");
     }
     void Unblock() { MFile::DeleteTree(MFile::Join(GetTarget(), "blocked")); }
@@ -27,9 +28,10 @@ TEST_F(InstallFailureTest, RefusingEndsTheRunAndKeepsWhatWasWritten) {
             "\" could not be created. Make sure there is no write-protected file already existing."));
     }
     ASSERT_EQ(dialogs.questions.GetCount(), 1);
-    const MString question = MString("Could not rewrite file\n\n") + GetTarget() +
-                             "/blocked\n\n Do you want to try again? If you select \"No\", the installation will abort. "
-                             "If you select ignore, the installation will continue without creating the file.";
+    const MString question =
+        MString("Could not rewrite file\n\n") + GetTarget() +
+        "/blocked\n\n Do you want to try again? If you select \"No\", the installation will abort. "
+        "If you select ignore, the installation will continue without creating the file.";
     EXPECT_TRUE(dialogs.questions[0].IsExactly(question));
     EXPECT_EQ(Read("first"), "1");
     EXPECT_FALSE(Exists("last"));
@@ -81,12 +83,14 @@ TEST_F(InstallFailureTest, DamagedContentEndsTheRun) {
 TEST_F(InstallFailureTest, ContentThatEndsTooEarlyIsNoSuccess) {
     payload = MTestPayload(0);
     (void)Item("short");
-    Define(std::string(Enabled) + "<file name=\"f\" op=\"create\" filestart=\"0\" filesize=\"50000\"/></files>");
+    Define(std::string(Enabled) +
+           "<file name=\"f\" op=\"create\" filestart=\"0\" filesize=\"50000\"/></files>");
     EXPECT_THROW(Perform(), MException);
 }
 
 TEST_F(InstallFailureTest, ADirectoryThatCannotBeMadeEndsTheRunWhileCounting) {
-    Define("<files enabled=\"1\" destination=\"x\" currentpath=\"{to}/file/below\">" + File("f", "1") + "</files>");
+    Define("<files enabled=\"1\" destination=\"x\" currentpath=\"{to}/file/below\">" + File("f", "1") +
+           "</files>");
     Put("file", "in the way");
     try {
         Perform();
@@ -111,7 +115,8 @@ private:
 };
 
 TEST_F(InstallFailureTest, ADestinationThatVanishesIsMadeAgain) {
-    Define(std::string(Enabled) + File("first", "1") + "<dir name=\"d\">" + File("second", "2") + "</dir></files>");
+    Define(std::string(Enabled) + File("first", "1") + "<dir name=\"d\">" + File("second", "2") +
+           "</dir></files>");
     VanishingTarget view(GetTarget());
     MInstallViews views;
     views.fileText = &view;

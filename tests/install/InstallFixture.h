@@ -58,9 +58,15 @@ protected:
         views.dialogs = &dialogs;
         processor->Perform(library, uninstall ? nullptr : &library, views, uninstall);
     }
-    [[nodiscard]] bool Exists(const MString& name) const { return MFile::Exists(MFile::Join(GetTarget(), name)); }
-    [[nodiscard]] std::string Read(const MString& name) const { return MReadTestFile(MFile::Join(GetTarget(), name)); }
-    void Put(const MString& name, const std::string& content) const { scratch.WriteFile(MString("target/") + name, content); }
+    [[nodiscard]] bool Exists(const MString& name) const {
+        return MFile::Exists(MFile::Join(GetTarget(), name));
+    }
+    [[nodiscard]] std::string Read(const MString& name) const {
+        return MReadTestFile(MFile::Join(GetTarget(), name));
+    }
+    void Put(const MString& name, const std::string& content) const {
+        scratch.WriteFile(MString("target/") + name, content);
+    }
     [[nodiscard]] std::string ReadLog() {
         processor.reset();
         return MReadTestFile(MFile::Join(MFile::GetSpecialPath(MSpecialFolderUserData), "InstallerLog.txt"));

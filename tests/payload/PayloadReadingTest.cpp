@@ -123,14 +123,16 @@ TEST(PayloadIndexTest, IsLimitedInItsStoredSize) {
     const std::string end = "</install>";
     for (const int32_t excess : {0, 1}) {
         const size_t size = 0x200000 + static_cast<size_t>(excess);
-        const std::string bytes = MTestPayload(0).Finish(begin + std::string(size - begin.size() - end.size(), 'x') + end);
+        const std::string bytes =
+            MTestPayload(0).Finish(begin + std::string(size - begin.size() - end.size(), 'x') + end);
         MMemoryStream stream = AsStream(bytes);
         MLargeResourceLibrary library;
         if (excess == 0) {
             library.Attach(&stream);
             EXPECT_TRUE(library.GetName().IsExactly("install"));
         } else {
-            EXPECT_EQ(FailureOf([&] { library.Attach(&stream); }), "100: Invalid large resource library format.");
+            EXPECT_EQ(FailureOf([&] { library.Attach(&stream); }),
+                      "100: Invalid large resource library format.");
         }
     }
 }
@@ -154,7 +156,8 @@ TEST(PayloadItemTest, ReportsNumbersThatCannotBe) {
     MLargeResourceLibrary library;
     library.Attach(&stream);
     MXMLItem& file = *library.GetSubItem(0);
-    EXPECT_EQ(FailureOf([&] { (void)library.OpenItem(&file); }), "0: Could not find required attribute (filestart).");
+    EXPECT_EQ(FailureOf([&] { (void)library.OpenItem(&file); }),
+              "0: Could not find required attribute (filestart).");
     struct {
         const char* start;
         const char* size;

@@ -11,7 +11,8 @@ protected:
         for (const MXMLItem* files : library.GetSubItems()) {
             if (!(files->GetName() == "files")) continue;
             states += Text(files->GetAttribute("enabled", "-"));
-            for (const MXMLItem* copy : files->GetSubItems()) states += Text(copy->GetAttribute("enabled", "-"));
+            for (const MXMLItem* copy : files->GetSubItems())
+                states += Text(copy->GetAttribute("enabled", "-"));
         }
         return states;
     }
@@ -29,9 +30,10 @@ protected:
 };
 
 TEST_F(ChoicesTest, ElementsOfOneNameAreOneSwitch) {
-    Define("<files name=\"VST\" destination=\"x\"><copy destination=\"y\"/><copy name=\"AAX\" destination=\"z\"/></files>"
-           "<files name=\"vst\" destination=\"x\"/><files required=\"1\" destination=\"x\"/>"
-           "<files name=\"Foreign\" windows=\"0\" destination=\"x\"/>");
+    Define(
+        "<files name=\"VST\" destination=\"x\"><copy destination=\"y\"/><copy name=\"AAX\" destination=\"z\"/></files>"
+        "<files name=\"vst\" destination=\"x\"/><files required=\"1\" destination=\"x\"/>"
+        "<files name=\"Foreign\" windows=\"0\" destination=\"x\"/>");
     MComponentRows rows(library);
     ASSERT_EQ(rows.GetCount(), 2);
     EXPECT_EQ(GetEnabled(), "111110");
@@ -42,9 +44,10 @@ TEST_F(ChoicesTest, ElementsOfOneNameAreOneSwitch) {
 }
 
 TEST_F(ChoicesTest, ConfigurationsDecideByTheFirstElementAndThePiecesAsTheyStand) {
-    Define("<files name=\"always\"/><files name=\"never\" configurations=\"\"/>"
-           "<files name=\"two\" configurations=\"full,Small\"/><files name=\"blank\" configurations=\"full, small\"/>"
-           "<files name=\"first\" configurations=\"small\"/><files name=\"first\" configurations=\"full\"/>");
+    Define(
+        "<files name=\"always\"/><files name=\"never\" configurations=\"\"/>"
+        "<files name=\"two\" configurations=\"full,Small\"/><files name=\"blank\" configurations=\"full, small\"/>"
+        "<files name=\"first\" configurations=\"small\"/><files name=\"first\" configurations=\"full\"/>");
     MComponentRows rows(library);
     struct {
         const char* configuration;
@@ -59,8 +62,9 @@ TEST_F(ChoicesTest, ConfigurationsDecideByTheFirstElementAndThePiecesAsTheyStand
 
 TEST_F(ChoicesTest, AConfigurationSetsWhatTheRunNeedsToKnow) {
     folders.SetPath(MSpecialFolderProgramFiles, "C:/Program Files (x86)");
-    Define("<configuration id=\"mac\" name=\"m\" windows=\"0\"/><configuration id=\"full\" name=\"f\" setup=\"0\" x64=\"1\"/>"
-           "<configuration id=\"small\" name=\"s\"/>");
+    Define(
+        "<configuration id=\"mac\" name=\"m\" windows=\"0\"/><configuration id=\"full\" name=\"f\" setup=\"0\" x64=\"1\"/>"
+        "<configuration id=\"small\" name=\"s\"/>");
     MSetupSession session(library);
     const MConfigurationChoice choice(library);
     EXPECT_EQ(choice.GetAlternatives().GetCount(), 2);
@@ -75,8 +79,9 @@ TEST_F(ChoicesTest, AConfigurationSetsWhatTheRunNeedsToKnow) {
 }
 
 TEST_F(ChoicesTest, AProposalPrefersWhatIsThereInTheOrderOfTheDefinition) {
-    Define("<directory id=\"a\" name=\"A\" default=\"{scratch}/one/product\"><default>{scratch}/two/product</default>"
-           "<default>{scratch}/three/product</default></directory>");
+    Define(
+        "<directory id=\"a\" name=\"A\" default=\"{scratch}/one/product\"><default>{scratch}/two/product</default>"
+        "<default>{scratch}/three/product</default></directory>");
     EXPECT_EQ(Propose(), "one/product ");
     MakeDirectory("three");
     EXPECT_EQ(Propose(), "three/product ");
@@ -96,15 +101,16 @@ TEST_F(ChoicesTest, RemembersDirectoriesForTheNextProductUnderTheirOwnKeys) {
         "<directory id=\"own\" name=\"O\" default=\"{scratch}/default\"/>";
     Define(directories);
     scratch.WriteFile("userdata/DefaultPaths.xml",
-                      "<DefaultPaths><Path id=\"other\">C:/other</Path><Path id=\"vst64\">" + InScratch("wide") +
-                          "</Path></DefaultPaths>");
+                      "<DefaultPaths><Path id=\"other\">C:/other</Path><Path id=\"vst64\">" +
+                          InScratch("wide") + "</Path></DefaultPaths>");
     {
         MSetupSession session(library);
         MDirectoryChoices choices(session);
         choices.Find("vst")->Path = scratch.Join("shared");
         choices.Find("own")->Path = scratch.Join("elsewhere");
         choices.Store();
-        EXPECT_EQ(Text(library.FindSubItem("directory", "id", "own")->GetAttribute("path")), InScratch("elsewhere"));
+        EXPECT_EQ(Text(library.FindSubItem("directory", "id", "own")->GetAttribute("path")),
+                  InScratch("elsewhere"));
     }
     EXPECT_EQ(Propose(), "default default ");
     MakeDirectory("shared");
@@ -134,10 +140,11 @@ TEST_F(ChoicesTest, AnEarlierInstallationWinsForTheDestinationOnly) {
 }
 
 TEST_F(ChoicesTest, OnlyDirectoriesThatAnEnabledPartUsesAreAvailable) {
-    Define("<directory id=\"used\" name=\"U\" default=\"a\"/><directory id=\"copied\" name=\"C\" default=\"a\"/>"
-           "<directory id=\"off\" name=\"F\" default=\"a\"/><directory id=\"wide\" name=\"W\" default=\"a\" x64=\"1\"/>"
-           "<files enabled=\"1\" destination=\"{USED}/x\"/><files enabled=\"0\" destination=\"{off}\">"
-           "<copy enabled=\"1\" destination=\"y/{copied}\"/></files><files destination=\"{off}{wide}\"/>");
+    Define(
+        "<directory id=\"used\" name=\"U\" default=\"a\"/><directory id=\"copied\" name=\"C\" default=\"a\"/>"
+        "<directory id=\"off\" name=\"F\" default=\"a\"/><directory id=\"wide\" name=\"W\" default=\"a\" x64=\"1\"/>"
+        "<files enabled=\"1\" destination=\"{USED}/x\"/><files enabled=\"0\" destination=\"{off}\">"
+        "<copy enabled=\"1\" destination=\"y/{copied}\"/></files><files destination=\"{off}{wide}\"/>");
     MSetupSession session(library);
     MDirectoryChoices choices(session);
     ASSERT_EQ(choices.GetCount(), 3);

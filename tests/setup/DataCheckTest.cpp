@@ -1,7 +1,7 @@
+#include "foundation/MPlatform.h"
 #include "setup/MDataCheck.h"
 #include "setup/MMD5Tool.h"
 #include "setup/MSelfReplacement.h"
-#include "foundation/MPlatform.h"
 #include "setup/MTextDialogs.h"
 #include "tests/setup/SetupFixture.h"
 
@@ -68,7 +68,8 @@ TEST_F(DataCheckTest, TheToolWritesTheCompanionThatTheCheckReads) {
     EXPECT_EQ(Text(dialogs.shown), DigestOfAbc);
     arguments[1] = scratch.Join("missing");
     MRunMD5Tool(arguments, console, dialogs);
-    EXPECT_EQ(Text(dialogs.error), "File \"" + InScratch("missing") + "\" could not be open. Make sure it exists.");
+    EXPECT_EQ(Text(dialogs.error),
+              "File \"" + InScratch("missing") + "\" could not be open. Make sure it exists.");
 }
 
 TEST_F(DataCheckTest, SelfReplacementOverwritesTheInstalledProgramButNeverItself) {

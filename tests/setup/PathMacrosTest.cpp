@@ -27,13 +27,15 @@ TEST_F(PathMacrosTest, NamesAndFoldersDisagreeAtTheEndOfTheTable) {
     Create(true);
     EXPECT_EQ(Expand("{temp}"), InScratch("downloads"));
     EXPECT_EQ(Expand("{logs}"), InScratch("music"));
-    EXPECT_EQ(Expand("{}|{32}|{64}"), InScratch("pictures") + "|" + InScratch("pictures") + "|" + InScratch("pictures"));
+    EXPECT_EQ(Expand("{}|{32}|{64}"),
+              InScratch("pictures") + "|" + InScratch("pictures") + "|" + InScratch("pictures"));
 }
 
 TEST_F(PathMacrosTest, ExpandsAnyCaseAndValuesThatHoldMacrosAndKeepsTheRest) {
     Create(false);
     macros.AddMacro("destination", "{Desktop}/Tool");
-    EXPECT_EQ(Expand("{DESTINATION}/a {nobody} {{versionname}} {"), InScratch("desktop/Tool") + "/a {nobody} {{versionname}} {");
+    EXPECT_EQ(Expand("{DESTINATION}/a {nobody} {{versionname}} {"),
+              InScratch("desktop/Tool") + "/a {nobody} {{versionname}} {");
     macros.AddMacro("destination", "never reached");
     EXPECT_EQ(Expand("{destination}"), InScratch("desktop/Tool"));
     Create(false);

@@ -17,8 +17,10 @@ protected:
     /// Takes the children of the root. `{scratch}` in the text becomes the scratch directory.
     void Define(std::string children, const std::string& attributes = "") {
         const std::string path = Text(scratch.GetPath());
-        for (size_t at; (at = children.find("{scratch}")) != std::string::npos;) children.replace(at, 9, path);
-        bytes = payload.Finish("<install name=\"Test Product\" " + attributes + ">" + children + "</install>");
+        for (size_t at; (at = children.find("{scratch}")) != std::string::npos;)
+            children.replace(at, 9, path);
+        bytes =
+            payload.Finish("<install name=\"Test Product\" " + attributes + ">" + children + "</install>");
         source.Attach(bytes.data(), static_cast<int32_t>(bytes.size()));
         library.Attach(&source);
     }

@@ -15,9 +15,9 @@ MList<MString> Words(std::initializer_list<const char*> texts) {
 }  // namespace
 
 TEST(UnattendedOptionsTest, ReadsEveryWordInAnyCaseAndOrder) {
-    const MUnattendedOptions options(
-        Words({"locked=ignore", "Directory:vst=sub/ž=1", "COMPONENT:A=B=Off", "configuration=full", "accept-licence"}),
-        MFile::GetCurrentPath());
+    const MUnattendedOptions options(Words({"locked=ignore", "Directory:vst=sub/ž=1", "COMPONENT:A=B=Off",
+                                            "configuration=full", "accept-licence"}),
+                                     MFile::GetCurrentPath());
     EXPECT_TRUE(options.AcceptLicence);
     EXPECT_EQ(Text(*options.Configuration), "full");
     EXPECT_EQ(Text(options.Components[0].Name), "A=B");
@@ -28,8 +28,8 @@ TEST(UnattendedOptionsTest, ReadsEveryWordInAnyCaseAndOrder) {
 }
 
 TEST(UnattendedOptionsTest, RefusesUnknownAndIncompleteWordsByName) {
-    for (const char* word : {"accept", "component:X", "component:X=maybe", "component:=on", "directory:x", "directory:x=",
-                             "directory:=x", "locked=", "locked=perhaps", "--help", ""}) {
+    for (const char* word : {"accept", "component:X", "component:X=maybe", "component:=on", "directory:x",
+                             "directory:x=", "directory:=x", "locked=", "locked=perhaps", "--help", ""}) {
         try {
             MUnattendedOptions options(Words({"accept-licence", word}), "C:/");
             ADD_FAILURE() << word;
@@ -56,7 +56,8 @@ protected:
                "<directory id=\"extra\" name=\"E\" default=\"{scratch}/extra\"/>" +
                "<files required=\"1\" destination=\"{destination}\"><file name=\"core\" op=\"create\"" +
                payload.Add("core") + "/></files><files name=\"Extras\" configurations=\"full\" " +
-               "destination=\"{extra}/in\"><file name=\"extra\" op=\"create\"" + payload.Add("extra") + "/></files>");
+               "destination=\"{extra}/in\"><file name=\"extra\" op=\"create\"" + payload.Add("extra") +
+               "/></files>");
     }
     void Run(std::initializer_list<const char*> texts) {
         const MUnattendedOptions options(Words(texts), scratch.GetPath());
@@ -127,8 +128,8 @@ TEST_F(UnattendedRunTest, AStateThatCannotBeWrittenIsAFailure) {
 }
 
 TEST_F(UnattendedRunTest, AProductWithoutDirectoriesLeavesItsStateInTheMakersData) {
-    Define("<files required=\"1\" destination=\"{data}/Tool\"><file name=\"f\" op=\"create\"" + payload.Add("x") +
-           "/></files>");
+    Define("<files required=\"1\" destination=\"{data}/Tool\"><file name=\"f\" op=\"create\"" +
+           payload.Add("x") + "/></files>");
     Run({});
     EXPECT_EQ(scratch.ReadFile("data/Tool/f"), "x");
     EXPECT_TRUE(MFile::Exists(scratch.Join("data/setup.state")));
@@ -145,13 +146,15 @@ TEST_F(UnattendedRunTest, NamesTheRequiredAttributeThatIsMissing) {
         {"<directory id=\"x\" default=\"y\"/>", "name"},
         {"<directory id=\"x\" name=\"y\"/>", "default"},
         {"<files name=\"x\"/>", "destination"},
-        {"<files required=\"1\" destination=\"{scratch}/to\"><file name=\"f\" op=\"create\"/></files>", "filestart"},
+        {"<files required=\"1\" destination=\"{scratch}/to\"><file name=\"f\" op=\"create\"/></files>",
+         "filestart"},
         {"<files name=\"x\" destination=\"{scratch}\"><copy destination=\"{scratch}\"><extension dst=\"y\"/></copy></files>",
          "src"},
     };
     for (const auto& [children, attribute] : cases) {
         Define(children);
-        EXPECT_EQ(FailureOf([&] { Run({}); }), std::string("0: Could not find required attribute (") + attribute + ").");
+        EXPECT_EQ(FailureOf([&] { Run({}); }),
+                  std::string("0: Could not find required attribute (") + attribute + ").");
         EXPECT_FALSE(MFile::Exists(scratch.Join("data/setup.state")));
     }
 }

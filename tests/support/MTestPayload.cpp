@@ -26,8 +26,8 @@ std::string Digest(const std::string& text) {
 }  // namespace
 
 std::string MTestPayload::Add(const std::string& content) {
-    const std::string attributes =
-        " filestart=\"" + std::to_string(items.size()) + "\" filesize=\"" + std::to_string(content.size()) + "\" ";
+    const std::string attributes = " filestart=\"" + std::to_string(items.size()) + "\" filesize=\"" +
+                                   std::to_string(content.size()) + "\" ";
     items += flags & MPayloadFormat::ItemsCompressed ? Compress(content) : content;
     return attributes;
 }

@@ -13,10 +13,10 @@ constexpr UINT MessageStyle = 48;
 bool isQuiet = false;
 
 LONG WINAPI EndWithMessage(EXCEPTION_POINTERS* fault) {
-    const MString message = MString::Print("An exception has occured in the application, code %x. Please make an "
-                                           "screenshot and send it to %s .",
-                                           static_cast<unsigned>(fault->ExceptionRecord->ExceptionCode),
-                                           MProductSupportAddress);
+    const MString message =
+        MString::Print("An exception has occured in the application, code %x. Please make an "
+                       "screenshot and send it to %s .",
+                       static_cast<unsigned>(fault->ExceptionRecord->ExceptionCode), MProductSupportAddress);
     MShowLastChanceMessage(message);
     TerminateProcess(GetCurrentProcess(), static_cast<UINT>(-1));
     return EXCEPTION_EXECUTE_HANDLER;

@@ -35,7 +35,8 @@ TEST_F(DiskFaultsTest, AFullDiskIsToldAndLeavesNoState) {
         // Files cannot grow beyond 1,000 blocks of 512 bytes: the system refuses the write as on a full disk.
         const MProgramResult result = InstallBehind("trap '' XFSZ; ulimit -f 1000; exec \"$@\"");
         EXPECT_EQ(result.exitCode, 1);
-        EXPECT_NE(result.errors.find("Error writing to file \"" + Text(InHome("to/b-noise")) + "\". Probably disk full."),
+        EXPECT_NE(result.errors.find("Error writing to file \"" + Text(InHome("to/b-noise")) +
+                                     "\". Probably disk full."),
                   std::string::npos)
             << result.errors;
         EXPECT_EQ(ReadHome("to/a-first"), "small");
@@ -51,12 +52,14 @@ TEST_F(DiskFaultsTest, ADestinationOfSomebodyElseIsRefusedByTheSystem) {
     MFile::CreatePath(InHome("to"));
     const MProgramResult result = Install({"silent", "directory:destination=to"});
     EXPECT_EQ(result.exitCode, 1);
-    EXPECT_NE(result.errors.find("Could not rewrite file\n\n" + Text(InHome("to/a-first"))), std::string::npos);
+    EXPECT_NE(result.errors.find("Could not rewrite file\n\n" + Text(InHome("to/a-first"))),
+              std::string::npos);
     EXPECT_NE(result.errors.find("\" could not be created."), std::string::npos) << result.errors;
     EXPECT_EQ(MFile::GetFileList(InHome("to")).GetCount(), 0);
     const MProgramResult below = Install({"silent", "directory:destination=to/below"});
     EXPECT_EQ(below.exitCode, 1);
-    EXPECT_NE(below.errors.find("Could not create path \"" + Text(InHome("to/below")) + "\"."), std::string::npos);
+    EXPECT_NE(below.errors.find("Could not create path \"" + Text(InHome("to/below")) + "\"."),
+              std::string::npos);
 }
 
 TEST_F(DiskFaultsTest, AKilledRunLeavesNoStateAndTheNextOneCompletesIt) {

@@ -6,7 +6,8 @@
 class HeldFile {
 public:
     explicit HeldFile(const MString& path)
-        : handle(CreateFileW(MNativePath(path).c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr)) {}
+        : handle(
+              CreateFileW(MNativePath(path).c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr)) {}
     HeldFile(const HeldFile&) = delete;
     HeldFile& operator=(const HeldFile&) = delete;
     ~HeldFile() { CloseHandle(handle); }
@@ -32,8 +33,9 @@ TEST_F(LockedFileTest, AFileThatAHostHoldsAbortsOrIsLeftAsItIs) {
     ASSERT_TRUE(held.IsHeld());
     const MProgramResult aborted = Install({"silent", "directory:destination=to"});
     EXPECT_EQ(aborted.exitCode, 1);
-    EXPECT_NE(aborted.errors.find("held.dll\" could not be created. Make sure there is no write-protected file"),
-              std::string::npos)
+    EXPECT_NE(
+        aborted.errors.find("held.dll\" could not be created. Make sure there is no write-protected file"),
+        std::string::npos)
         << aborted.errors;
     EXPECT_FALSE(IsInHome("to/setup.state"));
     const MProgramResult ignored = Install({"silent", "locked=ignore", "directory:destination=to"});

@@ -39,7 +39,8 @@ void MoveInto(const std::string& home) {
 }
 
 void BecomeOrdinaryUser() {
-    if (geteuid() == 0 && (setgroups(0, nullptr) != 0 || setgid(OrdinaryUser) != 0 || setuid(OrdinaryUser) != 0))
+    if (geteuid() == 0 &&
+        (setgroups(0, nullptr) != 0 || setgid(OrdinaryUser) != 0 || setuid(OrdinaryUser) != 0))
         _exit(126);
 }
 
@@ -59,8 +60,8 @@ void BecomeOrdinaryUser() {
 
 }  // namespace
 
-MProgramResult MRunTestProgram(const MString& program, const MList<MString>& arguments, const MString& directory,
-                               const MString& home, bool asOrdinaryUser) {
+MProgramResult MRunTestProgram(const MString& program, const MList<MString>& arguments,
+                               const MString& directory, const MString& home, bool asOrdinaryUser) {
     std::vector<std::string> words{MNativePath(program)};
     for (const MString& argument : arguments) words.push_back(MNativePath(argument));
     const TemporaryFile output = MakeTemporaryFile();

@@ -34,8 +34,9 @@ public:
         GetTempPathW(MAX_PATH, directory);
         GetTempFileNameW(directory, L"out", 0, name);
         SECURITY_ATTRIBUTES inheritable{sizeof inheritable, nullptr, TRUE};
-        handle = CreateFileW(name, GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
-                             &inheritable, CREATE_ALWAYS, FILE_FLAG_DELETE_ON_CLOSE, nullptr);
+        handle = CreateFileW(name, GENERIC_READ | GENERIC_WRITE,
+                             FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, &inheritable,
+                             CREATE_ALWAYS, FILE_FLAG_DELETE_ON_CLOSE, nullptr);
     }
     OutputFile(const OutputFile&) = delete;
     OutputFile& operator=(const OutputFile&) = delete;
@@ -48,6 +49,8 @@ public:
         DWORD count;
         SetFilePointer(handle, 0, nullptr, FILE_BEGIN);
         while (ReadFile(handle, piece, sizeof piece, &count, nullptr) && count > 0) text.append(piece, count);
+        // The runtime library ends lines the Windows way; tests compare what the lines say.
+        std::erase(text, '\r');
         return text;
     }
 
@@ -67,8 +70,8 @@ int32_t WaitForEnd(const PROCESS_INFORMATION& process) {
 
 }  // namespace
 
-MProgramResult MRunTestProgram(const MString& program, const MList<MString>& arguments, const MString& directory,
-                               const MString& /*home*/, bool /*asOrdinaryUser*/) {
+MProgramResult MRunTestProgram(const MString& program, const MList<MString>& arguments,
+                               const MString& directory, const MString& /*home*/, bool /*asOrdinaryUser*/) {
     std::wstring commandLine = Quote(ToWide(program));
     for (const MString& argument : arguments) commandLine += L" " + Quote(ToWide(argument));
     const OutputFile output;
