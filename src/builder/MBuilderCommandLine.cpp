@@ -1,0 +1,196 @@
+#include "builder/MBuilderCommandLine.h"
+
+#include "builder/MRunBuilder.h"
+#include "foundation/MUnicode.h"
+
+#include <CLI/CLI.hpp>
+
+#include <map>
+#include <sstream>
+#include <thread>
+
+namespace {
+
+const char* const PackExamples =
+    "Examples:\n"
+    "  setup-builder pack product.xml --output Product.exe\n"
+    "  setup-builder pack product.xml --output Product.run --define VERSION=8.1 --stub build/setup\n"
+    "  setup-builder pack product.xml --output setup.dat --form dat --compression zlib --level 6";
+const char* const CheckExamples = "Example:\n"
+                                  "  setup-builder check product.xml --define VERSION=8.1";
+const char* const InspectExamples = "Examples:\n"
+                                    "  setup-builder inspect Product.exe\n"
+                                    "  setup-builder inspect setup.dat --xml > definition.xml";
+const char* const VerifyExamples = "Example:\n"
+                                   "  setup-builder verify Product.exe && echo sound";
+const char* const ExtractExamples = "Example:\n"
+                                    "  setup-builder extract Product.exe --output unpacked\n"
+                                    "  setup-builder pack unpacked/definition.xml --output Again.exe";
+const char* const Overview = "Run \"setup-builder COMMAND --help\" for a command's options and examples.\n"
+                             "Exit codes: 0 done, 1 failed or problems found, 2 wrong command line.";
+
+/// The options as the parser fills them: bytes of UTF-8.
+struct RawOptions {
+    std::string input;
+    std::string output;
+    std::string stub;
+    std::string form = "exe";
+    std::string compression = "bzip2";
+    int32_t level = 9;
+    int32_t threads = 0;
+    std::vector<std::string> defines;
+    bool showsXML = false;
+};
+
+int32_t GetThreadCount(int32_t wanted) {
+    const auto cores = static_cast<int32_t>(std::thread::hardware_concurrency());
+    return std::clamp(wanted > 0 ? wanted : cores, 1, MBuilderOptions::MaximumThreads);
+}
+
+MCompression GetCompression(const std::string& name) {
+    if (name == "zlib") return MCompression::ZLib;
+    return name == "none" ? MCompression::None : MCompression::Bzip2;
+}
+
+class Parser {
+public:
+    Parser() : app("Makes self-extracting installers, and looks into them.", "setup-builder") {
+        app.require_subcommand(1);
+        app.footer(Overview);
+        AddPack();
+        AddCheck();
+        AddInspect();
+        AddVerify();
+        AddExtract();
+    }
+
+    void Parse(const MList<MString>& arguments) {
+        // The library wants them from last to first.
+        std::vector<std::string> words;
+        for (int32_t i = arguments.GetCount() - 1; i >= 0; --i)
+            words.push_back(MEncodeUTF8Exact(arguments[i]));
+        app.parse(std::move(words));
+    }
+
+    /// Writes the help or the complaint that an exception stands for.
+    int32_t Explain(const CLI::ParseError& error, MBuilderOutput& output) {
+        std::ostringstream help;
+        std::ostringstream complaint;
+        const bool isHelp = app.exit(error, help, complaint) == 0;
+        if (isHelp)
+            output.Tell(ToText(help.str()));
+        else
+            output.Complain(ToText(complaint.str()));
+        return isHelp ? MBuilderExitDone : MBuilderExitWrongUsage;
+    }
+
+    [[nodiscard]] MBuilderOptions GetOptions() const {
+        MBuilderOptions options;
+        options.command = commands.at(app.get_subcommands().front());
+        options.input = MDecodeUTF8Exact(raw.input);
+        options.output = MDecodeUTF8Exact(raw.output);
+        options.stub = MDecodeUTF8Exact(raw.stub);
+        options.form = raw.form == "dat" ? MPayloadForm::Data : MPayloadForm::Executable;
+        options.compression = GetCompression(raw.compression);
+        options.level = raw.level;
+        options.threads = GetThreadCount(raw.threads);
+        for (const std::string& define : raw.defines) options.defines.Add(MDecodeUTF8Exact(define));
+        options.showsXML = raw.showsXML;
+        return options;
+    }
+
+private:
+    static MString ToText(std::string text) {
+        while (!text.empty() && text.back() == '\n') text.pop_back();
+        return MDecodeUTF8Exact(text);
+    }
+
+    CLI::App& AddCommand(MBuilderCommand command, const char* name, const char* description,
+                         const char* examples) {
+        CLI::App* added = app.add_subcommand(name, description);
+        added->footer(examples);
+        commands[added] = command;
+        return *added;
+    }
+
+    void AddInput(CLI::App& command, const char* name, const char* description) {
+        command.add_option(name, raw.input, description)->required()->option_text("REQUIRED");
+    }
+
+    void AddDefines(CLI::App& command) {
+        command.add_option("--define", raw.defines, "NAME=TEXT fills {{NAME}} in the definition")
+            ->take_all()
+            ->expected(1)
+            ->type_name("NAME=TEXT");
+    }
+
+    void AddPack() {
+        CLI::App& pack =
+            AddCommand(MBuilderCommand::Pack, "pack", "Makes an installer of a definition", PackExamples);
+        AddInput(pack, "DEFINITION", "The install definition, an XML file");
+        pack.add_option("--output", raw.output, "The file to write")->required()->type_name("FILE");
+        pack.add_option("--stub", raw.stub, "The setup program; the one beside this tool if it is not given")
+            ->type_name("PROGRAM");
+        pack.add_option("--form", raw.form, "exe: one executable; dat: a data file with its .md5")
+            ->check(CLI::IsMember({"exe", "dat"}))
+            ->option_text("exe|dat");
+        pack.add_option("--compression", raw.compression,
+                        "How the items are stored; bzip2 if it is not given")
+            ->check(CLI::IsMember({"bzip2", "zlib", "none"}))
+            ->option_text("bzip2|zlib|none");
+        pack.add_option("--level", raw.level, "1 is fast, 9 is small; 9 if it is not given")
+            ->check(CLI::Range(1, 9))
+            ->option_text("N");
+        pack.add_option("--threads", raw.threads, "How many compress at once; all cores if it is not given")
+            ->check(CLI::Range(1, MBuilderOptions::MaximumThreads))
+            ->option_text("N");
+        AddDefines(pack);
+    }
+
+    void AddCheck() {
+        CLI::App& check = AddCommand(MBuilderCommand::Check, "check",
+                                     "Tells all that is wrong with a definition", CheckExamples);
+        AddInput(check, "DEFINITION", "The install definition, an XML file");
+        AddDefines(check);
+    }
+
+    void AddInspect() {
+        CLI::App& inspect =
+            AddCommand(MBuilderCommand::Inspect, "inspect", "Shows what an installer holds", InspectExamples);
+        AddInput(inspect, "FILE", "An installer, or a setup.dat");
+        inspect.add_flag("--xml", raw.showsXML, "Print the definition as it is stored, and nothing else");
+    }
+
+    void AddVerify() {
+        CLI::App& verify = AddCommand(MBuilderCommand::Verify, "verify",
+                                      "Reads every item of an installer to its end", VerifyExamples);
+        AddInput(verify, "FILE", "An installer, or a setup.dat; its .md5 is tested too if it is there");
+    }
+
+    void AddExtract() {
+        CLI::App& extract = AddCommand(MBuilderCommand::Extract, "extract",
+                                       "Unpacks an installer without installing", ExtractExamples);
+        AddInput(extract, "FILE", "An installer, or a setup.dat");
+        extract.add_option("--output", raw.output, "The directory to write; new or empty")
+            ->required()
+            ->type_name("DIR");
+    }
+
+    RawOptions raw;
+    CLI::App app;
+    std::map<const CLI::App*, MBuilderCommand> commands;
+};
+
+}  // namespace
+
+std::optional<MBuilderOptions> MBuilderCommandLine::Parse(const MList<MString>& arguments,
+                                                          MBuilderOutput& output, int32_t& exitCode) {
+    Parser parser;
+    try {
+        parser.Parse(arguments);
+        return parser.GetOptions();
+    } catch (const CLI::ParseError& error) {
+        exitCode = parser.Explain(error, output);
+        return std::nullopt;
+    }
+}

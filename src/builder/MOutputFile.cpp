@@ -1,0 +1,25 @@
+#include "builder/MOutputFile.h"
+
+#include "builder/MFileReplacement.h"
+#include "foundation/MFile.h"
+#include "foundation/MGuard.h"
+
+MOutputFile::MOutputFile(const MString& path) : path(path) {
+    Open(path + ".unfinished", MOpenWrite | MOpenCreate);
+}
+
+MOutputFile::~MOutputFile() {
+    if (isCommitted) return;
+    MGuard("MOutputFile", [this] {
+        if (IsOpen()) Close();
+    });
+    MGuard("MOutputFile", [this] { MFile::Delete(GetFileName()); });
+}
+
+void MOutputFile::Commit(bool isExecutable) {
+    Close();
+    if (isExecutable) MFile::MakeExecutable(GetFileName());
+    MSyncFile(GetFileName());
+    MReplaceFile(GetFileName(), path);
+    isCommitted = true;
+}

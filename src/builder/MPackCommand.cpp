@@ -1,0 +1,118 @@
+#include "builder/MPackCommand.h"
+
+#include "builder/MBzip2Pieces.h"
+#include "builder/MDefinitionCheck.h"
+#include "builder/MHashingStream.h"
+#include "builder/MPayloadWriter.h"
+#include "builder/MPlainPieces.h"
+#include "builder/MProgressBar.h"
+#include "builder/MRunBuilder.h"
+#include "builder/MZLibPieces.h"
+#include "foundation/MFile.h"
+#include "foundation/MPlatform.h"
+#include "foundation/MRaise.h"
+#include "payload/MSfx.h"
+
+namespace {
+
+std::unique_ptr<MPieceCodec> MakeCodec(const MBuilderOptions& options) {
+    switch (options.compression) {
+    case MCompression::ZLib: return std::make_unique<MZLibPieces>(options.level);
+    case MCompression::None: return std::make_unique<MPlainPieces>();
+    default: return std::make_unique<MBzip2Pieces>(options.level);
+    }
+}
+
+/// "setup" beside the tool, with the tool's own extension.
+MString GetDefaultStub() {
+    const MString tool = MFile::Normalize(MPlatform::GetModulePath(nullptr));
+    const MString extension = MFile::GetExtension(tool);
+    return MFile::Join(MFile::GetDirectory(tool),
+                       extension.IsEmpty() ? MString("setup") : "setup." + extension);
+}
+
+}  // namespace
+
+MPackCommand::MPackCommand(const MBuilderOptions& options, MBuilderOutput& output)
+    : options(options), output(output), sources(definition, problems), codec(MakeCodec(options)) {}
+
+int32_t MPackCommand::Run() {
+    if (!Prepare()) return MBuilderExitFailed;
+    for (const MSourceItem& item : sources.GetItems()) sourceBytes += item.size;
+    RefuseOutputAmongSources();
+    if (options.form == MPayloadForm::Executable)
+        WriteExecutable();
+    else
+        WriteData();
+    return MBuilderExitDone;
+}
+
+bool MPackCommand::Prepare() {
+    MPlaceholders placeholders;
+    for (const MString& define : options.defines) placeholders.Define(define);
+    MPrepareDefinition(options.input, placeholders, definition, sources, problems);
+    problems.Print(options.input, output);
+    if (problems.GetErrorCount() == 0) return true;
+    output.Complain(
+        MFormat("{0}: errors: {1}. Nothing was packed.", options.input, problems.GetErrorCount()));
+    return false;
+}
+
+void MPackCommand::RefuseOutputAmongSources() const {
+    const MString path = MFile::Normalize(options.output);
+    for (const MSourceItem& item : sources.GetItems())
+        if (item.path.IsExactly(path))
+            MRaise(MExceptionGeneral,
+                   "The output \"{0}\" is one of the files to pack. Write it to another directory.", path);
+}
+
+void MPackCommand::WriteExecutable() {
+    MOutputFile file(MFile::Normalize(options.output));
+    CopyStub(file);
+    WritePayload(file);
+    const int64_t size = file.GetPosition();
+    file.Commit(true);
+    TellResult(size);
+}
+
+void MPackCommand::WriteData() {
+    MOutputFile file(MFile::Normalize(options.output));
+    MHashingStream hashing(&file);
+    WritePayload(hashing);
+    MOutputFile companion(file.GetPath() + ".md5");
+    companion.WriteLine(hashing.GetDigestText());
+    const int64_t size = file.GetPosition();
+    file.Commit(false);
+    companion.Commit(false);
+    TellResult(size);
+}
+
+void MPackCommand::CopyStub(MOutputFile& file) const {
+    const MString path = MFile::Normalize(options.stub.IsEmpty() ? GetDefaultStub() : options.stub);
+    try {
+        MSfx stub(path);
+        stub.OpenExecutable()->CopyAllToInLargePieces(file);
+    } catch (const MException& exception) {
+        MRaise(exception.GetCode(), "The setup program cannot be copied: {0} Name one by --stub.",
+               exception.GetMessage());
+    }
+}
+
+void MPackCommand::WritePayload(MStream& target) {
+    MPayloadWriter writer(*codec, options.threads, target);
+    {
+        MProgressBar bar(output, sourceBytes);
+        writer.WriteItems(sources.GetItems(), [&bar](int64_t bytes) { bar.Advance(bytes); });
+    }
+    writer.WriteIndex(definition.GetRoot());
+    if (options.form == MPayloadForm::Executable) writer.WriteTrailer();
+    storedCount = writer.GetStoredCount();
+}
+
+void MPackCommand::TellResult(int64_t outputSize) {
+    const double ratio =
+        sourceBytes > 0 ? 100.0 * static_cast<double>(outputSize) / static_cast<double>(sourceBytes) : 100.0;
+    output.Tell(MFormat("{0}: {1} items, {2} of them different, {3} bytes in, {4} bytes out ({5;.1} %)",
+                        options.output, sources.GetItems().GetCount(), storedCount, sourceBytes, outputSize,
+                        ratio));
+}

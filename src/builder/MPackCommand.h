@@ -1,0 +1,37 @@
+#pragma once
+
+#include "builder/MBuilderOptions.h"
+#include "builder/MBuilderOutput.h"
+#include "builder/MOutputFile.h"
+#include "builder/MPieceCodec.h"
+#include "builder/MSourceTree.h"
+
+/// Packs a definition and the files that it names. The output comes into being whole or not at all.
+class MPackCommand {
+public:
+    /// Nothing is owned.
+    MPackCommand(const MBuilderOptions& options, MBuilderOutput& output);
+
+    /// Gives the exit code: a definition with errors is told and refused. Raises what reading the sources and
+    /// writing the output raise.
+    [[nodiscard]] int32_t Run();
+
+private:
+    [[nodiscard]] bool Prepare();
+    void RefuseOutputAmongSources() const;
+    void WriteExecutable();
+    void WriteData();
+    void CopyStub(MOutputFile& file) const;
+    /// Writes the payload at the target's position.
+    void WritePayload(MStream& target);
+    void TellResult(int64_t outputSize);
+
+    const MBuilderOptions& options;
+    MBuilderOutput& output;
+    MDefinition definition;
+    MProblemList problems;
+    MSourceTree sources;
+    std::unique_ptr<MPieceCodec> codec;
+    int64_t sourceBytes = 0;
+    int32_t storedCount = 0;
+};

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "builder/MBuilderOutput.h"
+#include "builder/MPayloadFile.h"
+
+/// Shows what a payload holds.
+class MPayloadReport {
+public:
+    /// Nothing is owned.
+    MPayloadReport(MPayloadFile& file, MBuilderOutput& output) : file(file), output(output) {}
+
+    /// Form, sizes, flags and digest, then tables of components, directories and items.
+    void Print();
+    /// The index as it is stored.
+    void PrintXML();
+
+private:
+    void PrintFields();
+    void PrintConfigurations();
+    void PrintComponents();
+    void PrintDirectories();
+    void PrintItems();
+
+    MPayloadFile& file;
+    MBuilderOutput& output;
+};

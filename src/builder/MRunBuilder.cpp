@@ -1,0 +1,67 @@
+#include "builder/MRunBuilder.h"
+
+#include "builder/MBuilderCommandLine.h"
+#include "builder/MCheckCommand.h"
+#include "builder/MConsoleOutput.h"
+#include "builder/MPackCommand.h"
+#include "builder/MPayloadExtractor.h"
+#include "builder/MPayloadReport.h"
+#include "builder/MPayloadVerifier.h"
+#include "foundation/MException.h"
+
+#include <exception>
+
+namespace {
+
+int32_t Inspect(const MBuilderOptions& options, MBuilderOutput& output) {
+    MPayloadFile file(options.input);
+    MPayloadReport report(file, output);
+    if (options.showsXML)
+        report.PrintXML();
+    else
+        report.Print();
+    return MBuilderExitDone;
+}
+
+int32_t Verify(const MBuilderOptions& options, MBuilderOutput& output) {
+    MPayloadFile file(options.input);
+    return MPayloadVerifier(file, output).Run() ? MBuilderExitDone : MBuilderExitFailed;
+}
+
+int32_t Extract(const MBuilderOptions& options, MBuilderOutput& output) {
+    MPayloadFile file(options.input);
+    MPayloadExtractor(file, output).Run(options.output);
+    return MBuilderExitDone;
+}
+
+int32_t RunCommand(const MBuilderOptions& options, MBuilderOutput& output) {
+    switch (options.command) {
+    case MBuilderCommand::Pack: return MPackCommand(options, output).Run();
+    case MBuilderCommand::Check: return MRunCheckCommand(options, output);
+    case MBuilderCommand::Inspect: return Inspect(options, output);
+    case MBuilderCommand::Verify: return Verify(options, output);
+    case MBuilderCommand::Extract: return Extract(options, output);
+    }
+    return MBuilderExitWrongUsage;
+}
+
+}  // namespace
+
+int32_t MRunBuilder(const MList<MString>& arguments, MBuilderOutput& output) {
+    try {
+        int32_t exitCode = MBuilderExitDone;
+        const std::optional<MBuilderOptions> options =
+            MBuilderCommandLine::Parse(arguments, output, exitCode);
+        return options ? RunCommand(*options, output) : exitCode;
+    } catch (const MException& exception) {
+        output.Complain("setup-builder: " + exception.GetMessage());
+    } catch (const std::exception& exception) {
+        output.Complain(MString("setup-builder: ") + MString::Copy(exception.what()));
+    }
+    return MBuilderExitFailed;
+}
+
+int32_t MRunBuilder(const MList<MString>& arguments) {
+    MConsoleOutput console;
+    return MRunBuilder(arguments, console);
+}

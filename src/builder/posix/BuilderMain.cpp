@@ -1,0 +1,12 @@
+#include "builder/MRunBuilder.h"
+#include "foundation/posix/MNativePath.h"
+
+#include <csignal>
+
+int main(int argumentCount, char** arguments) {
+    // A reader of our lines that goes away gives a failed write, not a signal.
+    std::signal(SIGPIPE, SIG_IGN);
+    MList<MString> words;
+    for (int i = 1; i < argumentCount; ++i) words.Add(MPathFromNative(arguments[i]));
+    return MRunBuilder(words);
+}

@@ -1,0 +1,8 @@
+#include "builder/MRunBuilder.h"
+#include "foundation/win32/MNativePath.h"
+
+int wmain(int argumentCount, wchar_t** arguments) {
+    MList<MString> words;
+    for (int i = 1; i < argumentCount; ++i) words.Add(MFromWide(arguments[i]));
+    return MRunBuilder(words);
+}

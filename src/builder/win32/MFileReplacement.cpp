@@ -1,0 +1,21 @@
+#include "builder/MFileReplacement.h"
+
+#include "foundation/MPlatform.h"
+#include "foundation/MRaise.h"
+#include "foundation/win32/MNativePath.h"
+#include "foundation/win32/MWindowsHeader.h"
+
+void MSyncFile(const MString& path) {
+    const HANDLE file = CreateFileW(MNativePath(path).c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr,
+                                    OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+    const bool isDone = file != INVALID_HANDLE_VALUE && FlushFileBuffers(file);
+    if (file != INVALID_HANDLE_VALUE) CloseHandle(file);
+    if (!isDone) MRaise(MExceptionStreamError, "Error writing to file \"{0}\". Probably disk full.", path);
+}
+
+void MReplaceFile(const MString& from, const MString& to) {
+    constexpr DWORD Flags = MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH;
+    if (!MoveFileExW(MNativePath(from).c_str(), MNativePath(to).c_str(), Flags))
+        MRaise(MExceptionGeneral, "Could not rename file \"{0}\" to \"{1}\". {2}", from, to,
+               MSystemErrorText());
+}
