@@ -55,6 +55,7 @@ void MUnattendedRun::ChooseComponents() {
 }
 
 void MUnattendedRun::ChooseDirectories() {
+    if (!session.GetDefinition().FindSubItem("directory")) return session.CreatePathMacros();
     directories.LoadDefaults();
     for (const MNamedChoice& directory : options.Directories)
         directories.Find(directory.Name)->Path = directory.Text;
