@@ -1,12 +1,16 @@
-// Reads the input as a payload: attaches it, and reads every item as far as a bound.
+// Reads the input as a payload: attaches it, and reads every item as far as a bound. Since no mutation
+// hits the digest of an index, the input is also taken for the parts of a payload whose digest is right:
+// flags in the first byte, then the items, and the index from the first "<" on.
 
 #include "builder/MPayloadItem.h"
 #include "foundation/MException.h"
 #include "payload/MLargeResourceLibrary.h"
+#include "streams/MMD5Stream.h"
 #include "streams/MMemoryStream.h"
 
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 
 namespace {
 
@@ -25,17 +29,42 @@ void ReadItem(MLargeResourceLibrary& library, MXMLItem* element) {
     }
 }
 
-}  // namespace
-
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-    MMemoryStream stream(data, static_cast<int32_t>(size));
+void ReadPayload(MStream& stream) {
     try {
         MLargeResourceLibrary library;
         library.Attach(&stream);
         const MList<MPayloadItem> items = MCollectPayloadItems(library);
-        for (int32_t i = 0; i < items.GetCount() && i < MaximumItems; ++i) ReadItem(library, items[i].element);
+        for (int32_t i = 0; i < items.GetCount() && i < MaximumItems; ++i)
+            ReadItem(library, items[i].element);
     } catch (const MException&) {
-        return 0;
+        // As above.
     }
+}
+
+void WritePayload(const uint8_t* data, size_t size, MStream& payload) {
+    constexpr uint8_t ItemFlags = 5;
+    const void* const found = std::memchr(data + 1, '<', size - 1);
+    const uint8_t* const index = found ? static_cast<const uint8_t*>(found) : data + size;
+    const auto indexSize = static_cast<int32_t>(data + size - index);
+    payload.Write(data + 1, static_cast<int32_t>(index - data - 1));
+    payload.Write(index, indexSize);
+    MMD5Stream hash;
+    hash.Write(index, indexSize);
+    hash.Finish();
+    hash.WriteDigest(payload);
+    payload.WriteInt64(indexSize);
+    payload.WriteInt32(data[0] & ItemFlags);
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+    MMemoryStream stream(data, static_cast<int32_t>(size));
+    ReadPayload(stream);
+    if (size < 2) return 0;
+    MMemoryStream payload;
+    WritePayload(data, size, payload);
+    payload.Rewind();
+    ReadPayload(payload);
     return 0;
 }
