@@ -7,17 +7,6 @@
 
 namespace {
 
-/// The name that an item gets in a pass.
-MString GetTargetName(const MXMLItem& pass, const MXMLItem& parent, const MXMLItem& item) {
-    MString name = item.GetAttribute("name", "");
-    if (name.IsEmpty()) name = MFile::GetFileName(parent.GetAttribute("path", ""));
-    const MString extension = MFile::GetExtension(name);
-    for (const MXMLItem* mapping : pass.GetSubItems())
-        if (mapping->GetName() == "extension" && mapping->GetAttribute("src", "") == extension)
-            return MFile::ChangeExtension(name, mapping->GetAttribute("dst", ""));
-    return name;
-}
-
 bool IsWritten(const MXMLItem& item) {
     const MString op = item.GetAttribute("op", "");
     return op == "create" || op == "update";
@@ -36,8 +25,11 @@ void MDestinationCheck::Run() {
 }
 
 void MDestinationCheck::AddPass(const MXMLItem& element, const MXMLItem& files) {
+    std::vector<const MXMLItem*> extensions;
+    for (const MXMLItem* child : element.GetSubItems())
+        if (child->GetName() == "extension") extensions.push_back(child);
     passes.push_back({&element, &files, element.GetAttribute("configurations", "").Split(MChar(',')),
-                      element.GetInt32Attribute("ignoresubdirs", 0) != 0, MPlatforms(element)});
+                      element.GetInt32Attribute("ignoresubdirs", 0) != 0, MPlatforms(element), extensions});
 }
 
 void MDestinationCheck::WalkPass(const Pass& pass) {
@@ -52,7 +44,7 @@ void MDestinationCheck::WalkItems(const Pass& pass, const MXMLItem& parent, cons
     for (const MXMLItem* item : parent.GetSubItems()) {
         const bool isDirectory = item->GetName() == "dir";
         if (!isDirectory && !(item->GetName() == "file")) continue;
-        const MString name = GetTargetName(*pass.element, parent, *item);
+        const MString name = GetTargetName(pass, parent, *item);
         const MString itemTarget = MFile::Join(target, name);
         const MString itemSource = MFile::Join(source, item->GetAttribute("name", ""));
         // A flattened pass keeps the directories that have a dot in their names: they are bundles.
@@ -61,6 +53,16 @@ void MDestinationCheck::WalkItems(const Pass& pass, const MXMLItem& parent, cons
             AddPlace(itemTarget, {&pass, item, itemSource, isDirectory});
         if (isDirectory) WalkItems(pass, *item, isDropped ? target : itemTarget, itemSource, isDropped);
     }
+}
+
+MString MDestinationCheck::GetTargetName(const Pass& pass, const MXMLItem& parent, const MXMLItem& item) {
+    MString name = item.GetAttribute("name", "");
+    if (name.IsEmpty()) name = MFile::GetFileName(parent.GetAttribute("path", ""));
+    const MString extension = MFile::GetExtension(name);
+    for (const MXMLItem* mapping : pass.extensions)
+        if (mapping->GetAttribute("src", "") == extension)
+            return MFile::ChangeExtension(name, mapping->GetAttribute("dst", ""));
+    return name;
 }
 
 void MDestinationCheck::AddPlace(const MString& target, const Place& place) {

@@ -28,6 +28,7 @@ private:
         MList<MString> configurations;
         bool isFlat;
         MPlatforms platforms;
+        std::vector<const MXMLItem*> extensions;
     };
     struct Place {
         const Pass* pass;
@@ -40,6 +41,9 @@ private:
     void WalkPass(const Pass& pass);
     void WalkItems(const Pass& pass, const MXMLItem& parent, const MString& target, const MString& source,
                    bool isFlat);
+    /// The name that an item gets in a pass.
+    [[nodiscard]] static MString GetTargetName(const Pass& pass, const MXMLItem& parent,
+                                               const MXMLItem& item);
     void AddPlace(const MString& target, const Place& place);
     void Compare(const MString& target, const Place& first, const Place& second);
     [[nodiscard]] static bool CanMeet(const Pass& first, const Pass& second);
