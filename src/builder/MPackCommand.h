@@ -2,7 +2,7 @@
 
 #include "builder/MBuilderOptions.h"
 #include "builder/MBuilderOutput.h"
-#include "builder/MOutputFile.h"
+#include "streams/MOutputFile.h"
 #include "builder/MPieceCodec.h"
 #include "builder/MSourceTree.h"
 

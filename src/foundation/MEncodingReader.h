@@ -4,6 +4,7 @@
 #include "streams/MStream.h"
 
 #include <string>
+#include <utility>
 
 /// Takes text from a stream through a codec. The stream stays the caller's and must outlive the reader,
 /// which reads ahead of what it has delivered by up to `BufferSize` bytes.
@@ -32,8 +33,12 @@ public:
     /// line is read. False at the end of data.
     bool ReadLineBytes(std::string_view& bytes);
 
-    /// Changes the codec for what is read from now on. Raises as `FindCodec` does.
-    void SetCodec(const MString& encoding) { codec = &FindCodec(encoding); }
+    /// Changes the codec for what is read from now on; false if it is the one of now. Raises as `FindCodec`
+    /// does.
+    bool ChangeCodec(const MString& encoding) {
+        const Codec* const before = std::exchange(codec, &FindCodec(encoding));
+        return codec != before;
+    }
     /// What follows the `count`-th `delimiter` in the bytes of the last line, decoded by the codec of now.
     [[nodiscard]] MString DecodeTailAgain(char delimiter, int32_t count) const;
 

@@ -144,7 +144,7 @@ std::u16string_view MMarkupReader::TakeThrough(std::u16string_view delimiter, ch
 void MMarkupReader::ChangeEncoding(const MString& encoding) {
     if (isEncodingChosen) return;
     isEncodingChosen = true;
-    reader.SetCodec(encoding);
+    if (!reader.ChangeCodec(encoding)) return;
     const auto tagEnds = std::count(line.GetUnits(), cursor, u'>');
     line = reader.DecodeTailAgain('>', static_cast<int32_t>(tagEnds));
     BeginLine();

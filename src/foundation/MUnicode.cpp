@@ -79,9 +79,13 @@ uint32_t TakeCodePoint(std::string_view bytes, size_t& index) {
 }  // namespace
 
 std::string MEncodeUTF8Exact(const MString& text) {
-    std::string bytes;
-    bytes.reserve(static_cast<size_t>(text.GetLength()));
-    for (int32_t index = 0; index < text.GetLength();) AppendEncoded(bytes, TakeCodePoint(text, index));
+    std::string bytes(static_cast<size_t>(text.GetLength()), 0);
+    int32_t index = 0;
+    // Most texts are ASCII to their end.
+    for (; index < text.GetLength() && text[index] < 0x80; ++index)
+        bytes[static_cast<size_t>(index)] = static_cast<char>(text[index]);
+    bytes.resize(static_cast<size_t>(index));
+    while (index < text.GetLength()) AppendEncoded(bytes, TakeCodePoint(text, index));
     return bytes;
 }
 

@@ -2,6 +2,7 @@
 
 #include "foundation/MFile.h"
 #include "foundation/MGuard.h"
+#include "streams/MOutputFile.h"
 
 MDefaultPaths::MDefaultPaths()
     : file(MFile::Join(MFile::GetSpecialPath(MSpecialFolderUserData), "DefaultPaths.xml")) {
@@ -21,5 +22,7 @@ void MDefaultPaths::Set(const MString& key, const MString& path) {
 
 void MDefaultPaths::Save() {
     MFile::CreatePath(MFile::GetDirectory(file));
-    paths.SaveFile(file, false, "utf-8");
+    MOutputFile output(file);
+    paths.Save(output, false, "utf-8");
+    output.Commit(false);
 }

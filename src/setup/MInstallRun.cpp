@@ -3,6 +3,7 @@
 #include "foundation/MFile.h"
 #include "foundation/MXMLSubItems.h"
 #include "install/MInstallProcessor.h"
+#include "streams/MOutputFile.h"
 
 MInstallRun::MInstallRun(MSetupSession& session, const MInstallViews& views)
     : session(session), views(views), mainPath(MFile::GetSpecialPath(MSpecialFolderData)) {}
@@ -46,5 +47,8 @@ void MInstallRun::SaveState() {
     MXMLItem& definition = session.GetDefinition();
     definition.SetAttribute("mainpath", mainPath);
     definition.SetAttribute("adminrights", session.AdminRights ? "1" : "0");
-    definition.SaveFile(MFile::Join(mainPath, "setup.state"), false, "utf-8");
+    MFile::CreatePath(mainPath);
+    MOutputFile state(MFile::Join(mainPath, "setup.state"));
+    definition.Save(state, false, "utf-8");
+    state.Commit(false);
 }

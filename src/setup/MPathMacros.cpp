@@ -3,38 +3,7 @@
 #include "foundation/MFile.h"
 #include "foundation/MGuard.h"
 #include "foundation/MStringFormatter.h"
-
-#include <iterator>
-
-namespace {
-
-/// One name for each of the first special folders. The names of `temp` and `logs` and the folders at
-/// their places disagree, and the last folders have no name: definitions rely on what results.
-const char* const FolderNames[] = {
-    "data",
-    "userdata",
-    "user",
-    "documents",
-    "userdocuments",
-    "programfiles",
-    "components",
-    "startmenu",
-    "userstartmenu",
-    "startmenuprograms",
-    "userstartmenuprograms",
-    "desktop",
-    "userdesktop",
-    "system",
-    "fonts",
-    "temp",
-    "logs",
-};
-
-MString GetFolderName(int32_t folder) {
-    return folder < static_cast<int32_t>(std::size(FolderNames)) ? MString(FolderNames[folder]) : MString();
-}
-
-}  // namespace
+#include "install/MFolderMacroNames.h"
 
 MString MPathMacros::GetKey(const MString& name) {
     return MFormat("{{{0}}}", name);
@@ -53,7 +22,7 @@ void MPathMacros::CreatePathMacros(bool useX64) {
 }
 
 void MPathMacros::AddFolder(int32_t folder, bool useX64) {
-    const MString name = GetFolderName(folder);
+    const MString name = MGetFolderMacroName(folder);
     MString path = MFile::GetSpecialPath(folder);
     AddMacro(name + "32", path);
     if (useX64) path.Replace(" (x86)", "");

@@ -9,7 +9,8 @@
 
 namespace {
 
-/// Large enough that the filters, which read by a few KiB, cost few calls of the system.
+/// Large enough that the filters, which read by a few KiB, cost few calls of the system. The runtime library of
+/// Linux takes a size only together with the memory.
 constexpr size_t BufferSize = 1 << 16;
 
 constexpr const char* WriteErrorText = "Error writing to file \"{0}\". Probably disk full.";
@@ -30,10 +31,10 @@ void MStdFileStream::Open(const MString& name, MOpenFlags flags) {
     if (!name.IsEmpty()) fileName = name;
 
     const char* mode = GetMode(flags);
+    const bool isEmptied = (flags & MOpenWrite) && (flags & MOpenCreate);
     std::FILE* file = nullptr;
     if (!fileName.IsEmpty() && *mode) {
-        if ((flags & MOpenWrite) && (flags & MOpenCreate) && MFile::IsFile(fileName) &&
-            !MFile::IsDevice(fileName))
+        if (isEmptied && MFile::IsFile(fileName) && !MFile::IsDevice(fileName))
             MGuard("MStdFileStream::Open", [this] { MFile::Delete(fileName); });
         file = MOpenRuntimeFile(fileName, mode);
     }
@@ -44,9 +45,10 @@ void MStdFileStream::Open(const MString& name, MOpenFlags flags) {
             fileName);
     if (!file) MRaise(MExceptionStreamOpen, "File \"{0}\" could not be open. Make sure it exists.", fileName);
 
-    std::setvbuf(file, nullptr, _IOFBF, BufferSize);
+    if (!buffer) buffer = std::make_unique_for_overwrite<char[]>(BufferSize);
+    std::setvbuf(file, buffer.get(), _IOFBF, BufferSize);
     readHandle = writeHandle = file;
-    sizeAtOpening = GetSize();
+    sizeAtOpening = isEmptied ? 0 : GetSize();
 }
 
 void MStdFileStream::Close() {

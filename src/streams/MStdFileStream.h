@@ -3,6 +3,7 @@
 #include "streams/MStream.h"
 
 #include <cstdio>
+#include <memory>
 
 /// How a file is opened; combine with `|`.
 enum MOpenFlags : int32_t {
@@ -72,6 +73,7 @@ private:
     [[nodiscard]] std::FILE* GetHandle() const { return readHandle ? readHandle : writeHandle; }
 
     MString fileName;
+    std::unique_ptr<char[]> buffer;  ///< the runtime library's, as long as a file is open
     int64_t sizeAtOpening = 0;
     Direction direction = Direction::None;
     bool isLossTold = false;

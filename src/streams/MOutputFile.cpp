@@ -1,7 +1,7 @@
-#include "builder/MOutputFile.h"
+#include "streams/MOutputFile.h"
 
-#include "builder/MFileReplacement.h"
 #include "foundation/MFile.h"
+#include "foundation/MFileReplacement.h"
 #include "foundation/MGuard.h"
 
 MOutputFile::MOutputFile(const MString& path) : path(path) {

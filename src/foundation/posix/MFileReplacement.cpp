@@ -1,4 +1,4 @@
-#include "builder/MFileReplacement.h"
+#include "foundation/MFileReplacement.h"
 
 #include "foundation/MFile.h"
 #include "foundation/MPlatform.h"

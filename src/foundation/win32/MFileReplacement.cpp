@@ -1,4 +1,4 @@
-#include "builder/MFileReplacement.h"
+#include "foundation/MFileReplacement.h"
 
 #include "foundation/MPlatform.h"
 #include "foundation/MRaise.h"
