@@ -15,7 +15,7 @@ void MBzip2Joiner::Add(const MPiece& piece, MStream& target) {
 void MBzip2Joiner::Begin() {
     streamSum = 0;
     for (const char character : {'B', 'Z', 'h'}) bits.Append(static_cast<uint8_t>(character), 8);
-    bits.Append(static_cast<uint64_t>('0' + level), 8);
+    bits.Append('0' + static_cast<uint64_t>(level), 8);
 }
 
 void MBzip2Joiner::End() {

@@ -2,9 +2,9 @@
 
 #include "builder/MBuilderOptions.h"
 #include "builder/MBuilderOutput.h"
-#include "streams/MOutputFile.h"
 #include "builder/MPieceCodec.h"
 #include "builder/MSourceTree.h"
+#include "streams/MOutputFile.h"
 
 /// Packs a definition and the files that it names. The output comes into being whole or not at all.
 class MPackCommand {

@@ -64,7 +64,8 @@ MString& MString::operator=(const MString& other) noexcept {
 MString& MString::operator=(MString&& other) noexcept {
     if (this == &other) return *this;
     if (!IsLiteral()) Release();
-    return *new (this) MString(std::move(other));
+    new (this) MString(std::move(other));
+    return *this;
 }
 
 void MString::Release() noexcept {

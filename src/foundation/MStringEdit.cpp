@@ -76,7 +76,8 @@ void MString::Remove(int32_t start, int32_t count) {
 }
 
 void MString::ReplaceRange(int32_t start, int32_t count, const MString& text) {
-    const MString inserted = text;
+    // The text may be this string itself.
+    const MString inserted = text;  // NOLINT(performance-unnecessary-copy-initialization)
     Remove(start, count);
     Insert(start, inserted);
 }

@@ -38,7 +38,7 @@ public:
     MStringFormatter& Insert(double value);
     template <std::integral Integer>
     MStringFormatter& Insert(Integer value) {
-        const auto bits = static_cast<uint64_t>(value);
+        const auto bits = static_cast<uint64_t>(static_cast<int64_t>(value));
         return value < 0 ? InsertInteger(0 - bits, true) : InsertInteger(bits, false);
     }
     /// A character is neither a number nor a text: say which.

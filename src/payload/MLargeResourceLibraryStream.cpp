@@ -23,8 +23,9 @@ int32_t MLargeResourceLibraryStream::Read(void* block, int32_t size) {
 }
 
 void MLargeResourceLibraryStream::Seek(int64_t offset, MSeekOrigin origin) {
+    // The window forbids seeking on what only moves forward; the base can skip.
     if (isCompressed)
-        MStream::Seek(offset, origin);
+        MStream::Seek(offset, origin);  // NOLINT(bugprone-parent-virtual-call)
     else
         MSizeStream::Seek(offset, origin);
 }

@@ -31,10 +31,11 @@ int32_t MSetupApplication::Main() {
         MRunMD5Tool(Arguments, Console, *dialogs);
         return MExitDone;
     }
-    int32_t exitCode = isUnattended ? MExitFailed : MExitDone;
+    int32_t exitCode;
     try {
         exitCode = RunByFiles(MFile::GetCurrentPath());
     } catch (const MException&) {
+        exitCode = isUnattended ? MExitFailed : MExitDone;
         dialogs->ShowError(
             MTranslate("There are no installer data availble. The installer is probably corrupt, please "
                        "download it again."));

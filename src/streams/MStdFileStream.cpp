@@ -45,8 +45,8 @@ void MStdFileStream::Open(const MString& name, MOpenFlags flags) {
             fileName);
     if (!file) MRaise(MExceptionStreamOpen, "File \"{0}\" could not be open. Make sure it exists.", fileName);
 
-    if (!buffer) buffer = std::make_unique_for_overwrite<char[]>(BufferSize);
-    std::setvbuf(file, buffer.get(), _IOFBF, BufferSize);
+    if (!runtimeBuffer) runtimeBuffer = std::make_unique_for_overwrite<char[]>(BufferSize);
+    std::setvbuf(file, runtimeBuffer.get(), _IOFBF, BufferSize);
     readHandle = writeHandle = file;
     sizeAtOpening = isEmptied ? 0 : GetSize();
 }

@@ -73,7 +73,7 @@ private:
     [[nodiscard]] std::FILE* GetHandle() const { return readHandle ? readHandle : writeHandle; }
 
     MString fileName;
-    std::unique_ptr<char[]> buffer;  ///< the runtime library's, as long as a file is open
+    std::unique_ptr<char[]> runtimeBuffer;  ///< the runtime library's, as long as a file is open
     int64_t sizeAtOpening = 0;
     Direction direction = Direction::None;
     bool isLossTold = false;

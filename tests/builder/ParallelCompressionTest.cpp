@@ -54,7 +54,7 @@ std::vector<std::string> MakeItems() {
     constexpr size_t blockSize = 100000 - 19;
     for (const size_t left : {0u, 1u, 3u, 4u, 5u})
         for (const size_t run : {4u, 5u, 256u, 259u}) items.push_back(MakeFullBlock(blockSize - left, run));
-    items.push_back(std::string(MZLibPieces::PieceSize, 'p'));
+    items.emplace_back(MZLibPieces::PieceSize, 'p');
     items.push_back(MakeNoise(MZLibPieces::PieceSize + 1, 3));
     items.push_back(MakeNoise(MPlainPieces::PieceSize, 4) + MakeRuns(100000));
     return items;

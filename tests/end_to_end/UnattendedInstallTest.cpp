@@ -1,7 +1,5 @@
 #include "tests/end_to_end/EndToEndFixture.h"
 
-using testing::Test;
-
 class UnattendedInstallTest : public EndToEndTest {
 protected:
     ~UnattendedInstallTest() noexcept override = default;

@@ -64,6 +64,7 @@ TEST_F(MFileOperations, SeveralMayCreateTheSamePathAtOnce) {
         const MString path = scratch.Join(MDecodeUTF8Exact("race" + std::to_string(round) + "/x/y/z"));
         std::atomic<int> failures = 0;
         std::vector<std::thread> threads;
+        threads.reserve(4);
         for (int i = 0; i < 4; ++i)
             threads.emplace_back([&] { failures += FailureOf([&] { MFile::CreatePath(path); }) != "none"; });
         for (std::thread& thread : threads) thread.join();

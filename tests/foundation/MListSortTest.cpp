@@ -34,7 +34,7 @@ TEST(MListSortTest, SortsEveryOrderAtEveryInterestingSize) {
             for (int32_t i = 0; i < count; ++i) list.Add(order.valueAt(i, count));
             std::vector<int32_t> expected(list.begin(), list.end());
             std::ranges::sort(expected);
-            list.Sort(std::less<int32_t>());
+            list.Sort(std::less<>());
             EXPECT_TRUE(std::ranges::equal(list, expected)) << order.name << " of " << count;
         }
     }

@@ -7,8 +7,7 @@ namespace {
 TEST(MUnicode, AnyBytesSurviveTheWayThereAndBack) {
     const std::string cases[] = {
         "plain",
-        "\xC5\x99 \xE2\x82\xAC \xF0\x9F\x98\x80"
-        "ab",
+        "\xC5\x99 \xE2\x82\xAC \xF0\x9F\x98\x80 ab",
         "\xF4\x8F\xBF\xBF",  // the last code point
         "\xF4\x90\x80\x80",  // the one behind it
         "\xFF\xFE\x80",      // no UTF-8

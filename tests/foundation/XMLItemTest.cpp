@@ -17,7 +17,7 @@ std::string NamesOf(const MXMLItem& parent) {
         names += Exactly(item->GetName());
         last = item;
     }
-    for (; last; last = last->GetPrevious()) reversed = Exactly(last->GetName()) + reversed;
+    for (; last; last = last->GetPrevious()) reversed.insert(0, Exactly(last->GetName()));
     EXPECT_EQ(names, reversed);
     EXPECT_EQ(static_cast<int32_t>(names.size()), parent.GetSubItemCount());
     return names;

@@ -37,6 +37,7 @@ int WaitFor(pid_t process) {
 /// that ends at once, so that nobody has to collect it.
 int Spawn(const std::vector<std::string>& words, bool wait) {
     std::vector<char*> arguments;
+    arguments.reserve(words.size() + 1);
     for (const std::string& word : words) arguments.push_back(const_cast<char*>(word.c_str()));
     arguments.push_back(nullptr);
 
