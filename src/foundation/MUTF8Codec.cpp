@@ -6,6 +6,7 @@
 namespace {
 
 constexpr uint32_t ByteOrderMark = 0xFEFF;
+constexpr uint32_t LastCodePoint = 0x10FFFF;
 constexpr char16_t BrokenSequenceMark = 1;
 /// From this high surrogate on, (high - SurrogateBase) * 1024 + low is the code point of a pair.
 constexpr uint32_t SurrogateBase = 0xD7F7;
@@ -52,6 +53,10 @@ private:
     }
     void Store() {
         if (codePoint == ByteOrderMark) return;
+        if (IsNoCharacter()) {
+            *target++ = BrokenSequenceMark;
+            return;
+        }
         if (codePoint < 0x10000) {
             *target++ = static_cast<char16_t>(codePoint);
             return;
@@ -59,6 +64,11 @@ private:
         const uint32_t low = 0xDC00 + (codePoint & 0x3FF);
         *target++ = static_cast<char16_t>((codePoint - low) / 1024 + SurrogateBase);
         *target++ = static_cast<char16_t>(low);
+    }
+
+    /// Surrogates and what lies behind the last code point: as units they would not find the way back.
+    [[nodiscard]] bool IsNoCharacter() const {
+        return (codePoint >= 0xD800 && codePoint <= 0xDFFF) || codePoint > LastCodePoint;
     }
 
     char16_t* target;

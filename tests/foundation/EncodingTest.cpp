@@ -93,6 +93,7 @@ TEST(EncodingTest, UTF8DecodingForgivesInItsOwnWay) {
         {"ab\0c"sv, u"ab"},
         {"\xC3\0c"sv, u"\x01"
                       "c"},
+        {"\xED\xA0\x80|\xF5\xA2\xA2\xA2|\xF4\x8F\xBF\xBF", u"\x01|\x01|\U0010FFFF"},
         {"exactly sixteen.\xC3\xA9", u"exactly sixteen.\u00E9"},
         {"a run of sixteen\0hidden"sv, u"a run of sixteen"},
     };
