@@ -17,9 +17,11 @@ int64_t MGetAllocationCount() {
 
 extern "C" {
 
+// NOLINTBEGIN(bugprone-reserved-identifier): the names are the C library's.
 void* __libc_malloc(size_t size);
 void* __libc_calloc(size_t count, size_t size);
 void* __libc_realloc(void* block, size_t size);
+// NOLINTEND(bugprone-reserved-identifier)
 
 void* malloc(size_t size) noexcept {
     ++allocationCount;

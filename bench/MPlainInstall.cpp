@@ -30,7 +30,7 @@ public:
     ~PlainFile() { close(handle); }
 
     [[nodiscard]] int GetHandle() const { return handle; }
-    void Write(const char* bytes, size_t size) {
+    void Write(const char* bytes, size_t size) const {
         if (write(handle, bytes, size) != static_cast<ssize_t>(size)) Fail();
     }
     [[noreturn]] void Fail() const {
