@@ -30,7 +30,7 @@ MDirectoryChoices::MDirectoryChoices(MSetupSession& session) : session(session) 
         element.SetAttribute("Available", "1");
         (void)element.GetAttribute("id");
         (void)element.GetAttribute("name");
-        rows.Add({&element, MString(), element.GetInt32Attribute("Hidden", 0) != 0});
+        rows.Add({&element, MString()});
     }
 }
 

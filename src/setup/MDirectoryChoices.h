@@ -8,7 +8,6 @@
 struct MDirectoryRow {
     MXMLItem* Element;
     MString Path;
-    bool Hidden;
 };
 
 /// Where a product's parts go: a row for each `directory` element that matters on this system, a

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "install/MItemNames.h"
 #include "payload/MLargeResourceLibrary.h"
 #include "setup/MPathMacros.h"
 
@@ -8,9 +9,12 @@
 class MSetupSession {
 public:
     /// Takes the name (required) of `definition`, which is not owned. There are no macros yet: making them
-    /// creates a folder, and whoever refuses a run does so before. Raises "Could not find required attribute ({0})." (0).
+    /// creates a folder, and whoever refuses a run does so before. Raises what `MCheckItemNames` raises, and
+    /// "Could not find required attribute ({0})." (0).
     explicit MSetupSession(MLargeResourceLibrary& definition)
-        : Library(&definition), SoftwareName(definition.GetAttribute("name")) {}
+        : Library(&definition), SoftwareName(definition.GetAttribute("name")) {
+        MCheckItemNames(definition);
+    }
 
     [[nodiscard]] MXMLItem& GetDefinition() const { return *Library; }
     void CreatePathMacros() { Macros.CreatePathMacros(UseX64); }
@@ -24,8 +28,6 @@ public:
     MPathMacros Macros;
     /// `id` of the chosen configuration; empty until one is chosen.
     MString ConfigurationId;
-    /// Path of the installed program, set by the install run.
-    MString InstalledExecutable;
     bool ShowComponents = true;
     bool AdminRights = true;
     bool UseX64 = false;

@@ -109,6 +109,15 @@ TEST_F(UnattendedRunTest, RefusesBeforeWritingAnything) {
     }
 }
 
+TEST_F(UnattendedRunTest, ANameThatLeadsOutIsFoundBeforeAnythingIsWritten) {
+    Define("<directory id=\"destination\" name=\"D\" default=\"{scratch}/product\"/>"
+           "<files required=\"1\" destination=\"{destination}\"><dir name=\"d\"><file name=\"../../out\" "
+           "op=\"create\"" +
+           payload.Add("x") + "/></dir></files>");
+    EXPECT_NE(FailureOf([&] { Run({}); }).find("\"../../out\""), std::string::npos);
+    EXPECT_EQ(scratch.ListTree(), "");
+}
+
 TEST_F(UnattendedRunTest, AFailedRunLeavesNoState) {
     DefineProduct();
     scratch.WriteFile("product/core/inside", "in the way");
