@@ -8,6 +8,7 @@
 #include "setup/MTextDialogs.h"
 #include "setup/MUnattendedRun.h"
 #include "tests/support/MScratch.h"
+#include "tests/support/MTestModule.h"
 
 namespace {
 
@@ -17,6 +18,7 @@ constexpr int Rounds = 5;
 void Install(const MString& executable, const MString& destination) {
     MList<MString> words;
     words.Add("directory:destination=" + destination);
+    const MTestModule module(SETUP_PROGRAM);
     const MUnattendedOptions options(words, destination);
     MUnattendedDialogs dialogs(MRetryAnswer::Refuse);
     MInstallViews views;

@@ -1,8 +1,10 @@
 #include "foundation/MFile.h"
 
+#include "foundation/MFileList.h"
 #include "foundation/MGuard.h"
 #include "foundation/MProductConstants.h"
 #include "foundation/MRegistryKey.h"
+#include "foundation/MUninstallKeyName.h"
 #include "streams/MStdFileStream.h"
 
 namespace {
@@ -10,7 +12,6 @@ namespace {
 MSpecialFolders* replacedFolders = nullptr;
 
 constexpr const char* StateFileName = "setup.state";
-constexpr const char* UninstallKey = "software\\microsoft\\windows\\currentversion\\uninstall";
 
 void CopyFileContent(const MString& from, const MString& to) {
     MStdFileStream source;
@@ -25,12 +26,18 @@ MString FindRegisteredInstallation(const MString& name) {
     MString directory;
     MGuard("MFile::GetSoftwareInstallationPath", [&] {
         MRegistryKey programs;
-        programs.Open(MRegistryRoot::LocalMachine, UninstallKey);
+        programs.Open(MRegistryRoot::LocalMachine, MUninstallKeyName);
         MRegistryKey program;
         program.Open(programs, name);
         directory = MFile::GetDirectory(MFile::Normalize(program.GetValue("UninstallString")));
     });
     return directory;
+}
+
+MList<MFileListEntry> ListDrives() {
+    MList<MFileListEntry> list;
+    for (const MString& drive : MFile::GetDrives()) list.Add({drive, true});
+    return list;
 }
 
 /// An installation without a directory would be the empty path, of which every question says yes.
@@ -90,6 +97,10 @@ void MFile::Move(const MString& from, const MString& to) {
             Move(Join(from, entry.name), Join(to, entry.name));
         RemoveDirectory(from);
     });
+}
+
+MList<MFileListEntry> MFile::GetFileList(const MString& directory, const MString& filter) {
+    return directory.IsEmpty() ? ListDrives() : MListDirectory(directory, filter);
 }
 
 void MFile::GetFileListRecursed(const MString& directory, const MString& filter,

@@ -106,6 +106,8 @@ public:
     /// Raises "Could not create file link at \"{0}\" to \"{1}\"." and the system's words.
     static void CreateLink(const MString& link, const MString& target, const MString& arguments,
                            const MString& description);
+    /// The file of a link that `CreateLink` has created; empty if there is none.
+    [[nodiscard]] static MString FindLink(const MString& link);
     /// Deletes what `CreateLink` has created. Raises as `Delete`.
     static void DeleteLink(const MString& link);
     /// The entries of a directory in the platform's order, without "." and "..". The filter is a wildcard

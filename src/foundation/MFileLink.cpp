@@ -39,7 +39,15 @@ void MFile::CreateLink(const MString& link, const MString& target, const MString
     MRaise(MExceptionGeneral, "Could not create file link at \"{0}\" to \"{1}\". {2}", link, target, reason);
 }
 
+MString MFile::FindLink(const MString& link) {
+    for (const MString& extension : {MString("url"), MShellLinkExtension()}) {
+        const MString file = link + "." + extension;
+        if (Exists(file)) return file;
+    }
+    return MString();
+}
+
 void MFile::DeleteLink(const MString& link) {
-    const MString shortcut = link + ".url";
-    Delete(Exists(shortcut) ? shortcut : link + "." + MShellLinkExtension());
+    const MString file = FindLink(link);
+    Delete(file.IsEmpty() ? link + "." + MShellLinkExtension() : file);
 }

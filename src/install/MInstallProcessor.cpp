@@ -95,10 +95,5 @@ void MInstallProcessor::PerformCopy(MXMLItem& files, MXMLItem& copy, bool uninst
 }
 
 void MInstallProcessor::RemovePassDirectory(MXMLItem& pass, const MString& directory) {
-    if (!OwnsDirectory(pass)) return;
-    try {
-        MFile::RemoveDirectory(directory);
-    } catch (const MException&) {
-        ++failureCount;
-    }
+    if (OwnsDirectory(pass)) TryRemovingDirectory(directory);
 }

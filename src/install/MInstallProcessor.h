@@ -3,6 +3,7 @@
 #include "foundation/MXMLItem.h"
 #include "install/MInstallLog.h"
 #include "install/MInstallViews.h"
+#include "install/MPresetJournal.h"
 #include "install/MProcessOptions.h"
 #include "payload/MLargeResourceLibrary.h"
 
@@ -28,8 +29,16 @@ public:
 
     void Log(const MString& text) { log.Write(text); }
 
+    /// To be told when all that belongs to an installation is in place, so that the next run is not taken for
+    /// one that completes this one.
+    void Complete() { journal.Complete(); }
+
     /// How many removals have failed.
     [[nodiscard]] int32_t GetFailureCount() const { return failureCount; }
+    /// What is still there of that: files, and directories without content.
+    [[nodiscard]] MList<MString> GetLeftovers() const;
+    /// Directories that could not be removed because they hold something.
+    [[nodiscard]] MList<MString> GetKeptDirectories() const;
     [[nodiscard]] int32_t GetItemIndex() const { return itemIndex; }
     [[nodiscard]] int32_t GetItemCount() const { return itemCount; }
     [[nodiscard]] int64_t GetDoneBytes() const { return doneBytes; }
@@ -54,7 +63,7 @@ private:
     void ProcessFile(const Item& item);
     void RemoveFile(const Item& item);
     void WriteFile(const Item& item);
-    void KeepPresets(const Item& item, const MString& path);
+    void MergePresetFile(const Item& item, const MString& path);
     void RewriteFile(const Item& item, const MString& path, bool exists);
     [[nodiscard]] bool OpenTarget(MStdFileStream& target, const MString& path, bool exists);
     /// True if what was copied is a program.
@@ -62,8 +71,9 @@ private:
     void ShowItem(const char* format, const MString& path);
     void ShowCopyProgress();
     void ShowRemovalProgress(const Item& item, const char* format);
-    template <class Removal>
-    void TryRemoval(Removal removal);
+    /// Both count a removal that fails.
+    void TryRemovingFile(const MString& path);
+    void TryRemovingDirectory(const MString& path);
 
     MLargeResourceLibrary* library = nullptr;
     MBuffer buffer;
@@ -76,4 +86,7 @@ private:
     MInstallViews views;
     MInstallLog log;
     int32_t failureCount = 0;
+    MList<MString> leftovers;
+    MList<MString> keptDirectories;
+    MPresetJournal journal;
 };

@@ -2,17 +2,20 @@
 #include "foundation/MRaise.h"
 #include "install/MInstallProcessorItem.h"
 #include "install/MInstallRetry.h"
+#include "install/MUserDataMigration.h"
 
 void MInstallProcessor::ProcessItems(const MString& destination, MXMLItem& item, bool rewritable,
                                      MProcessOptions& options) {
     rewritable = rewritable && item.GetInt32Attribute("rewritable", 1) != 0;
     if (options.uninstall && (item.GetInt32Attribute("uninstall", 1) == 0 || !rewritable)) return;
 
+    const MString userData = MFile::GetSpecialPath(MSpecialFolderUserData);
     for (int32_t i = 0; i < item.GetSubItemCount(); ++i) {
         MXMLItem& child = *item.GetSubItem(i);
         const bool isDirectory = child.GetName() == "dir";
         if (!isDirectory && !(child.GetName() == "file")) continue;
         const MString name = GetItemName(item, child, options);
+        if (destination == userData) MigrateUserData(destination);
         const Item current{child,      name,   MFile::Join(destination, name), child.GetAttribute("op", ""),
                            rewritable, options};
         fileBytes = 0;
@@ -55,37 +58,6 @@ void MInstallProcessor::ProcessDirectoryContents(const Item& item) {
     }
     ProcessItems(item.path, item.element, item.rewritable, item.options);
     if (item.IsRemoval()) RemoveDirectory(item);
-}
-
-void MInstallProcessor::RemoveDirectory(const Item& item) {
-    ShowRemovalProgress(item, "deleting directory {0} ({1} of {2})");
-    Log("Deleting directory " + item.path);
-    if (MFile::Exists(item.path)) TryRemoval([&] { MFile::RemoveDirectory(item.path); });
-}
-
-void MInstallProcessor::RemoveFile(const Item& item) {
-    ShowRemovalProgress(item, "deleting file {0} ({1} of {2})");
-    ++itemIndex;
-    if (!item.rewritable || !MFile::Exists(item.path)) return;
-    Log("Deleting file " + item.path);
-    const bool isBundle = MFile::GetExtension(item.path) == "aaxplugin";
-    TryRemoval([&] { isBundle ? MFile::DeleteTree(item.path) : MFile::Delete(item.path); });
-}
-
-template <class Removal>
-void MInstallProcessor::TryRemoval(Removal removal) {
-    try {
-        removal();
-    } catch (const MException&) {
-        ++failureCount;
-    }
-}
-
-void MInstallProcessor::ShowRemovalProgress(const Item& item, const char* format) {
-    if (item.options.uninstall)
-        views.ShowTotalProgress(itemCount, itemIndex);
-    else
-        ShowItem(format, item.path);
 }
 
 void MInstallProcessor::ShowItem(const char* format, const MString& path) {

@@ -4,6 +4,7 @@
 #include "install/MBundlePath.h"
 #include "install/MInstallProcessorItem.h"
 #include "install/MInstallRetry.h"
+#include "install/MPresetFile.h"
 #include "install/MProgramContent.h"
 
 #include <algorithm>
@@ -29,14 +30,14 @@ void MInstallProcessor::WriteFile(const Item& item) {
     if (item.rewritable || !exists)
         RewriteFile(item, path, exists);
     else if (path.Contains("presets."))
-        KeepPresets(item, path);
+        MergePresetFile(item, path);
 }
 
-void MInstallProcessor::KeepPresets(const Item& item, const MString& path) {
+void MInstallProcessor::MergePresetFile(const Item& item, const MString& path) {
     Log("Processing preset file " + path);
-    views.ShowFile(MFormat("keeping preset file {0} as it is: this build cannot merge presets", path));
+    const auto openSource = [&] { return library->OpenItem(&item.element); };
+    doneBytes += MMergePresetFile(path, openSource, journal);
     ++itemIndex;
-    doneBytes += item.element.GetInt64Attribute("filesize", 0);
     ShowCopyProgress();
 }
 

@@ -2,6 +2,7 @@
 
 #include "foundation/MFile.h"
 #include "foundation/MRaise.h"
+#include "foundation/MXMLSubItems.h"
 
 namespace {
 
@@ -30,6 +31,15 @@ void CheckItems(const MXMLItem& item) {
     }
 }
 
+void CheckLinks(const MXMLItem& item) {
+    for (const MXMLItem& shortcut : MXMLSubItems(item, "shortcut"))
+        CheckName(shortcut.GetAttribute("name", ""));
+    for (const MXMLItem& folder : MXMLSubItems(item, "shortcutdirectory")) {
+        CheckName(folder.GetAttribute("name", ""));
+        CheckLinks(folder);
+    }
+}
+
 }  // namespace
 
 bool MIsInsideName(const MString& name) {
@@ -45,10 +55,9 @@ bool MIsInsideName(const MString& name) {
 }
 
 void MCheckItemNames(const MXMLItem& root) {
-    for (int32_t i = 0; i < root.GetSubItemCount(); ++i) {
-        const MXMLItem& files = *root.GetSubItem(i);
-        if (!(files.GetName() == "files")) continue;
+    for (const MXMLItem& files : MXMLSubItems(root, "files")) {
         CheckName(MFile::GetFileName(files.GetAttribute("path", "")));
         CheckItems(files);
     }
+    CheckLinks(root);
 }

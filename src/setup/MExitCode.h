@@ -7,6 +7,7 @@
 enum MExitCode : int32_t {
     MExitDeclined = -1,
     MExitDone = 0,
-    MExitFailed = 1,   ///< the run failed; its text is on standard error
-    MExitRefused = 2,  ///< refused before anything was written
+    MExitFailed = 1,      ///< the run failed; its text is on standard error
+    MExitRefused = 2,     ///< refused before anything was written
+    MExitIncomplete = 3,  ///< removed, but for what is listed
 };

@@ -1,8 +1,13 @@
 #include "setup/MInstallRun.h"
 
 #include "foundation/MFile.h"
+#include "foundation/MModule.h"
+#include "foundation/MPlatform.h"
 #include "foundation/MXMLSubItems.h"
 #include "install/MInstallProcessor.h"
+#include "install/MShortcuts.h"
+#include "install/MUninstallEntry.h"
+#include "payload/MSfx.h"
 #include "streams/MOutputFile.h"
 
 MInstallRun::MInstallRun(MSetupSession& session, const MInstallViews& views)
@@ -28,7 +33,12 @@ void MInstallRun::Perform() {
     ExpandDestinations();
     MInstallProcessor processor;
     processor.Perform(session.GetDefinition(), session.Library, views, false);
+    CopySetup();
+    Register();
+    views.ShowInfo(MTranslate("Creating shortcuts..."));
+    CreateShortcuts();
     SaveState();
+    processor.Complete();
 }
 
 void MInstallRun::ExpandDestinations() {
@@ -43,11 +53,37 @@ void MInstallRun::ExpandDestination(MXMLItem& pass) const {
     pass.SetAttribute("currentpath", session.Macros.ExpandMacros(pass.GetAttribute("destination")));
 }
 
+void MInstallRun::CopySetup() {
+    const MString setupPath = MFile::Join(mainPath, MString("setup.") + MPlatform::ExecutableExtension());
+    session.InstalledExecutable = MPlatform::GetPathText(setupPath);
+    MSfx program;
+    const bool isThisProgram = !program.IsOpen() && setupPath == MModule::GetInstance()->GetFilePath();
+    if (isThisProgram) return;
+    MFile::CreatePath(mainPath);
+    MOutputFile copy(setupPath);
+    program.OpenExecutable()->CopyAllToInLargePieces(copy);
+    copy.Commit(true);
+}
+
+void MInstallRun::Register() const {
+    MUninstallEntry entry;
+    entry.key = session.GetInstallationName();
+    entry.displayName = session.SoftwareName;
+    entry.setup = session.InstalledExecutable;
+    entry.Write();
+}
+
+void MInstallRun::CreateShortcuts() const {
+    const MShortcutTargets targets{MFile::Normalize(session.InstalledExecutable),
+                                   [this](const MString& text) { return session.Macros.ExpandMacros(text); }};
+    const MShortcuts shortcuts(session.AdminRights);
+    shortcuts.CreateLinks(shortcuts.GetDirectory(), session.GetDefinition(), targets);
+}
+
 void MInstallRun::SaveState() {
     MXMLItem& definition = session.GetDefinition();
     definition.SetAttribute("mainpath", mainPath);
     definition.SetAttribute("adminrights", session.AdminRights ? "1" : "0");
-    MFile::CreatePath(mainPath);
     MOutputFile state(MFile::Join(mainPath, "setup.state"));
     definition.Save(state, false, "utf-8");
     state.Commit(false);

@@ -28,6 +28,8 @@ public:
     MPathMacros Macros;
     /// `id` of the chosen configuration; empty until one is chosen.
     MString ConfigurationId;
+    /// The program that the run has left behind, in the form of `MPlatform::GetPathText`; empty until then.
+    MString InstalledExecutable;
     bool ShowComponents = true;
     bool AdminRights = true;
     bool UseX64 = false;

@@ -52,12 +52,14 @@ void MUnattendedOptions::ReadWord(const MString& word, const MString& startDirec
         ReadComponent(word, *component);
     else if (const auto directory = TextAfter(word, "directory:"))
         ReadDirectory(word, *directory, startDirectory);
+    else if (const auto removal = TextAfter(word, "remove-older="))
+        ReadRemoveOlder(word, *removal);
     else if (const auto answer = TextAfter(word, "locked="))
         ReadLocked(word, *answer);
     else
         RaiseWord(word,
                   "the words of a silent run are accept-licence, configuration=ID, component:NAME=on|off, "
-                  "directory:ID=PATH and locked=abort|ignore|retry");
+                  "directory:ID=PATH, remove-older=yes|no and locked=abort|ignore|retry");
 }
 
 void MUnattendedOptions::ReadComponent(const MString& word, const MString& choice) {
@@ -76,6 +78,11 @@ void MUnattendedOptions::ReadDirectory(const MString& word, const MString& choic
     directory.Text =
         MFile::Normalize(isComplete ? directory.Text : MFile::Join(startDirectory, directory.Text));
     Directories.Add(directory);
+}
+
+void MUnattendedOptions::ReadRemoveOlder(const MString& word, const MString& answer) {
+    RemoveOlder = answer == "yes";
+    if (!RemoveOlder && !(answer == "no")) RaiseWord(word, "write remove-older=yes or remove-older=no");
 }
 
 void MUnattendedOptions::ReadLocked(const MString& word, const MString& answer) {

@@ -14,7 +14,7 @@ struct MNamedChoice {
 /// The words of a run without window and questions:
 ///
 ///     silent accept-licence [configuration=ID] [component:NAME=on|off ...] [directory:ID=PATH ...]
-///            [locked=abort|ignore|retry]
+///            [remove-older=yes|no] [locked=abort|ignore|retry]
 ///
 /// `silent` may stand anywhere on the command line. Without it no other word means anything here.
 class MUnattendedOptions {
@@ -33,11 +33,14 @@ public:
     std::optional<MString> Configuration;
     MList<MNamedChoice> Components;   ///< row names with "on" or "off"
     MList<MNamedChoice> Directories;  ///< ids with canonical paths
+    /// Whether the older versions that the definition names are removed first.
+    bool RemoveOlder = false;
     MRetryAnswer Locked = MRetryAnswer::Refuse;
 
 private:
     void ReadWord(const MString& word, const MString& startDirectory);
     void ReadComponent(const MString& word, const MString& choice);
     void ReadDirectory(const MString& word, const MString& choice, const MString& startDirectory);
+    void ReadRemoveOlder(const MString& word, const MString& answer);
     void ReadLocked(const MString& word, const MString& answer);
 };

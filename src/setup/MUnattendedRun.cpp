@@ -1,6 +1,7 @@
 #include "setup/MUnattendedRun.h"
 
 #include "setup/MInstallRun.h"
+#include "setup/MOlderVersions.h"
 #include "setup/MRefusal.h"
 
 MUnattendedRun::MUnattendedRun(MLargeResourceLibrary& definition, const MUnattendedOptions& options,
@@ -32,12 +33,23 @@ void MUnattendedRun::ValidateComponents() {
 }
 
 void MUnattendedRun::Perform() {
+    if (options.RemoveOlder) RemoveOlderVersions();
     ChooseConfiguration();
     ChooseComponents();
     ChooseDirectories();
     MInstallRun run(session, views);
     run.Enter();
     run.Perform();
+}
+
+void MUnattendedRun::RemoveOlderVersions() {
+    const MOlderVersions older(session.GetDefinition());
+    for (const MOlderVersion& version : older.GetVersions()) {
+        views.ShowInfo(MFormat(MTranslate("Removing {0}..."), version.name));
+        if (MOlderVersions::Remove(version, true)) continue;
+        views.dialogs->ShowError(MFormat(MTranslate("{0} could not be removed completely by \"{1}\"."),
+                                         version.name, version.setup));
+    }
 }
 
 void MUnattendedRun::ChooseConfiguration() {

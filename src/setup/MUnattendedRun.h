@@ -23,6 +23,7 @@ public:
 
 private:
     void ValidateComponents();
+    void RemoveOlderVersions();
     void ChooseConfiguration();
     void ChooseComponents();
     void ChooseDirectories();

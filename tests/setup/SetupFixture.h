@@ -4,6 +4,7 @@
 #include "setup/MSetupSession.h"
 #include "streams/MMemoryStream.h"
 #include "tests/support/MScratch.h"
+#include "tests/support/MTestModule.h"
 #include "tests/support/MTestPayload.h"
 #include "tests/support/MTestText.h"
 
@@ -28,6 +29,8 @@ protected:
 
     MScratch scratch;
     MScratchFolders folders{scratch};
+    MScratch programs;
+    MTestModule module{programs.WriteFile("program", "the bytes of a program")};
     MTestPayload payload{7};
     std::string bytes;
     MMemoryStream source;

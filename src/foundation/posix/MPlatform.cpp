@@ -37,6 +37,10 @@ MString MPlatform::GetModulePath(void* instance) {
     return length > 0 ? MPathFromNative({path, static_cast<size_t>(length)}) : MString();
 }
 
+MString MPlatform::GetPathText(const MString& path) {
+    return path;
+}
+
 void MPlatform::StartSubsystems() {
     // A peer that closes its socket or pipe is a failure of the write, not the end of the process.
     std::signal(SIGPIPE, SIG_IGN);

@@ -33,6 +33,12 @@ MString MPlatform::GetModulePath(void* instance) {
     }
 }
 
+MString MPlatform::GetPathText(const MString& path) {
+    MString text = path;
+    text.Replace("/", "\\");
+    return text;
+}
+
 void MPlatform::StartSubsystems() {
     // A drive without a medium is a failure of the call, not a box on the screen.
     SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX);

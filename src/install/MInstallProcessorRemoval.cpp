@@ -1,0 +1,69 @@
+#include "foundation/MFile.h"
+#include "foundation/MGuard.h"
+#include "install/MInstallProcessorItem.h"
+
+namespace {
+
+bool HoldsSomething(const MString& directory) {
+    bool holds = false;
+    MGuard("MInstallProcessor", [&] { holds = !MFile::GetFileList(directory).IsEmpty(); });
+    return holds;
+}
+
+MList<MString> GetExisting(const MList<MString>& paths) {
+    MList<MString> existing;
+    for (const MString& path : paths)
+        if (MFile::Exists(path)) existing.Add(path);
+    return existing;
+}
+
+}  // namespace
+
+void MInstallProcessor::RemoveDirectory(const Item& item) {
+    ShowRemovalProgress(item, "deleting directory {0} ({1} of {2})");
+    Log("Deleting directory " + item.path);
+    if (MFile::Exists(item.path)) TryRemovingDirectory(item.path);
+}
+
+void MInstallProcessor::RemoveFile(const Item& item) {
+    ShowRemovalProgress(item, "deleting file {0} ({1} of {2})");
+    ++itemIndex;
+    if (!item.rewritable || !MFile::Exists(item.path)) return;
+    Log("Deleting file " + item.path);
+    TryRemovingFile(item.path);
+}
+
+void MInstallProcessor::TryRemovingFile(const MString& path) {
+    const bool isBundle = MFile::GetExtension(path) == "aaxplugin";
+    try {
+        isBundle ? MFile::DeleteTree(path) : MFile::Delete(path);
+    } catch (const MException&) {
+        ++failureCount;
+        leftovers.Add(path);
+    }
+}
+
+void MInstallProcessor::TryRemovingDirectory(const MString& path) {
+    try {
+        MFile::RemoveDirectory(path);
+    } catch (const MException&) {
+        ++failureCount;
+        (HoldsSomething(path) ? keptDirectories : leftovers).Add(path);
+    }
+}
+
+// Another part of the product may have succeeded where one has failed.
+MList<MString> MInstallProcessor::GetLeftovers() const {
+    return GetExisting(leftovers);
+}
+
+MList<MString> MInstallProcessor::GetKeptDirectories() const {
+    return GetExisting(keptDirectories);
+}
+
+void MInstallProcessor::ShowRemovalProgress(const Item& item, const char* format) {
+    if (item.options.uninstall)
+        views.ShowTotalProgress(itemCount, itemIndex);
+    else
+        ShowItem(format, item.path);
+}

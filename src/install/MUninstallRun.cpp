@@ -1,0 +1,66 @@
+#include "install/MUninstallRun.h"
+
+#include "foundation/MFile.h"
+#include "foundation/MGuard.h"
+#include "foundation/MRaise.h"
+#include "install/MShortcuts.h"
+#include "install/MUninstallEntry.h"
+
+namespace {
+
+constexpr const char* StateFileName = "setup.state";
+
+}  // namespace
+
+MUninstallRun::MUninstallRun(const MString& directory, const MInstallViews& views) : views(views) {
+    state.LoadFile(MFile::Join(directory, StateFileName));
+    productName = state.GetAttribute("name");
+    mainPath = state.GetAttribute("mainpath");
+}
+
+void MUninstallRun::PerformUninstallation() {
+    adminRights = state.GetInt32Attribute("adminrights", 0) != 0;
+    views.ShowInfo(MTranslate("Removing files..."));
+    MInstallViews bar;
+    bar.totalBar = views.totalBar;
+    processor.Perform(state, nullptr, bar, true);
+    RemoveShortcuts();
+    RemoveKey();
+    RemoveState();
+    views.ShowInfo(MTranslate("Done."));
+}
+
+void MUninstallRun::RemoveShortcuts() {
+    MShortcuts shortcuts(adminRights);
+    try {
+        shortcuts.RemoveLinks(shortcuts.GetDirectory(), state);
+    } catch (const MException&) {
+        try {
+            shortcuts.RemoveLinks(shortcuts.GetFormerDirectory(), state);
+        } catch (const MException&) {
+            ++failureCount;
+        }
+    }
+    for (const MString& link : shortcuts.GetFailures()) leftovers.Add(link);
+}
+
+void MUninstallRun::RemoveKey() {
+    const MString key = state.GetAttribute("installationname", productName);
+    try {
+        MUninstallEntry::Delete(key);
+    } catch (const MException& exception) {
+        views.dialogs->ShowError(exception.GetMessage());
+        leftovers.Add(MFormat(MTranslate("the entry \"{0}\" in the list of installed programs"), key));
+    }
+}
+
+void MUninstallRun::RemoveState() {
+    const MString path = MFile::Join(mainPath, StateFileName);
+    if (!MGuard("PerformUninstallation", [&] { MFile::Delete(path); })) leftovers.Add(path);
+}
+
+MList<MString> MUninstallRun::GetLeftovers() const {
+    MList<MString> all = leftovers;
+    for (const MString& path : processor.GetLeftovers()) all.Add(path);
+    return all;
+}

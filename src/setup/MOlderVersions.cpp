@@ -1,0 +1,24 @@
+#include "setup/MOlderVersions.h"
+
+#include "foundation/MFile.h"
+#include "foundation/MGuard.h"
+#include "foundation/MPlatform.h"
+#include "foundation/MXMLSubItems.h"
+
+MOlderVersions::MOlderVersions(const MXMLItem& definition) {
+    const MString program = MString("setup.") + MPlatform::ExecutableExtension();
+    for (const MXMLItem& item : MXMLSubItems(definition, "uninstall"))
+        MGuard("MOlderVersions", [&] {
+            const MString directory = MFile::GetSoftwareInstallationPath(item.GetValue());
+            versions.Add({item.GetValue(), MFile::Join(directory, program)});
+        });
+}
+
+bool MOlderVersions::Remove(const MOlderVersion& version, bool isSilent) {
+    MList<MString> words;
+    words.Add("uninstall");
+    if (isSilent) words.Add("silent");
+    int32_t exitCode = -1;
+    MGuard("MOlderVersions", [&] { exitCode = MFile::Execute(version.setup, words, "", true); });
+    return exitCode == 0;
+}
