@@ -65,7 +65,10 @@ private:
     void WriteFile(const Item& item);
     void MergePresetFile(const Item& item, const MString& path);
     void RewriteFile(const Item& item, const MString& path, bool exists);
-    [[nodiscard]] bool OpenTarget(MStdFileStream& target, const MString& path, bool exists);
+    /// `path` is where the file will stand in the end, as the user hears of it.
+    [[nodiscard]] bool OpenTarget(MStdFileStream& target, const MString& written, const MString& path,
+                                  bool exists);
+    void PlaceProtectedFile(const MString& written, const MString& path);
     /// True if what was copied is a program.
     [[nodiscard]] bool CopyContent(MXMLItem& element, MStdFileStream& target);
     void ShowItem(const char* format, const MString& path);

@@ -10,7 +10,8 @@
 #include <algorithm>
 
 void MInstallProcessor::ProcessFile(const Item& item) {
-    log.Flush();
+    // Deleting is so quick that the log would take its time; there its lines are on the disk by the directory.
+    if (!item.IsRemoval()) log.Flush();
     Log("Processing file \"" + item.path + "\" operation " + item.op);
     if (item.IsRemoval())
         RemoveFile(item);
@@ -47,8 +48,10 @@ void MInstallProcessor::RewriteFile(const Item& item, const MString& path, bool 
         MInstallRetry([&] { MFile::Delete(path); });
     }
     Log("Rewriting file " + path);
+    // The next run leaves a protected file as it finds it: none may stand half written after a kill.
+    const MString written = item.rewritable ? path : path + ".unfinished";
     MStdFileStream target;
-    if (!OpenTarget(target, path, exists)) {
+    if (!OpenTarget(target, written, path, exists)) {
         Log("File not open!");
         return;
     }
@@ -57,7 +60,8 @@ void MInstallProcessor::RewriteFile(const Item& item, const MString& path, bool 
         ++itemIndex;
         Log("Success, closing the file");
         target.Close();
-        if (isProgram) MGuard("MInstallProcessor", [&] { MFile::MakeExecutable(path); });
+        if (isProgram) MGuard("MInstallProcessor", [&] { MFile::MakeExecutable(written); });
+        if (!item.rewritable) PlaceProtectedFile(written, path);
     } catch (const MException&) {
         Log("Error writing the file");
         log.Flush();
@@ -65,10 +69,16 @@ void MInstallProcessor::RewriteFile(const Item& item, const MString& path, bool 
     }
 }
 
-bool MInstallProcessor::OpenTarget(MStdFileStream& target, const MString& path, bool exists) {
+void MInstallProcessor::PlaceProtectedFile(const MString& written, const MString& path) {
+    if (path.Contains("presets.")) MRecordNewPresetFile(path, written, journal);
+    MFile::Rename(written, path);
+}
+
+bool MInstallProcessor::OpenTarget(MStdFileStream& target, const MString& written, const MString& path,
+                                   bool exists) {
     while (true) {
         try {
-            target.Open(path, MOpenWrite | MOpenCreate);
+            target.Open(written, MOpenWrite | MOpenCreate);
             Log("File successfuly created");
             return true;
         } catch (const MException&) {

@@ -28,16 +28,18 @@ void MInstallProcessor::RemoveDirectory(const Item& item) {
 void MInstallProcessor::RemoveFile(const Item& item) {
     ShowRemovalProgress(item, "deleting file {0} ({1} of {2})");
     ++itemIndex;
-    if (!item.rewritable || !MFile::Exists(item.path)) return;
-    Log("Deleting file " + item.path);
-    TryRemovingFile(item.path);
+    if (item.rewritable) TryRemovingFile(item.path);
 }
 
+// A file that is missing is found out by its deletion: asking before would take an eighth of the time.
 void MInstallProcessor::TryRemovingFile(const MString& path) {
     const bool isBundle = MFile::GetExtension(path) == "aaxplugin";
     try {
         isBundle ? MFile::DeleteTree(path) : MFile::Delete(path);
+        Log("Deleting file " + path);
     } catch (const MException&) {
+        if (!MFile::Exists(path)) return;
+        Log("Deleting file " + path);
         ++failureCount;
         leftovers.Add(path);
     }

@@ -77,3 +77,12 @@ int64_t MMergePresetFile(const MString& path, const MPresetSource& openSource, M
     });
     return sourceBytes;
 }
+
+void MRecordNewPresetFile(const MString& path, const MString& written, MPresetJournal& journal) {
+    MGuard("Record presets", [&] {
+        MMemoryStream content;
+        ReadFile(written, content);
+        const MString digest = GetDigest(content);
+        journal.Add({path, digest, digest});
+    });
+}

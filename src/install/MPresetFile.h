@@ -15,3 +15,7 @@ using MPresetSource = std::function<std::unique_ptr<MStream>()>;
 /// A merge that fails leaves the file as it was, and nothing is raised as `MException`; a backup that cannot be
 /// made does not keep the presets out. Gives the size of the source in bytes, or 0 if it was not opened.
 int64_t MMergePresetFile(const MString& path, const MPresetSource& openSource, MPresetJournal& journal);
+
+/// Remembers a preset file that the run brings, before what was written at `written` becomes the file at `path`. A
+/// run that follows a killed one would else take it for the user's, and merge it with itself.
+void MRecordNewPresetFile(const MString& path, const MString& written, MPresetJournal& journal);

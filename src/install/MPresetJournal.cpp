@@ -47,6 +47,7 @@ bool MPresetJournal::IsMerged(const MString& path, const MString& sourceDigest, 
 }
 
 void MPresetJournal::Add(const MPresetMergeRecord& record) {
+    visited.Add(record.path);
     records.Add(record);
     MGuard("MPresetJournal", [this] { Rewrite(); });
 }

@@ -32,6 +32,17 @@ protected:
     [[nodiscard]] MString InHome(const MString& name) const {
         return MFile::Join(scratch.Join("home"), name);
     }
+    /// Where the installer puts its links.
+    [[nodiscard]] MString InMenu(const MString& name) const {
+        const bool isWindows = MPlatform::GetName() == "windows";
+        const MString menu = isWindows ? MFile::GetSpecialPath(MSpecialFolderStartMenuPrograms)
+                                       : InHome(".local/share/applications");
+        return MFile::Join(menu, name);
+    }
+    /// The program that an installation in a folder of the home leaves.
+    [[nodiscard]] MString GetRemover(const MString& folder) const {
+        return InHome(folder + "/setup." + MPlatform::ExecutableExtension());
+    }
     [[nodiscard]] MString GetInstaller() const {
         return InHome(MString("Product.") + MPlatform::ExecutableExtension());
     }

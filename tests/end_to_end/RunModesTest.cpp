@@ -60,7 +60,8 @@ TEST_F(RunModesTest, ModesThatAreMissingSaySoInOneLine) {
     EXPECT_EQ(Start(program, {}).errors,
               "This build has no wizard window. To install, add the words: silent accept-licence\n");
     scratch.WriteFile("home/setup.state", "<install/>");
-    EXPECT_EQ(Start(program, {}).errors, "This build has no uninstaller.\n");
+    EXPECT_EQ(Start(program, {}).errors,
+              "This build has no window for removing. To remove the software, add the word: silent\n");
     EXPECT_EQ(Start(program, ToList({"UPDATE"})).errors, "This build has no update manager.\n");
 }
 

@@ -15,7 +15,12 @@ void MSyncFile(const MString& path) {
 
 void MReplaceFile(const MString& from, const MString& to) {
     constexpr DWORD Flags = MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH;
-    if (!MoveFileExW(MNativePath(from).c_str(), MNativePath(to).c_str(), Flags))
+    const std::wstring target = MNativePath(to);
+    const DWORD attributes = GetFileAttributesW(target.c_str());
+    // The system replaces no write-protected file.
+    if (attributes != INVALID_FILE_ATTRIBUTES && attributes & FILE_ATTRIBUTE_READONLY)
+        SetFileAttributesW(target.c_str(), attributes & ~DWORD{FILE_ATTRIBUTE_READONLY});
+    if (!MoveFileExW(MNativePath(from).c_str(), target.c_str(), Flags))
         MRaise(MExceptionGeneral, "Could not rename file \"{0}\" to \"{1}\". {2}", from, to,
                MSystemErrorText());
 }
