@@ -15,7 +15,8 @@ const char* const PackExamples =
     "Examples:\n"
     "  setup-builder pack product.xml --output Product.exe\n"
     "  setup-builder pack product.xml --output Product.run --define VERSION=8.1 --stub build/setup\n"
-    "  setup-builder pack product.xml --output setup.dat --form dat --compression zlib --level 6";
+    "  setup-builder pack product.xml --output setup.dat --form dat --compression zlib --level 6\n"
+    "  setup-builder pack product.xml --output setup.multi --form multi --part-size 1G";
 const char* const CheckExamples = "Example:\n"
                                   "  setup-builder check product.xml --define VERSION=8.1";
 const char* const InspectExamples = "Examples:\n"
@@ -29,12 +30,21 @@ const char* const ExtractExamples = "Example:\n"
 const char* const Overview = "Run \"setup-builder COMMAND --help\" for a command's options and examples.\n"
                              "Exit codes: 0 done, 1 failed or problems found, 2 wrong command line.";
 
+const std::map<std::string, int64_t> SizeUnits = {{"K", 1 << 10}, {"M", 1 << 20}, {"G", 1 << 30}};
+
+std::string CheckPartSize(const std::string& bytes) {
+    const int64_t size = std::strtoll(bytes.c_str(), nullptr, 10);
+    if (size >= MBuilderOptions::MinimumPartSize) return "";
+    return bytes + " bytes are too small for a part; the least is 64K";
+}
+
 /// The options as the parser fills them: bytes of UTF-8.
 struct RawOptions {
     std::string input;
     std::string output;
     std::string stub;
     std::string form = "exe";
+    int64_t partSize = MBuilderOptions::DefaultPartSize;
     std::string compression = "bzip2";
     int32_t level = 9;
     int32_t threads = 0;
@@ -45,6 +55,11 @@ struct RawOptions {
 int32_t GetThreadCount(int32_t wanted) {
     const auto cores = static_cast<int32_t>(std::thread::hardware_concurrency());
     return std::clamp(wanted > 0 ? wanted : cores, 1, MBuilderOptions::MaximumThreads);
+}
+
+MPayloadForm GetForm(const std::string& name) {
+    if (name == "dat") return MPayloadForm::Data;
+    return name == "multi" ? MPayloadForm::FileSet : MPayloadForm::Executable;
 }
 
 MCompression GetCompression(const std::string& name) {
@@ -70,6 +85,8 @@ public:
         for (int32_t i = arguments.GetCount() - 1; i >= 0; --i)
             words.push_back(MEncodeUTF8Exact(arguments[i]));
         app.parse(std::move(words));
+        RequireForm("--stub", "exe");
+        RequireForm("--part-size", "multi");
     }
 
     /// Writes the help or the complaint that an exception stands for.
@@ -90,7 +107,8 @@ public:
         options.input = MDecodeUTF8Exact(raw.input);
         options.output = MDecodeUTF8Exact(raw.output);
         options.stub = MDecodeUTF8Exact(raw.stub);
-        options.form = raw.form == "dat" ? MPayloadForm::Data : MPayloadForm::Executable;
+        options.form = GetForm(raw.form);
+        options.partSize = raw.partSize;
         options.compression = GetCompression(raw.compression);
         options.level = raw.level;
         options.threads = GetThreadCount(raw.threads);
@@ -113,6 +131,11 @@ private:
         return *added;
     }
 
+    void RequireForm(const char* option, const std::string& form) const {
+        if (app.get_subcommand("pack")->count(option) > 0 && raw.form != form)
+            throw CLI::ValidationError(option, "belongs to --form " + form + ", and the form is " + raw.form);
+    }
+
     void AddInput(CLI::App& command, const char* name, const char* description) {
         command.add_option(name, raw.input, description)->required()->option_text("REQUIRED");
     }
@@ -131,9 +154,18 @@ private:
         pack.add_option("--output", raw.output, "The file to write")->required()->type_name("FILE");
         pack.add_option("--stub", raw.stub, "The setup program; the one beside this tool if it is not given")
             ->type_name("PROGRAM");
-        pack.add_option("--form", raw.form, "exe: one executable; dat: a data file with its .md5")
-            ->check(CLI::IsMember({"exe", "dat"}))
-            ->option_text("exe|dat");
+        pack.add_option(
+                "--form", raw.form,
+                "exe: one executable; dat: a data file with its .md5; multi: parts, and the index that "
+                "names them")
+            ->check(CLI::IsMember({"exe", "dat", "multi"}))
+            ->option_text("exe|dat|multi");
+        pack.add_option(
+                "--part-size", raw.partSize,
+                "The most that a part of --form multi may have, at least 64K; 100M if it is not given")
+            ->transform(CLI::AsNumberWithUnit(SizeUnits))
+            ->check(CheckPartSize)
+            ->option_text("BYTES or N[K|M|G]");
         pack.add_option("--compression", raw.compression,
                         "How the items are stored; bzip2 if it is not given")
             ->check(CLI::IsMember({"bzip2", "zlib", "none"}))
@@ -157,20 +189,21 @@ private:
     void AddInspect() {
         CLI::App& inspect =
             AddCommand(MBuilderCommand::Inspect, "inspect", "Shows what an installer holds", InspectExamples);
-        AddInput(inspect, "FILE", "An installer, or a setup.dat");
+        AddInput(inspect, "FILE", "An installer, a setup.dat or a setup.multi");
         inspect.add_flag("--xml", raw.showsXML, "Print the definition as it is stored, and nothing else");
     }
 
     void AddVerify() {
         CLI::App& verify = AddCommand(MBuilderCommand::Verify, "verify",
                                       "Reads every item of an installer to its end", VerifyExamples);
-        AddInput(verify, "FILE", "An installer, or a setup.dat; its .md5 is tested too if it is there");
+        AddInput(verify, "FILE",
+                 "An installer, a setup.dat or a setup.multi; an .md5 and parts are tested too");
     }
 
     void AddExtract() {
         CLI::App& extract = AddCommand(MBuilderCommand::Extract, "extract",
                                        "Unpacks an installer without installing", ExtractExamples);
-        AddInput(extract, "FILE", "An installer, or a setup.dat");
+        AddInput(extract, "FILE", "An installer, a setup.dat or a setup.multi");
         extract.add_option("--output", raw.output, "The directory to write; new or empty")
             ->required()
             ->type_name("DIR");

@@ -12,6 +12,7 @@ enum class MBuilderCommand { Pack, Check, Inspect, Verify, Extract };
 enum class MPayloadForm {
     Executable,  ///< behind a copy of the setup program
     Data,        ///< a file of its own, with the companion that holds its digest
+    FileSet,     ///< parts of limited size, with the index that names them
 };
 
 enum class MCompression { Bzip2, ZLib, None };
@@ -19,12 +20,17 @@ enum class MCompression { Bzip2, ZLib, None };
 /// A command line, taken apart.
 struct MBuilderOptions {
     static constexpr int32_t MaximumThreads = 64;
+    /// In bytes. The least is far below what is sensible for a download: it keeps a slip of the pen from
+    /// making thousands of files.
+    static constexpr int64_t MinimumPartSize = 64 * 1024;
+    static constexpr int64_t DefaultPartSize = 100 * 1024 * 1024;
 
     MBuilderCommand command = MBuilderCommand::Pack;
     MString input;   ///< the definition, or the file to look into
     MString output;  ///< a file for packing, a directory for extracting
     MString stub;    ///< the setup program; empty for the one beside the tool
     MPayloadForm form = MPayloadForm::Executable;
+    int64_t partSize = DefaultPartSize;
     MCompression compression = MCompression::Bzip2;
     int32_t level = 9;
     int32_t threads = 1;

@@ -3,6 +3,7 @@
 #include "builder/MDestinationCheck.h"
 #include "builder/MElementCheck.h"
 #include "builder/MNameCheck.h"
+#include "builder/MPresetCheck.h"
 #include "builder/MReferenceCheck.h"
 
 void MPrepareDefinition(const MString& path, const MPlaceholders& placeholders, MDefinition& definition,
@@ -14,4 +15,5 @@ void MPrepareDefinition(const MString& path, const MPlaceholders& placeholders, 
     MReferenceCheck(definition, problems).Run();
     MNameCheck(definition, problems).Run();
     MDestinationCheck(definition, problems).Run();
+    MPresetCheck(definition, problems).Run();
 }

@@ -2,6 +2,7 @@
 
 #include "builder/MBzip2Pieces.h"
 #include "builder/MDefinitionCheck.h"
+#include "builder/MFileSetOutput.h"
 #include "builder/MHashingStream.h"
 #include "builder/MPayloadWriter.h"
 #include "builder/MPlainPieces.h"
@@ -40,10 +41,11 @@ int32_t MPackCommand::Run() {
     if (!Prepare()) return MBuilderExitFailed;
     for (const MSourceItem& item : sources.GetItems()) sourceBytes += item.size;
     RefuseOutputAmongSources();
-    if (options.form == MPayloadForm::Executable)
-        WriteExecutable();
-    else
-        WriteData();
+    switch (options.form) {
+    case MPayloadForm::Executable: WriteExecutable(); break;
+    case MPayloadForm::Data: WriteData(); break;
+    case MPayloadForm::FileSet: WriteFileSet(); break;
+    }
     return MBuilderExitDone;
 }
 
@@ -60,10 +62,12 @@ bool MPackCommand::Prepare() {
 
 void MPackCommand::RefuseOutputAmongSources() const {
     const MString path = MFile::Normalize(options.output);
+    const bool isSet = options.form == MPayloadForm::FileSet;
     for (const MSourceItem& item : sources.GetItems())
-        if (item.path.IsExactly(path))
+        if (isSet ? MFileSetOutput::Replaces(path, item.path) : item.path.IsExactly(path))
             MRaise(MExceptionGeneral,
-                   "The output \"{0}\" is one of the files to pack. Write it to another directory.", path);
+                   "The output \"{0}\" is one of the files to pack. Write it to another directory.",
+                   item.path);
 }
 
 void MPackCommand::WriteExecutable() {
@@ -85,6 +89,15 @@ void MPackCommand::WriteData() {
     file.Commit(false);
     companion.Commit(false);
     TellResult(size);
+}
+
+void MPackCommand::WriteFileSet() {
+    MFileSetOutput files(MFile::Normalize(options.output), options.partSize);
+    WritePayload(files.GetStream());
+    const int64_t size = files.GetStream().GetSize();
+    const int32_t partCount = files.Commit();
+    TellResult(size);
+    output.Tell(MFormat("{0}: {1} parts of at most {2} bytes", options.output, partCount, options.partSize));
 }
 
 void MPackCommand::CopyStub(MOutputFile& file) const {

@@ -21,6 +21,7 @@ private:
     void RefuseOutputAmongSources() const;
     void WriteExecutable();
     void WriteData();
+    void WriteFileSet();
     void CopyStub(MOutputFile& file) const;
     /// Writes the payload at the target's position.
     void WritePayload(MStream& target);

@@ -1,5 +1,6 @@
 #include "builder/MPayloadFile.h"
 
+#include "builder/MFileSet.h"
 #include "foundation/MFile.h"
 #include "foundation/MRaise.h"
 #include "payload/MPayloadFormat.h"
@@ -17,12 +18,18 @@ MPayloadFile::MPayloadFile(const MString& path) : path(MFile::Normalize(path)) {
     } catch (const MException& exception) {
         MRaise(
             exception.GetCode(),
-            "\"{0}\" cannot be read as an installer: {1} Name an executable with a payload, or a setup.dat.",
+            "\"{0}\" cannot be read as an installer: {1} Name an executable with a payload, a setup.dat or a "
+            "setup.multi.",
             path, exception.GetMessage());
     }
 }
 
 void MPayloadFile::Open() {
+    if (std::unique_ptr<MMultiFileStream> set = MOpenFileSet(path)) {
+        fileSet = set.get();
+        stream = std::move(set);
+        return;
+    }
     auto file = std::make_unique<MStdFileStream>();
     file->Open(path, MOpenRead);
     if (file->GetSize() >= TrailerSize) {

@@ -3,11 +3,12 @@
 #include "payload/MLargeResourceLibrary.h"
 #include "payload/MSfx.h"
 #include "streams/MMD5Stream.h"
+#include "streams/MMultiFileStream.h"
 
 #include <memory>
 #include <string>
 
-/// A payload in a file, behind an executable or by itself, with its index read.
+/// A payload behind an executable, in a file of its own or in a file set, with its index read.
 class MPayloadFile {
 public:
     /// Raises "\"{0}\" cannot be read as an installer: ..." with the code of what the reader raised.
@@ -16,6 +17,8 @@ public:
     [[nodiscard]] const MString& GetPath() const { return path; }
     /// Bytes of the executable in front of the payload; -1 if there is none.
     [[nodiscard]] int64_t GetProgramSize() const { return programSize; }
+    /// The parts that the payload lies in; null if it is in one file.
+    [[nodiscard]] const MMultiFileStream* GetFileSet() const { return fileSet; }
     /// The payload, position 0 its first byte.
     [[nodiscard]] MStream& GetStream() { return *stream; }
     [[nodiscard]] MLargeResourceLibrary& GetLibrary() { return library; }
@@ -35,6 +38,7 @@ private:
 
     MString path;
     std::unique_ptr<MStream> stream;
+    const MMultiFileStream* fileSet = nullptr;  ///< the stream, if it is one
     int64_t programSize = -1;
     int64_t payloadSize = 0;
     int64_t indexSize = 0;

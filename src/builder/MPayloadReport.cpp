@@ -17,6 +17,11 @@ MString DescribeFlags(uint32_t flags) {
                    flags & IndexCompressed ? method : "plain");
 }
 
+const char* DescribeForm(const MPayloadFile& file) {
+    if (file.GetFileSet()) return "file set";
+    return file.GetProgramSize() >= 0 ? "executable with payload" : "data file";
+}
+
 MString PadLeft(const MString& text, int32_t width) {
     MString padded;
     padded.Append(MChar(' '), std::max(0, width - text.GetLength()));
@@ -38,6 +43,7 @@ void CountFiles(const MXMLItem& item, int32_t& count, int64_t& bytes) {
 
 void MPayloadReport::Print() {
     PrintFields();
+    PrintParts();
     PrintConfigurations();
     PrintComponents();
     PrintDirectories();
@@ -53,7 +59,7 @@ void MPayloadReport::PrintXML() {
 void MPayloadReport::PrintFields() {
     const bool isExecutable = file.GetProgramSize() >= 0;
     output.Tell(MFormat("product     {0}", file.GetLibrary().GetAttribute("name", "")));
-    output.Tell(MFormat("form        {0}", isExecutable ? "executable with payload" : "data file"));
+    output.Tell(MFormat("form        {0}", DescribeForm(file)));
     if (isExecutable) output.Tell(MFormat("program     {0} bytes", file.GetProgramSize()));
     output.Tell(
         MFormat("payload     {0} bytes, {1} of them items", file.GetPayloadSize(), file.GetItemsSize()));
@@ -61,6 +67,14 @@ void MPayloadReport::PrintFields() {
                         static_cast<int64_t>(file.ReadIndexText().size())));
     output.Tell(MFormat("flags       {0}", DescribeFlags(file.GetFlags())));
     output.Tell(MFormat("digest      {0}", file.GetDigestText()));
+}
+
+void MPayloadReport::PrintParts() {
+    const MMultiFileStream* set = file.GetFileSet();
+    if (!set) return;
+    output.Tell("\nParts");
+    for (int32_t i = 0; i < set->GetPartCount(); ++i)
+        output.Tell(MFormat("  {0}: {1} bytes", set->GetPartFileName(i), set->GetPartSize(i)));
 }
 
 void MPayloadReport::PrintConfigurations() {

@@ -9,13 +9,14 @@ public:
     /// Nothing is owned.
     MPayloadReport(MPayloadFile& file, MBuilderOutput& output) : file(file), output(output) {}
 
-    /// Form, sizes, flags and digest, then tables of components, directories and items.
+    /// Form, sizes, flags and digest, then tables of parts, components, directories and items.
     void Print();
     /// The index as it is stored.
     void PrintXML();
 
 private:
     void PrintFields();
+    void PrintParts();
     void PrintConfigurations();
     void PrintComponents();
     void PrintDirectories();

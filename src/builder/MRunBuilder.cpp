@@ -3,6 +3,7 @@
 #include "builder/MBuilderCommandLine.h"
 #include "builder/MCheckCommand.h"
 #include "builder/MConsoleOutput.h"
+#include "builder/MFileSet.h"
 #include "builder/MPackCommand.h"
 #include "builder/MPayloadExtractor.h"
 #include "builder/MPayloadReport.h"
@@ -24,8 +25,10 @@ int32_t Inspect(const MBuilderOptions& options, MBuilderOutput& output) {
 }
 
 int32_t Verify(const MBuilderOptions& options, MBuilderOutput& output) {
+    // Bad parts are told even where the payload in them can no longer be read.
+    const bool arePartsGood = MVerifyFileSet(options.input, output);
     MPayloadFile file(options.input);
-    return MPayloadVerifier(file, output).Run() ? MBuilderExitDone : MBuilderExitFailed;
+    return MPayloadVerifier(file, output).Run() && arePartsGood ? MBuilderExitDone : MBuilderExitFailed;
 }
 
 int32_t Extract(const MBuilderOptions& options, MBuilderOutput& output) {

@@ -1,6 +1,7 @@
 #include "setup/MDataCheck.h"
 
 #include "foundation/MGuard.h"
+#include "foundation/MRaise.h"
 #include "streams/MMD5Stream.h"
 
 namespace {
@@ -38,6 +39,18 @@ MString ReadCompanion(const MString& path) {
     return digest;
 }
 
+/// The names of the parts that are not as the index tells, a line each.
+MString FindCorruptParts(const MMultiFileStream& parts, MUserDialogs& dialogs) {
+    const int32_t count = parts.GetPartCount();
+    const auto progress = dialogs.OpenProgress(MTranslate("Checking installer integrity..."));
+    MString corrupt;
+    for (int32_t i = 0; i < count; ++i) {
+        if (!parts.IsPartValid(i)) corrupt += (corrupt.IsEmpty() ? "" : "\n") + parts.GetPartFileName(i);
+        progress->SetProgress(count, i + 1);
+    }
+    return corrupt;
+}
+
 }  // namespace
 
 bool MCheckDataFile(const MString& path, MUserDialogs& dialogs) {
@@ -63,9 +76,22 @@ void MOpenDataFile(const MString& path, MStdFileStream& file) {
     }
 }
 
-void MRaiseMissingParts() {
-    MRaise(
-        MExceptionGeneral,
-        "Setup data file is corrupt or missing. Please make sure all parts of the installation package (usually "
-        "CAB files) are available and present in the same directory as the setup application.");
+bool MCheckFileSet(const MString& path, MMultiFileStream& parts, MUserDialogs& dialogs) {
+    try {
+        parts.Open(path);
+        const MString corrupt = FindCorruptParts(parts, dialogs);
+        return corrupt.IsEmpty() ||
+               dialogs.AskYesNo(MFormat(
+                   MTranslate(
+                       "We are very sorry, but following files are corrupt:\n {0}\nPlease check your internet "
+                       "connection and redownload the corrupt files again.Note that it is highly recommended to "
+                       "use a downloader application instead of your browser if you are using a problematic "
+                       "browser such as Safari.\n\nDo you want to try to install the software anyway?"),
+                   corrupt));
+    } catch (const MException&) {
+        MRaise(
+            MExceptionGeneral,
+            "Setup data file is corrupt or missing. Please make sure all parts of the installation package "
+            "(usually CAB files) are available and present in the same directory as the setup application.");
+    }
 }

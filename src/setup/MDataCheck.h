@@ -1,6 +1,7 @@
 #pragma once
 
 #include "install/MUserDialogs.h"
+#include "streams/MMultiFileStream.h"
 #include "streams/MStdFileStream.h"
 
 /// Compares "setup.dat" at `path` with the digest in its companion file, the path with ".md5" appended.
@@ -12,5 +13,8 @@
 /// support." (0).
 void MOpenDataFile(const MString& path, MStdFileStream& file);
 
-/// Raises "Setup data file is corrupt or missing. ..." (0), which is said where no data is to be found.
-[[noreturn]] void MRaiseMissingParts();
+/// Opens the file set of the index at `path`, and tests every part. False if some are corrupt and the user,
+/// who is told which, declines to go on. Raises "Setup data file is corrupt or missing. Please make sure all parts of
+/// the installation package (usually CAB files) are available and present in the same directory as the setup
+/// application." (0) if the index or a part cannot be read.
+[[nodiscard]] bool MCheckFileSet(const MString& path, MMultiFileStream& parts, MUserDialogs& dialogs);

@@ -5,6 +5,7 @@
 #include "setup/MDataCheck.h"
 #include "setup/MExitCode.h"
 #include "setup/MMD5Tool.h"
+#include "setup/MRemovalMode.h"
 #include "setup/MSelfReplacement.h"
 #include "setup/MTextDialogs.h"
 #include "setup/MUnattendedMode.h"
@@ -66,7 +67,8 @@ int32_t MSetupApplication::RunInstalledCopy(const MString& directory) {
         MReplaceInstalledSetup(FilePath);
         return MExitDone;
     }
-    return RefuseMode("This build has no uninstaller.");
+    if (isUnattended) return MRunUnattendedRemoval(directory, Arguments);
+    return RefuseMode("This build has no window for removing. To remove the software, add the word: silent");
 }
 
 bool MSetupApplication::FindData(const MString& directory) {
@@ -76,9 +78,9 @@ bool MSetupApplication::FindData(const MString& directory) {
     }
     const MString dataPath = MFile::Join(directory, "setup.dat");
     if (!MFile::IsFile(dataPath)) {
-        if (MFile::Exists(MFile::Join(directory, "setup.multi")))
-            (void)RefuseMode("This build cannot read file sets.");
-        MRaiseMissingParts();
+        if (!MCheckFileSet(MFile::Join(directory, "setup.multi"), DataMulti, *dialogs)) return false;
+        Data = &DataMulti;
+        return true;
     }
     if (!MCheckDataFile(dataPath, *dialogs)) return false;
     MOpenDataFile(dataPath, DataFile);

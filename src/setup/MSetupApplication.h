@@ -4,6 +4,7 @@
 #include "install/MUserDialogs.h"
 #include "payload/MLargeResourceLibrary.h"
 #include "payload/MSfx.h"
+#include "streams/MMultiFileStream.h"
 #include "streams/MStdFileStream.h"
 
 #include <memory>
@@ -31,6 +32,7 @@ private:
 
     MSfx* Sfx = nullptr;
     MStdFileStream DataFile;
+    MMultiFileStream DataMulti;
     MStream* Data = nullptr;
     MLargeResourceLibrary Definition;
 };

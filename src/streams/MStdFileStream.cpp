@@ -45,7 +45,7 @@ void MStdFileStream::Open(const MString& name, MOpenFlags flags) {
             fileName);
     if (!file) MRaise(MExceptionStreamOpen, "File \"{0}\" could not be open. Make sure it exists.", fileName);
 
-    if (!runtimeBuffer) runtimeBuffer = std::make_unique_for_overwrite<char[]>(BufferSize);
+    runtimeBuffer = std::make_unique_for_overwrite<char[]>(BufferSize);
     std::setvbuf(file, runtimeBuffer.get(), _IOFBF, BufferSize);
     readHandle = writeHandle = file;
     sizeAtOpening = isEmptied ? 0 : GetSize();
@@ -62,7 +62,9 @@ bool MStdFileStream::CloseHandles() noexcept {
     direction = Direction::None;
     const bool isKnown = std::exchange(isLossTold, false);
     if (reader && reader != writer) std::fclose(reader);
-    return !writer || std::fclose(writer) == 0 || isKnown;
+    const bool isAllWritten = !writer || std::fclose(writer) == 0;
+    runtimeBuffer.reset();
+    return isAllWritten || isKnown;
 }
 
 void MStdFileStream::RequireOpen() const {

@@ -1,3 +1,4 @@
+#include "builder/MBuilderCommandLine.h"
 #include "tests/builder/BuilderFixture.h"
 
 using BuilderCommandLineTest = BuilderFixture;
@@ -13,7 +14,16 @@ TEST_F(BuilderCommandLineTest, WrongUsageIsTwo) {
         {"pack", "a.xml", "--output", "b", "--level", "10"},
         {"pack", "a.xml", "--output", "b", "--threads", "0"},
         {"pack", "a.xml", "--output", "b", "--compression", "lzma"},
-        {"pack", "a.xml", "--output", "b", "--form", "multi"},
+        {"pack", "a.xml", "--output", "b", "--form", "zip"},
+        {"pack", "a.xml", "--output", "b", "--form", "dat", "--stub", "c"},
+        {"pack", "a.xml", "--output", "b", "--form", "multi", "--stub", "c"},
+        {"pack", "a.xml", "--output", "b", "--form", "dat", "--part-size", "1M"},
+        {"pack", "a.xml", "--output", "b", "--part-size", "1M"},
+        {"pack", "a.xml", "--output", "b", "--form", "multi", "--part-size", "65535"},
+        {"pack", "a.xml", "--output", "b", "--form", "multi", "--part-size", "63K"},
+        {"pack", "a.xml", "--output", "b", "--form", "multi", "--part-size", "-1M"},
+        {"pack", "a.xml", "--output", "b", "--form", "multi", "--part-size", "1X"},
+        {"pack", "a.xml", "--output", "b", "--form", "multi", "--part-size", "99999999999G"},
         {"check", "a.xml", "b.xml"},
         {"extract", "a.run"},
         {"verify", "a.run", "--xml"},
@@ -22,6 +32,25 @@ TEST_F(BuilderCommandLineTest, WrongUsageIsTwo) {
         EXPECT_EQ(Run(line), MBuilderExitWrongUsage) << testing::PrintToString(line);
         EXPECT_EQ(output.told, "");
         EXPECT_FALSE(output.complaints.empty());
+    }
+}
+
+TEST_F(BuilderCommandLineTest, PartSizesHaveUnits) {
+    const std::pair<const char*, int64_t> cases[] = {
+        {"65536", 65536},
+        {"64K", 65536},
+        {"64k", 65536},
+        {"100M", 100 * 1024 * 1024},
+        {"8G", int64_t(8) * 1024 * 1024 * 1024},
+    };
+    for (const auto& [text, bytes] : cases) {
+        MList<MString> words;
+        for (const char* word : {"pack", "a.xml", "--output", "b", "--form", "multi", "--part-size", text})
+            words.Add(word);
+        int32_t exitCode = 0;
+        const auto options = MBuilderCommandLine::Parse(words, output, exitCode);
+        ASSERT_TRUE(options) << text << JoinComplaints();
+        EXPECT_EQ(options->partSize, bytes);
     }
 }
 

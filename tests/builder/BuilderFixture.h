@@ -46,8 +46,10 @@ protected:
 
     int32_t Pack(const std::string& name, std::vector<std::string> more = {}) {
         std::vector<std::string> words{"pack", "@product.xml", "--output", "@" + name};
-        if (std::find(more.begin(), more.end(), "--stub") == more.end())
-            more.insert(more.end(), {"--stub", "@stub"});
+        const auto has = [&more](const char* word) {
+            return std::find(more.begin(), more.end(), word) != more.end();
+        };
+        if (!has("--stub") && !has("--form")) more.insert(more.end(), {"--stub", "@stub"});
         words.insert(words.end(), more.begin(), more.end());
         return Run(words);
     }

@@ -81,6 +81,16 @@ TEST_F(DefinitionCheckTest, WarningsAloneAreNoFailure) {
     EXPECT_EQ(exitCode, MBuilderExitDone);
 }
 
+TEST_F(DefinitionCheckTest, PresetFilesWantToBeProtected) {
+    scratch.WriteFile("data/sub/Setpresets.xml", "<Set/>");
+    const auto check = [this](const char* attributes) {
+        return Check(MakeDefinition(std::string("<files name=\"F\" path=\"data\" destination=\"{data}\" ") +
+                                    attributes + "/>\n"));
+    };
+    EXPECT_THAT(check(""), ElementsAre(StartsWith("2: warning: The preset file \"Setpresets.xml\" is replaced")));
+    EXPECT_THAT(check("rewritable=\"0\""), IsEmpty());
+}
+
 TEST_F(DefinitionCheckTest, MalformedXMLHasItsLine) {
     EXPECT_THAT(Check("<install name=\"a\">\n<files>\n</copy></install>"),
                 ElementsAre(StartsWith("3: error: Invalid file contents. Invalid closing element name.")));

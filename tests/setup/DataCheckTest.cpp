@@ -11,8 +11,9 @@ namespace {
 class OneAnswer final : public MTextDialogs {
 public:
     explicit OneAnswer(bool answer) : answer(answer) {}
-    bool AskYesNo(const MString&) override {
+    bool AskYesNo(const MString& text) override {
         ++questions;
+        question = text;
         return answer;
     }
     MRetryAnswer AskRetry(const MString&) override { return MRetryAnswer::Refuse; }
@@ -21,6 +22,7 @@ public:
 
     bool answer;
     int32_t questions = 0;
+    MString question;
     MString shown;
     MString error;
 };
@@ -54,6 +56,41 @@ TEST_F(DataCheckTest, AsksOnlyWhenTheCompanionTellsOfDamage) {
     MFile::Delete(scratch.Join("setup.dat.md5"));
     OneAnswer dialogs(false);
     EXPECT_TRUE(MCheckDataFile(data, dialogs));
+}
+
+TEST_F(DataCheckTest, OneQuestionNamesEveryCorruptPart) {
+    const MString index = scratch.Join("setup.multi");
+    MMultiFileStream writer;
+    writer.Create(index, 3);
+    writer.Write("abcdefghi", 9);
+    writer.Close();
+    MMultiFileStream parts;
+    OneAnswer untouched(false);
+    EXPECT_TRUE(MCheckFileSet(index, parts, untouched));
+    EXPECT_EQ(untouched.questions, 0);
+    EXPECT_TRUE(parts.IsOpen());
+
+    scratch.WriteFile("setup.multi1.cab", "abX");
+    scratch.WriteFile("setup.multi3.cab", "gh");
+    for (const bool answer : {true, false}) {
+        OneAnswer dialogs(answer);
+        EXPECT_EQ(MCheckFileSet(index, parts, dialogs), answer);
+        EXPECT_EQ(dialogs.questions, 1);
+        EXPECT_EQ(
+            Text(dialogs.question),
+            "We are very sorry, but following files are corrupt:\n setup.multi1.cab\nsetup.multi3.cab\n"
+            "Please check your internet connection and redownload the corrupt files again.Note that it is "
+            "highly recommended to use a downloader application instead of your browser if you are using "
+            "a problematic browser such as Safari.\n\nDo you want to try to install the software anyway?");
+    }
+    OneAnswer dialogs(true);
+    for (const char* missing : {"setup.multi2.cab", "setup.multi"}) {
+        MFile::Delete(scratch.Join(missing));
+        EXPECT_EQ(FailureOf([&] { (void)MCheckFileSet(index, parts, dialogs); }),
+                  "0: Setup data file is corrupt or missing. Please make sure all parts of the installation "
+                  "package (usually CAB files) are available and present in the same directory as the setup "
+                  "application.");
+    }
 }
 
 TEST_F(DataCheckTest, TheToolWritesTheCompanionThatTheCheckReads) {

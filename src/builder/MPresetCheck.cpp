@@ -1,0 +1,38 @@
+#include "builder/MPresetCheck.h"
+
+#include "foundation/MFile.h"
+#include "foundation/MStringFormatter.h"
+#include "foundation/MXMLSubItems.h"
+
+namespace {
+
+/// The name of the first preset file below an element that is not protected; empty if there is none.
+MString FindUnprotected(const MXMLItem& container) {
+    if (container.GetInt32Attribute("rewritable", 1) == 0) return MString();
+    for (const MXMLItem& file : MXMLSubItems(container, "file")) {
+        MString name = file.GetAttribute("name", "");
+        if (name.IsEmpty()) name = MFile::GetFileName(container.GetAttribute("path", ""));
+        const MString op = file.GetAttribute("op", "create");
+        if (name.Contains("presets.") && (op == "create" || op == "update")) return name;
+    }
+    for (const MXMLItem& directory : MXMLSubItems(container, "dir")) {
+        const MString name = FindUnprotected(directory);
+        if (!name.IsEmpty()) return name;
+    }
+    return MString();
+}
+
+}  // namespace
+
+void MPresetCheck::Run() {
+    for (const MXMLItem& files : MXMLSubItems(definition.GetRoot(), "files")) {
+        const MString name = FindUnprotected(files);
+        if (name.IsEmpty()) continue;
+        problems.AddWarning(
+            definition.GetLine(files),
+            MFormat(
+                "The preset file \"{0}\" is replaced by every installation, with all that users have added to "
+                "it. Add rewritable=\"0\", and new presets are merged into theirs.",
+                name));
+    }
+}

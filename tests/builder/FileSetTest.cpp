@@ -1,0 +1,164 @@
+#include "foundation/MFile.h"
+#include "streams/MMultiFileStream.h"
+#include "tests/builder/BuilderFixture.h"
+
+#include <functional>
+
+namespace {
+
+class FileSetTest : public BuilderFixture {
+protected:
+    /// A product of `size` bytes that do not compress.
+    void WriteProduct(size_t size = 200000) {
+        std::string noise(size, '\0');
+        uint32_t state = 1;
+        for (char& byte : noise) byte = static_cast<char>((state = state * 214013 + 2531011) >> 16);
+        scratch.WriteFile("noise", noise);
+        WriteDefinition("<files name=\"N\" path=\"noise\" destination=\"{data}\"/>");
+    }
+    int32_t PackSet(std::vector<std::string> more = {}) {
+        more.insert(more.end(), {"--form", "multi", "--part-size", "64K"});
+        return Pack("set/setup.multi", more);
+    }
+    std::string ReadPart(int number) {
+        return scratch.ReadFile("set/setup.multi" + MNumberToText(number) + ".cab");
+    }
+    void WritePart(int number, const std::string& content) {
+        scratch.WriteFile("set/setup.multi" + MNumberToText(number) + ".cab", content);
+    }
+    [[nodiscard]] std::string ListSet() const {
+        std::string names;
+        std::string tree = scratch.ListTree();
+        const size_t start = tree.find("set/\n");
+        for (size_t at = start + 5; (at = tree.find("set/", at)) != std::string::npos; ++at)
+            names += tree.substr(at + 4, tree.find('\n', at) - at - 3);
+        return names;
+    }
+
+    static constexpr const char* FourParts =
+        "setup.multi\nsetup.multi1.cab\nsetup.multi2.cab\nsetup.multi3.cab\nsetup.multi4.cab\n";
+};
+
+}  // namespace
+
+TEST_F(FileSetTest, PartsHoldTheBytesOfTheDataFileAndComeBackWhole) {
+    WriteProduct();
+    MFile::CreatePath(scratch.Join("set"));
+    for (const char* compression : {"bzip2", "none"}) {
+        ASSERT_EQ(PackSet({"--compression", compression, "--threads", "3"}), 0) << JoinComplaints();
+        EXPECT_THAT(output.told, testing::HasSubstr("setup.multi: 4 parts of at most 65536 bytes"));
+        const std::string index = scratch.ReadFile("set/setup.multi");
+        EXPECT_EQ(ListSet(), FourParts);
+        ASSERT_EQ(Pack("setup.dat", {"--form", "dat", "--compression", compression}), 0);
+        EXPECT_TRUE(ReadPart(1) + ReadPart(2) + ReadPart(3) + ReadPart(4) == scratch.ReadFile("setup.dat"));
+        EXPECT_EQ(ReadPart(3).size(), 65536u);
+
+        EXPECT_EQ(Run({"verify", "@set/setup.multi"}), 0) << JoinComplaints();
+        EXPECT_THAT(output.told, testing::HasSubstr("setup.multi: 4 parts, 0 bad\n"));
+        ASSERT_EQ(Run({"inspect", "@set/setup.multi"}), 0);
+        EXPECT_THAT(output.told, testing::HasSubstr("form        file set\n"));
+        EXPECT_THAT(output.told, testing::HasSubstr("\nParts\n  setup.multi1.cab: 65536 bytes\n"));
+        const std::string folder = std::string("unpacked-") + compression;
+        ASSERT_EQ(Run({"extract", "@set/setup.multi", "--output", "@" + folder}), 0) << JoinComplaints();
+        EXPECT_TRUE(scratch.ReadFile(MDecodeUTF8Exact(folder) + "/01-N/noise") == scratch.ReadFile("noise"));
+
+        ASSERT_EQ(PackSet({"--compression", compression, "--threads", "1"}), 0);
+        EXPECT_EQ(scratch.ReadFile("set/setup.multi"), index);
+    }
+}
+
+TEST_F(FileSetTest, ASmallerSetReplacesALargerOneAndWhatAKilledRunHasLeft) {
+    WriteProduct(400000);
+    MFile::CreatePath(scratch.Join("set"));
+    ASSERT_EQ(PackSet(), 0);
+    WriteProduct();
+    for (const char* other :
+         {"setup.multi05.cab", "setup.multi5.cab.old", "setup.multi-5.cab", "setup.multix"})
+        scratch.WriteFile(MString("set/") + other, "somebody's");
+    // A killed cleaning has left a gap, a killed packing its directory.
+    MFile::Delete(scratch.Join("set/setup.multi6.cab"));
+    scratch.WriteFile("set/setup.multi.unfinished/setup.multi1.cab", "half");
+    ASSERT_EQ(PackSet(), 0) << JoinComplaints();
+    EXPECT_EQ(ListSet(),
+              "setup.multi\nsetup.multi-5.cab\nsetup.multi05.cab\nsetup.multi1.cab\nsetup.multi2.cab\n"
+              "setup.multi3.cab\nsetup.multi4.cab\nsetup.multi5.cab.old\nsetup.multix\n");
+    EXPECT_EQ(Run({"verify", "@set/setup.multi"}), 0) << JoinComplaints();
+}
+
+TEST_F(FileSetTest, FailureLeavesTheOldSetWhole) {
+    WriteProduct();
+    MFile::CreatePath(scratch.Join("set"));
+    ASSERT_EQ(PackSet(), 0);
+    const std::string before = scratch.ListTree();
+    WriteProduct(300000);
+    scratch.WriteFile("set/setup.multi5.cab/inside", "in the way");
+    EXPECT_EQ(PackSet(), MBuilderExitFailed);
+    EXPECT_THAT(JoinComplaints(), testing::HasSubstr("setup.multi5.cab\" is a directory."));
+    MFile::DeleteTree(scratch.Join("set/setup.multi5.cab"));
+    // The index of the payload would be larger than a reader takes.
+    WriteDefinition("<note text=\"" + std::string(3 << 20, 'n') + "\"/>");
+    EXPECT_EQ(PackSet({"--compression", "none"}), MBuilderExitFailed);
+    EXPECT_EQ(scratch.ListTree(), before);
+    EXPECT_EQ(Run({"verify", "@set/setup.multi"}), 0) << JoinComplaints();
+}
+
+TEST_F(FileSetTest, OutputThatIsASourceIsRefused) {
+    for (const char* name : {"setup.multi", "setup.multi12.cab", "setup.multi.unfinished/x"}) {
+        const std::string source = std::string("set/") + name;
+        scratch.WriteFile(MDecodeUTF8Exact(source), "precious");
+        WriteDefinition("<files name=\"N\" path=\"" + source + "\" destination=\"{data}\"/>");
+        EXPECT_EQ(PackSet(), MBuilderExitFailed) << name;
+        EXPECT_THAT(JoinComplaints(), testing::HasSubstr("is one of the files to pack."));
+        EXPECT_EQ(scratch.ReadFile(MDecodeUTF8Exact(source)), "precious");
+    }
+}
+
+TEST_F(FileSetTest, EveryBadPartIsTold) {
+    WriteProduct();
+    MFile::CreatePath(scratch.Join("set"));
+    ASSERT_EQ(PackSet(), 0);
+    const std::string parts[] = {ReadPart(1), ReadPart(2), ReadPart(3), ReadPart(4)};
+    const auto withWrongByte = [](std::string bytes) {
+        bytes[bytes.size() / 2] = static_cast<char>(~bytes[bytes.size() / 2]);
+        return bytes;
+    };
+    const struct {
+        std::function<void()> damage;
+        std::vector<std::string> told;
+    } cases[] = {
+        {[&] { WritePart(2, withWrongByte(parts[1])); }, {"setup.multi2.cab: Its MD5 is not the one"}},
+        {[&] { WritePart(2, parts[1].substr(1)); },
+         {"setup.multi2.cab: It has 65535 bytes, and the index tells 65536."}},
+        // The last part holds the end of the payload, without which nothing else can be read.
+        {[&] {
+             WritePart(1, "");
+             WritePart(4, parts[3] + "more");
+         },
+         {"setup.multi1.cab: It has 0 bytes", "setup.multi4.cab: It has ", "cannot be read as an installer"}},
+        {[&] { MFile::Delete(scratch.Join("set/setup.multi3.cab")); }, {"Could not find file"}},
+    };
+    for (const auto& [damage, told] : cases) {
+        for (int i = 0; i < 4; ++i) WritePart(i + 1, parts[i]);
+        damage();
+        EXPECT_EQ(Run({"verify", "@set/setup.multi"}), MBuilderExitFailed);
+        for (const std::string& line : told) EXPECT_THAT(JoinComplaints(), testing::HasSubstr(line));
+    }
+    EXPECT_EQ(Run({"extract", "@set/setup.multi", "--output", "@nowhere"}), MBuilderExitFailed);
+    EXPECT_FALSE(MFile::Exists(scratch.Join("nowhere")));
+}
+
+TEST_F(FileSetTest, ContentTellsASetFromADataFile) {
+    WriteProduct();
+    MFile::CreatePath(scratch.Join("set/inner"));
+    ASSERT_EQ(PackSet(), 0);
+    MFile::Rename(scratch.Join("set/setup.multi"), scratch.Join("set/inner/renamed.dat"));
+    EXPECT_EQ(Run({"verify", "@set/inner/renamed.dat"}), 0) << JoinComplaints();
+    EXPECT_THAT(output.told, testing::HasSubstr("4 parts, 0 bad"));
+
+    // A payload that begins with what could be an index.
+    scratch.WriteFile("preset.xml", "<Set><File Name=\"../x\"/></Set>\n");
+    WriteDefinition("<files name=\"P\" path=\"preset.xml\" destination=\"{data}\"/>");
+    ASSERT_EQ(Pack("setup.multi", {"--form", "dat", "--compression", "none"}), 0);
+    EXPECT_EQ(Run({"inspect", "@setup.multi"}), 0) << JoinComplaints();
+    EXPECT_THAT(output.told, testing::HasSubstr("form        data file\n"));
+}
