@@ -2,16 +2,14 @@
 
 #include "foundation/MFileList.h"
 #include "foundation/MGuard.h"
+#include "foundation/MInstallationNames.h"
 #include "foundation/MProductConstants.h"
 #include "foundation/MRegistryKey.h"
-#include "foundation/MUninstallKeyName.h"
 #include "streams/MStdFileStream.h"
 
 namespace {
 
 MSpecialFolders* replacedFolders = nullptr;
-
-constexpr const char* StateFileName = "setup.state";
 
 void CopyFileContent(const MString& from, const MString& to) {
     MStdFileStream source;
@@ -52,7 +50,7 @@ bool MFile::IsFile(const MString& path) {
 }
 
 bool MFile::IsInstallation(const MString& path) {
-    return Exists(Join(path, StateFileName));
+    return Exists(MGetStatePath(path));
 }
 
 int64_t MFile::GetFileSize(const MString& path) {

@@ -2,10 +2,10 @@
 
 #include "foundation/MFile.h"
 #include "foundation/MGuard.h"
+#include "foundation/MInstallationNames.h"
 #include "foundation/MPlatform.h"
 #include "foundation/MProductConstants.h"
 #include "foundation/MRegistryKey.h"
-#include "foundation/MUninstallKeyName.h"
 
 namespace {
 

@@ -2,18 +2,13 @@
 
 #include "foundation/MFile.h"
 #include "foundation/MGuard.h"
+#include "foundation/MInstallationNames.h"
 #include "foundation/MRaise.h"
 #include "install/MShortcuts.h"
 #include "install/MUninstallEntry.h"
 
-namespace {
-
-constexpr const char* StateFileName = "setup.state";
-
-}  // namespace
-
 MUninstallRun::MUninstallRun(const MString& directory, const MInstallViews& views) : views(views) {
-    state.LoadFile(MFile::Join(directory, StateFileName));
+    state.LoadFile(MGetStatePath(directory));
     productName = state.GetAttribute("name");
     mainPath = state.GetAttribute("mainpath");
 }
@@ -55,7 +50,7 @@ void MUninstallRun::RemoveKey() {
 }
 
 void MUninstallRun::RemoveState() {
-    const MString path = MFile::Join(mainPath, StateFileName);
+    const MString path = MGetStatePath(mainPath);
     if (!MGuard("PerformUninstallation", [&] { MFile::Delete(path); })) leftovers.Add(path);
 }
 

@@ -1,14 +1,33 @@
 #include "setup/MInstallRun.h"
 
-#include "foundation/MFile.h"
-#include "foundation/MModule.h"
-#include "foundation/MPlatform.h"
+#include "foundation/MInstallationNames.h"
 #include "foundation/MXMLSubItems.h"
 #include "install/MInstallProcessor.h"
 #include "install/MShortcuts.h"
 #include "install/MUninstallEntry.h"
 #include "payload/MSfx.h"
 #include "streams/MOutputFile.h"
+
+#include <cstring>
+
+namespace {
+
+/// Whether a file is just what the stream gives. A program that runs cannot be replaced on Windows, and where
+/// the installer itself stands in the main path, or nothing changed, it need not be.
+bool HoldsAlready(const MString& path, MStream& content) {
+    if (!MFile::IsFile(path) || MFile::GetFileSize(path) != content.GetSize()) return false;
+    MStdFileStream file;
+    file.Open(path, MOpenRead);
+    char expected[4096];
+    char found[sizeof expected];
+    int32_t count;
+    while ((count = content.Read(expected, sizeof expected)) > 0)
+        if (file.Read(found, count) != count || std::memcmp(expected, found, static_cast<size_t>(count)) != 0)
+            return false;
+    return true;
+}
+
+}  // namespace
 
 MInstallRun::MInstallRun(MSetupSession& session, const MInstallViews& views)
     : session(session), views(views), mainPath(MFile::GetSpecialPath(MSpecialFolderData)) {}
@@ -54,11 +73,10 @@ void MInstallRun::ExpandDestination(MXMLItem& pass) const {
 }
 
 void MInstallRun::CopySetup() {
-    const MString setupPath = MFile::Join(mainPath, MString("setup.") + MPlatform::ExecutableExtension());
+    const MString setupPath = MGetSetupPath(mainPath);
     session.InstalledExecutable = MPlatform::GetPathText(setupPath);
     MSfx program;
-    const bool isThisProgram = !program.IsOpen() && setupPath == MModule::GetInstance()->GetFilePath();
-    if (isThisProgram) return;
+    if (HoldsAlready(setupPath, *program.OpenExecutable())) return;
     MFile::CreatePath(mainPath);
     MOutputFile copy(setupPath);
     program.OpenExecutable()->CopyAllToInLargePieces(copy);
@@ -74,7 +92,7 @@ void MInstallRun::Register() const {
 }
 
 void MInstallRun::CreateShortcuts() const {
-    const MShortcutTargets targets{MFile::Normalize(session.InstalledExecutable),
+    const MShortcutTargets targets{MGetSetupPath(mainPath),
                                    [this](const MString& text) { return session.Macros.ExpandMacros(text); }};
     const MShortcuts shortcuts(session.AdminRights);
     shortcuts.CreateLinks(shortcuts.GetDirectory(), session.GetDefinition(), targets);
@@ -84,7 +102,7 @@ void MInstallRun::SaveState() {
     MXMLItem& definition = session.GetDefinition();
     definition.SetAttribute("mainpath", mainPath);
     definition.SetAttribute("adminrights", session.AdminRights ? "1" : "0");
-    MOutputFile state(MFile::Join(mainPath, "setup.state"));
+    MOutputFile state(MGetStatePath(mainPath));
     definition.Save(state, false, "utf-8");
     state.Commit(false);
 }

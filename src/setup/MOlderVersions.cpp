@@ -1,16 +1,14 @@
 #include "setup/MOlderVersions.h"
 
-#include "foundation/MFile.h"
 #include "foundation/MGuard.h"
-#include "foundation/MPlatform.h"
+#include "foundation/MInstallationNames.h"
 #include "foundation/MXMLSubItems.h"
 
 MOlderVersions::MOlderVersions(const MXMLItem& definition) {
-    const MString program = MString("setup.") + MPlatform::ExecutableExtension();
     for (const MXMLItem& item : MXMLSubItems(definition, "uninstall"))
         MGuard("MOlderVersions", [&] {
             const MString directory = MFile::GetSoftwareInstallationPath(item.GetValue());
-            versions.Add({item.GetValue(), MFile::Join(directory, program)});
+            versions.Add({item.GetValue(), MGetSetupPath(directory)});
         });
 }
 

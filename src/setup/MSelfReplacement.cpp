@@ -1,8 +1,7 @@
 #include "setup/MSelfReplacement.h"
 
 #include "foundation/MException.h"
-#include "foundation/MFile.h"
-#include "foundation/MPlatform.h"
+#include "foundation/MInstallationNames.h"
 #include "streams/MStdFileStream.h"
 
 namespace {
@@ -22,8 +21,7 @@ void CopyProgram(const MString& from, const MString& to) {
 void MReplaceInstalledSetup(const MString& executable) {
     constexpr int32_t Attempts = 10000;
     constexpr int32_t PauseMilliseconds = 1000;
-    const MString name = MString("setup.") + MPlatform::ExecutableExtension();
-    const MString target = MFile::Join(MFile::GetDirectory(executable), name);
+    const MString target = MGetSetupPath(MFile::GetDirectory(executable));
     // Opening the target empties it: our own file must not be it.
     if (target == executable) return;
     for (int32_t attempt = 0; attempt < Attempts; ++attempt) {

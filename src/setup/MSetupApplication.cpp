@@ -54,8 +54,7 @@ int32_t MSetupApplication::RunByFiles(const MString& startDirectory) {
     MFile::SetCurrentPath(directory);
     MSfx sfx;
     Sfx = &sfx;
-    if (!sfx.IsOpen() && MFile::Exists(MFile::Join(directory, "setup.state")))
-        return RunInstalledCopy(directory);
+    if (!sfx.IsOpen() && MFile::IsInstallation(directory)) return RunInstalledCopy(directory);
     if (!FindData(directory)) return isUnattended ? MExitFailed : MExitDeclined;
     return RunData(startDirectory);
 }

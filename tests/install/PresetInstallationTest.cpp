@@ -1,4 +1,7 @@
 #include "tests/install/InstallFixture.h"
+#include "tests/support/MTestText.h"
+
+#include <filesystem>
 
 namespace {
 
@@ -31,8 +34,7 @@ protected:
     }
     [[nodiscard]] std::string List() const {
         std::string names;
-        for (const MFileListEntry& entry : MFile::GetFileList(GetTarget()))
-            names += MEncodeUTF8Exact(entry.name) + "\n";
+        for (const MFileListEntry& entry : MFile::GetFileList(GetTarget())) names += Text(entry.name) + "\n";
         return names;
     }
     [[nodiscard]] MString GetPresetFile() const { return MFile::Join(GetTarget(), "Setpresets.xml"); }
@@ -47,9 +49,9 @@ TEST_F(PresetInstallationTest, MergesAndKeepsWhatWasThereAsTheBackup) {
     EXPECT_EQ(Read("Setpresets.xmlbackup"), Users);
     EXPECT_EQ(processor->GetItemIndex(), 2);
     EXPECT_EQ(processor->GetDoneBytes(), processor->GetTotalBytes());
-    EXPECT_NE(ReadLog().find("File exists = 1  rewritable = 0\nProcessing preset file " +
-                             MEncodeUTF8Exact(GetPresetFile())),
-              std::string::npos);
+    EXPECT_NE(
+        ReadLog().find("File exists = 1  rewritable = 0\nProcessing preset file " + Text(GetPresetFile())),
+        std::string::npos);
 }
 
 TEST_F(PresetInstallationTest, ANewFileIsWrittenAndAnEmptyMergeTouchesNothing) {
@@ -70,6 +72,20 @@ TEST_F(PresetInstallationTest, WhateverIsInTheWayOfTheBackupGives) {
     Perform();
     EXPECT_EQ(Read("Setpresets.xml"), Merged);
     EXPECT_EQ(Read("Setpresets.xmlbackup"), Users);
+}
+
+TEST_F(PresetInstallationTest, AWriteProtectedFileIsMergedAndBackedUp) {
+    using std::filesystem::perms;
+    DefinePresets();
+    for (const char* name : {"Setpresets.xml", "Setpresets.xmlbackup"}) {
+        Put(name, Users);
+        std::filesystem::permissions(Text(MFile::Join(GetTarget(), name)),
+                                     perms::owner_read | perms::group_read);
+    }
+    Perform();
+    EXPECT_EQ(Read("Setpresets.xml"), Merged);
+    EXPECT_EQ(Read("Setpresets.xmlbackup"), Users);
+    EXPECT_EQ(List().find("unfinished"), std::string::npos) << List();
 }
 
 TEST_F(PresetInstallationTest, WhatCannotBeReadStaysAndTheRunGoesOn) {
@@ -119,7 +135,7 @@ TEST_F(PresetInstallationTest, ARunOfAnotherVersionAfterAKilledOneMerges) {
 
 TEST_F(PresetInstallationTest, OlderDataMovesIntoTheUsersFolder) {
     const MString userData = MFile::GetSpecialPath(MSpecialFolderUserData);
-    Define("<files enabled=\"1\" destination=\"x\" currentpath=\"" + MEncodeUTF8Exact(userData) + "\">" +
+    Define("<files enabled=\"1\" destination=\"x\" currentpath=\"" + Text(userData) + "\">" +
            File("plain", "1") + "</files>");
     for (const char* name :
          {"my.presets.xml", "presets.xml", "MTunerpresets.active", "StepSequencepresets.xml", "Kestrum/a/b",

@@ -1,6 +1,6 @@
 #include "foundation/MGuard.h"
+#include "foundation/MInstallationNames.h"
 #include "foundation/MRegistryKey.h"
-#include "foundation/MUninstallKeyName.h"
 #include "install/MShortcuts.h"
 #include "install/MUninstallEntry.h"
 #include "install/MUninstallRun.h"
