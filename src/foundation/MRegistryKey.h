@@ -16,20 +16,26 @@ enum class MRegistryRoot { ClassesRoot, CurrentUser, LocalMachine };
 /// Failures raise an `MException` with code 0 and the text given with each operation, {0} being the name.
 class MRegistryKey {
 public:
+    /// What a key stands below: a root or an open key.
+    struct Parent {
+        Parent(MRegistryRoot root) : root(root) {}
+        Parent(const MRegistryKey& key) : key(&key) {}
+
+        MRegistryRoot root = MRegistryRoot::LocalMachine;
+        const MRegistryKey* key = nullptr;
+    };
+
     MRegistryKey();
     MRegistryKey(MRegistryKey&& other) noexcept;
     MRegistryKey& operator=(MRegistryKey&& other) noexcept;
     ~MRegistryKey();
 
     /// Opens for reading and writing. Raises "Cannot open registry key {0}.".
-    void Open(MRegistryRoot parent, const MString& name);
-    void Open(const MRegistryKey& parent, const MString& name);
+    void Open(Parent parent, const MString& name);
     /// Opens a key, which is made if it is missing. Raises "Cannot create registry key {0}.".
-    void Create(MRegistryRoot parent, const MString& name);
-    void Create(const MRegistryKey& parent, const MString& name);
+    void Create(Parent parent, const MString& name);
     /// Deletes a key with its values. Raises "Cannot delete registry key {0}.", also if it has subkeys.
-    static void Delete(MRegistryRoot parent, const MString& name);
-    static void Delete(const MRegistryKey& parent, const MString& name);
+    static void Delete(Parent parent, const MString& name);
     void Close();
     [[nodiscard]] bool IsOpen() const { return handle != nullptr; }
 

@@ -10,6 +10,10 @@ constexpr uint32_t RawByteBase = 0x10FE00;
 constexpr uint32_t FirstRawByte = RawByteBase + 0x80;
 constexpr uint32_t LastRawByte = RawByteBase + 0xFF;
 
+bool IsRawByte(uint32_t codePoint) {
+    return codePoint >= FirstRawByte && codePoint <= LastRawByte;
+}
+
 uint32_t TakeCodePoint(const MString& text, int32_t& index) {
     const MChar unit = text[index++];
     if (!unit.IsHighSurrogate() && !unit.IsLowSurrogate()) return unit;
@@ -21,7 +25,7 @@ uint32_t TakeCodePoint(const MString& text, int32_t& index) {
 void AppendEncoded(std::string& bytes, uint32_t codePoint) {
     const auto add = [&bytes](uint32_t byte) { bytes += static_cast<char>(byte); };
     const auto addTail = [&](int shift) { add(0x80 | (codePoint >> shift & 0x3F)); };
-    if (codePoint >= FirstRawByte && codePoint <= LastRawByte) {
+    if (IsRawByte(codePoint)) {
         add(codePoint - RawByteBase);
     } else if (codePoint < 0x80) {
         add(codePoint);
@@ -55,7 +59,7 @@ bool IsValid(uint32_t codePoint, size_t length) {
     constexpr uint32_t least[] = {0, 0, 0x80, 0x800, 0x10000};
     if (codePoint < least[length] || codePoint > 0x10FFFF) return false;
     if (codePoint >= 0xD800 && codePoint <= 0xDFFF) return false;
-    return codePoint < FirstRawByte || codePoint > LastRawByte;
+    return !IsRawByte(codePoint);
 }
 
 uint32_t TakeCodePoint(std::string_view bytes, size_t& index) {
@@ -102,4 +106,10 @@ MString MDecodeUTF8Exact(std::string_view bytes) {
         units += static_cast<char16_t>(0xDC00 + (codePoint & 0x3FF));
     }
     return MString::Copy(units.data(), static_cast<int32_t>(units.size()));
+}
+
+bool MIsUTF8(std::string_view bytes) {
+    for (size_t index = 0; index < bytes.size();)
+        if (IsRawByte(TakeCodePoint(bytes, index))) return false;
+    return true;
 }

@@ -15,3 +15,6 @@
 [[nodiscard]] std::string MEncodeUTF8Exact(const MString& text);
 
 [[nodiscard]] MString MDecodeUTF8Exact(std::string_view bytes);
+
+/// Whether all the bytes belong to valid sequences.
+[[nodiscard]] bool MIsUTF8(std::string_view bytes);

@@ -2,6 +2,7 @@
 
 #include "foundation/MFile.h"
 #include "foundation/MGuard.h"
+#include "foundation/MPlatform.h"
 #include "foundation/MXMLSubItems.h"
 
 namespace {
@@ -53,7 +54,7 @@ void MShortcuts::CreateLinks(const MString& directory, const MXMLItem& item,
             // Where nothing was ever put into the menu its folder may be missing.
             MFile::CreatePath(MFile::GetDirectory(link));
             MFile::CreateLink(link, target.path, target.arguments,
-                              description.IsEmpty() ? target.path : description);
+                              description.IsEmpty() ? MPlatform::GetPathText(target.path) : description);
         });
     }
     for (const MXMLItem& folder : MXMLSubItems(item, "shortcutdirectory")) {

@@ -11,7 +11,8 @@
 ///
 /// An item is the content of one element of the index, as it stands or as one zlib or bzip2 stream.
 /// The index is the install definition, an XML document, stored likewise in `indexSize` bytes. The
-/// digest is the MD5 of the XML before compression, 16 bytes. "setup.dat" is a payload by itself.
+/// digest is the MD5 of the XML before compression, 16 bytes. "setup.dat" is a payload by itself, and so
+/// are the parts of a "setup.multi" one behind the other.
 /// docs/payload.md tells it at length.
 namespace MPayloadFormat {
 

@@ -208,10 +208,11 @@ TEST_F(MFileOperations, ShellLinksNeedTheirTarget) {
     EXPECT_NE(scratch.ListTree().find("Program."), std::string::npos) << scratch.ListTree();
     MFile::DeleteLink(link);
     EXPECT_EQ(scratch.ListTree().find("Program."), std::string::npos);
-    const MString missing = scratch.Join("missing");
-    ExpectSystemsWords(FailureOf([&] { MFile::CreateLink(link, missing, "", ""); }),
-                       "0: Could not create file link at \"" + Text(link) + "\" to \"" + Text(missing) +
-                           "\". ");
+    for (const MString& missing : {scratch.Join("missing"), MString()})
+        ExpectSystemsWords(FailureOf([&] { MFile::CreateLink(link, missing, "", ""); }),
+                           "0: Could not create file link at \"" + Text(link) + "\" to \"" + Text(missing) +
+                               "\". ");
+    EXPECT_EQ(scratch.ListTree().find("Program."), std::string::npos);
 }
 
 TEST_F(MFileOperations, InstallationsAreFoundBelowTheProgramFolder) {

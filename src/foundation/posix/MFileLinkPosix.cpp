@@ -1,44 +1,28 @@
 #include "foundation/MFile.h"
 #include "foundation/MFileLink.h"
+#include "foundation/posix/MCommandLineWords.h"
+#include "foundation/posix/MDesktopEntry.h"
 #include "foundation/posix/MNativePath.h"
-#include "streams/MStdFileStream.h"
+#include "streams/MOutputFile.h"
 
-#include <string>
+#include <cerrno>
+#include <unistd.h>
 
 namespace {
 
-/// A value of the entry format: line ends, tabs and backslashes are escaped.
-std::string EscapeValue(const std::string& text) {
-    std::string value;
-    for (const char byte : text) {
-        switch (byte) {
-        case '\\': value += "\\\\"; break;
-        case '\n': value += "\\n"; break;
-        case '\t': value += "\\t"; break;
-        case '\r': value += "\\r"; break;
-        default: value += byte;
-        }
-    }
-    return value;
+bool IsProgram(const MString& target) {
+    return MFile::IsFile(target) && access(MNativePath(target).c_str(), X_OK) == 0;
 }
 
-/// An argument of the key Exec in quotes. What the shell would expand is escaped, and a percent sign is
-/// doubled since field codes begin with one.
-std::string QuoteArgument(const std::string& text) {
-    std::string value = "\"";
-    for (const char byte : text) {
-        if (byte == '"' || byte == '`' || byte == '$' || byte == '\\') value += '\\';
-        if (byte == '%') value += '%';
-        value += byte;
-    }
-    return value + '"';
-}
-
-/// Arguments as they stand on a command line; only field codes are kept from being expanded.
-std::string DoublePercents(const std::string& text) {
-    std::string value;
-    for (const char byte : text) value.append(byte == '%' ? 2 : 1, byte);
-    return value;
+/// What is no program is opened with the program that is there for it, for which arguments mean nothing.
+MList<MString> GetCommand(const MString& target, const MString& arguments) {
+    MList<MString> words;
+    const bool isProgram = IsProgram(target);
+    if (!isProgram) words.Add("xdg-open");
+    words.Add(target);
+    if (!isProgram) return words;
+    for (const MString& argument : MSplitCommandLine(arguments)) words.Add(argument);
+    return words;
 }
 
 }  // namespace
@@ -49,18 +33,18 @@ MString MShellLinkExtension() {
 
 bool MWriteShellLink(const MString& path, const MString& target, const MString& arguments,
                      const MString& description) {
-    if (!MFile::Exists(target)) return false;
-    std::string command = QuoteArgument(MNativePath(target));
-    if (!arguments.IsEmpty()) command += ' ' + DoublePercents(MNativePath(arguments));
-    const auto escape = [](const MString& text) { return EscapeValue(MNativePath(text)); };
-    const std::string entry = "[Desktop Entry]\nType=Application\nName=" + escape(MFile::GetBaseName(path)) +
-                              "\nComment=" + escape(description) + "\nExec=" + EscapeValue(command) +
-                              "\nPath=" + escape(MFile::GetDirectory(target)) + "\nTerminal=false\n";
+    if (target.IsEmpty() || !MFile::Exists(target)) {
+        errno = ENOENT;
+        return false;
+    }
+    const MString name = MFile::GetBaseName(path);
+    MDesktopEntry entry(name);
+    if (!(description == name)) entry.SetDescription(description);
+    entry.SetCommand(GetCommand(target, arguments), MFile::GetDirectory(target));
+    const std::string& text = entry.GetText();
 
-    MStdFileStream file;
-    file.Open(path, MOpenWrite | MOpenCreate);
-    file.Write(entry.data(), static_cast<int32_t>(entry.size()));
-    file.Close();
-    MFile::MakeExecutable(path);
+    MOutputFile file(path);
+    file.Write(text.data(), static_cast<int32_t>(text.size()));
+    file.Commit(true);
     return true;
 }

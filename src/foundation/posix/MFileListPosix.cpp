@@ -1,4 +1,5 @@
-#include "foundation/MFile.h"
+#include "foundation/MFileList.h"
+
 #include "foundation/MRaise.h"
 #include "foundation/posix/MNativePath.h"
 
@@ -21,16 +22,9 @@ bool IsDirectoryEntry(DIR* directory, const dirent& entry) {
     return fstatat(dirfd(directory), entry.d_name, &status, 0) == 0 && S_ISDIR(status.st_mode);
 }
 
-MList<MFileListEntry> ListDrives() {
-    MList<MFileListEntry> list;
-    for (const MString& drive : MFile::GetDrives()) list.Add({drive, true});
-    return list;
-}
-
 }  // namespace
 
-MList<MFileListEntry> MFile::GetFileList(const MString& directory, const MString& filter) {
-    if (directory.IsEmpty()) return ListDrives();
+MList<MFileListEntry> MListDirectory(const MString& directory, const MString& filter) {
     const std::unique_ptr<DIR, CloseDirectory> handle(opendir(MNativePath(directory).c_str()));
     const auto raise = [&] {
         MRaise(MExceptionGeneral, "Could not access path \"{0}\" to get file list.", directory);

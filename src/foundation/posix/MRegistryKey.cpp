@@ -6,6 +6,7 @@
 #include "foundation/MUnicode.h"
 #include "foundation/posix/MNativePath.h"
 #include "streams/MMemoryStream.h"
+#include "streams/MOutputFile.h"
 #include "streams/MStdFileStream.h"
 
 #include <utility>
@@ -13,12 +14,6 @@
 // A key is a directory whose name ends in ".key", a value a file whose name ends in ".value". Such a file
 // holds a line with the type, "text" or "number", and then the value: the text in UTF-8, the number in
 // decimal.
-
-struct MRegistryKey::Handle {
-    explicit Handle(const MString& directory) : directory(directory) {}
-
-    MString directory;
-};
 
 namespace {
 
@@ -45,30 +40,8 @@ MString GetRootDirectory(MRegistryRoot root) {
     return MFile::Join(MFile::Join(MFile::GetSpecialPath(folder), "registry"), names[static_cast<int>(root)]);
 }
 
-MString GetKeyDirectory(MString directory, const MString& name) {
-    for (const MString& component : name.Split('\\'))
-        directory = MFile::Join(directory, EscapeName(component) + ".key");
-    return directory;
-}
-
 MString GetValueFile(const MString& directory, const MString& name) {
     return MFile::Join(directory, EscapeName(name) + ".value");
-}
-
-MString OpenDirectory(const MString& parent, const MString& name) {
-    const MString directory = GetKeyDirectory(parent, name);
-    if (!MFile::IsDirectory(directory)) MRaise(MExceptionGeneral, "Cannot open registry key {0}.", name);
-    return directory;
-}
-
-MString CreateDirectory(const MString& parent, const MString& name) {
-    const MString directory = GetKeyDirectory(parent, name);
-    try {
-        MFile::CreatePath(directory);
-    } catch (const MException&) {
-        MRaise(MExceptionGeneral, "Cannot create registry key {0}.", name);
-    }
-    return directory;
 }
 
 /// Deletes a key that has no subkeys; false if it has.
@@ -81,24 +54,31 @@ bool TryDelete(const MString& directory) {
     return true;
 }
 
-void DeleteDirectory(const MString& parent, const MString& name) {
-    bool isDeleted = false;
-    MGuard("MRegistryKey::Delete", [&] { isDeleted = TryDelete(GetKeyDirectory(parent, name)); });
-    if (!isDeleted) MRaise(MExceptionGeneral, "Cannot delete registry key {0}.", name);
-}
-
 void WriteValue(const MString& directory, const MString& name, const std::string& content) {
     try {
-        MStdFileStream file;
-        file.Open(GetValueFile(directory, name), MOpenWrite | MOpenCreate);
+        MOutputFile file(GetValueFile(directory, name));
         file.Write(content.data(), static_cast<int32_t>(content.size()));
-        file.Close();
+        file.Commit(false);
     } catch (const MException&) {
         MRaise(MExceptionGeneral, "Cannot set registry value {0}.", name);
     }
 }
 
 }  // namespace
+
+struct MRegistryKey::Handle {
+    explicit Handle(const MString& directory) : directory(directory) {}
+
+    /// Where the key of this name stands or would stand.
+    static MString GetDirectory(const Parent& parent, const MString& name) {
+        MString directory = parent.key ? parent.key->GetHandle().directory : GetRootDirectory(parent.root);
+        for (const MString& component : name.Split('\\'))
+            directory = MFile::Join(directory, EscapeName(component) + ".key");
+        return directory;
+    }
+
+    MString directory;
+};
 
 MRegistryKey::MRegistryKey() = default;
 MRegistryKey::MRegistryKey(MRegistryKey&& other) noexcept = default;
@@ -110,28 +90,27 @@ MRegistryKey::Handle& MRegistryKey::GetHandle() const {
     return *handle;
 }
 
-void MRegistryKey::Open(MRegistryRoot parent, const MString& name) {
-    handle = std::make_unique<Handle>(OpenDirectory(GetRootDirectory(parent), name));
+void MRegistryKey::Open(Parent parent, const MString& name) {
+    const MString directory = Handle::GetDirectory(parent, name);
+    if (!MFile::IsDirectory(directory)) MRaise(MExceptionGeneral, "Cannot open registry key {0}.", name);
+    handle = std::make_unique<Handle>(directory);
 }
 
-void MRegistryKey::Open(const MRegistryKey& parent, const MString& name) {
-    handle = std::make_unique<Handle>(OpenDirectory(parent.GetHandle().directory, name));
+void MRegistryKey::Create(Parent parent, const MString& name) {
+    const MString directory = Handle::GetDirectory(parent, name);
+    try {
+        MFile::CreatePath(directory);
+    } catch (const MException&) {
+        MRaise(MExceptionGeneral, "Cannot create registry key {0}.", name);
+    }
+    handle = std::make_unique<Handle>(directory);
 }
 
-void MRegistryKey::Create(MRegistryRoot parent, const MString& name) {
-    handle = std::make_unique<Handle>(CreateDirectory(GetRootDirectory(parent), name));
-}
-
-void MRegistryKey::Create(const MRegistryKey& parent, const MString& name) {
-    handle = std::make_unique<Handle>(CreateDirectory(parent.GetHandle().directory, name));
-}
-
-void MRegistryKey::Delete(MRegistryRoot parent, const MString& name) {
-    DeleteDirectory(GetRootDirectory(parent), name);
-}
-
-void MRegistryKey::Delete(const MRegistryKey& parent, const MString& name) {
-    DeleteDirectory(parent.GetHandle().directory, name);
+void MRegistryKey::Delete(Parent parent, const MString& name) {
+    const MString directory = Handle::GetDirectory(parent, name);
+    bool isDeleted = false;
+    MGuard("MRegistryKey::Delete", [&] { isDeleted = TryDelete(directory); });
+    if (!isDeleted) MRaise(MExceptionGeneral, "Cannot delete registry key {0}.", name);
 }
 
 void MRegistryKey::Close() {

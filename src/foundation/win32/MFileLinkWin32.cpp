@@ -34,6 +34,8 @@ private:
 };
 
 ItemList ParseTarget(const MString& target) {
+    // The shell would take no name for the desktop.
+    if (target.IsEmpty()) return nullptr;
     PIDLIST_ABSOLUTE items = nullptr;
     SHParseDisplayName(MNativePath(target).c_str(), nullptr, &items, 0, nullptr);
     return ItemList(items);

@@ -1,4 +1,5 @@
-#include "foundation/MFile.h"
+#include "foundation/MFileList.h"
+
 #include "foundation/MRaise.h"
 #include "foundation/win32/MNativePath.h"
 #include "foundation/win32/MWindowsHeader.h"
@@ -13,22 +14,15 @@ struct CloseFind {
     void operator()(HANDLE handle) const { FindClose(handle); }
 };
 
-MList<MFileListEntry> ListDrives() {
-    MList<MFileListEntry> list;
-    for (const MString& drive : MFile::GetDrives()) list.Add({drive, true});
-    return list;
-}
-
 }  // namespace
 
-MList<MFileListEntry> MFile::GetFileList(const MString& directory, const MString& filter) {
-    if (directory.IsEmpty()) return ListDrives();
+MList<MFileListEntry> MListDirectory(const MString& directory, const MString& filter) {
     const auto raise = [&] {
         MRaise(MExceptionGeneral, "Could not access path \"{0}\" to get file list.", directory);
     };
     MList<MFileListEntry> list;
     WIN32_FIND_DATAW data;
-    const MString pattern = Join(directory, filter.IsEmpty() ? MString("*") : filter);
+    const MString pattern = MFile::Join(directory, filter.IsEmpty() ? MString("*") : filter);
     const HANDLE handle = FindFirstFileW(MNativePath(pattern).c_str(), &data);
     if (handle == INVALID_HANDLE_VALUE) {
         if (GetLastError() != ERROR_FILE_NOT_FOUND) raise();

@@ -7,17 +7,6 @@
 #include <cstring>
 #include <vector>
 
-struct MRegistryKey::Handle {
-    HKEY key = nullptr;
-
-    Handle() = default;
-    Handle(const Handle&) = delete;
-    Handle& operator=(const Handle&) = delete;
-    ~Handle() {
-        if (key) RegCloseKey(key);
-    }
-};
-
 namespace {
 
 constexpr REGSAM Access = KEY_ALL_ACCESS;
@@ -28,22 +17,6 @@ HKEY GetRoot(MRegistryRoot root) {
     case MRegistryRoot::CurrentUser: return HKEY_CURRENT_USER;
     default: return HKEY_LOCAL_MACHINE;
     }
-}
-
-void OpenKey(HKEY parent, const MString& name, HKEY& key) {
-    if (RegOpenKeyExW(parent, MToWide(name).c_str(), 0, Access, &key) != ERROR_SUCCESS)
-        MRaise(MExceptionGeneral, "Cannot open registry key {0}.", name);
-}
-
-void CreateKey(HKEY parent, const MString& name, HKEY& key) {
-    if (RegCreateKeyExW(parent, MToWide(name).c_str(), 0, nullptr, 0, Access, nullptr, &key, nullptr) !=
-        ERROR_SUCCESS)
-        MRaise(MExceptionGeneral, "Cannot create registry key {0}.", name);
-}
-
-void DeleteKey(HKEY parent, const MString& name) {
-    if (RegDeleteKeyW(parent, MToWide(name).c_str()) != ERROR_SUCCESS)
-        MRaise(MExceptionGeneral, "Cannot delete registry key {0}.", name);
 }
 
 void WriteValue(HKEY key, const MString& name, DWORD type, const void* data, size_t size) {
@@ -66,6 +39,19 @@ MString ToText(DWORD type, const std::vector<BYTE>& data) {
 
 }  // namespace
 
+struct MRegistryKey::Handle {
+    explicit Handle(HKEY key) : key(key) {}
+    Handle(const Handle&) = delete;
+    Handle& operator=(const Handle&) = delete;
+    ~Handle() { RegCloseKey(key); }
+
+    static HKEY GetKey(const Parent& parent) {
+        return parent.key ? parent.key->GetHandle().key : GetRoot(parent.root);
+    }
+
+    HKEY key;
+};
+
 MRegistryKey::MRegistryKey() = default;
 MRegistryKey::MRegistryKey(MRegistryKey&& other) noexcept = default;
 MRegistryKey& MRegistryKey::operator=(MRegistryKey&& other) noexcept = default;
@@ -76,36 +62,24 @@ MRegistryKey::Handle& MRegistryKey::GetHandle() const {
     return *handle;
 }
 
-void MRegistryKey::Open(MRegistryRoot parent, const MString& name) {
-    auto opened = std::make_unique<Handle>();
-    OpenKey(GetRoot(parent), name, opened->key);
-    handle = std::move(opened);
+void MRegistryKey::Open(Parent parent, const MString& name) {
+    HKEY key;
+    if (RegOpenKeyExW(Handle::GetKey(parent), MToWide(name).c_str(), 0, Access, &key) != ERROR_SUCCESS)
+        MRaise(MExceptionGeneral, "Cannot open registry key {0}.", name);
+    handle = std::make_unique<Handle>(key);
 }
 
-void MRegistryKey::Open(const MRegistryKey& parent, const MString& name) {
-    auto opened = std::make_unique<Handle>();
-    OpenKey(parent.GetHandle().key, name, opened->key);
-    handle = std::move(opened);
+void MRegistryKey::Create(Parent parent, const MString& name) {
+    HKEY key;
+    if (RegCreateKeyExW(Handle::GetKey(parent), MToWide(name).c_str(), 0, nullptr, 0, Access, nullptr, &key,
+                        nullptr) != ERROR_SUCCESS)
+        MRaise(MExceptionGeneral, "Cannot create registry key {0}.", name);
+    handle = std::make_unique<Handle>(key);
 }
 
-void MRegistryKey::Create(MRegistryRoot parent, const MString& name) {
-    auto created = std::make_unique<Handle>();
-    CreateKey(GetRoot(parent), name, created->key);
-    handle = std::move(created);
-}
-
-void MRegistryKey::Create(const MRegistryKey& parent, const MString& name) {
-    auto created = std::make_unique<Handle>();
-    CreateKey(parent.GetHandle().key, name, created->key);
-    handle = std::move(created);
-}
-
-void MRegistryKey::Delete(MRegistryRoot parent, const MString& name) {
-    DeleteKey(GetRoot(parent), name);
-}
-
-void MRegistryKey::Delete(const MRegistryKey& parent, const MString& name) {
-    DeleteKey(parent.GetHandle().key, name);
+void MRegistryKey::Delete(Parent parent, const MString& name) {
+    if (RegDeleteKeyW(Handle::GetKey(parent), MToWide(name).c_str()) != ERROR_SUCCESS)
+        MRaise(MExceptionGeneral, "Cannot delete registry key {0}.", name);
 }
 
 void MRegistryKey::Close() {

@@ -76,15 +76,4 @@ TEST(MFilePosix, ExecutableForThoseWhoMayRead) {
               "0: Could not make file \"" + Text(scratch.Join("x")) + "\" executable.");
 }
 
-TEST(MFilePosix, DesktopEntriesQuoteWhatTheyRun) {
-    const MScratch scratch;
-    const MString target = scratch.WriteFile("my $app/100%", "");
-    MFile::CreateLink(scratch.Join("Menu Entry"), target, "uninstall 50%", "Line\nbreak");
-    const std::string directory = Text(scratch.GetPath()) + "/my $app";
-    EXPECT_EQ(scratch.ReadFile("Menu Entry.desktop"),
-              "[Desktop Entry]\nType=Application\nName=Menu Entry\nComment=Line\\nbreak\nExec=\"" +
-                  Text(scratch.GetPath()) + "/my \\\\$app/100%%\" uninstall 50%%\nPath=" + directory +
-                  "\nTerminal=false\n");
-}
-
 }  // namespace

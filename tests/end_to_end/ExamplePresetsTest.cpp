@@ -1,0 +1,183 @@
+#include "foundation/MXMLItem.h"
+#include "streams/MHexaStream.h"
+#include "streams/MMemoryStream.h"
+#include "tests/end_to_end/ExampleProductFixture.h"
+
+#include <stdexcept>
+#include <utility>
+#include <vector>
+
+namespace {
+
+/// A preset file and its presets, in the order of the file, by their folders and names.
+class PresetFile {
+public:
+    explicit PresetFile(const MString& path) {
+        root.LoadFile(path);
+        Collect(root, "");
+    }
+
+    [[nodiscard]] MXMLItem& GetRoot() { return root; }
+    [[nodiscard]] const std::vector<std::pair<std::string, MXMLItem*>>& GetAll() const { return presets; }
+    [[nodiscard]] MXMLItem& Get(const std::string& name) const {
+        for (const auto& [path, preset] : presets)
+            if (path == name) return *preset;
+        throw std::out_of_range(name);
+    }
+    [[nodiscard]] MXMLItem& GetFolder(const char* name) const {
+        return *root.FindSubItem("Directory", "Name", name);
+    }
+    void Remove(const std::string& name) {
+        MXMLItem& preset = Get(name);
+        MXMLItem& parent = *preset.GetParent();
+        int32_t index = 0;
+        while (parent.GetSubItem(index) != &preset) ++index;
+        parent.RemoveSubItem(index);
+        presets.clear();
+        Collect(root, "");
+    }
+
+private:
+    void Collect(MXMLItem& level, const std::string& folder) {
+        for (int32_t i = 0; i < level.GetSubItemCount(); ++i) {
+            MXMLItem& item = *level.GetSubItem(i);
+            if (item.GetName() == "Directory")
+                Collect(item, folder + Text(item.GetAttribute("Name")) + "/");
+            else
+                presets.emplace_back(folder + Text(item.GetAttribute("name")), &item);
+        }
+    }
+
+    MXMLItem root;
+    std::vector<std::pair<std::string, MXMLItem*>> presets;
+};
+
+std::string ToXML(const MXMLItem& item) {
+    MMemoryStream stream;
+    item.Save(stream, true, "utf-8");
+    return {stream.GetBuffer().Get(), static_cast<size_t>(stream.GetSize())};
+}
+
+/// As an installation brings it.
+std::string Stamped(const MXMLItem& preset) {
+    MXMLItem stamped;
+    stamped.CopyFrom(preset);
+    stamped.SetAttribute("ExchangeIndex", "0");
+    return ToXML(stamped);
+}
+
+/// A plain preset that a packed one has replaced: its attributes stay.
+std::string Packed(const MXMLItem& plain, const MXMLItem& packed) {
+    MXMLItem preset;
+    preset.CopyFrom(plain);
+    preset.RemoveAllSubItems();
+    preset.SetValue(packed.GetValue());
+    preset.SetAttribute("compressed", "1");
+    return Stamped(preset);
+}
+
+MString GetShipped(const char* version) {
+    return MString(EXAMPLE_DIRECTORY "/presets/") + version + "/Hallpresets.xml";
+}
+
+void AddPreset(MXMLItem& folder, const char* name) {
+    MXMLItem& preset = *folder.AddSubItem("preset");
+    preset.SetAttribute("name", name);
+    preset.SetAttribute("maxx", "3.7");
+    preset.AddSubItem("Point")->SetAttribute("y", "-7");
+}
+
+}  // namespace
+
+class ExamplePresetsTest : public ExampleProductTest {
+protected:
+    ~ExamplePresetsTest() noexcept override = default;
+
+    void InstallVersion(const char* version) {
+        PackExample(version);
+        InstallExample("configuration=small");
+    }
+    [[nodiscard]] MString GetInstalled() const {
+        return MFile::Join(GetUserData(), "Presets/Hallpresets.xml");
+    }
+    /// What a musician makes of the presets of version 1.0.
+    static void Edit(PresetFile& file) {
+        file.Get("Default").SetAttribute("maxx", "3.7");
+        file.Get("Rooms/Small Room").SetAttribute("maxx", "3.7");
+        file.Get("Halls/Concert Hall").SetAttribute("maxx", "3.7");
+        file.Remove("Rooms/Wooden Room");
+        file.Remove("Rooms/Drums/Room Microphones");
+        file.Remove("Halls/Cathedral");
+        AddPreset(file.GetRoot(), "My Hall");
+        AddPreset(*file.Get("Rooms/Drums/Tight Snare").GetParent(), "My Snare");
+        MXMLItem& folder = *file.GetRoot().AddSubItem("Directory");
+        folder.SetAttribute("Name", "My ideas");
+        AddPreset(folder, "One");
+    }
+};
+
+TEST_F(ExamplePresetsTest, AnUpgradeKeepsWhatTheMusicianMadeAndBringsWhatIsNew) {
+    InstallVersion("1.0");
+    ASSERT_EQ(MReadTestFile(GetInstalled()), MReadTestFile(GetShipped("1.0")));
+    PresetFile users(GetInstalled());
+    Edit(users);
+    users.GetRoot().SaveFile(GetInstalled(), false, "utf-8");
+    const std::string edited = MReadTestFile(GetInstalled());
+    InstallVersion("2.0");
+
+    enum class From { User, Product, Both };
+    const std::pair<const char*, From> expected[] = {
+        {"Default", From::Product},        // changed, and replaced by the new one
+        {"Rooms/Small Room", From::User},  // changed, and no longer shipped
+        {"Rooms/Drums/Tight Snare", From::Product},
+        {"Rooms/Drums/My Snare", From::User},  // added
+        {"Rooms/Drums/Gated Toms", From::Product},
+        {"Rooms/Wooden Room", From::Product},  // deleted, and shipped again
+        {"Rooms/Glass Room", From::Product},
+        {"Halls/Concert Hall", From::Both},  // changed, and replaced by a packed one
+        {"Halls/Cathedral", From::Product},  // deleted, and shipped again
+        {"My Hall", From::User},             // added
+        {"My ideas/One", From::User},        // added in a folder of its own
+        {"Open air/Forest", From::Product},
+        {"Open air/Stages/Festival", From::Product},
+    };
+    const PresetFile before(GetInstalled() + "backup");
+    const PresetFile shipped(GetShipped("2.0"));
+    const PresetFile merged(GetInstalled());
+    ASSERT_EQ(merged.GetAll().size(), std::size(expected));
+    for (size_t i = 0; i < std::size(expected); ++i) {
+        const auto& [name, from] = expected[i];
+        const auto& [mergedName, preset] = merged.GetAll()[i];
+        ASSERT_EQ(mergedName, name);
+        SCOPED_TRACE(name);
+        EXPECT_EQ(ToXML(*preset), from == From::User      ? ToXML(before.Get(name))
+                                  : from == From::Product ? Stamped(shipped.Get(name))
+                                                          : Packed(before.Get(name), shipped.Get(name)));
+    }
+    EXPECT_EQ(Text(merged.GetFolder("Rooms").FindSubItem("Directory")->GetAttribute("Probability")), "0.5");
+    EXPECT_EQ(MReadTestFile(GetInstalled() + "backup"), edited);
+
+    const std::string after = MReadTestFile(GetInstalled());
+    InstallExample("configuration=small");
+    EXPECT_EQ(MReadTestFile(GetInstalled()), after);
+}
+
+TEST(ExamplePackedPresets, HoldDocumentsOfTheSameName) {
+    int32_t count = 0;
+    for (const char* version : {"1.0", "2.0"}) {
+        const PresetFile file(GetShipped(version));
+        for (const auto& [path, preset] : file.GetAll()) {
+            if (!preset->HasAttribute("compressed")) continue;
+            const std::string digits = Text(preset->GetValue());
+            MMemoryStream text(digits.data(), static_cast<int32_t>(digits.size()));
+            MHexaStream bytes(&text);
+            MXMLItem document;
+            document.LoadCompressed(bytes);
+            EXPECT_EQ(Text(document.GetName()), "preset");
+            EXPECT_EQ(Text(document.GetAttribute("name")), Text(preset->GetAttribute("name")));
+            EXPECT_GT(document.CountSubItems("Point"), 0);
+            ++count;
+        }
+    }
+    EXPECT_EQ(count, 6);
+}

@@ -1,0 +1,71 @@
+#pragma once
+
+#include "tests/end_to_end/EndToEndFixture.h"
+
+#include <map>
+
+/// Real plug-ins, presets and documents through the maker's tool and the installer.
+class ExampleProductTest : public EndToEndTest {
+protected:
+    ExampleProductTest() {
+        MFile::Copy(EXAMPLE_DIRECTORY, scratch.Join("product"));
+        MFile::Copy(EXAMPLE_PLUGINS, InProduct("plugins"));
+        // What an earlier test has left in folders that are not below the home folder.
+        for (const MString& path : {GetUserData(), GetMenu()})
+            if (MFile::Exists(path)) MFile::DeleteTree(path);
+    }
+    ~ExampleProductTest() noexcept override = default;
+
+    void PackExample(const char* version = "1.0", const char* compression = "none") {
+        MList<MString> arguments =
+            ToList({"pack", "definition.xml", "--compression", compression, "--define"});
+        arguments.Add(MString("VERSION=") + version);
+        arguments.Add("--output");
+        arguments.Add(GetInstaller());
+        const MProgramResult result = Build(arguments);
+        ASSERT_EQ(result.exitCode, 0) << result.errors;
+    }
+    void InstallExample(const char* configuration) {
+        const MProgramResult result =
+            Install({"silent", "accept-licence", configuration, "directory:destination=to",
+                     "directory:vst=vst", "directory:lv2=lv2"});
+        ASSERT_EQ(result.exitCode, 0) << result.errors;
+    }
+    [[nodiscard]] MProgramResult RemoveExample() const {
+        return Start(InHome(MString("to/setup.") + MPlatform::ExecutableExtension()), ToList({"silent"}));
+    }
+    [[nodiscard]] MString GetUserData() const {
+        return MFile::Join(MTestUserData(InHome("")), "Plug-in Set");
+    }
+    [[nodiscard]] MString GetMenu() const { return MFile::Join(MTestPrograms(InHome("")), "Corvanth"); }
+
+    void ExpectPlugins(const char* source, const char* target, const char* renamed = nullptr) const {
+        ExpectInstalled(InProduct(MString("plugins/") + source), InHome(target), renamed);
+    }
+    /// Everything below `source` stands in `target` byte for byte, under the extension `renamed` if that is
+    /// given.
+    static void ExpectInstalled(const MString& source, const MString& target, const char* renamed = nullptr,
+                                bool flat = false) {
+        const std::map<std::string, MString> sources = ListFiles(source, flat);
+        EXPECT_FALSE(sources.empty()) << Text(source);
+        for (const auto& [name, path] : sources) {
+            MString installed = MFile::Join(target, MDecodeUTF8Exact(name));
+            if (renamed) installed = MFile::ChangeExtension(installed, renamed);
+            ASSERT_TRUE(MFile::Exists(installed)) << Text(installed);
+            EXPECT_TRUE(MReadTestFile(path) == MReadTestFile(installed)) << Text(installed);
+        }
+    }
+
+private:
+    /// The files below a directory by their relative paths, or by their names alone.
+    static std::map<std::string, MString> ListFiles(const MString& directory, bool flat) {
+        std::map<std::string, MString> files;
+        MFile::GetFileListRecursed(directory, "", [&](const MString& parent, const MFileListEntry& entry) {
+            const MString path = MFile::Join(parent, entry.name);
+            const MString name = flat ? entry.name : path.Substring(directory.GetLength() + 1);
+            if (!entry.isDirectory) files[Text(name)] = path;
+            return true;
+        });
+        return files;
+    }
+};

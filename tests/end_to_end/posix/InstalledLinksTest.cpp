@@ -1,0 +1,66 @@
+#include "tests/end_to_end/ExampleProductFixture.h"
+#include "tests/support/posix/MTestDesktop.h"
+
+#include <set>
+
+/// The links of an installed product, read and started as a desktop does it.
+class InstalledLinksTest : public ExampleProductTest {
+protected:
+    ~InstalledLinksTest() noexcept override = default;
+
+    MTestDesktop desktop{InHome(""), true};
+};
+
+TEST_F(InstalledLinksTest, AreValidAndStartWhatTheyNameUntilTheProductIsRemoved) {
+    scratch.WriteFile("product/files/Read me.txt", "text");
+    desktop.WriteRecorder(InProduct("files/editor.run"));
+    Pack(
+        "<directory id=\"destination\" name=\"D\" default=\"unused\"/>"
+        "<files path=\"files\" destination=\"{destination}\" required=\"1\"/>"
+        "<shortcutdirectory name=\"\xC5\x98\xC3\xA9verbs &amp; more\"><shortcutdirectory name=\"Tools\">"
+        "<shortcut name=\"Editor\" destination=\"{destination}/editor.run\" arguments=\"--file &quot;my song&quot; "
+        "100%\">Edits; 50% faster</shortcut></shortcutdirectory>"
+        "<shortcut name=\"Manual\" destination=\"{destination}/Read me.txt\"/>"
+        "<shortcut name=\"Removal\" preset=\"uninstall\"/>"
+        "<shortcut name=\"Web\" destination=\"https://example.org/\"/></shortcutdirectory>"
+        "<shortcut name=\"Editor\" desktop=\"1\" destination=\"{destination}/editor.run\"/>");
+    const MProgramResult result = Install({"silent", "directory:destination=to"});
+    ASSERT_EQ(result.exitCode, 0) << result.errors;
+
+    const MString folder =
+        MFile::Join(MTestPrograms(InHome("")), MDecodeUTF8Exact("\xC5\x98\xC3\xA9verbs & more"));
+    const std::string directory = Text(InHome("to")) + "\n";
+    const std::pair<MString, std::string> links[] = {
+        {MFile::Join(folder, "Tools/Editor.desktop"), directory + "[--file]\n[my song]\n[100%]\n"},
+        {MFile::Join(folder, "Manual.desktop"), directory + "[" + Text(InHome("to/Read me.txt")) + "]\n"},
+        {MFile::Join(folder, "Removal.desktop"), directory + "[uninstall]\n"},
+        {InHome("Desktop/Editor.desktop"), directory},
+    };
+    MFile::Rename(InHome("to/setup.run"), InHome("to/setup"));
+    desktop.WriteRecorder(InHome("to/setup.run"));
+    for (const auto& [link, record] : links) {
+        ASSERT_TRUE(MFile::Exists(link)) << Text(link);
+        EXPECT_EQ(desktop.Validate(link), "");
+        EXPECT_EQ(desktop.Launch(link), record);
+    }
+    EXPECT_EQ(MReadTestFile(MFile::Join(folder, "Web.url")),
+              "[InternetShortcut]\nURL=https://example.org/\n");
+
+    MFile::Delete(InHome("to/setup.run"));
+    MFile::Rename(InHome("to/setup"), InHome("to/setup.run"));
+    EXPECT_EQ(RemoveExample().exitCode, 0);
+    for (const auto& [link, record] : links) EXPECT_FALSE(MFile::Exists(link)) << Text(link);
+    EXPECT_FALSE(MFile::Exists(folder));
+}
+
+TEST_F(InstalledLinksTest, OfTheExampleProductAreValid) {
+    PackExample();
+    InstallExample("configuration=small");
+    std::set<std::string> names;
+    for (const MFileListEntry& entry : MFile::GetFileList(GetMenu())) {
+        names.insert(Text(entry.name));
+        EXPECT_EQ(desktop.Validate(MFile::Join(GetMenu(), entry.name)), "");
+    }
+    EXPECT_EQ(names, (std::set<std::string>{"Documents of the Plug-in Set.desktop",
+                                            "Remove the Plug-in Set.desktop"}));
+}

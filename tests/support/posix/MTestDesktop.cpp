@@ -1,0 +1,54 @@
+#include "tests/support/posix/MTestDesktop.h"
+
+#include "foundation/MFile.h"
+#include "tests/support/MScratch.h"
+#include "tests/support/MTestProgram.h"
+#include "tests/support/MTestText.h"
+
+#include <chrono>
+#include <gtest/gtest.h>
+#include <thread>
+
+namespace {
+
+constexpr int HundredthsToWait = 1000;
+
+}  // namespace
+
+MTestDesktop::MTestDesktop(const MString& directory, bool asOrdinaryUser)
+    : directory(directory), asOrdinaryUser(asOrdinaryUser) {
+    WriteRecorder(MFile::Join(directory, "bin/xdg-open"));
+}
+
+void MTestDesktop::WriteRecorder(const MString& path) const {
+    const std::string record = Text(MFile::Join(directory, "record"));
+    MWriteTestFile(path, "#!/bin/sh\n{ pwd; for word; do printf '[%s]\\n' \"$word\"; done; } >'" + record +
+                             ".part'\nmv '" + record + ".part' '" + record + "'\n");
+    MFile::MakeExecutable(path);
+}
+
+std::string MTestDesktop::Validate(const MString& link) const {
+    return Run("desktop-file-validate", "--warn-kde", link);
+}
+
+std::string MTestDesktop::Launch(const MString& link) const {
+    const MString record = MFile::Join(directory, "record");
+    if (MFile::Exists(record)) MFile::Delete(record);
+    const std::string failure = Run("gio", "launch", link);
+    if (!failure.empty()) return failure;
+    // The launcher does not wait for what it starts.
+    for (int i = 0; i < HundredthsToWait && !MFile::Exists(record); ++i)
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    return MFile::Exists(record) ? MReadTestFile(record) : "nothing was started";
+}
+
+std::string MTestDesktop::Run(const char* program, const char* option, const MString& link) const {
+    MList<MString> arguments;
+    arguments.Add("PATH=" + MFile::Join(directory, "bin") + ":/usr/bin:/bin");
+    for (const char* word : {program, option}) arguments.Add(word);
+    arguments.Add(link);
+    const MProgramResult result =
+        MRunTestProgram("/usr/bin/env", arguments, directory, directory, asOrdinaryUser);
+    EXPECT_NE(result.exitCode, 127) << result.errors << "scripts/install-tools installs what is missing";
+    return result.output + result.errors + (result.exitCode == 0 ? "" : "failed\n");
+}
