@@ -15,7 +15,7 @@ namespace {
 
 constexpr int32_t FileCount = 12000;
 constexpr int32_t FilesPerDirectory = 100;
-constexpr int Rounds = 5;
+constexpr int Rounds = 7;
 
 MString GetDirectory(const MString& root, int32_t index) {
     return MFile::Join(root, MFormat("Bank {0}", index / FilesPerDirectory));
@@ -96,11 +96,17 @@ MComparison CompareRemoval() {
     std::vector<std::string> files;
     std::vector<std::string> directories;
 
-    const MWork remove{[&] { Installation(root).SaveState(); }, [&] { Remove(root); }};
+    // What a user removes has been on the disk for long, and is no longer the cache's alone.
+    const MWork remove{[&] {
+                           Installation(root).SaveState();
+                           sync();
+                       },
+                       [&] { Remove(root); }};
     const MWork reference{[&] {
                               const Installation installation(root);
                               files = installation.ListFiles();
                               directories = installation.ListDirectories();
+                              sync();
                           },
                           [&] { RemovePlainly(files, directories); }};
     MComparison comparison = MCompareSpeeds(Rounds, MClock::Processor, FileCount, remove, reference);

@@ -49,7 +49,7 @@ MString MFile::Join(const MString& base, const MString& name) {
     if (name.IsEmpty()) return base;
     MString result = EndsInSlash(base) ? base : base + "/";
     MString rest = name[0] == u'/' ? name.Substring(1) : name;
-    for (;;) {
+    while (!rest.IsEmpty() && rest[0] == u'.') {
         if (rest.StartsWith("./")) {
             rest.Remove(0, 2);
         } else if (rest.StartsWith("../") || rest == "..") {

@@ -82,15 +82,19 @@ bool MString::EndsWith(const MString& text) const {
 }
 
 int32_t MString::FindChar(MChar character, int32_t start) const {
-    for (int32_t i = std::max(start, 0); i < length; ++i)
-        if ((*this)[i] == character) return i;
-    return NotFound;
+    return WithText(*this, [&](const auto* text) {
+        for (int32_t i = std::max(start, 0); i < length; ++i)
+            if (MChar(text[i]) == character) return i;
+        return NotFound;
+    });
 }
 
 int32_t MString::FindCharBackward(MChar character, int32_t start) const {
-    for (int32_t i = std::min(start, length - 1); i >= 0; --i)
-        if ((*this)[i] == character) return i;
-    return NotFound;
+    return WithText(*this, [&](const auto* text) {
+        for (int32_t i = std::min(start, length - 1); i >= 0; --i)
+            if (MChar(text[i]) == character) return i;
+        return NotFound;
+    });
 }
 
 int32_t MString::Find(const MString& text, int32_t start) const {

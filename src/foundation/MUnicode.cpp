@@ -1,6 +1,7 @@
 #include "foundation/MUnicode.h"
 
 #include <cstdint>
+#include <type_traits>
 
 namespace {
 
@@ -44,6 +45,19 @@ void AppendEncoded(std::string& bytes, uint32_t codePoint) {
     }
 }
 
+/// Without a branch in the loop, so that it takes many units at a time. False if they are not all ASCII.
+template <class Unit>
+bool NarrowASCII(const Unit* units, size_t count, std::string& bytes) {
+    bytes.resize(count);
+    char* const narrow = bytes.data();
+    std::make_unsigned_t<Unit> seen = 0;
+    for (size_t i = 0; i < count; ++i) {
+        seen |= static_cast<std::make_unsigned_t<Unit>>(units[i]);
+        narrow[i] = static_cast<char>(units[i]);
+    }
+    return seen < 0x80;
+}
+
 /// The length of the sequence that a byte starts, 0 if it starts none.
 size_t GetSequenceLength(uint8_t lead) {
     if (lead < 0x80) return 1;
@@ -83,13 +97,14 @@ uint32_t TakeCodePoint(std::string_view bytes, size_t& index) {
 }  // namespace
 
 std::string MEncodeUTF8Exact(const MString& text) {
-    std::string bytes(static_cast<size_t>(text.GetLength()), 0);
-    int32_t index = 0;
+    std::string bytes;
     // Most texts are ASCII to their end.
-    for (; index < text.GetLength() && text[index] < 0x80; ++index)
-        bytes[static_cast<size_t>(index)] = static_cast<char>(text[index]);
-    bytes.resize(static_cast<size_t>(index));
-    while (index < text.GetLength()) AppendEncoded(bytes, TakeCodePoint(text, index));
+    const auto length = static_cast<size_t>(text.GetLength());
+    if (text.IsLiteral() ? NarrowASCII(text.GetLiteral(), length, bytes)
+                         : NarrowASCII(text.GetUnits(), length, bytes))
+        return bytes;
+    bytes.clear();
+    for (int32_t index = 0; index < text.GetLength();) AppendEncoded(bytes, TakeCodePoint(text, index));
     return bytes;
 }
 

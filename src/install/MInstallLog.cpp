@@ -12,12 +12,12 @@ MInstallLog::MInstallLog() {
     });
 }
 
-void MInstallLog::Write(const MString& line) {
+void MInstallLog::Write(std::initializer_list<MString> parts) {
     if (!file.IsOpen()) return;
-    MGuard("MInstallLog", [&] {
-        const std::string bytes = MEncodeUTF8Exact(line) + '\n';
-        file.Write(bytes.data(), static_cast<int32_t>(bytes.size()));
-    });
+    line.clear();
+    for (const MString& part : parts) line += MEncodeUTF8Exact(part);
+    line += '\n';
+    MGuard("MInstallLog", [this] { file.Write(line.data(), static_cast<int32_t>(line.size())); });
 }
 
 void MInstallLog::Flush() {

@@ -73,10 +73,10 @@ void MInstallProcessor::PerformFiles(MXMLItem& files, bool uninstall) {
     if (uninstall && files.GetInt32Attribute("uninstall", 1) == 0) return;
     if (IsEnabled(files)) {
         const MString directory = files.GetAttribute("currentpath");
-        Log("Initiating install to " + directory);
+        Log("Initiating install to ", directory);
         MProcessOptions options = MakeOptions(files, directory, uninstall);
         ProcessItems(directory, files, true, options);
-        if (uninstall && OwnsDirectory(files)) Log("Deleting directory " + directory);
+        if (uninstall && OwnsDirectory(files)) Log("Deleting directory ", directory);
         if (uninstall) RemovePassDirectory(files, directory);
     }
     for (MXMLItem& copy : MXMLSubItems(files, "copy"))

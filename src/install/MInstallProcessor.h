@@ -27,7 +27,11 @@ public:
     /// existing files and is inherited downwards. `options` is changed and restored during the walk.
     void ProcessItems(const MString& destination, MXMLItem& item, bool rewritable, MProcessOptions& options);
 
-    void Log(const MString& text) { log.Write(text); }
+    /// Writes a line to the installer's log, put together from texts.
+    template <class... Texts>
+    void Log(const Texts&... texts) {
+        log.Write({texts...});
+    }
 
     /// To be told when all that belongs to an installation is in place, so that the next run is not taken for
     /// one that completes this one.
@@ -75,7 +79,7 @@ private:
     void ShowCopyProgress();
     void ShowRemovalProgress(const Item& item, const char* format);
     /// Both count a removal that fails.
-    void TryRemovingFile(const MString& path);
+    void TryRemovingFile(const Item& item);
     void TryRemovingDirectory(const MString& path);
 
     MLargeResourceLibrary* library = nullptr;

@@ -12,7 +12,7 @@
 void MInstallProcessor::ProcessFile(const Item& item) {
     // Deleting is so quick that the log would take its time; there its lines are on the disk by the directory.
     if (!item.IsRemoval()) log.Flush();
-    Log("Processing file \"" + item.path + "\" operation " + item.op);
+    Log("Processing file \"", item.path, "\" operation ", item.op);
     if (item.IsRemoval())
         RemoveFile(item);
     else if (item.op == "create" || item.op == "update")
@@ -23,7 +23,7 @@ void MInstallProcessor::WriteFile(const Item& item) {
     ShowItem("creating file {0} ({1} of {2})", item.path);
     const MString path = MGetBundlePath(item.path);
     const MString directory = MFile::GetDirectory(path);
-    Log("Creating directory " + directory);
+    Log("Creating directory ", directory);
     MInstallRetry([&] { MFile::CreatePath(directory); });
 
     const bool exists = MFile::Exists(path);
@@ -35,7 +35,7 @@ void MInstallProcessor::WriteFile(const Item& item) {
 }
 
 void MInstallProcessor::MergePresetFile(const Item& item, const MString& path) {
-    Log("Processing preset file " + path);
+    Log("Processing preset file ", path);
     const auto openSource = [&] { return library->OpenItem(&item.element); };
     doneBytes += MMergePresetFile(path, openSource, journal);
     ++itemIndex;
@@ -44,10 +44,10 @@ void MInstallProcessor::MergePresetFile(const Item& item, const MString& path) {
 
 void MInstallProcessor::RewriteFile(const Item& item, const MString& path, bool exists) {
     if (exists) {
-        Log("Pre-deleting file " + path);
+        Log("Pre-deleting file ", path);
         MInstallRetry([&] { MFile::Delete(path); });
     }
-    Log("Rewriting file " + path);
+    Log("Rewriting file ", path);
     // The next run leaves a protected file as it finds it: none may stand half written after a kill.
     const MString written = item.rewritable ? path : path + ".unfinished";
     MStdFileStream target;

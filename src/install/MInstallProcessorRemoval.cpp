@@ -21,27 +21,27 @@ MList<MString> GetExisting(const MList<MString>& paths) {
 
 void MInstallProcessor::RemoveDirectory(const Item& item) {
     ShowRemovalProgress(item, "deleting directory {0} ({1} of {2})");
-    Log("Deleting directory " + item.path);
+    Log("Deleting directory ", item.path);
     if (MFile::Exists(item.path)) TryRemovingDirectory(item.path);
 }
 
 void MInstallProcessor::RemoveFile(const Item& item) {
     ShowRemovalProgress(item, "deleting file {0} ({1} of {2})");
     ++itemIndex;
-    if (item.rewritable) TryRemovingFile(item.path);
+    if (item.rewritable) TryRemovingFile(item);
 }
 
 // A file that is missing is found out by its deletion: asking before would take an eighth of the time.
-void MInstallProcessor::TryRemovingFile(const MString& path) {
-    const bool isBundle = MFile::GetExtension(path) == "aaxplugin";
+void MInstallProcessor::TryRemovingFile(const Item& item) {
+    const bool isBundle = MFile::GetExtension(item.name) == "aaxplugin";
     try {
-        isBundle ? MFile::DeleteTree(path) : MFile::Delete(path);
-        Log("Deleting file " + path);
+        isBundle ? MFile::DeleteTree(item.path) : MFile::Delete(item.path);
+        Log("Deleting file ", item.path);
     } catch (const MException&) {
-        if (!MFile::Exists(path)) return;
-        Log("Deleting file " + path);
+        if (!MFile::Exists(item.path)) return;
+        Log("Deleting file ", item.path);
         ++failureCount;
-        leftovers.Add(path);
+        leftovers.Add(item.path);
     }
 }
 

@@ -45,6 +45,7 @@ void CheckLinks(const MXMLItem& item) {
 bool MIsInsideName(const MString& name) {
     if (name.IsEmpty()) return true;
     if (IsSeparator(name[0]) || IsDrive(name)) return false;
+    if (!name.Contains("..")) return true;
     int32_t start = 0;
     for (int32_t i = 0; i <= name.GetLength(); ++i) {
         if (i < name.GetLength() && !IsSeparator(name[i])) continue;

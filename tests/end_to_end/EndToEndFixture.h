@@ -34,10 +34,7 @@ protected:
     }
     /// Where the installer puts its links.
     [[nodiscard]] MString InMenu(const MString& name) const {
-        const bool isWindows = MPlatform::GetName() == "windows";
-        const MString menu = isWindows ? MFile::GetSpecialPath(MSpecialFolderStartMenuPrograms)
-                                       : InHome(".local/share/applications");
-        return MFile::Join(menu, name);
+        return MFile::Join(MTestPrograms(InHome("")), name);
     }
     /// The program that an installation in a folder of the home leaves.
     [[nodiscard]] MString GetRemover(const MString& folder) const {

@@ -1,69 +1,16 @@
-#include "foundation/MXMLItem.h"
 #include "streams/MHexaStream.h"
 #include "streams/MMemoryStream.h"
 #include "tests/end_to_end/ExampleProductFixture.h"
-
-#include <stdexcept>
-#include <utility>
-#include <vector>
+#include "tests/support/MTestPresets.h"
 
 namespace {
-
-/// A preset file and its presets, in the order of the file, by their folders and names.
-class PresetFile {
-public:
-    explicit PresetFile(const MString& path) {
-        root.LoadFile(path);
-        Collect(root, "");
-    }
-
-    [[nodiscard]] MXMLItem& GetRoot() { return root; }
-    [[nodiscard]] const std::vector<std::pair<std::string, MXMLItem*>>& GetAll() const { return presets; }
-    [[nodiscard]] MXMLItem& Get(const std::string& name) const {
-        for (const auto& [path, preset] : presets)
-            if (path == name) return *preset;
-        throw std::out_of_range(name);
-    }
-    [[nodiscard]] MXMLItem& GetFolder(const char* name) const {
-        return *root.FindSubItem("Directory", "Name", name);
-    }
-    void Remove(const std::string& name) {
-        MXMLItem& preset = Get(name);
-        MXMLItem& parent = *preset.GetParent();
-        int32_t index = 0;
-        while (parent.GetSubItem(index) != &preset) ++index;
-        parent.RemoveSubItem(index);
-        presets.clear();
-        Collect(root, "");
-    }
-
-private:
-    void Collect(MXMLItem& level, const std::string& folder) {
-        for (int32_t i = 0; i < level.GetSubItemCount(); ++i) {
-            MXMLItem& item = *level.GetSubItem(i);
-            if (item.GetName() == "Directory")
-                Collect(item, folder + Text(item.GetAttribute("Name")) + "/");
-            else
-                presets.emplace_back(folder + Text(item.GetAttribute("name")), &item);
-        }
-    }
-
-    MXMLItem root;
-    std::vector<std::pair<std::string, MXMLItem*>> presets;
-};
-
-std::string ToXML(const MXMLItem& item) {
-    MMemoryStream stream;
-    item.Save(stream, true, "utf-8");
-    return {stream.GetBuffer().Get(), static_cast<size_t>(stream.GetSize())};
-}
 
 /// As an installation brings it.
 std::string Stamped(const MXMLItem& preset) {
     MXMLItem stamped;
     stamped.CopyFrom(preset);
     stamped.SetAttribute("ExchangeIndex", "0");
-    return ToXML(stamped);
+    return MTestToXML(stamped);
 }
 
 /// A plain preset that a packed one has replaced: its attributes stay.
@@ -101,7 +48,7 @@ protected:
         return MFile::Join(GetUserData(), "Presets/Hallpresets.xml");
     }
     /// What a musician makes of the presets of version 1.0.
-    static void Edit(PresetFile& file) {
+    static void Edit(MTestPresetFile& file) {
         file.Get("Default").SetAttribute("maxx", "3.7");
         file.Get("Rooms/Small Room").SetAttribute("maxx", "3.7");
         file.Get("Halls/Concert Hall").SetAttribute("maxx", "3.7");
@@ -119,7 +66,7 @@ protected:
 TEST_F(ExamplePresetsTest, AnUpgradeKeepsWhatTheMusicianMadeAndBringsWhatIsNew) {
     InstallVersion("1.0");
     ASSERT_EQ(MReadTestFile(GetInstalled()), MReadTestFile(GetShipped("1.0")));
-    PresetFile users(GetInstalled());
+    MTestPresetFile users(GetInstalled());
     Edit(users);
     users.GetRoot().SaveFile(GetInstalled(), false, "utf-8");
     const std::string edited = MReadTestFile(GetInstalled());
@@ -141,18 +88,18 @@ TEST_F(ExamplePresetsTest, AnUpgradeKeepsWhatTheMusicianMadeAndBringsWhatIsNew) 
         {"Open air/Forest", From::Product},
         {"Open air/Stages/Festival", From::Product},
     };
-    const PresetFile before(GetInstalled() + "backup");
-    const PresetFile shipped(GetShipped("2.0"));
-    const PresetFile merged(GetInstalled());
+    const MTestPresetFile before(GetInstalled() + "backup");
+    const MTestPresetFile shipped(GetShipped("2.0"));
+    const MTestPresetFile merged(GetInstalled());
     ASSERT_EQ(merged.GetAll().size(), std::size(expected));
     for (size_t i = 0; i < std::size(expected); ++i) {
         const auto& [name, from] = expected[i];
         const auto& [mergedName, preset] = merged.GetAll()[i];
         ASSERT_EQ(mergedName, name);
         SCOPED_TRACE(name);
-        EXPECT_EQ(ToXML(*preset), from == From::User      ? ToXML(before.Get(name))
-                                  : from == From::Product ? Stamped(shipped.Get(name))
-                                                          : Packed(before.Get(name), shipped.Get(name)));
+        EXPECT_EQ(MTestToXML(*preset), from == From::User      ? MTestToXML(before.Get(name))
+                                       : from == From::Product ? Stamped(shipped.Get(name))
+                                                               : Packed(before.Get(name), shipped.Get(name)));
     }
     EXPECT_EQ(Text(merged.GetFolder("Rooms").FindSubItem("Directory")->GetAttribute("Probability")), "0.5");
     EXPECT_EQ(MReadTestFile(GetInstalled() + "backup"), edited);
@@ -165,7 +112,7 @@ TEST_F(ExamplePresetsTest, AnUpgradeKeepsWhatTheMusicianMadeAndBringsWhatIsNew) 
 TEST(ExamplePackedPresets, HoldDocumentsOfTheSameName) {
     int32_t count = 0;
     for (const char* version : {"1.0", "2.0"}) {
-        const PresetFile file(GetShipped(version));
+        const MTestPresetFile file(GetShipped(version));
         for (const auto& [path, preset] : file.GetAll()) {
             if (!preset->HasAttribute("compressed")) continue;
             const std::string digits = Text(preset->GetValue());

@@ -31,13 +31,11 @@ protected:
                      "directory:vst=vst", "directory:lv2=lv2"});
         ASSERT_EQ(result.exitCode, 0) << result.errors;
     }
-    [[nodiscard]] MProgramResult RemoveExample() const {
-        return Start(InHome(MString("to/setup.") + MPlatform::ExecutableExtension()), ToList({"silent"}));
-    }
+    [[nodiscard]] MProgramResult RemoveExample() const { return Start(GetRemover("to"), ToList({"silent"})); }
     [[nodiscard]] MString GetUserData() const {
         return MFile::Join(MTestUserData(InHome("")), "Plug-in Set");
     }
-    [[nodiscard]] MString GetMenu() const { return MFile::Join(MTestPrograms(InHome("")), "Corvanth"); }
+    [[nodiscard]] MString GetMenu() const { return InMenu("Corvanth"); }
 
     void ExpectPlugins(const char* source, const char* target, const char* renamed = nullptr) const {
         ExpectInstalled(InProduct(MString("plugins/") + source), InHome(target), renamed);

@@ -18,3 +18,11 @@ struct MProgramResult {
 [[nodiscard]] MProgramResult MRunTestProgram(const MString& program, const MList<MString>& arguments,
                                              const MString& directory, const MString& home,
                                              bool asOrdinaryUser = true);
+
+/// Makes a file or directory the property of that user. Raises "Could not give \"{0}\" away." (0).
+void MGiveToTestUser(const MString& path);
+
+/// The maker's folder of user data and the folder of the start menu's programs, as that program sees them.
+/// Only on Linux they lie in `home`.
+[[nodiscard]] MString MTestUserData(const MString& home);
+[[nodiscard]] MString MTestPrograms(const MString& home);

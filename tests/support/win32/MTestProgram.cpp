@@ -1,90 +1,25 @@
 #include "tests/support/MTestProgram.h"
 
-#include "foundation/win32/MWindowsHeader.h"
-
-#include <vector>
-
-namespace {
-
-constexpr DWORD MillisecondsToLive = 300000;
-
-std::wstring ToWide(const MString& text) {
-    const MWCHARBuffer wide = text.ToWide();
-    return reinterpret_cast<const wchar_t*>(wide.Get());
-}
-
-/// By the rules of CommandLineToArgvW: backslashes count only in front of a quote.
-std::wstring Quote(const std::wstring& word) {
-    std::wstring quoted = L"\"";
-    size_t backslashes = 0;
-    for (const wchar_t character : word) {
-        if (character == L'"') quoted.append(backslashes + 1, L'\\');
-        backslashes = character == L'\\' ? backslashes + 1 : 0;
-        quoted += character;
-    }
-    return quoted.append(backslashes, L'\\') + L"\"";
-}
-
-/// A file that the program inherits and that is gone with its last handle.
-class OutputFile {
-public:
-    OutputFile() {
-        wchar_t directory[MAX_PATH];
-        wchar_t name[MAX_PATH];
-        GetTempPathW(MAX_PATH, directory);
-        GetTempFileNameW(directory, L"out", 0, name);
-        SECURITY_ATTRIBUTES inheritable{sizeof inheritable, nullptr, TRUE};
-        handle = CreateFileW(name, GENERIC_READ | GENERIC_WRITE,
-                             FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, &inheritable,
-                             CREATE_ALWAYS, FILE_FLAG_DELETE_ON_CLOSE, nullptr);
-    }
-    OutputFile(const OutputFile&) = delete;
-    OutputFile& operator=(const OutputFile&) = delete;
-    ~OutputFile() { CloseHandle(handle); }
-
-    [[nodiscard]] HANDLE GetHandle() const { return handle; }
-    [[nodiscard]] std::string ReadAll() const {
-        std::string text;
-        char piece[4096];
-        DWORD count;
-        SetFilePointer(handle, 0, nullptr, FILE_BEGIN);
-        while (ReadFile(handle, piece, sizeof piece, &count, nullptr) && count > 0) text.append(piece, count);
-        // The runtime library ends lines the Windows way; tests compare what the lines say.
-        std::erase(text, '\r');
-        return text;
-    }
-
-private:
-    HANDLE handle;
-};
-
-int32_t WaitForEnd(const PROCESS_INFORMATION& process) {
-    DWORD exitCode = static_cast<DWORD>(-1);
-    if (WaitForSingleObject(process.hProcess, MillisecondsToLive) != WAIT_OBJECT_0)
-        TerminateProcess(process.hProcess, exitCode);
-    GetExitCodeProcess(process.hProcess, &exitCode);
-    CloseHandle(process.hThread);
-    CloseHandle(process.hProcess);
-    return static_cast<int32_t>(exitCode);
-}
-
-}  // namespace
+#include "foundation/MSpecialFolders.h"
+#include "tests/support/win32/MTestProcess.h"
 
 MProgramResult MRunTestProgram(const MString& program, const MList<MString>& arguments,
                                const MString& directory, const MString& /*home*/, bool /*asOrdinaryUser*/) {
-    std::wstring commandLine = Quote(ToWide(program));
-    for (const MString& argument : arguments) commandLine += L" " + Quote(ToWide(argument));
-    const OutputFile output;
-    const OutputFile errors;
-    STARTUPINFOW startup{};
-    startup.cb = sizeof startup;
-    startup.dwFlags = STARTF_USESTDHANDLES;
-    startup.hStdOutput = output.GetHandle();
-    startup.hStdError = errors.GetHandle();
-    PROCESS_INFORMATION process;
-    if (!CreateProcessW(ToWide(program).c_str(), commandLine.data(), nullptr, nullptr, TRUE, 0, nullptr,
-                        ToWide(directory).c_str(), &startup, &process))
-        return {};
-    const int32_t exitCode = WaitForEnd(process);
-    return {exitCode, output.ReadAll(), errors.ReadAll()};
+    const MTestProcess process(program, arguments, directory, 0);
+    if (!process.GetHandle()) return {};
+    if (WaitForSingleObject(process.GetHandle(), MTestProcess::MillisecondsToLive) != WAIT_OBJECT_0) {
+        TerminateProcess(process.GetHandle(), static_cast<UINT>(-1));
+        WaitForSingleObject(process.GetHandle(), INFINITE);
+    }
+    return process.GetResult();
+}
+
+void MGiveToTestUser(const MString& /*path*/) {}
+
+MString MTestUserData(const MString& /*home*/) {
+    return MGetPlatformFolders().GetPath(MSpecialFolderUserData);
+}
+
+MString MTestPrograms(const MString& /*home*/) {
+    return MGetPlatformFolders().GetPath(MSpecialFolderStartMenuPrograms);
 }

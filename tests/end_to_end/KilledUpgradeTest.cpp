@@ -1,0 +1,191 @@
+#include "foundation/MGuard.h"
+#include "foundation/MInstallationNames.h"
+#include "foundation/MRegistryKey.h"
+#include "install/MUninstallEntry.h"
+#include "tests/end_to_end/EndToEndFixture.h"
+#include "tests/support/MKilledProgram.h"
+#include "tests/support/MTestPresets.h"
+#include "tests/support/MTreeSnapshot.h"
+
+#include <map>
+
+namespace {
+
+/// The presets of a file by their folders and name, each as compact XML.
+using Presets = std::map<std::string, std::string>;
+
+/// None if the file is missing or damaged.
+Presets ReadPresets(const MString& path) {
+    Presets presets;
+    try {
+        const MTestPresetFile file(path);
+        for (const auto& [name, preset] : file.GetAll()) presets[name] = MTestToXML(*preset);
+    } catch (const MException&) {
+        presets.clear();
+    }
+    return presets;
+}
+
+/// Text that fills more than one of the runtime library's buffers, and does not compress.
+std::string MakeNoise(uint32_t state) {
+    std::string noise(150000, '\0');
+    for (char& digit : noise) digit = "0123456789ABCDEF"[(state = state * 214013 + 2531011) >> 28];
+    return noise;
+}
+
+/// The presets that a version of the product brings.
+std::string MakeShippedPresets(const std::string& version) {
+    return "<Killedpresets><preset name=\"Init\" shape=\"" + version + "\"/><preset name=\"Only " + version +
+           "\"/><Directory Name=\"Pads\"><preset name=\"Warm\" compressed=\"1\">" +
+           MakeNoise(static_cast<uint32_t>(version[0])) +
+           "</preset><Directory Name=\"Deep\"><preset name=\"Sea\"><Point x=\"" + version +
+           "\"/></preset></Directory></Directory></Killedpresets>";
+}
+
+/// What a musician has made of those of version 1: "Mine" and "My Sea" are new, "Init" and "Warm" are changed,
+/// "Only 1" is deleted.
+std::string MakeUsersPresets() {
+    return "<Killedpresets><preset name=\"Mine\" shape=\"7\"/><preset name=\"Init\" shape=\"mine\"/>"
+           "<Directory Name=\"Pads\"><preset name=\"Warm\" compressed=\"1\">" +
+           MakeNoise(7) +
+           "</preset><Directory Name=\"Deep\"><preset name=\"Sea\"><Point x=\"1\"/></preset><preset name=\"My Sea\">"
+           "<Point x=\"7\"/></preset></Directory></Directory></Killedpresets>";
+}
+
+}  // namespace
+
+/// A product with presets is upgraded from version 1 to version 2, and killed on the way.
+class KilledUpgradeTest : public EndToEndTest {
+protected:
+    KilledUpgradeTest() {
+        folders.SetPath(MSpecialFolderData, userData);
+        const MString first = PackVersion("1", "");
+        second = PackVersion("2", "<files destination=\"{destination}\" required=\"1\">"
+                                  "<file name=\"only-1.txt\" op=\"delete\"/></files>");
+        const MProgramResult result = Start(first, Words());
+        EXPECT_EQ(result.exitCode, 0) << result.errors;
+        for (const MString& path : presetFiles) WriteAsUser(path, MakeUsersPresets());
+        WriteAsUser(InHome("to/shared/Sounds/Killedpresets.xmlbackup"), "<Killedpresets/>");
+        WriteAsUser(InHome("to/shared/Sounds/settings.ini"), "changed");
+        // Both installers have the same program, which is left as it is if it stands there already.
+        WriteAsUser(GetRemover("to"), "the program of version 1");
+        WriteAsUser(MFile::Join(oldFolder, "Bank/One.xml"), "old one");
+        WriteAsUser(MFile::Join(oldFolder, "Bank/Two.xml"), "old two");
+    }
+    ~KilledUpgradeTest() noexcept override = default;
+
+    void TearDown() override {
+        machine.Restore();
+        MGuard("KilledUpgradeTest", [] { MUninstallEntry::Delete("Test Product"); });
+    }
+
+    /// Packs a version, with more children of the root, and gives the installer's path.
+    MString PackVersion(const std::string& version, const std::string& more) {
+        WriteSources("product/" + version, version);
+        Pack("<directory id=\"destination\" name=\"D\" default=\"unused\"/>" +
+             Group(version + "/program", "{destination}", 1) +
+             Group(version + "/shared", "{destination}/shared", 0) +
+             Group(version + "/user", "{userdata}", 0) + more +
+             "<shortcutdirectory name=\"Killed Test\">"
+             "<shortcut name=\"Tool\" destination=\"{destination}/tool\"/>"
+             "<shortcut name=\"Remove\" preset=\"uninstall\"/></shortcutdirectory>");
+        const MString installer =
+            scratch.Join(MDecodeUTF8Exact(version) + MFile::GetFileName(GetInstaller()));
+        MFile::Rename(GetInstaller(), installer);
+        return installer;
+    }
+    static std::string Group(const std::string& path, const std::string& destination, int rewritable) {
+        return "<files path=\"" + path + "\" destination=\"" + destination + "\" rewritable=\"" +
+               std::to_string(rewritable) + "\" required=\"1\"/>";
+    }
+    void WriteSources(const std::string& directory, const std::string& version) const {
+        const auto write = [&](const std::string& name, const std::string& content) {
+            scratch.WriteFile(MDecodeUTF8Exact(directory + name), content);
+        };
+        write("/program/tool", "#!/bin/sh\nexit " + version + "\n");
+        write("/program/large.bin", MakeNoise(static_cast<uint32_t>(version[0])));
+        for (int i = 0; i < 30; ++i)
+            write("/program/sub/" + std::to_string(i) + ".txt", "text of version " + version);
+        write("/program/only-" + version + ".txt", "text");
+        write("/shared/Sounds/only-" + version + ".txt", "text");
+        write("/shared/Sounds/settings.ini", version);
+        write("/shared/Sounds/Killedpresets.xml", MakeShippedPresets(version));
+        write("/shared/Sounds/Only" + version + "presets.xml", MakeShippedPresets(version));
+        write("/user/KilledUserpresets.xml", MakeShippedPresets(version));
+    }
+    /// A file and the directories around it, as the user's own program would have made them.
+    void WriteAsUser(MString path, const std::string& content) const {
+        MWriteTestFile(path, content);
+        for (; path.StartsWith(InHome("") + "/"); path = MFile::GetDirectory(path)) MGiveToTestUser(path);
+    }
+
+    static MList<MString> Words() { return ToList({"silent", "directory:destination=to"}); }
+    [[nodiscard]] MKilledProgramResult Upgrade(int32_t fatalOperation) const {
+        return MRunKilledProgram(second, Words(), InHome(""), InHome(""), fatalOperation);
+    }
+    /// All that a run can write, without the log, which tells of one run only.
+    [[nodiscard]] MTreeSnapshot Look() const {
+        MList<MString> roots;
+        for (const MString& root : {InHome(""), userData, oldFolder, InMenu("Killed Test")}) roots.Add(root);
+        return MTreeSnapshot(roots, ToList({"InstallerLog.txt"}));
+    }
+    /// The registry is only on Linux among the files.
+    static void SpoilRegistry() { MUninstallEntry{"Test Product", "spoilt", "spoilt"}.Write(); }
+    static std::string ReadRegistry() {
+        MRegistryKey key;
+        key.Open(MRegistryRoot::LocalMachine, MString(MUninstallKeyName) + "\\Test Product");
+        return Text(key.GetValue("DisplayName")) + ", " + Text(key.GetValue("UninstallString"));
+    }
+    void ExpectUsersPresets() const {
+        const Presets wanted = ReadPresets(scratch.WriteFile("users.xml", MakeUsersPresets()));
+        ASSERT_EQ(wanted.size(), 5u);
+        for (const MString& path : presetFiles)
+            EXPECT_TRUE(ReadPresets(path) == wanted || ReadPresets(path + "backup") == wanted) << Text(path);
+    }
+    /// What an upgrade that nobody disturbs makes of the presets.
+    void ExpectMergedPresets() const {
+        for (const MString& path : presetFiles) {
+            const Presets merged = ReadPresets(path);
+            for (const char* name :
+                 {"Mine", "Init", "Only 2", "Pads/Warm", "Pads/Deep/Sea", "Pads/Deep/My Sea"})
+                EXPECT_TRUE(merged.contains(name)) << name;
+            EXPECT_NE(merged, ReadPresets(path + "backup"));
+        }
+    }
+
+    MString userData = MTestUserData(InHome(""));
+    MString oldFolder = MFile::Join(MFile::GetDirectory(userData), "Kestrum");
+    MString presetFiles[2] = {InHome("to/shared/Sounds/Killedpresets.xml"),
+                              MFile::Join(userData, "KilledUserpresets.xml")};
+    MScratchFolders folders{scratch};
+    MTreeSnapshot machine = Look();  ///< what stood there before the test
+    MString second;                  ///< the installer of version 2
+};
+
+TEST_F(KilledUpgradeTest, KeepsThePresetsAndIsCompletedByTheNextRun) {
+    const MTreeSnapshot before = Look();
+    const MProgramResult undisturbed = Start(second, Words());
+    ASSERT_EQ(undisturbed.exitCode, 0) << undisturbed.errors;
+    ExpectUsersPresets();
+    ExpectMergedPresets();
+    const MTreeSnapshot after = Look();
+    const std::string registry = ReadRegistry();
+    before.Restore();
+    ASSERT_EQ(before.DescribeChanges(Look()), "");
+    const int32_t count = Upgrade(0).operationCount;
+    ASSERT_EQ(after.DescribeChanges(Look()), "");
+    ASSERT_GE(count, 200);
+    RecordProperty("operations", count);
+
+    for (int32_t fatal = 1; fatal <= count && !HasFailure(); fatal += KILLED_UPGRADE_STRIDE) {
+        SCOPED_TRACE("killed at file operation " + std::to_string(fatal) + " of " + std::to_string(count));
+        SpoilRegistry();
+        before.Restore();
+        EXPECT_TRUE(Upgrade(fatal).isKilled);
+        ExpectUsersPresets();
+        const MProgramResult next = Start(second, Words());
+        EXPECT_EQ(next.exitCode, 0) << next.errors;
+        EXPECT_EQ(after.DescribeChanges(Look()), "");
+        EXPECT_EQ(ReadRegistry(), registry);
+    }
+}

@@ -1,0 +1,60 @@
+#pragma once
+
+#include "foundation/MXMLItem.h"
+#include "streams/MMemoryStream.h"
+#include "tests/support/MTestText.h"
+
+#include <stdexcept>
+#include <string>
+#include <utility>
+#include <vector>
+
+/// An element on one line.
+inline std::string MTestToXML(const MXMLItem& item) {
+    MMemoryStream stream;
+    item.Save(stream, true, "utf-8");
+    return {stream.GetBuffer().Get(), static_cast<size_t>(stream.GetSize())};
+}
+
+/// A preset file and its presets, in the order of the file, by their folders and names.
+class MTestPresetFile {
+public:
+    explicit MTestPresetFile(const MString& path) {
+        root.LoadFile(path);
+        Collect(root, "");
+    }
+
+    [[nodiscard]] MXMLItem& GetRoot() { return root; }
+    [[nodiscard]] const std::vector<std::pair<std::string, MXMLItem*>>& GetAll() const { return presets; }
+    [[nodiscard]] MXMLItem& Get(const std::string& name) const {
+        for (const auto& [path, preset] : presets)
+            if (path == name) return *preset;
+        throw std::out_of_range(name);
+    }
+    [[nodiscard]] MXMLItem& GetFolder(const char* name) const {
+        return *root.FindSubItem("Directory", "Name", name);
+    }
+    void Remove(const std::string& name) {
+        MXMLItem& preset = Get(name);
+        MXMLItem& parent = *preset.GetParent();
+        int32_t index = 0;
+        while (parent.GetSubItem(index) != &preset) ++index;
+        parent.RemoveSubItem(index);
+        presets.clear();
+        Collect(root, "");
+    }
+
+private:
+    void Collect(MXMLItem& level, const std::string& folder) {
+        for (int32_t i = 0; i < level.GetSubItemCount(); ++i) {
+            MXMLItem& item = *level.GetSubItem(i);
+            if (item.GetName() == "Directory")
+                Collect(item, folder + Text(item.GetAttribute("Name")) + "/");
+            else
+                presets.emplace_back(folder + Text(item.GetAttribute("name")), &item);
+        }
+    }
+
+    MXMLItem root;
+    std::vector<std::pair<std::string, MXMLItem*>> presets;
+};

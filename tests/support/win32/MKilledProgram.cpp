@@ -1,0 +1,163 @@
+#include "tests/support/MKilledProgram.h"
+
+#include "tests/support/win32/MTestProcess.h"
+
+#include <array>
+#include <cstring>
+#include <gtest/gtest.h>
+#include <map>
+
+namespace {
+
+/// The stack at the start of a call of the system: the return address, then the arguments from the first on.
+using Stack = std::array<DWORD, 10>;
+
+struct WatchedCall {
+    const char* name;
+    bool (*changesFile)(const Stack& stack);
+};
+
+constexpr DWORD OpenDisposition = 1;  // FILE_OPEN: what is missing is not created
+
+bool IsForChange(DWORD access) {
+    return (access & (GENERIC_WRITE | GENERIC_ALL | DELETE | FILE_WRITE_DATA | FILE_APPEND_DATA |
+                      FILE_WRITE_ATTRIBUTES)) != 0;
+}
+
+/// Of a FILE_INFORMATION_CLASS: times and attributes, name, link, deletion, allocation, length.
+bool IsChange(DWORD information) {
+    for (const DWORD change : {4, 10, 11, 13, 19, 20, 64, 65})
+        if (information == change) return true;
+    return false;
+}
+
+bool Always(const Stack&) {
+    return true;
+}
+
+/// What all changes of files and of the registry come down to, whoever asks for them.
+constexpr WatchedCall WatchedCalls[] = {
+    {"NtCreateFile", [](const Stack& stack) { return IsForChange(stack[2]) || stack[8] != OpenDisposition; }},
+    {"NtOpenFile", [](const Stack& stack) { return IsForChange(stack[2]); }},
+    {"NtSetInformationFile", [](const Stack& stack) { return IsChange(stack[5]); }},
+    {"NtWriteFile", Always},
+    {"NtFlushBuffersFile", Always},
+    {"NtDeleteFile", Always},
+    {"NtCreateKey", Always},
+    {"NtSetValueKey", Always},
+    {"NtDeleteKey", Always},
+    {"NtDeleteValueKey", Always},
+};
+
+/// Each call starts with the instruction "mov eax, number", of one byte and the number.
+constexpr BYTE LoadNumberCode = 0xB8;
+constexpr DWORD LoadNumberSize = 1 + sizeof(DWORD);
+constexpr BYTE BreakpointCode = 0xCC;
+
+/// Debugs a program, with a breakpoint at the start of each watched call.
+class Watcher {
+public:
+    Watcher(const MTestProcess& process, int32_t fatalOperation)
+        : process(process), fatalOperation(fatalOperation) {}
+
+    /// To the program's end.
+    MKilledProgramResult Watch();
+
+private:
+    struct Breakpoint {
+        const WatchedCall* call;
+        DWORD number;
+    };
+
+    [[nodiscard]] DWORD HandleEvent(const DEBUG_EVENT& event);
+    [[nodiscard]] DWORD HandleBreakpoint(DWORD address, DWORD threadId);
+    void PlaceBreakpoints();
+    void CountCall(const WatchedCall& call, const CONTEXT& context);
+
+    const MTestProcess& process;
+    int32_t fatalOperation;
+    std::map<DWORD, Breakpoint> breakpoints;  ///< by address
+    MKilledProgramResult result;
+};
+
+MKilledProgramResult Watcher::Watch() {
+    DEBUG_EVENT event{};
+    while (event.dwDebugEventCode != EXIT_PROCESS_DEBUG_EVENT) {
+        if (!WaitForDebugEvent(&event, MTestProcess::MillisecondsToLive)) {
+            ADD_FAILURE() << "The program does not come to an end.";
+            TerminateProcess(process.GetHandle(), static_cast<UINT>(-1));
+            break;
+        }
+        ContinueDebugEvent(event.dwProcessId, event.dwThreadId, HandleEvent(event));
+    }
+    WaitForSingleObject(process.GetHandle(), MTestProcess::MillisecondsToLive);
+    result.program = process.GetResult();
+    return result;
+}
+
+DWORD Watcher::HandleEvent(const DEBUG_EVENT& event) {
+    if (event.dwDebugEventCode == CREATE_PROCESS_DEBUG_EVENT) CloseHandle(event.u.CreateProcessInfo.hFile);
+    if (event.dwDebugEventCode == LOAD_DLL_DEBUG_EVENT) CloseHandle(event.u.LoadDll.hFile);
+    if (event.dwDebugEventCode != EXCEPTION_DEBUG_EVENT) return DBG_CONTINUE;
+    const EXCEPTION_RECORD& exception = event.u.Exception.ExceptionRecord;
+    if (exception.ExceptionCode != EXCEPTION_BREAKPOINT) return DBG_EXCEPTION_NOT_HANDLED;
+    return HandleBreakpoint(reinterpret_cast<DWORD>(exception.ExceptionAddress), event.dwThreadId);
+}
+
+DWORD Watcher::HandleBreakpoint(DWORD address, DWORD threadId) {
+    if (breakpoints.empty()) {
+        // The first one is the system's own, reached when all libraries are loaded.
+        PlaceBreakpoints();
+        return DBG_CONTINUE;
+    }
+    const auto breakpoint = breakpoints.find(address);
+    if (breakpoint == breakpoints.end()) return DBG_EXCEPTION_NOT_HANDLED;
+    const HANDLE thread = OpenThread(THREAD_ALL_ACCESS, FALSE, threadId);
+    CONTEXT context{};
+    context.ContextFlags = CONTEXT_CONTROL | CONTEXT_INTEGER;
+    GetThreadContext(thread, &context);
+    CountCall(*breakpoint->second.call, context);
+    // Does what the instruction does whose place the breakpoint has taken.
+    context.Eax = breakpoint->second.number;
+    context.Eip = address + LoadNumberSize;
+    SetThreadContext(thread, &context);
+    CloseHandle(thread);
+    return DBG_CONTINUE;
+}
+
+void Watcher::PlaceBreakpoints() {
+    // The library lies at the same address in every process.
+    const HMODULE library = GetModuleHandleW(L"ntdll.dll");
+    for (const WatchedCall& call : WatchedCalls) {
+        const auto address = reinterpret_cast<DWORD>(GetProcAddress(library, call.name));
+        auto* code = reinterpret_cast<BYTE*>(address);
+        ASSERT_TRUE(code && *code == LoadNumberCode) << call.name;
+        DWORD number;
+        std::memcpy(&number, code + 1, sizeof number);
+        breakpoints[address] = {&call, number};
+        EXPECT_TRUE(WriteProcessMemory(process.GetHandle(), code, &BreakpointCode, 1, nullptr)) << call.name;
+    }
+    FlushInstructionCache(process.GetHandle(), nullptr, 0);
+}
+
+void Watcher::CountCall(const WatchedCall& call, const CONTEXT& context) {
+    Stack stack{};
+    ReadProcessMemory(process.GetHandle(), reinterpret_cast<void*>(context.Esp), stack.data(), sizeof stack,
+                      nullptr);
+    if (!call.changesFile(stack) || process.IsOutput(reinterpret_cast<HANDLE>(stack[1]))) return;
+    if (++result.operationCount != fatalOperation) return;
+    result.isKilled = TerminateProcess(process.GetHandle(), static_cast<UINT>(-1)) != FALSE;
+}
+
+}  // namespace
+
+MKilledProgramResult MRunKilledProgram(const MString& program, const MList<MString>& arguments,
+                                       const MString& directory, const MString& /*home*/,
+                                       int32_t fatalOperation) {
+    const MTestProcess process(program, arguments, directory, DEBUG_ONLY_THIS_PROCESS);
+    if (!process.GetHandle()) {
+        ADD_FAILURE() << "The system does not let this test watch the program that it starts.";
+        return {};
+    }
+    return Watcher(process, fatalOperation).Watch();
+}
