@@ -87,7 +87,8 @@ TEST_F(DefinitionCheckTest, PresetFilesWantToBeProtected) {
         return Check(MakeDefinition(std::string("<files name=\"F\" path=\"data\" destination=\"{data}\" ") +
                                     attributes + "/>\n"));
     };
-    EXPECT_THAT(check(""), ElementsAre(StartsWith("2: warning: The preset file \"Setpresets.xml\" is replaced")));
+    EXPECT_THAT(check(""),
+                ElementsAre(StartsWith("2: warning: The preset file \"Setpresets.xml\" is replaced")));
     EXPECT_THAT(check("rewritable=\"0\""), IsEmpty());
 }
 
