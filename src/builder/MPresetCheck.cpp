@@ -6,6 +6,11 @@
 
 namespace {
 
+/// Plug-ins have files of other kinds too that are called presets.
+bool IsPresetFile(const MString& name) {
+    return name.EndsWith("presets.xml") || name.Contains("presets.active");
+}
+
 /// The name of the first preset file below an element that is not protected; empty if there is none.
 MString FindUnprotected(const MXMLItem& container) {
     if (container.GetInt32Attribute("rewritable", 1) == 0) return MString();
@@ -13,7 +18,7 @@ MString FindUnprotected(const MXMLItem& container) {
         MString name = file.GetAttribute("name", "");
         if (name.IsEmpty()) name = MFile::GetFileName(container.GetAttribute("path", ""));
         const MString op = file.GetAttribute("op", "create");
-        if (name.Contains("presets.") && (op == "create" || op == "update")) return name;
+        if (IsPresetFile(name) && (op == "create" || op == "update")) return name;
     }
     for (const MXMLItem& directory : MXMLSubItems(container, "dir")) {
         const MString name = FindUnprotected(directory);
