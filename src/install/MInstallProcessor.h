@@ -10,7 +10,8 @@
 #include <cstdint>
 
 /// The engine of every install, uninstall and update run. The definition tree is the list of work: it is
-/// walked once to count and once to perform. Nothing is journalled and nothing is rolled back.
+/// walked once to count and once to perform. Nothing is rolled back, and nothing is journalled but the merges
+/// of preset files.
 ///
 /// All of a run happens in the calling thread, synchronously.
 class MInstallProcessor {
