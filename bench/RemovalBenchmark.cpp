@@ -58,6 +58,7 @@ public:
 
     [[nodiscard]] std::vector<std::string> ListFiles() const {
         std::vector<std::string> paths;
+        paths.reserve(FileCount);
         for (int32_t i = 0; i < FileCount; ++i)
             paths.push_back(MEncodeUTF8Exact(MFile::Join(GetDirectory(root, i), GetName(i))));
         return paths;

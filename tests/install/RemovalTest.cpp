@@ -140,10 +140,11 @@ TEST_F(RemovalTest, AStateThatLeadsElsewhereRemovesNothing) {
         "<files enabled=\"1\" currentpath=\"{to}/in\"><dir name=\"..\"><file name=\"victim\"/></dir></files>",
         "<shortcutdirectory name=\"../../target\"><shortcut name=\"victim\"/></shortcutdirectory>",
     };
-    for (std::string state : states) {
-        const std::string target = Text(GetTarget());
-        for (size_t at; (at = state.find("{to}")) != std::string::npos;) state.replace(at, 4, target);
-        Put("setup.state", "<install name=\"x\" mainpath=\"" + target + "\">" + state + "</install>");
+    for (const char* content : states) {
+        std::string state = std::string("<install name=\"x\" mainpath=\"{to}\">") + content + "</install>";
+        for (size_t at; (at = state.find("{to}")) != std::string::npos;)
+            state.replace(at, 4, Text(GetTarget()));
+        Put("setup.state", state);
         EXPECT_THAT(FailureOf([this] { Remove(); }), testing::HasSubstr("leads out of its directory"))
             << state;
         EXPECT_EQ(Read("victim"), "1");
