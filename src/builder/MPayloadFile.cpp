@@ -4,9 +4,7 @@
 #include "foundation/MFile.h"
 #include "foundation/MRaise.h"
 #include "payload/MPayloadFormat.h"
-#include "streams/MBZIPStream.h"
-#include "streams/MMemoryStream.h"
-#include "streams/MZLibStream.h"
+#include "payload/MPayloadIndex.h"
 
 using namespace MPayloadFormat;
 
@@ -67,24 +65,7 @@ MString MPayloadFile::GetDigestText() const {
 std::string MPayloadFile::ReadIndexText() {
     stream->Seek(GetItemsSize(), MSeekOrigin::Begin);
     MSizeStream stored(stream.get(), indexSize, true, false);
-    const std::unique_ptr<MStream> plain =
-        flags & IndexCompressed ? MOpenDecompressor(stored, flags) : nullptr;
-    MStream& source = plain ? *plain : stored;
-    std::string text;
-    char piece[0x10000];
-    int32_t count;
-    // Attaching has read it already, and found its size in bounds.
-    while ((count = source.Read(piece, sizeof piece)) > 0) text.append(piece, static_cast<size_t>(count));
-    return text;
-}
-
-std::unique_ptr<MStream> MOpenDecompressor(MStream& source, uint32_t flags) {
-    if (flags & UseBzip2) {
-        auto reader = std::make_unique<MBZIPStream>();
-        reader->Open(&source);
-        return reader;
-    }
-    auto reader = std::make_unique<MZLibStream>();
-    reader->Open(&source, false);
-    return reader;
+    MMemoryStream text;
+    MReadPayloadIndex(stored, flags, text);
+    return {text.GetBuffer().Get(), static_cast<size_t>(text.GetSize())};
 }

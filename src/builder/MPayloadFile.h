@@ -46,6 +46,3 @@ private:
     uint8_t digest[MMD5Stream::DigestSize] = {};
     MLargeResourceLibrary library;
 };
-
-/// A new decompressor for what a payload holds, by its flags; it is not the owner of the source.
-[[nodiscard]] std::unique_ptr<MStream> MOpenDecompressor(MStream& source, uint32_t flags);

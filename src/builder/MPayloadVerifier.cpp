@@ -3,6 +3,7 @@
 #include "foundation/MFile.h"
 #include "foundation/MRaise.h"
 #include "payload/MPayloadFormat.h"
+#include "payload/MPayloadIndex.h"
 
 namespace {
 

@@ -3,10 +3,8 @@
 #include "foundation/MException.h"
 #include "payload/MLargeResourceLibraryStream.h"
 #include "payload/MPayloadFormat.h"
-#include "streams/MBZIPStream.h"
+#include "payload/MPayloadIndex.h"
 #include "streams/MMD5Stream.h"
-#include "streams/MMemoryStream.h"
-#include "streams/MZLibStream.h"
 
 #include <cstring>
 
@@ -16,19 +14,6 @@ namespace {
 
 [[noreturn]] void RaiseInvalidFormat() {
     MRaise(MExceptionStreamError, "Invalid large resource library format.");
-}
-
-void CopyUpTo(MStream& source, MStream& target, int64_t maximumSize) {
-    MBuffer piece(0x10000);
-    int64_t copied = 0;
-    int32_t count;
-    // A short read is the end: a decompressor must not be asked beyond it.
-    do {
-        count = source.Read(piece.EditBlock(), piece.GetSize());
-        copied += count;
-        if (copied > maximumSize) RaiseInvalidFormat();
-        target.Write(piece.GetBlock(), count);
-    } while (count == piece.GetSize());
 }
 
 }  // namespace
@@ -53,7 +38,7 @@ void MLargeResourceLibrary::Attach(MStream* stream) {
     library->ReadRequired(stored.EditBlock(), stored.GetSize());
     MMemoryStream index(stored);
     MMemoryStream text;
-    ReadIndex(index, flags, text);
+    MReadPayloadIndex(index, flags, text);
 
     text.CopyAllTo(hash);
     hash.Finish();
@@ -65,30 +50,12 @@ void MLargeResourceLibrary::Attach(MStream* stream) {
     Load(text);
 }
 
-void MLargeResourceLibrary::ReadIndex(MStream& index, uint32_t flags, MMemoryStream& text) const {
-    if (flags & IndexCompressed)
-        CopyUpTo(*OpenDecompressor(index), text, MaximumIndexTextSize);
-    else
-        CopyUpTo(index, text, MaximumIndexTextSize);
-    text.Rewind();
-}
-
-std::unique_ptr<MStream> MLargeResourceLibrary::OpenDecompressor(MStream& source) const {
-    if (useBzip2) {
-        auto reader = std::make_unique<MBZIPStream>();
-        reader->Open(&source);
-        return reader;
-    }
-    auto reader = std::make_unique<MZLibStream>();
-    reader->Open(&source, false, 0);
-    return reader;
-}
-
 std::unique_ptr<MStream> MLargeResourceLibrary::OpenItem(MXMLItem* item) {
     const int64_t start = item->GetInt64Attribute("filestart");
     const int64_t size = item->GetInt64Attribute("filesize");
     if (start < 0 || size < 0) RaiseInvalidFormat();
     library->Seek(start, MSeekOrigin::Begin);
     if (!itemsCompressed) return std::make_unique<MLargeResourceLibraryStream>(library, size);
-    return std::make_unique<MLargeResourceLibraryStream>(OpenDecompressor(*library), size);
+    const uint32_t flags = useBzip2 ? uint32_t{UseBzip2} : 0;
+    return std::make_unique<MLargeResourceLibraryStream>(MOpenDecompressor(*library, flags), size);
 }

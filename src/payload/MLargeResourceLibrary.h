@@ -26,9 +26,6 @@ public:
     [[nodiscard]] bool IsBzip2Used() const { return useBzip2; }
 
 private:
-    std::unique_ptr<MStream> OpenDecompressor(MStream& source) const;
-    void ReadIndex(MStream& index, uint32_t flags, class MMemoryStream& text) const;
-
     MStream* library = nullptr;
     bool itemsCompressed = false;
     bool useBzip2 = false;

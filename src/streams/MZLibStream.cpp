@@ -30,6 +30,7 @@ MZLibStream::~MZLibStream() noexcept(false) {
 void MZLibStream::Open(MStream* newSource, bool compress, int32_t level) {
     Close();
     plainCount = 0;
+    isComplete = false;
     isCompressing = compress;
     if (!newSource) return;
 
@@ -106,6 +107,7 @@ int32_t MZLibStream::Read(void* block, int32_t size) {
     while (state->avail_out > 0 && result != Z_STREAM_END) {
         if (state->avail_in == 0) ReadSource();
         result = inflate(state.get(), Z_NO_FLUSH);
+        isComplete = result == Z_STREAM_END;
         if (result == Z_NEED_DICT || (result < 0 && result != Z_BUF_ERROR))
             RaiseInvalidContent(MExceptionStreamError);
     }

@@ -35,6 +35,8 @@ public:
     /// Short only at the end of the compressed data. Raises "Source compressed stream has invalid content.",
     /// with code 0 if the source ends too early and 0x100 if the data are corrupt.
     int32_t Read(void* block, int32_t size) override;
+    /// Whether reading has come to the end of the compressed data.
+    [[nodiscard]] bool IsComplete() const { return isComplete; }
     /// The count of plain bytes that have passed.
     int64_t GetPosition() override { return plainCount; }
     void Flush() override;
@@ -56,4 +58,5 @@ private:
     uint8_t inputArea[AreaSize];
     uint8_t outputArea[AreaSize];
     int64_t plainCount = 0;
+    bool isComplete = false;
 };

@@ -62,6 +62,7 @@ TEST_F(PackTest, EveryFormComesBackWhole) {
         ASSERT_EQ(Pack("out.run", {"--define", "kept=x", "--compression", compression, "--threads", "3"}), 0)
             << JoinComplaints();
         EXPECT_EQ(Run({"verify", "@out.run"}), MBuilderExitDone) << JoinComplaints();
+        EXPECT_NE(Inspect("out.run").find("custom=\"x\""), std::string::npos);
         const std::string folder = std::string("@unpacked-") + compression;
         ASSERT_EQ(Run({"extract", "@out.run", "--output", folder}), MBuilderExitDone) << JoinComplaints();
 

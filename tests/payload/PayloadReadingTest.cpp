@@ -50,6 +50,21 @@ TEST_P(PayloadWithFlags, GivesItemsBackInAnyOrderAndAgain) {
     }
 }
 
+// An index that ended just where a piece of the reader did was asked for more, and refused.
+TEST_P(PayloadWithFlags, ReadsAnIndexOfAnySize) {
+    for (const size_t size : {65535u, 65536u, 65537u, 131072u}) {
+        const std::string begin = "<install pad=\"";
+        const std::string end = "\"/>";
+        const std::string pad(size - begin.size() - end.size(), 'x');
+        std::string xml = begin;
+        const std::string bytes = MTestPayload(GetParam()).Finish(xml.append(pad).append(end));
+        MMemoryStream stream = AsStream(bytes);
+        MLargeResourceLibrary library;
+        library.Attach(&stream);
+        EXPECT_EQ(library.GetAttribute("pad").GetLength(), static_cast<int32_t>(pad.size())) << size;
+    }
+}
+
 TEST_P(PayloadWithFlags, SeeksForwardAndBackwardOnlyWhenStored) {
     MTestPayload payload(GetParam());
     const std::string content = MakeContent(50000);
