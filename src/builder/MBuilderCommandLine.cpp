@@ -27,6 +27,9 @@ const char* const VerifyExamples = "Example:\n"
 const char* const ExtractExamples = "Example:\n"
                                     "  setup-builder extract Product.exe --output unpacked\n"
                                     "  setup-builder pack unpacked/definition.xml --output Again.exe";
+const char* const BlobExamples = "Examples:\n"
+                                 "  setup-builder blob pictures style.xml --output Dark.mstyle\n"
+                                 "  setup-builder blob Dark.mstyle";
 const char* const Overview = "Run \"setup-builder COMMAND --help\" for a command's options and examples.\n"
                              "Exit codes: 0 done, 1 failed or problems found, 2 wrong command line.";
 
@@ -38,9 +41,14 @@ std::string CheckPartSize(const std::string& bytes) {
     return bytes + " bytes are too small for a part; the least is 64K";
 }
 
+std::string CheckNotEmpty(const std::string& text) {
+    return text.empty() ? "the name is empty" : "";
+}
+
 /// The options as the parser fills them: bytes of UTF-8.
 struct RawOptions {
     std::string input;
+    std::string description;
     std::string output;
     std::string stub;
     std::string form = "exe";
@@ -77,6 +85,7 @@ public:
         AddInspect();
         AddVerify();
         AddExtract();
+        AddBlob();
     }
 
     void Parse(const MList<MString>& arguments) {
@@ -105,6 +114,7 @@ public:
         MBuilderOptions options;
         options.command = commands.at(app.get_subcommands().front());
         options.input = MDecodeUTF8Exact(raw.input);
+        options.description = MDecodeUTF8Exact(raw.description);
         options.output = MDecodeUTF8Exact(raw.output);
         options.stub = MDecodeUTF8Exact(raw.stub);
         options.form = GetForm(raw.form);
@@ -207,6 +217,18 @@ private:
         extract.add_option("--output", raw.output, "The directory to write; new or empty")
             ->required()
             ->type_name("DIR");
+    }
+
+    void AddBlob() {
+        CLI::App& blob = AddCommand(MBuilderCommand::Blob, "blob",
+                                    "Packs a folder into a resource blob, or lists one", BlobExamples);
+        AddInput(blob, "INPUT", "The folder to pack, or the blob to list");
+        CLI::Option* description =
+            blob.add_option("DESCRIPTION", raw.description, "The XML file that the blob's items belong to")
+                ->check(CheckNotEmpty);
+        CLI::Option* output = blob.add_option("--output", raw.output, "The blob to write")->type_name("FILE");
+        description->needs(output);
+        output->needs(description);
     }
 
     RawOptions raw;

@@ -6,7 +6,7 @@
 #include <cstdint>
 
 /// What the tool is to do.
-enum class MBuilderCommand { Pack, Check, Inspect, Verify, Extract };
+enum class MBuilderCommand { Pack, Check, Inspect, Verify, Extract, Blob };
 
 /// How a payload is delivered.
 enum class MPayloadForm {
@@ -26,9 +26,10 @@ struct MBuilderOptions {
     static constexpr int64_t DefaultPartSize = 100 * 1024 * 1024;
 
     MBuilderCommand command = MBuilderCommand::Pack;
-    MString input;   ///< the definition, or the file to look into
-    MString output;  ///< a file for packing, a directory for extracting
-    MString stub;    ///< the setup program; empty for the one beside the tool
+    MString input;        ///< the definition, the folder of a blob, or the file to look into
+    MString description;  ///< of a blob; empty to list one
+    MString output;       ///< a file for packing, a directory for extracting
+    MString stub;         ///< the setup program; empty for the one beside the tool
     MPayloadForm form = MPayloadForm::Executable;
     int64_t partSize = DefaultPartSize;
     MCompression compression = MCompression::Bzip2;

@@ -1,5 +1,6 @@
 #include "builder/MRunBuilder.h"
 
+#include "builder/MBlobCommand.h"
 #include "builder/MBuilderCommandLine.h"
 #include "builder/MCheckCommand.h"
 #include "builder/MConsoleOutput.h"
@@ -44,6 +45,7 @@ int32_t RunCommand(const MBuilderOptions& options, MBuilderOutput& output) {
     case MBuilderCommand::Inspect: return Inspect(options, output);
     case MBuilderCommand::Verify: return Verify(options, output);
     case MBuilderCommand::Extract: return Extract(options, output);
+    case MBuilderCommand::Blob: return MRunBlobCommand(options, output);
     }
     return MBuilderExitWrongUsage;
 }

@@ -27,6 +27,11 @@ TEST_F(BuilderCommandLineTest, WrongUsageIsTwo) {
         {"check", "a.xml", "b.xml"},
         {"extract", "a.run"},
         {"verify", "a.run", "--xml"},
+        {"blob"},
+        {"blob", "a", "b.xml"},
+        {"blob", "a", "--output", "c"},
+        {"blob", "a", "", "--output", "c"},
+        {"blob", "a", "b.xml", "c.xml", "--output", "d"},
     };
     for (const auto& line : lines) {
         EXPECT_EQ(Run(line), MBuilderExitWrongUsage) << testing::PrintToString(line);
@@ -55,7 +60,7 @@ TEST_F(BuilderCommandLineTest, PartSizesHaveUnits) {
 }
 
 TEST_F(BuilderCommandLineTest, EveryCommandHelpsWithExamples) {
-    for (const char* command : {"pack", "check", "inspect", "verify", "extract"}) {
+    for (const char* command : {"pack", "check", "inspect", "verify", "extract", "blob"}) {
         EXPECT_EQ(Run({command, "--help"}), MBuilderExitDone);
         EXPECT_THAT(output.told, testing::HasSubstr(std::string("  setup-builder ") + command));
     }
@@ -63,7 +68,7 @@ TEST_F(BuilderCommandLineTest, EveryCommandHelpsWithExamples) {
 }
 
 TEST_F(BuilderCommandLineTest, FailuresAreOneAndNameTheFile) {
-    for (const char* command : {"check", "inspect", "verify"}) {
+    for (const char* command : {"check", "inspect", "verify", "blob"}) {
         EXPECT_EQ(Run({command, "@missing \xC3\xA4.xml"}), MBuilderExitFailed);
         EXPECT_THAT(JoinComplaints(), testing::HasSubstr("missing \xC3\xA4.xml"));
     }

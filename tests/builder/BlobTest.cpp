@@ -1,0 +1,143 @@
+#include "foundation/MFile.h"
+#include "streams/MResourceLibrary.h"
+#include "tests/builder/BuilderFixture.h"
+
+using testing::HasSubstr;
+
+namespace {
+
+class BlobTest : public BuilderFixture {
+protected:
+    int32_t PackBlob() { return Run({"blob", "@pictures", "@style.xml", "--output", "@out.mstyle"}); }
+
+    /// Packs, is refused, and leaves nothing behind.
+    void ExpectRefused(const std::string& reason) {
+        EXPECT_EQ(PackBlob(), MBuilderExitFailed);
+        EXPECT_THAT(JoinComplaints(), HasSubstr(reason));
+        EXPECT_THAT(scratch.ListTree(), testing::Not(HasSubstr("out.mstyle")));
+    }
+
+    static std::string ReadItem(MResourceLibrary& library, const char* id, size_t size) {
+        std::string content(size, 0);
+        library.GetResource(id).Open().ReadRequired(content.data(), static_cast<int32_t>(size));
+        return content;
+    }
+
+    void WritePictures() {
+        scratch.WriteFile(
+            "style.xml",
+            "<mstyle name=\"\xF0\x9F\x98\x80 smile\"><colors a=\"&lt;&#10;\">red  green</colors><resources>"
+            "<resourcecursors_arrow hotx=\"3\" id=\"old\" compressed=\"1\"/>"
+            "</resources><fonts/></mstyle>");
+        scratch.WriteFile("pictures/icons/Play.png", text);
+        scratch.WriteFile("pictures/cursors/arrow.cur", "arrow");
+        scratch.WriteFile("pictures/a.b-c.txt", "");
+    }
+
+    const std::string text = std::string(5000, 'p');
+};
+
+TEST_F(BlobTest, AFolderAndItsDescriptionBecomeABlob) {
+    WritePictures();
+    ASSERT_EQ(PackBlob(), MBuilderExitDone) << JoinComplaints();
+    EXPECT_THAT(output.told, HasSubstr("out.mstyle: 3 items, 5005 bytes in, "));
+
+    MResourceLibrary library;
+    library.LoadFile(scratch.Join("out.mstyle"));
+    EXPECT_EQ(Text(library.GetRoot().GetName()), "mstyle");
+    EXPECT_EQ(Text(library.GetRoot().GetAttribute("name")), "\xF0\x9F\x98\x80 smile");
+    EXPECT_EQ(Text(library.GetRoot().GetSubItem("colors")->GetAttribute("a")), "<\n");
+    EXPECT_EQ(Text(library.GetRoot().GetSubItem("colors")->GetValue()), "red  green");
+    EXPECT_EQ(Text(library.GetRoot().GetSubItem(2)->GetName()), "fonts");
+    ASSERT_EQ(library.GetResourceCount(), 3);
+    EXPECT_EQ(ReadItem(library, "icons_play", text.size()), text);
+    EXPECT_EQ(ReadItem(library, "cursors_arrow", 5), "arrow");
+    EXPECT_EQ(library.GetResource("a.b-c").GetStoredSize(), 0);
+    EXPECT_TRUE(library.GetResource("icons_play").IsCompressed());
+    EXPECT_LT(library.GetResource("icons_play").GetStoredSize(), 100);
+    EXPECT_FALSE(library.GetResource("cursors_arrow").IsCompressed());
+    EXPECT_EQ(library.GetResource("cursors_arrow").GetItem().GetInt32Attribute("hotx"), 3);
+    EXPECT_EQ(Text(library.GetResource("icons_play").GetItem().GetName()), "resourceicons_Play");
+}
+
+TEST_F(BlobTest, TheSameSourcesGiveTheseBytes) {
+    scratch.WriteFile("style.xml", "<m/>");
+    scratch.WriteFile("pictures/b/x", std::string(40, 'x'));
+    scratch.WriteFile("pictures/a.txt", "hello");
+    ASSERT_EQ(PackBlob(), MBuilderExitDone) << JoinComplaints();
+    MMemoryStream blob;
+    const std::string bytes = scratch.ReadFile("out.mstyle");
+    blob.Write(bytes.data(), static_cast<int32_t>(bytes.size()));
+    EXPECT_EQ(Text(blob.LoadHexText()),
+              "000000007B0000001100000078DA4DCD410A02310C05D0BDA708D96BAD30E0A2E91C45C64E2A05DB"
+              "48332383A7B70A5277F99FFF881BB77C8727574D5208EDE188C025C89CCA8D705DE2FE8CA3DFB9EC"
+              "5D6595B506D67E4E9066C2094162545E089BD6F462C2014D9F5D2F1B04C98F96951BB0F875ADEE72"
+              "F8497BFA50F3F7CD64FF06FB38363A68656C6C6F78DAABA8200E0000809712C1");
+}
+
+TEST_F(BlobTest, TheListNamesEveryItem) {
+    WritePictures();
+    ASSERT_EQ(PackBlob(), MBuilderExitDone) << JoinComplaints();
+    ASSERT_EQ(Run({"blob", "@out.mstyle"}), MBuilderExitDone) << JoinComplaints();
+    EXPECT_THAT(output.told, testing::StartsWith("root        mstyle\ndata        "));
+    EXPECT_THAT(output.told, HasSubstr("items       3\n"));
+    EXPECT_THAT(output.told, HasSubstr("           0            0  plain  a.b-c\n"));
+    EXPECT_THAT(output.told, HasSubstr("           0            5  plain  cursors_arrow\n"));
+    EXPECT_THAT(output.told, HasSubstr("  zlib   icons_Play\n"));
+}
+
+TEST_F(BlobTest, TheDescriptionInTheFolderIsNoItemAndTheOutputStaysOutside) {
+    scratch.WriteFile("pictures/style.xml", "<m/>");
+    scratch.WriteFile("pictures/a", "a");
+    EXPECT_EQ(Run({"blob", "@pictures", "@pictures/style.xml", "--output", "@out.mstyle"}), MBuilderExitDone)
+        << JoinComplaints();
+    EXPECT_THAT(output.told, HasSubstr("1 items"));
+    EXPECT_EQ(Run({"blob", "@pictures", "@pictures/style.xml", "--output", "@pictures/b"}),
+              MBuilderExitFailed);
+    EXPECT_THAT(JoinComplaints(), HasSubstr("is in the folder to pack"));
+    scratch.WriteFile("x.xml", "<m/>");
+    EXPECT_EQ(Run({"blob", "@pictures", "@x.xml", "--output", "@x.xml"}), MBuilderExitFailed);
+    EXPECT_EQ(scratch.ReadFile("x.xml"), "<m/>");
+    EXPECT_EQ(scratch.ListTree(), "out.mstyle\npictures/\npictures/a\npictures/style.xml\nstub\nx.xml\n");
+}
+
+TEST_F(BlobTest, NamesThatMakeNoIdAreRefused) {
+    for (const char* name : {"my icon.png", ".hidden", "a&b.png", "\xC3\xA4.png", "deep er/x"}) {
+        scratch.WriteFile("style.xml", "<m/>");
+        scratch.WriteFile("pictures/" + Name(name), "x");
+        ExpectRefused("cannot be an item");
+        MFile::DeleteTree(scratch.Join("pictures"));
+    }
+}
+
+TEST_F(BlobTest, FilesOfOneIdAreRefused) {
+    scratch.WriteFile("style.xml", "<m/>");
+    scratch.WriteFile("pictures/a/b.png", "x");
+    scratch.WriteFile("pictures/A_b.jpg", "y");
+    ExpectRefused("have one id, ");
+}
+
+TEST_F(BlobTest, DescriptionsThatDoNotFitAreRefused) {
+    scratch.WriteFile("pictures/a", "x");
+    ExpectRefused("style.xml\" could not be open");
+    scratch.WriteFile("style.xml", "<m>\n<b>\n</m>");
+    ExpectRefused("style.xml:3: Invalid file contents. Invalid closing element name.");
+    scratch.WriteFile("style.xml", "<m><resources><resourceb offset=\"0\"/></resources></m>");
+    ExpectRefused("an element \"resourceb\", and the folder has no file for it");
+}
+
+TEST_F(BlobTest, WhatIsNoBlobIsNotListed) {
+    WritePictures();
+    ASSERT_EQ(PackBlob(), MBuilderExitDone) << JoinComplaints();
+    const std::string blob = scratch.ReadFile("out.mstyle");
+    scratch.WriteFile("cut", blob.substr(0, blob.size() - 1));
+    for (const char* name : {"@cut", "@style.xml", "@pictures"}) {
+        EXPECT_EQ(Run({"blob", name}), MBuilderExitFailed) << name;
+        EXPECT_EQ(output.told, "") << name;
+        EXPECT_EQ(output.complaints.size(), 1u) << name;
+    }
+    EXPECT_EQ(Run({"blob", "@stub", "@style.xml", "--output", "@x"}), MBuilderExitFailed);
+    EXPECT_THAT(JoinComplaints(), HasSubstr("is no folder"));
+}
+
+}  // namespace
