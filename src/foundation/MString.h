@@ -124,7 +124,7 @@ public:
     void RemoveBlanks();
     void RemoveNewlines();
     void ChangeBlanksToSpaces();
-    /// Keeps the characters that `filter.Accepts(MChar)` accepts.
+    /// Keeps the characters that `filter.Accept(MChar)` accepts (see MCharFilter.h).
     template <class Filter>
     void KeepAccepted(const Filter& filter);
     [[nodiscard]] MString ToLower() const;
@@ -171,6 +171,6 @@ template <class Filter>
 void MString::KeepAccepted(const Filter& filter) {
     MString kept;
     for (int32_t i = 0; i < length; ++i)
-        if (filter.Accepts((*this)[i])) kept.Append((*this)[i]);
+        if (filter.Accept((*this)[i])) kept.Append((*this)[i]);
     *this = kept;
 }
