@@ -3,6 +3,7 @@
 option(BUILD_TESTING "Build the tests" ON)
 option(CORVANTH_STATIC_LIBRARIES "Link the third-party and runtime libraries into the programs" OFF)
 option(CORVANTH_SANITIZE "Build with address, leak and undefined behaviour sanitizers" OFF)
+option(CORVANTH_SANITIZE_THREADS "Build with the thread sanitizer" OFF)
 option(CORVANTH_BENCHMARKS "Build the benchmarks in bench/" OFF)
 option(CORVANTH_FUZZERS "Build the fuzz targets in fuzz/; needs clang" OFF)
 set(CORVANTH_EXAMPLE_PLUGINS "$ENV{HOME}/.cache/corvanth-setup/example-plugins" CACHE PATH
@@ -54,4 +55,9 @@ if(CORVANTH_SANITIZE)
     if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
         target_compile_options(corvanth-options INTERFACE -Wno-maybe-uninitialized)
     endif()
+endif()
+
+if(CORVANTH_SANITIZE_THREADS)
+    target_compile_options(corvanth-options INTERFACE -O1 -g -fno-omit-frame-pointer -fsanitize=thread)
+    target_link_options(corvanth-options INTERFACE -fsanitize=thread)
 endif()

@@ -5,10 +5,13 @@
 #include "foundation/MPlatform.h"
 #include "streams/MStdFileStream.h"
 
+#include <atomic>
+
 namespace {
 
 MModule* instanceModule = nullptr;
 MModule* hostModule = nullptr;
+std::atomic<bool> processEnding = false;
 
 void* DispatchService(const MString& service, void* argument) {
     return instanceModule ? instanceModule->CallService(service, argument) : nullptr;
@@ -69,6 +72,14 @@ void MModule::SetInstance(MModule* module) {
 
 MModule* MModule::GetHost() {
     return hostModule;
+}
+
+bool MModule::IsProcessEnding() {
+    return processEnding;
+}
+
+void MModule::SetProcessEnding(bool ending) {
+    processEnding = ending;
 }
 
 void MModule::AddService(const MString& name, ServiceFunction function) {

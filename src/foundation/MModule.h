@@ -1,5 +1,6 @@
 #pragma once
 
+#include "foundation/MEventTarget.h"
 #include "foundation/MList.h"
 #include "foundation/MString.h"
 #include "streams/MConsoleStream.h"
@@ -21,7 +22,7 @@ public:
 ///
 /// Made and initialised on the main thread before anything else starts; `FilePath` and `Name` do not
 /// change afterwards and may be read by any thread.
-class MModule : public MObject {
+class MModule : public MEventTarget {
 public:
     using ServiceFunction = void* (*)(void* argument);
     /// What a plug-in file is handed when it is loaded: a dispatcher of services by name and the text of
@@ -53,6 +54,10 @@ public:
     static void SetInstance(MModule* module);
     /// The first module that was made in the process.
     [[nodiscard]] static MModule* GetHost();
+
+    /// Whether the process is ending from inside a library entry, where no thread can be waited for.
+    [[nodiscard]] static bool IsProcessEnding();
+    static void SetProcessEnding(bool ending);
 
     /// Canonical path of the executable or the plug-in file.
     [[nodiscard]] const MString& GetFilePath() const { return FilePath; }

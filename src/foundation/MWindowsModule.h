@@ -1,6 +1,13 @@
 #pragma once
 
 #include "foundation/MModule.h"
+#include "foundation/MTimer.h"
 
 /// The module of a program with windows.
-class MWindowsModule : public MModule {};
+class MWindowsModule : public MModule, public MTimer {
+public:
+    MWindowsModule() = default;
+    ~MWindowsModule() override = default;
+
+    void OnTimer() override {}
+};

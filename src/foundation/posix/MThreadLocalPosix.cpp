@@ -1,0 +1,24 @@
+#include "foundation/MThreadLocal.h"
+
+#include "foundation/MException.h"
+
+#include <pthread.h>
+
+static_assert(sizeof(pthread_key_t) == sizeof(uint32_t));
+
+MThreadLocal::MThreadLocal() {
+    if (pthread_key_create(&slot, nullptr) != 0)
+        MRaise(MExceptionGeneral, "Could not create thread local storage.");
+}
+
+MThreadLocal::~MThreadLocal() {
+    pthread_key_delete(slot);
+}
+
+void* MThreadLocal::Get() const {
+    return pthread_getspecific(slot);
+}
+
+void MThreadLocal::Set(void* value) {
+    pthread_setspecific(slot, value);
+}
