@@ -14,7 +14,7 @@ public:
     ~MThreadLocal() override;
 
     [[nodiscard]] void* Get() const;
-    void Set(void* value);
+    void Set(void* value) const;
 
 private:
     uint32_t slot = 0;

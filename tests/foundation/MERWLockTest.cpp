@@ -97,6 +97,7 @@ TEST(MERWLockTest, ReadersWritersAndUpgradersNeverSeeHalfAChange) {
         if (upgrade) write();
     };
     std::vector<std::thread> workers;
+    workers.reserve(6);
     for (int32_t i = 0; i < 6; ++i)
         workers.emplace_back([&, i] {
             while (steady_clock::now() < end) i % 3 == 0 ? write() : read(i % 3 == 1);

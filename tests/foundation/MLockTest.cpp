@@ -75,6 +75,7 @@ TYPED_TEST(OwnedLockTest, ThreadsThatHammerLoseNoCount) {
     int64_t shared = 0;
     std::vector<int64_t> counts(threads);
     std::vector<std::thread> workers;
+    workers.reserve(threads);
     for (int32_t i = 0; i < threads; ++i)
         workers.emplace_back([&, i] {
             while (steady_clock::now() < end) {

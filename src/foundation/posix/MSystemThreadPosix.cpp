@@ -69,7 +69,7 @@ struct MSystemThread::System {
 };
 
 MSystemThread::MSystemThread(Body body, void* argument) : system(std::make_unique<System>()) {
-    auto start = std::make_unique<Start>(system->progress, body, argument);
+    auto start = std::make_unique<Start>(Start{system->progress, body, argument});
     if (pthread_create(&system->thread, nullptr, RunThread, start.get()) != 0)
         MRaise(MExceptionGeneral, "Could not create system thread.");
     static_cast<void>(start.release());

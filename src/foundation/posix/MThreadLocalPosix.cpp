@@ -19,6 +19,6 @@ void* MThreadLocal::Get() const {
     return pthread_getspecific(slot);
 }
 
-void MThreadLocal::Set(void* value) {
+void MThreadLocal::Set(void* value) const {
     pthread_setspecific(slot, value);
 }

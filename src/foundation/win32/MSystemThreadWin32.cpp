@@ -25,7 +25,7 @@ struct MSystemThread::System {
 };
 
 MSystemThread::MSystemThread(Body body, void* argument) : system(std::make_unique<System>()) {
-    auto start = std::make_unique<Start>(body, argument);
+    auto start = std::make_unique<Start>(Start{body, argument});
     system->handle = CreateThread(nullptr, 0, RunThread, start.get(), CREATE_SUSPENDED, &system->identifier);
     if (!system->handle) MRaise(MExceptionGeneral, "Could not create system thread.");
     static_cast<void>(start.release());

@@ -15,6 +15,6 @@ void* MThreadLocal::Get() const {
     return TlsGetValue(slot);
 }
 
-void MThreadLocal::Set(void* value) {
+void MThreadLocal::Set(void* value) const {
     TlsSetValue(slot, value);
 }
