@@ -56,7 +56,7 @@ bool MEncoding::Reader::TryReadUnit(char16_t& unit) {
 
 std::string_view MEncoding::Reader::PeekBytes() {
     if (readIndex == fillCount) Fill();
-    return {buffer.Get() + readIndex, static_cast<size_t>(fillCount - readIndex)};
+    return GetBufferedBytes();
 }
 
 bool MEncoding::Reader::ReadLineBytes(std::string_view& bytes) {

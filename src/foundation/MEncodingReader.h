@@ -27,6 +27,10 @@ public:
 
     /// The bytes that stand in the buffer, after a read if it was used up; empty at the end of data.
     [[nodiscard]] std::string_view PeekBytes();
+    /// The bytes that stand in the buffer; never reads.
+    [[nodiscard]] std::string_view GetBufferedBytes() const {
+        return {buffer.Get() + readIndex, static_cast<size_t>(fillCount - readIndex)};
+    }
     /// Takes bytes that `PeekBytes` has shown.
     void SkipBytes(int32_t count) { readIndex += count; }
     /// Takes the raw bytes of a line as `Codec::ReadLine` splits them; they stay valid until the next

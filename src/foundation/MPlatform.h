@@ -23,7 +23,8 @@ public:
     [[nodiscard]] static MString GetModulePath(void* instance);
     /// A path in the form in which other programs expect to read it: with backslashes where the system has them.
     [[nodiscard]] static MString GetPathText(const MString& path);
-    /// What the library needs of the system for the whole run of a program, and its end.
+    /// What the library needs of the system for the whole run of a program, the network among it, and its end.
+    /// Calls come in pairs, which may nest.
     static void StartSubsystems();
     static void StopSubsystems();
     static void Sleep(int32_t milliseconds);

@@ -160,8 +160,9 @@ bool MStdFileStream::IsEnd() {
 
 void MStdFileStream::Truncate() {
     const int64_t position = GetPosition();
-    Flush();
-    if (!writeHandle || !MTruncateRuntimeFile(writeHandle, position)) RaiseWriteError();
+    // Flushed in either direction: what was read ahead beyond the new end must not be read any more.
+    if (!writeHandle || std::fflush(writeHandle) != 0 || !MTruncateRuntimeFile(writeHandle, position))
+        RaiseWriteError();
     Seek(position, MSeekOrigin::Begin);
 }
 

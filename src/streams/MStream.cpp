@@ -147,7 +147,7 @@ MString MStream::LoadText(bool rewind) {
     char piece[TextPieceSize];
     int32_t count;
     do {
-        count = Read(piece, TextPieceSize);
+        count = std::max(Read(piece, TextPieceSize), 0);
         std::replace(piece, piece + count, '\0', '\n');
         text.Append(piece, count);
     } while (count == TextPieceSize);

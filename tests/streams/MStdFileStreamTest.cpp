@@ -115,6 +115,16 @@ TEST_F(MStdFileStreamTest, SizesAndTheEnd) {
     EXPECT_EQ(scratch.ReadFile("a"), "0123!");
 }
 
+// Seeking fills the runtime library's buffer; what it held beyond the cut was still read afterwards.
+TEST_F(MStdFileStreamTest, WhatIsCutAwayIsNotReadAnyMore) {
+    stream.Open(scratch.WriteFile("a", "good bytes, bad bytes"), MOpenWrite);
+    stream.Seek(10, MSeekOrigin::Begin);
+    stream.Truncate();
+    stream.Rewind();
+    char bytes[32];
+    EXPECT_EQ(stream.Read(bytes, sizeof(bytes)), 10);
+}
+
 TEST_F(MStdFileStreamTest, NamesMayBeLongAndOfAnyCharacters) {
     const MString name = MDecodeUTF8Exact("\xC5\xBElu\xC5\xA5 \xF0\x9F\x98\x80 ab.txt");
     scratch.WriteFile(name, "x");

@@ -5,6 +5,7 @@
 #include "foundation/win32/MWindowsHeader.h"
 
 #include <vector>
+#include <winsock2.h>
 
 MString MPlatform::GetName() {
     return "windows";
@@ -42,9 +43,14 @@ MString MPlatform::GetPathText(const MString& path) {
 void MPlatform::StartSubsystems() {
     // A drive without a medium is a failure of the call, not a box on the screen.
     SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX);
+    // Without it every connection fails, and tells so.
+    WSADATA implementation;
+    (void)WSAStartup(MAKEWORD(2, 2), &implementation);
 }
 
-void MPlatform::StopSubsystems() {}
+void MPlatform::StopSubsystems() {
+    WSACleanup();
+}
 
 void MPlatform::Sleep(int32_t milliseconds) {
     ::Sleep(static_cast<DWORD>(milliseconds));
