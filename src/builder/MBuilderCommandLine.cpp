@@ -30,6 +30,12 @@ const char* const ExtractExamples = "Example:\n"
 const char* const BlobExamples = "Examples:\n"
                                  "  setup-builder blob pictures style.xml --output Dark.mstyle\n"
                                  "  setup-builder blob Dark.mstyle";
+const char* const DownloadSetExamples =
+    "Examples:\n"
+    "  setup-builder download-set files --id Product-8.1 --mirror http://one.example/get \\\n"
+    "      --mirror http://two.example/pub --output publish --stub setup.exe\n"
+    "  setup-builder download-set files --id Product-8.1 --mirror http://one.example/get \\\n"
+    "      --part-size 4M --output publish";
 const char* const Overview = "Run \"setup-builder COMMAND --help\" for a command's options and examples.\n"
                              "Exit codes: 0 done, 1 failed or problems found, 2 wrong command line.";
 
@@ -39,6 +45,15 @@ std::string CheckPartSize(const std::string& bytes) {
     const int64_t size = std::strtoll(bytes.c_str(), nullptr, 10);
     if (size >= MBuilderOptions::MinimumPartSize) return "";
     return bytes + " bytes are too small for a part; the least is 64K";
+}
+
+std::string CheckDownloadPartSize(const std::string& bytes) {
+    const int64_t size = std::strtoll(bytes.c_str(), nullptr, 10);
+    if (size < MBuilderOptions::MinimumDownloadPartSize)
+        return bytes + " bytes are too small for a part; the least is 1K";
+    if (size > MBuilderOptions::MaximumDownloadPartSize)
+        return bytes + " bytes are too large for a part, which is held in memory; the most is 256M";
+    return "";
 }
 
 std::string CheckNotEmpty(const std::string& text) {
@@ -58,6 +73,9 @@ struct RawOptions {
     int32_t threads = 0;
     std::vector<std::string> defines;
     bool showsXML = false;
+    int64_t downloadPartSize = MBuilderOptions::DefaultDownloadPartSize;
+    std::string id;
+    std::vector<std::string> mirrors;
 };
 
 int32_t GetThreadCount(int32_t wanted) {
@@ -86,6 +104,7 @@ public:
         AddVerify();
         AddExtract();
         AddBlob();
+        AddDownloadSet();
     }
 
     void Parse(const MList<MString>& arguments) {
@@ -118,12 +137,15 @@ public:
         options.output = MDecodeUTF8Exact(raw.output);
         options.stub = MDecodeUTF8Exact(raw.stub);
         options.form = GetForm(raw.form);
-        options.partSize = raw.partSize;
+        const bool isDownload = options.command == MBuilderCommand::DownloadSet;
+        options.partSize = isDownload ? raw.downloadPartSize : raw.partSize;
         options.compression = GetCompression(raw.compression);
         options.level = raw.level;
         options.threads = GetThreadCount(raw.threads);
         for (const std::string& define : raw.defines) options.defines.Add(MDecodeUTF8Exact(define));
         options.showsXML = raw.showsXML;
+        options.id = MDecodeUTF8Exact(raw.id);
+        for (const std::string& mirror : raw.mirrors) options.mirrors.Add(MDecodeUTF8Exact(mirror));
         return options;
     }
 
@@ -229,6 +251,36 @@ private:
         CLI::Option* output = blob.add_option("--output", raw.output, "The blob to write")->type_name("FILE");
         description->needs(output);
         output->needs(description);
+    }
+
+    void AddDownloadSet() {
+        CLI::App& set =
+            AddCommand(MBuilderCommand::DownloadSet, "download-set",
+                       "Writes what to publish so that users can download a directory", DownloadSetExamples);
+        AddInput(set, "DIRECTORY", "The directory whose files users are to get");
+        set.add_option("--id", raw.id, "The name of the set, and of its directory on every mirror")
+            ->required()
+            ->type_name("ID");
+        set.add_option(
+               "--mirror", raw.mirrors,
+               "The address, by http, of a directory that is to hold the set; may be given several times")
+            ->required()
+            ->take_all()
+            ->expected(1)
+            ->type_name("URL");
+        set.add_option("--part-size", raw.downloadPartSize,
+                       "The most that a part may have, 1K to 256M; 1M if it is not given")
+            ->transform(CLI::AsNumberWithUnit(SizeUnits))
+            ->check(CheckDownloadPartSize)
+            ->option_text("BYTES or N[K|M|G]");
+        set.add_option("--output", raw.output, "The directory to write; new or empty")
+            ->required()
+            ->check(CheckNotEmpty)
+            ->type_name("DIR");
+        set.add_option("--stub", raw.stub,
+                       "The setup program that is to start the download; without it a setup.dat is written")
+            ->check(CheckNotEmpty)
+            ->type_name("PROGRAM");
     }
 
     RawOptions raw;

@@ -6,7 +6,7 @@
 #include <cstdint>
 
 /// What the tool is to do.
-enum class MBuilderCommand { Pack, Check, Inspect, Verify, Extract, Blob };
+enum class MBuilderCommand { Pack, Check, Inspect, Verify, Extract, Blob, DownloadSet };
 
 /// How a payload is delivered.
 enum class MPayloadForm {
@@ -24,12 +24,16 @@ struct MBuilderOptions {
     /// making thousands of files.
     static constexpr int64_t MinimumPartSize = 64 * 1024;
     static constexpr int64_t DefaultPartSize = 100 * 1024 * 1024;
+    /// The same of a download set. A downloader, which is a 32-bit program, holds a part in memory.
+    static constexpr int64_t MinimumDownloadPartSize = 1024;
+    static constexpr int64_t MaximumDownloadPartSize = 256 * 1024 * 1024;
+    static constexpr int64_t DefaultDownloadPartSize = 1024 * 1024;
 
     MBuilderCommand command = MBuilderCommand::Pack;
-    MString input;        ///< the definition, the folder of a blob, or the file to look into
+    MString input;        ///< the definition, the folder of a blob or download, or the file to look into
     MString description;  ///< of a blob; empty to list one
-    MString output;       ///< a file for packing, a directory for extracting
-    MString stub;         ///< the setup program; empty for the one beside the tool
+    MString output;       ///< a file for packing, a directory for extracting and for a download set
+    MString stub;  ///< the setup program; empty for the one beside the tool, or for none in a download set
     MPayloadForm form = MPayloadForm::Executable;
     int64_t partSize = DefaultPartSize;
     MCompression compression = MCompression::Bzip2;
@@ -37,4 +41,6 @@ struct MBuilderOptions {
     int32_t threads = 1;
     MList<MString> defines;  ///< each "NAME=TEXT"
     bool showsXML = false;
+    MString id;              ///< of a download set
+    MList<MString> mirrors;  ///< base URLs
 };

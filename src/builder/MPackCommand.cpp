@@ -8,11 +8,10 @@
 #include "builder/MPlainPieces.h"
 #include "builder/MProgressBar.h"
 #include "builder/MRunBuilder.h"
+#include "builder/MSetupProgram.h"
 #include "builder/MZLibPieces.h"
 #include "foundation/MFile.h"
-#include "foundation/MPlatform.h"
 #include "foundation/MRaise.h"
-#include "payload/MSfx.h"
 
 namespace {
 
@@ -22,14 +21,6 @@ std::unique_ptr<MPieceCodec> MakeCodec(const MBuilderOptions& options) {
     case MCompression::None: return std::make_unique<MPlainPieces>();
     default: return std::make_unique<MBzip2Pieces>(options.level);
     }
-}
-
-/// "setup" beside the tool, with the tool's own extension.
-MString GetDefaultStub() {
-    const MString tool = MFile::Normalize(MPlatform::GetModulePath(nullptr));
-    const MString extension = MFile::GetExtension(tool);
-    return MFile::Join(MFile::GetDirectory(tool),
-                       extension.IsEmpty() ? MString("setup") : "setup." + extension);
 }
 
 }  // namespace
@@ -72,7 +63,7 @@ void MPackCommand::RefuseOutputAmongSources() const {
 
 void MPackCommand::WriteExecutable() {
     MOutputFile file(MFile::Normalize(options.output));
-    CopyStub(file);
+    MCopySetupProgram(options.stub, file);
     WritePayload(file);
     const int64_t size = file.GetPosition();
     file.Commit(true);
@@ -98,17 +89,6 @@ void MPackCommand::WriteFileSet() {
     const int32_t partCount = files.Commit();
     TellResult(size);
     output.Tell(MFormat("{0}: {1} parts of at most {2} bytes", options.output, partCount, options.partSize));
-}
-
-void MPackCommand::CopyStub(MOutputFile& file) const {
-    const MString path = MFile::Normalize(options.stub.IsEmpty() ? GetDefaultStub() : options.stub);
-    try {
-        MSfx stub(path);
-        stub.OpenExecutable()->CopyAllToInLargePieces(file);
-    } catch (const MException& exception) {
-        MRaise(exception.GetCode(), "The setup program cannot be copied: {0} Name one by --stub.",
-               exception.GetMessage());
-    }
 }
 
 void MPackCommand::WritePayload(MStream& target) {

@@ -22,7 +22,6 @@ private:
     void WriteExecutable();
     void WriteData();
     void WriteFileSet();
-    void CopyStub(MOutputFile& file) const;
     /// Writes the payload at the target's position.
     void WritePayload(MStream& target);
     void TellResult(int64_t outputSize);

@@ -71,7 +71,10 @@ void MPayloadWriter::WriteIndex(const MXMLItem& root) {
 }
 
 void MPayloadWriter::WriteTrailer() {
-    const int64_t size = target.GetPosition() - base;
+    WriteTrailer(target, target.GetPosition() - base);
+}
+
+void MPayloadWriter::WriteTrailer(MStream& target, int64_t size) {
     target.Write(TrailerMagic, TrailerMagicSize);
     target.WriteInt64(size);
 }

@@ -18,6 +18,8 @@ public:
     void WriteIndex(const MXMLItem& root);
     /// Writes what an executable ends with.
     void WriteTrailer();
+    /// As above, for a payload of `size` bytes that something else has written.
+    static void WriteTrailer(MStream& target, int64_t size);
 
     /// How many items were stored, equal ones counted once.
     [[nodiscard]] int32_t GetStoredCount() const { return storedCount; }

@@ -4,6 +4,7 @@
 #include "builder/MBuilderCommandLine.h"
 #include "builder/MCheckCommand.h"
 #include "builder/MConsoleOutput.h"
+#include "builder/MDownloadSetCommand.h"
 #include "builder/MFileSet.h"
 #include "builder/MPackCommand.h"
 #include "builder/MPayloadExtractor.h"
@@ -46,6 +47,7 @@ int32_t RunCommand(const MBuilderOptions& options, MBuilderOutput& output) {
     case MBuilderCommand::Verify: return Verify(options, output);
     case MBuilderCommand::Extract: return Extract(options, output);
     case MBuilderCommand::Blob: return MRunBlobCommand(options, output);
+    case MBuilderCommand::DownloadSet: return MDownloadSetCommand(options, output).Run();
     }
     return MBuilderExitWrongUsage;
 }

@@ -1,19 +1,13 @@
 #include "builder/MSourceTree.h"
 
 #include "builder/MFileTimeText.h"
+#include "builder/MSortedFileList.h"
 #include "foundation/MFile.h"
 #include "foundation/MStringFormatter.h"
 
 #include <algorithm>
 
 namespace {
-
-bool IsBelow(const MFileListEntry& left, const MFileListEntry& right) {
-    const int32_t length = std::min(left.name.GetLength(), right.name.GetLength());
-    for (int32_t i = 0; i < length; ++i)
-        if (left.name[i] != right.name[i]) return left.name[i] < right.name[i];
-    return left.name.GetLength() < right.name.GetLength();
-}
 
 bool IsContent(const MXMLItem& item) {
     return item.GetName() == "dir" || item.GetName() == "file";
@@ -114,12 +108,11 @@ void MSourceTree::FillFromDisk(MXMLItem& files, const MString& path) {
 void MSourceTree::FillFromDirectory(MXMLItem& parent, const MString& path) {
     MList<MFileListEntry> entries;
     try {
-        entries = MFile::GetFileList(path);
+        entries = MGetSortedFileList(path);
     } catch (const MException& exception) {
         AddProblem(parent, "A directory of the source cannot be read: {0} Make it readable.",
                    exception.GetMessage());
     }
-    std::sort(entries.begin(), entries.end(), IsBelow);
     for (const MFileListEntry& entry : entries) {
         const MString entryPath = MFile::Join(path, entry.name);
         if (!MFile::IsDirectory(entryPath)) {

@@ -32,6 +32,13 @@ TEST_F(BuilderCommandLineTest, WrongUsageIsTwo) {
         {"blob", "a", "--output", "c"},
         {"blob", "a", "", "--output", "c"},
         {"blob", "a", "b.xml", "c.xml", "--output", "d"},
+        {"download-set", "a", "--id", "b", "--mirror", "c"},
+        {"download-set", "a", "--id", "b", "--output", "d"},
+        {"download-set", "a", "--mirror", "c", "--output", "d"},
+        {"download-set", "a", "--id", "b", "--mirror", "c", "--output", ""},
+        {"download-set", "a", "--id", "b", "--mirror", "c", "--output", "d", "--stub", ""},
+        {"download-set", "a", "--id", "b", "--mirror", "c", "--output", "d", "--part-size", "1023"},
+        {"download-set", "a", "--id", "b", "--mirror", "c", "--output", "d", "--part-size", "257M"},
     };
     for (const auto& line : lines) {
         EXPECT_EQ(Run(line), MBuilderExitWrongUsage) << testing::PrintToString(line);
@@ -60,7 +67,7 @@ TEST_F(BuilderCommandLineTest, PartSizesHaveUnits) {
 }
 
 TEST_F(BuilderCommandLineTest, EveryCommandHelpsWithExamples) {
-    for (const char* command : {"pack", "check", "inspect", "verify", "extract", "blob"}) {
+    for (const char* command : {"pack", "check", "inspect", "verify", "extract", "blob", "download-set"}) {
         EXPECT_EQ(Run({command, "--help"}), MBuilderExitDone);
         EXPECT_THAT(output.told, testing::HasSubstr(std::string("  setup-builder ") + command));
     }
