@@ -3,6 +3,7 @@
 #include "foundation/MFile.h"
 #include "foundation/MGuard.h"
 #include "setup/MDataCheck.h"
+#include "setup/MDownloadMode.h"
 #include "setup/MExitCode.h"
 #include "setup/MMD5Tool.h"
 #include "setup/MRemovalMode.h"
@@ -106,9 +107,9 @@ int32_t MSetupApplication::RunDefinition(const MString& startDirectory) {
 }
 
 int32_t MSetupApplication::RunDownloader() {
-    MXMLItem download;
-    download.LoadCompressed(*Data);
-    return RefuseMode("This build cannot download packages.");
+    const MDownloadDefinition download(*Data);
+    if (isUnattended) return MRunUnattendedDownload(download, FilePath, Arguments);
+    return RefuseMode("This build has no window for downloading. To download, add the word: silent");
 }
 
 int32_t MSetupApplication::RefuseMode(const char* sentence) {

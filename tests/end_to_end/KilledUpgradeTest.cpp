@@ -177,7 +177,7 @@ TEST_F(KilledUpgradeTest, KeepsThePresetsAndIsCompletedByTheNextRun) {
     ASSERT_GE(count, 200);
     RecordProperty("operations", count);
 
-    for (int32_t fatal = 1; fatal <= count && !HasFailure(); fatal += KILLED_UPGRADE_STRIDE) {
+    for (int32_t fatal = 1; fatal <= count && !HasFailure(); fatal += KILLED_RUN_STRIDE) {
         SCOPED_TRACE("killed at file operation " + std::to_string(fatal) + " of " + std::to_string(count));
         SpoilRegistry();
         before.Restore();

@@ -1,6 +1,7 @@
 #include "foundation/MThread.h"
 
 #include "foundation/MException.h"
+#include "foundation/MModule.h"
 #include "tests/support/MTestText.h"
 
 #include <atomic>
@@ -153,6 +154,26 @@ TEST(MThreadTest, PrioritiesHaveNamesAndUnknownOnesAreIdle) {
     EXPECT_EQ(Names::FromName(""), MThread::Priority::Idle);
     EXPECT_EQ(Names::FromName("faster"), MThread::Priority::Idle);
     EXPECT_EQ(Text(Names::ToName(MThread::Priority::Highest)), "Highest");
+}
+
+TEST(MThreadTest, WhileTheProcessEndsAThreadIsStoppedHardAndNotWaitedFor) {
+    std::atomic<int64_t> steps = 0;
+    TestThread thread([&](TestThread&) {
+        for (;;) ++steps;
+        return 0;
+    });
+    thread.Start();
+    while (steps == 0) std::this_thread::yield();
+    MModule::SetProcessEnding(true);
+    EXPECT_TRUE(thread.Wait());
+    MModule::SetProcessEnding(false);
+    // The system may take a moment to deliver the end.
+    int64_t seen = -1;
+    for (int32_t rounds = 0; seen != steps && rounds < 100; ++rounds) {
+        seen = steps;
+        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    }
+    EXPECT_EQ(seen, steps);
 }
 
 }  // namespace

@@ -1,0 +1,97 @@
+#include "bench/MComparison.h"
+#include "foundation/MEvent.h"
+#include "foundation/MException.h"
+#include "foundation/MLock.h"
+#include "foundation/MOnNotifyParams.h"
+
+#include <benchmark/benchmark.h>
+#include <deque>
+#include <mutex>
+
+namespace {
+
+constexpr int32_t EventCount = 1'000'000;
+constexpr int32_t LockCount = 10'000'000;
+/// Posted before they are dispatched, as by a worker that is a little ahead.
+constexpr int32_t BatchSize = 100;
+constexpr int Rounds = 11;
+
+class Counter final : public MEventTarget {
+public:
+    void Count(const MOnNotifyParams&) { ++count; }
+
+    int32_t count = 0;
+};
+
+int32_t PostEvents() {
+    Counter counter;
+    MEventProcessor processor;
+    MEvent<MOnNotifyParams> event;
+    event.Connect(&counter, &Counter::Count);
+    for (int32_t done = 0; done < EventCount; done += BatchSize) {
+        for (int32_t i = 0; i < BatchSize; ++i) event.Post(&processor, {});
+        (void)processor.DispatchPending();
+    }
+    return counter.count;
+}
+
+/// What a program without events would do: parameters in a queue, guarded by a mutex, and a method for each.
+int32_t PassThroughQueue() {
+    Counter counter;
+    std::mutex mutex;
+    std::deque<MOnNotifyParams> queue;
+    for (int32_t done = 0; done < EventCount; done += BatchSize) {
+        for (int32_t i = 0; i < BatchSize; ++i) {
+            const std::lock_guard guard(mutex);
+            queue.push_back({});
+        }
+        for (int32_t i = 0; i < BatchSize; ++i) {
+            std::unique_lock guard(mutex);
+            const MOnNotifyParams params = queue.front();
+            queue.pop_front();
+            guard.unlock();
+            counter.Count(params);
+            benchmark::ClobberMemory();
+        }
+    }
+    return counter.count;
+}
+
+MComparison CompareEvents() {
+    int32_t ours = 0;
+    int32_t reference = 0;
+    MComparison comparison =
+        MCompareSpeeds(Rounds, MClock::Processor, EventCount / 1e6, {{}, [&] { ours = PostEvents(); }},
+                       {{}, [&] { reference = PassThroughQueue(); }});
+    if (ours != EventCount || reference != EventCount) MRaise(MExceptionGeneral, "Events were lost.");
+    comparison.unit = "million/s";
+    comparison.goal = 0.2;
+    return comparison;
+}
+
+template <class Lock, class Unlock>
+void LockOften(Lock lock, Unlock unlock) {
+    for (int32_t i = 0; i < LockCount; ++i) {
+        lock();
+        benchmark::ClobberMemory();
+        unlock();
+    }
+}
+
+MComparison CompareLocks() {
+    MLock ours;
+    std::recursive_mutex reference;
+    MComparison comparison = MCompareSpeeds(
+        Rounds, MClock::Processor, LockCount / 1e6,
+        {{}, [&] { LockOften([&] { (void)ours.Lock(MLock::Forever); }, [&] { ours.Unlock(); }); }},
+        {{}, [&] { LockOften([&] { reference.lock(); }, [&] { reference.unlock(); }); }});
+    comparison.unit = "million/s";
+    comparison.goal = 0.8;
+    return comparison;
+}
+
+[[maybe_unused]] const bool isRegistered =
+    MRegisterComparison("Events, posted and dispatched", CompareEvents) &&
+    MRegisterComparison("MLock, uncontended", CompareLocks);
+
+}  // namespace

@@ -1,0 +1,14 @@
+#include "update/MDownloadDefinition.h"
+
+#include "foundation/MXMLSubItems.h"
+
+MDownloadDefinition::MDownloadDefinition(MStream& stream) {
+    MXMLItem root;
+    root.LoadCompressed(stream);
+    id = root.GetAttribute("ID");
+    for (const MXMLItem& mirror : MXMLSubItems(root, "Mirror")) {
+        MString address = mirror.GetValue();
+        if (!address.EndsWith("/")) address.Append("/");
+        mirrors.Add(address + id + "/");
+    }
+}

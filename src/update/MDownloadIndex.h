@@ -1,0 +1,38 @@
+#pragma once
+
+#include "foundation/MXMLItem.h"
+
+/// The list of what a download fetches, and how far it is: "INDEX.ZIP" on the mirrors, and, with the attributes
+/// marked by *, "downloader.dat" beside the fetched files. A compressed tree:
+///
+///     <index Size= Downloaded*= DownloadedTotal*= >
+///         <Directory>name</Directory> ...
+///         <File ID= md5= NextPartIndex*= NextPartSize*= Finished*= > name
+///             <Part md5= >name</Part> ...
+///         </File> ...
+///     </index>
+///
+/// Sizes are in bytes. Names of files and directories are relative. A part with the name `p` of a file is `ID.p.zip` on
+/// a mirror, and holds the file's bytes as they are.
+class MDownloadIndex {
+public:
+    /// Replaces the tree by one that is read from its stored form. Raises what reading XML and zlib data raises,
+    /// and "Invalid large resource library format." (0x100) if it inflates to more than any list.
+    void Load(MStream& stored);
+    /// Raises "The name \"{0}\" in the download list leads out of its directory. ..." (0) for the first name that
+    /// does, or that would take the place of the list itself, and "The download list has no parts for the file
+    /// \"{0}\". ..." (0) for a file that has none and is not empty.
+    void Check() const;
+    /// Writes the tree to a file, which keeps its old content until the new one is complete.
+    /// Raises what `MOutputFile` raises.
+    void Save(const MString& path) const;
+
+    [[nodiscard]] MXMLItem& GetRoot() { return root; }
+    [[nodiscard]] int64_t GetSize() const { return root.GetInt64Attribute("Size", 0); }
+
+    static constexpr const char* FileName = "INDEX.ZIP";
+    static constexpr const char* StateName = "downloader.dat";
+
+private:
+    MXMLItem root{"index"};
+};

@@ -1,0 +1,67 @@
+#pragma once
+
+#include "streams/MMemoryStream.h"
+#include "streams/MStdFileStream.h"
+#include "update/MDownloadDefinition.h"
+#include "update/MDownloadIndex.h"
+#include "update/MDownloadSpeed.h"
+#include "update/MDownloadView.h"
+
+/// Fetches a package from its mirrors, part by part, into a directory of its own. Each part and each finished
+/// file is checked by MD5; what fails is fetched again, a part from the next mirror.
+///
+/// How far a download is stands in "downloader.dat" in that directory. It is saved when the list has arrived, after
+/// each file, when the user cancels and when a run fails; a later run goes on from there. All of a run happens in
+/// the calling thread.
+class MDownloader {
+public:
+    /// `target` is the directory; the definition and the view outlive the downloader.
+    MDownloader(const MDownloadDefinition& definition, const MString& target, MDownloadView& view);
+
+    /// False if the user has cancelled. Raises "No mirrors are available. Please check your internet connection."
+    /// (0) if the definition names none or a part failed 10 times, "Could not connect to any download server. Please
+    /// check your internet connection." (0) if no mirror gives the list, what `MDownloadIndex::Check` raises before
+    /// anything is written but the directory, and what creating and writing files raises.
+    [[nodiscard]] bool Run();
+
+    static constexpr int32_t TriesPerPart = 10;
+    /// Between tries, once all mirrors have failed.
+    static constexpr int32_t PauseMilliseconds = 250;
+
+private:
+    [[nodiscard]] bool LoadState();
+    void FetchIndex();
+    [[nodiscard]] bool FetchIndexFrom(const MString& mirror);
+    void ChooseMirror();
+    void CreateDirectories();
+    [[nodiscard]] bool FetchFiles();
+    [[nodiscard]] bool FetchFile(MXMLItem& item);
+    void ForgetFile(MXMLItem& item);
+    void OpenFile(const MString& path, const MXMLItem& item);
+    [[nodiscard]] bool FetchParts(MXMLItem& item);
+    void FetchPart(const MString& name, const MString& digest);
+    [[nodiscard]] bool TryPart(const MString& url, const MString& digest);
+    void ShowSpeed(double seconds);
+    [[nodiscard]] bool IsComplete(const MString& digest);
+    void FinishFile(MXMLItem& item);
+    /// Notes how much of the file in hand is good, and saves the list.
+    void SaveState(MXMLItem& item);
+
+    const MDownloadDefinition& definition;
+    const MString target;
+    const MString statePath;
+    MDownloadView& view;
+    MDownloadIndex index;
+    int32_t mirror = 0;
+    MDownloadSpeed speed;
+    int64_t finishedBytes = 0;  ///< of all files that are complete
+
+    MStdFileStream file;    ///< the one in hand
+    int64_t fileBytes = 0;  ///< how much of it is good
+    int32_t partIndex = 0;  ///< how many of its parts are
+    MMemoryStream part;
+};
+
+/// The first program in a directory whose name holds "setup"; empty if there is none. Raises what
+/// `MFile::GetFileList` raises.
+[[nodiscard]] MString MFindDownloadedSetup(const MString& directory);

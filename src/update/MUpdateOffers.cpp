@@ -1,0 +1,59 @@
+#include "update/MUpdateOffers.h"
+
+#include "foundation/MRaise.h"
+#include "foundation/MXMLSubItems.h"
+#include "install/MItemNames.h"
+#include "streams/MMemoryStream.h"
+#include "update/MUpdateServer.h"
+
+namespace {
+
+constexpr int64_t MaximumIndexSize = 0x1000000;
+
+void CheckName(const MString& name) {
+    if (MIsInsideName(name)) return;
+    MRaise(MExceptionGeneral,
+           "The name \"{0}\" in the list of updates leads out of its directory. The server is damaged or not "
+           "trustworthy; nothing has been written.",
+           name);
+}
+
+bool IsInstalled(const MXMLItem& state, const MString& time) {
+    for (const MXMLItem& package : MXMLSubItems(state, "package"))
+        if (package.GetAttribute("time", "") == time) return true;
+    return false;
+}
+
+}  // namespace
+
+void MUpdateOffers::Fetch(const MUpdateServer& server, const MXMLItem& state) {
+    MMemoryStream reply;
+    try {
+        server.FetchFile("op=getindex", reply, nullptr, MaximumIndexSize);
+    } catch (const MException&) {
+        MRaise(MExceptionGeneral, "Could not connect the server. Please try again later.");
+    }
+    reply.Rewind();
+    Read(reply, state);
+}
+
+void MUpdateOffers::Read(MStream& reply, const MXMLItem& state) {
+    updates.Clear();
+    packages.Clear();
+    index.Clear();
+    index.Load(reply);
+    const MDateTime stateTime = MDateTime::Parse(state.GetAttribute("time"));
+    for (const MXMLItem& offer : MXMLSubItems(index, "update")) Choose(offer, state, stateTime);
+}
+
+void MUpdateOffers::Choose(const MXMLItem& offer, const MXMLItem& state, const MDateTime& stateTime) {
+    CheckName(offer.GetAttribute("filename", ""));
+    CheckName(offer.GetAttribute("execute", ""));
+    const MString timeText = offer.GetAttribute("time");
+    const MDateTime time = MDateTime::Parse(timeText);
+    if (offer.GetInt32Attribute("package", 0) != 0) {
+        if (!IsInstalled(state, timeText)) packages.Add(&offer);
+    } else if (stateTime.GetMicroseconds() < time.GetMicroseconds()) {
+        updates.Add(&offer);
+    }
+}

@@ -1,0 +1,106 @@
+#include "tests/end_to_end/EndToEndFixture.h"
+#include "tests/support/MKilledProgram.h"
+#include "tests/support/MTestServer.h"
+
+/// A set of the builder's, offered by a server on this machine, and the program that users start in the home
+/// folder.
+class DownloadSetTest : public EndToEndTest {
+protected:
+    ~DownloadSetTest() noexcept override = default;
+
+    void Publish(const char* partSize) {
+        MList<MString> arguments =
+            ToList({"download-set", "release", "--id", "Reverb-2", "--output", "published"});
+        const std::initializer_list<MString> options = {
+            "--part-size", partSize, "--stub", SETUP_PROGRAM, "--mirror", server.GetURL(MString("/get"))};
+        for (const MString& option : options) arguments.Add(option);
+        const MProgramResult result = Build(arguments);
+        ASSERT_EQ(result.exitCode, 0) << result.errors;
+        MFile::Rename(InProduct(MString("published/Reverb-2.") + MPlatform::ExecutableExtension()),
+                      downloader);
+    }
+    [[nodiscard]] MTestReply Answer(const std::string& request) {
+        const std::string path = MTestServer::GetPath(request);
+        const MString file = InProduct("published") + MString::Copy(path.substr(path.find('/', 1)).c_str());
+        if (!MFile::IsFile(file) || isGone) return "HTTP/1.0 404 Not Found\n\n";
+        return MTestBody(MReadTestFile(file));
+    }
+    [[nodiscard]] MProgramResult Download() const { return Start(downloader, ToList({"silent"})); }
+    void ExpectRelease() const {
+        for (const char* name : {"sub/large.bin", "small.txt", "empty"})
+            EXPECT_EQ(ReadHome(MString("Product/") + name),
+                      MReadTestFile(InProduct(MString("release/") + name)))
+                << name;
+    }
+    void WriteRelease() const {
+        std::string large;
+        for (uint32_t i = 0; i < 2000; ++i) large += std::to_string(i * 2654435761);
+        scratch.WriteFile("product/release/sub/large.bin", large);
+        scratch.WriteFile("product/release/small.txt", "small");
+        scratch.WriteFile("product/release/empty", "");
+    }
+
+    const MString downloader = GetInstaller();
+    std::atomic<bool> isGone = false;
+    MTestServer server{[this](const std::string& request) { return Answer(request); }};
+};
+
+TEST_F(DownloadSetTest, FetchesAnInstallerThatThenInstalls) {
+    scratch.WriteFile("product/file.txt", "content");
+    Pack("<directory id=\"destination\" name=\"D\" default=\"unused\"/>"
+         "<files path=\"file.txt\" destination=\"{destination}\" required=\"1\"/>");
+    WriteRelease();
+    const MString setup = MString("Reverb Setup.") + MPlatform::ExecutableExtension();
+    MFile::Rename(GetInstaller(), InProduct("release/" + setup));
+    Publish("100K");
+
+    EXPECT_EQ(Start(downloader, {}).errors,
+              "This build has no window for downloading. To download, add the word: silent\n");
+    EXPECT_EQ(Start(downloader, ToList({"silent", "accept-licence"})).exitCode, 2);
+    EXPECT_FALSE(IsInHome("Product"));
+
+    const MProgramResult result = Download();
+    ASSERT_EQ(result.exitCode, 0) << result.errors;
+    const MString fetched = InHome("Product/" + setup);
+    EXPECT_TRUE(result.output.starts_with("Reverb-2 downloader\nConnecting the download server...\n"))
+        << result.output;
+    EXPECT_TRUE(
+        result.output.ends_with("The software has successfully been downloaded.\n" + Text(fetched) + "\n"))
+        << result.output;
+    ExpectRelease();
+    MFile::MakeExecutable(fetched);
+    EXPECT_EQ(Start(fetched, ToList({"silent", "directory:destination=to"})).exitCode, 0);
+    EXPECT_EQ(ReadHome("to/file.txt"), "content");
+}
+
+TEST_F(DownloadSetTest, WithoutAServerItSaysSoAndALaterRunCompletes) {
+    WriteRelease();
+    Publish("1K");
+    isGone = true;
+    MProgramResult result = Download();
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_EQ(result.errors,
+              "Could not connect to any download server. Please check your internet connection.\n");
+    isGone = false;
+    result = Download();
+    EXPECT_EQ(result.exitCode, 0) << result.errors;
+    ExpectRelease();
+}
+
+TEST_F(DownloadSetTest, ARunThatIsKilledAnywhereIsCompletedByTheNext) {
+    WriteRelease();
+    Publish("4K");
+    const auto run = [&](int32_t fatalOperation) {
+        return MRunKilledProgram(downloader, ToList({"silent"}), InHome(""), InHome(""), fatalOperation);
+    };
+    const int32_t count = run(0).operationCount;
+    ASSERT_GT(count, 10);
+    ExpectRelease();
+    for (int32_t fatal = 1; fatal <= count; fatal += KILLED_RUN_STRIDE) {
+        MFile::DeleteTree(InHome("Product"));
+        EXPECT_TRUE(run(fatal).isKilled) << fatal;
+        const MProgramResult result = Download();
+        EXPECT_EQ(result.exitCode, 0) << fatal << ": " << result.errors;
+        ExpectRelease();
+    }
+}

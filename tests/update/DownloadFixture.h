@@ -1,0 +1,154 @@
+#pragma once
+
+#include "foundation/MFile.h"
+#include "streams/MMD5Stream.h"
+#include "streams/MMemoryStream.h"
+#include "tests/support/MScratch.h"
+#include "tests/support/MStreamBytes.h"
+#include "tests/support/MTestServer.h"
+#include "tests/support/MTestText.h"
+#include "update/MDownloader.h"
+
+#include <functional>
+#include <gtest/gtest.h>
+#include <map>
+#include <memory>
+#include <mutex>
+
+/// What a mirror gives, by path. Tests change it between requests.
+class MTestMirror {
+public:
+    MTestMirror() : server([this](const std::string& request) { return Answer(request); }) {}
+
+    [[nodiscard]] MString GetAddress() const { return server.GetURL(MString()); }
+    void Put(const std::string& path, const MTestReply& reply) {
+        const std::lock_guard guard(mutex);
+        replies.insert_or_assign(path, reply);
+    }
+    void Remove(const std::string& path) {
+        const std::lock_guard guard(mutex);
+        replies.erase(path);
+    }
+    /// The names of the files that were asked for since the last call, one a line.
+    [[nodiscard]] std::string TakeRequests() {
+        const std::lock_guard guard(mutex);
+        return std::exchange(requests, {});
+    }
+
+private:
+    MTestReply Answer(const std::string& request) {
+        const std::string path = MTestServer::GetPath(request);
+        const std::lock_guard guard(mutex);
+        requests += path.substr(path.find_last_of('/') + 1) + "\n";
+        const auto found = replies.find(path);
+        return found == replies.end() ? MTestReply("HTTP/1.0 404 Not Found\n\n") : found->second;
+    }
+
+    std::mutex mutex;
+    std::map<std::string, MTestReply> replies;
+    std::string requests;
+    MTestServer server;
+};
+
+/// Writes down what it is shown, and cancels after a number of parts.
+class MTestDownloadView final : public MDownloadView {
+public:
+    void SetText(const MString& text) override { texts += Text(text) + "\n"; }
+    void SetStatistics(const MString& text) override { statistics.push_back(Text(text)); }
+    void SetProgress(double newMaximum, double value) override {
+        maximum = newMaximum;
+        values.push_back(value);
+    }
+    [[nodiscard]] bool IsCancelled() override { return ++partCount == cancelAfter; }
+
+    std::string texts;
+    std::vector<std::string> statistics;
+    double maximum = 0;
+    std::vector<double> values;
+    int32_t partCount = 0;
+    int32_t cancelAfter = 0;
+};
+
+/// A package "package" of three files in five parts, on two mirrors.
+class DownloadTest : public testing::Test {
+protected:
+    DownloadTest() {
+        for (MTestMirror* mirror : {&first, &second}) Publish(*mirror, GetIndex(), "");
+    }
+    ~DownloadTest() noexcept override = default;
+
+    static std::string GetDigest(const std::string& bytes) {
+        MMD5Stream hash;
+        hash.Write(bytes.data(), static_cast<int32_t>(bytes.size()));
+        hash.Finish();
+        return Text(hash.GetDigestText());
+    }
+    static std::string GetIndex() {
+        std::string files = DescribeFile("big", "big.bin", {"aaaa", "bbbb", "cccc", "dd"});
+        files += DescribeFile("small", "folder/näme.txt", {"hello"});
+        files += DescribeFile("empty", "folder/empty", {});
+        return "<index Size=\"19\"><Directory>folder</Directory>" + files + "</index>";
+    }
+    static std::string DescribeFile(const std::string& id, const std::string& name,
+                                    const std::vector<std::string>& parts) {
+        std::string all;
+        std::string children;
+        for (size_t i = 0; i < parts.size(); ++i) {
+            all += parts[i];
+            children += "<Part md5=\"" + GetDigest(parts[i]) + "\">" + std::to_string(i + 1) + "</Part>";
+        }
+        return "<File ID=\"" + id + "\" md5=\"" + GetDigest(all) + "\">" + name + children + "</File>";
+    }
+    static std::string Compress(const std::string& xml) {
+        MMemoryStream plain(xml.data(), static_cast<int32_t>(xml.size()));
+        MXMLItem root;
+        root.Load(plain);
+        MMemoryStream stored;
+        root.SaveCompressed(stored, "utf-8");
+        return MBytesOf(stored);
+    }
+    /// `damage` goes in front of each part.
+    static void Publish(MTestMirror& mirror, const std::string& index, const std::string& damage) {
+        mirror.Put("/package/INDEX.ZIP", MTestBody(Compress(index)));
+        const std::pair<const char*, const char*> parts[] = {{"big.1.zip", "aaaa"},
+                                                             {"big.2.zip", "bbbb"},
+                                                             {"big.3.zip", "cccc"},
+                                                             {"big.4.zip", "dd"},
+                                                             {"small.1.zip", "hello"}};
+        for (const auto& [name, bytes] : parts)
+            mirror.Put(std::string("/package/") + name, MTestBody(damage + bytes));
+    }
+
+    [[nodiscard]] static MDownloadDefinition Define(const std::vector<MString>& mirrors) {
+        std::string xml = "<download ID=\"package\">";
+        for (const MString& mirror : mirrors) xml += "<Mirror>" + Text(mirror) + "</Mirror>";
+        const std::string stored = Compress(xml + "</download>");
+        MMemoryStream stream(stored.data(), static_cast<int32_t>(stored.size()));
+        return MDownloadDefinition(stream);
+    }
+    /// One run on both mirrors, or on those that are given.
+    [[nodiscard]] bool Run(MDownloadView& view) {
+        return Run(view, {first.GetAddress(), second.GetAddress() + "/"});
+    }
+    [[nodiscard]] bool Run(MDownloadView& view, const std::vector<MString>& mirrors) {
+        const MDownloadDefinition definition = Define(mirrors);
+        return MDownloader(definition, target, view).Run();
+    }
+    /// Both mirrors' requests for files, one a line, in the order in which each mirror got them.
+    [[nodiscard]] std::string TakeRequests() { return first.TakeRequests() + second.TakeRequests(); }
+
+    void ExpectComplete() const {
+        EXPECT_EQ(scratch.ListTree(),
+                  "target/\ntarget/big.bin\ntarget/downloader.dat\ntarget/folder/\ntarget/folder/empty\n"
+                  "target/folder/näme.txt\n");
+        EXPECT_EQ(scratch.ReadFile("target/big.bin"), "aaaabbbbccccdd");
+        EXPECT_EQ(scratch.ReadFile(SmallFile), "hello");
+        EXPECT_EQ(scratch.ReadFile("target/folder/empty"), "");
+    }
+
+    const MString SmallFile = MDecodeUTF8Exact("target/folder/näme.txt");
+    MScratch scratch;
+    const MString target = scratch.Join("target");
+    MTestMirror first;
+    MTestMirror second;
+};
