@@ -5,6 +5,7 @@
 #include "foundation/MFile.h"
 #include "foundation/MXMLSubItems.h"
 #include "streams/MMemoryStream.h"
+#include "streams/MStdFileStream.h"
 #include "tests/support/MScratch.h"
 #include "update/MDownloadIndex.h"
 

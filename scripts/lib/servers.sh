@@ -1,6 +1,8 @@
 # Servers of HTTP on free ports of the loopback interface, for as long as a script runs. Sourced, never run; needs
 # common.sh, and $scratch, a folder of the script's own. The script calls stop_servers when it ends.
 
+# Debian puts servers where only administrators look for programs.
+PATH=$PATH:/usr/sbin
 servers=()
 
 stop_servers() {

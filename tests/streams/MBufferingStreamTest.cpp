@@ -110,6 +110,13 @@ TEST(MBufferingStream, ASourceMayGiveAByteAtATime) {
     EXPECT_EQ(ReadAll(stream, 100), "abcdef");
 }
 
+TEST(MBufferingStream, AShortEncodedBlockIsFilledWithZerosAndHoldsNothingOfTheOneBefore) {
+    MMemoryStream source("<cba><z", 7);
+    Bracketing stream;
+    stream.Open(&source, false);
+    EXPECT_EQ(ReadAll(stream, 100), std::string("abc\0\0z", 6));
+}
+
 TEST(MBufferingStream, ChainingWorksOnTheSmallerOfTheTwoBlocks) {
     MMemoryStream target;
     Bracketing stream;
