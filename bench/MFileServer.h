@@ -5,7 +5,7 @@
 #include <string>
 #include <thread>
 
-/// Sends one file to whoever asks by HTTP, at the least cost: the system itself moves the bytes to the connection.
+/// Sends one file to whoever asks by HTTP, at the least cost: the system itself moves its bytes.
 class MFileServer {
 public:
     /// Answers one request after the other on a free port of the loopback interface.

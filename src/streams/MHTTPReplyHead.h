@@ -9,9 +9,9 @@
 
 /// The head of an HTTP reply (RFC 1945):
 ///
-///     head    = status-line *field empty-line
+///     head        = status-line *field empty-line
 ///     status-line = version BLANK 3DIGIT [text] line-end
-///     field   = name ":" value line-end
+///     field       = name ":" value line-end
 ///
 /// A line ends at byte 10 or 0; byte 13 is dropped, and the text is UTF-8. The version is not looked at, and
 /// around names and values blanks are trimmed. A reply may come from anybody: no head is longer than
@@ -21,12 +21,12 @@ public:
     /// In bytes, all lines together.
     static constexpr int32_t MaximumSize = 1 << 16;
 
-    /// Reads a head. What the stream gave beyond its end waits for `TakeReadAhead`. All raised have code 0x201:
-    /// "Invalid HTTP reply header." for no reply at all; "Invalid HTTP reply header line." for a status line
-    /// that is none; "MHTTPStream reading HTTP reply header." for a head without end; "MHTTPStream invalid HTTP
-    /// reply header line." for a line without colon, a line with control characters other than tabs, and a
-    /// content length that is no number of at most 63 bits; "HTTP reply header is longer than {0} bytes.".
-    /// The head is then as if nothing had been read.
+    /// Reads a head. What the stream gave beyond its end waits for `TakeReadAhead`. All raised have code
+    /// 0x201: "Invalid HTTP reply header." for no reply at all; "Invalid HTTP reply header line." for a
+    /// status line that is none; "MHTTPStream reading HTTP reply header." for a head without end;
+    /// "MHTTPStream invalid HTTP reply header line." for a line without colon, a line with control characters
+    /// other than tabs, and a content length that is no number of at most 63 bits; "HTTP reply header is
+    /// longer than {0} bytes.". The head is then as if nothing had been read.
     void Load(MStream& source);
     /// Before any reply.
     void Reset() { *this = MHTTPReplyHead(); }

@@ -29,11 +29,25 @@ bool TextToAddress(const MString& text, uint32_t& address) {
     return AddressToText(address).IsExactly(text);
 }
 
+struct LocalHost {
+    LocalHost() {
+        if (!MFindLocalHostName(name) || !MFindLocalHostAddress(name, address))
+            MRaise(MExceptionNetwork, "Could not resolve host network name.");
+    }
+
+    MString name;
+    uint32_t address = 0;
+};
+
 }  // namespace
 
 void MNetEntity::ResolveLocalHost() {
-    resolved = MFindLocalHostName(name) && MFindLocalHostAddress(name, address);
-    if (!resolved) MRaise(MExceptionNetwork, "Could not resolve host network name.");
+    resolved = false;
+    // Kept once it is known: to look it up may take the time of a request to a server of names.
+    static const LocalHost local;
+    name = local.name;
+    address = local.address;
+    resolved = true;
 }
 
 void MNetEntity::Resolve(const MString& hostName) {

@@ -10,8 +10,8 @@
 #include <vector>
 
 /// What a server of a test answers: these bytes, and nothing is added to them. Then it closes the connection,
-/// so a body that is shorter than it promises is one of a server that closes early, and an empty reply one of a
-/// server that hangs up.
+/// so a body that is shorter than it promises is one of a server that closes early, and an empty reply one of
+/// a server that hangs up.
 struct MTestReply {
     MTestReply(std::string bytes) : bytes(std::move(bytes)) {}
     MTestReply(const char* bytes) : bytes(bytes) {}
@@ -24,8 +24,8 @@ struct MTestReply {
 /// A reply of status 200 that promises what it holds.
 [[nodiscard]] MTestReply MTestBody(const std::string& body);
 
-/// A server of HTTP on a free port of the loopback interface, which takes one connection after the other, each
-/// for one request, in a thread of its own. Connections must have ended before the server does.
+/// A server of HTTP on a free port of the loopback interface, which takes one connection after the other,
+/// each for one request, in a thread of its own. Connections must have ended before the server does.
 class MTestServer {
 public:
     /// Gets the bytes of a whole request, in the server's thread.

@@ -1,7 +1,8 @@
 // Usage: http-get URL [REDIRECTIONS [NAME=VALUE...]]
 //
-// Fetches an address and prints the status of the reply, the size it promises, the size that came and its MD5, a
-// line each; or the code and text of a failure. With fields it sends a form. Follows no redirections unless told.
+// Fetches an address and prints the status of the reply, the size it promises, the size that came and its
+// MD5, a line each; or the code and text of a failure. With fields it sends a form. Follows no redirections
+// unless told.
 
 #include "foundation/MNumberText.h"
 #include "foundation/MPlatform.h"
