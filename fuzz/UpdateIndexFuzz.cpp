@@ -19,6 +19,6 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
         return 0;
     }
     for (const MXMLItem* offer : offers.GetUpdates())
-        if (offer->GetAttribute("filename", "").Contains("../")) __builtin_trap();
+        if (("/" + offer->GetAttribute("filename", "")).Contains("/../")) __builtin_trap();
     return 0;
 }
