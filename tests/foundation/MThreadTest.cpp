@@ -157,8 +157,9 @@ TEST(MThreadTest, PrioritiesHaveNamesAndUnknownOnesAreIdle) {
 }
 
 TEST(MThreadTest, WhileTheProcessEndsAThreadIsStoppedHardAndNotWaitedFor) {
-    std::atomic<int64_t> steps = 0;
-    TestThread thread([&](TestThread&) {
+    // The thread never ends, so what it has seen must outlive the test.
+    static std::atomic<int64_t> steps = 0;
+    TestThread thread([](TestThread&) {
         for (;;) ++steps;
         return 0;
     });

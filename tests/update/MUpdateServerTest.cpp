@@ -51,47 +51,70 @@ TEST(MUpdateServerTest, TheAddressComesFromTheState) {
     EXPECT_EQ(Text(server.GetBasePath()), "/downloadupdate/?name=reverb&");
 }
 
-TEST(MUpdateServerTest, FetchesFilesAndTellsRefusalFromSilence) {
-    std::string reply;
-    std::string request;
-    MTestServer http([&](const std::string& text) {
-        request = text;
-        return MTestReply(reply);
-    });
-    const MString address = MFormat("127.0.0.1:{0}/sub", int32_t{http.GetPort()});
-    MXMLItem state;
-    const MUpdateServer server(SetState(state, "updateaddress", address));
+namespace {
 
-    reply = "HTTP/1.0 200 OK\r\nContent-Length: 5\r\n\r\nhello";
+const std::string Refused = "0: Could not download a file from the update server.";
+const std::string Silent =
+    "0: Could not connect to the update server. The computer probably does not have internet access. Please "
+    "visit " +
+    std::string(MProductWebAddress) + " for potential updates.";
+
+/// What the server answers at the paths "/0/", "/1/" and so on, and how fetching at most 10 bytes of it fails.
+const std::pair<std::string, std::string> Replies[] = {
+    {"HTTP/1.0 200 OK\r\nContent-Length: 5\r\n\r\nhello", "none"},
+    {"HTTP/1.0 404 Not Found\n\n", Refused},
+    {"HTTP/1.0 200 OK\nContent-Length: 6\n\nhello", Refused},
+    {"", Silent},
+    {"no-reply\n\n", Silent},
+    {"HTTP/1.0 200 OK\n\n<a><update name=\"n\" time=\"2027-01-01 00:00:00\"/></a>",
+     "0: The server has sent more than 10 bytes."},
+};
+
+class FetchTest : public testing::Test {
+protected:
+    ~FetchTest() noexcept override = default;
+
+    [[nodiscard]] MXMLItem& StateFor(MXMLItem& state, size_t reply) const {
+        return SetState(state, "updateaddress",
+                        MFormat("127.0.0.1:{0}/{1}", int32_t{http.GetPort()}, static_cast<int32_t>(reply)));
+    }
+
+    MTestServer http{[](const std::string& request) {
+        return MTestReply(Replies[std::stoul(MTestServer::GetPath(request).substr(1))].first);
+    }};
+};
+
+}  // namespace
+
+TEST_F(FetchTest, FetchesAFileAndShowsItsBytes) {
+    MXMLItem state;
+    const MUpdateServer server(StateFor(state, 0));
     LastProgress bar;
     MMemoryStream body;
     server.FetchFile("op=getupdate&updatename=a", body, &bar);
     EXPECT_EQ(MBytesOf(body), "hello");
     EXPECT_EQ(bar.value / bar.maximum, 1);
-    EXPECT_TRUE(request.starts_with("GET /sub/?op=getupdate&updatename=a HTTP/1.0\n")) << request;
+    const std::string request = http.GetRequests().back();
+    EXPECT_TRUE(request.starts_with("GET /0/?op=getupdate&updatename=a HTTP/1.0\n")) << request;
+}
 
-    const std::string refused = "0: Could not download a file from the update server.";
-    const std::string silent =
-        "0: Could not connect to the update server. The computer probably does not have internet access. Please "
-        "visit " +
-        std::string(MProductWebAddress) + " for potential updates.";
-    const std::pair<const char*, std::string> failures[] = {
-        {"HTTP/1.0 404 Not Found\n\n", refused},
-        {"HTTP/1.0 200 OK\nContent-Length: 6\n\nhello", refused},
-        {"", silent},
-        {"no-reply\n\n", silent},
-        {"HTTP/1.0 200 OK\n\nhello world", "0: The server has sent more than 10 bytes."},
-    };
-    for (const auto& [text, failure] : failures) {
-        reply = text;
-        MMemoryStream lost;
-        EXPECT_EQ(FailureOf([&] { server.FetchFile("op=getindex", lost, nullptr, 10); }), failure);
+TEST_F(FetchTest, TellsRefusalFromSilence) {
+    for (size_t reply = 0; reply < std::size(Replies); ++reply) {
+        MXMLItem state;
+        const MUpdateServer server(StateFor(state, reply));
+        MMemoryStream body;
+        const std::string& failure = Replies[reply].second;
+        EXPECT_EQ(FailureOf([&] { server.FetchFile("op=getindex", body, nullptr, 10); }), failure);
+        if (failure != Refused && failure != Silent) continue;
         MUpdateOffers offers;
-        if (failure != silent && failure != refused) continue;
         EXPECT_EQ(FailureOf([&] { offers.Fetch(server, state); }),
                   "0: Could not connect the server. Please try again later.");
     }
-    reply = "HTTP/1.0 200 OK\n\n<a><update name=\"n\" time=\"2027-01-01 00:00:00\"/></a>";
+}
+
+TEST_F(FetchTest, TheListOfAServerBecomesOffers) {
+    MXMLItem state;
+    const MUpdateServer server(StateFor(state, std::size(Replies) - 1));
     MUpdateOffers offers;
     offers.Fetch(server, state);
     EXPECT_EQ(offers.GetUpdates().GetCount(), 1);

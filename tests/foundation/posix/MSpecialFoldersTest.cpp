@@ -2,31 +2,11 @@
 #include "foundation/MFile.h"
 #include "tests/support/MScratch.h"
 #include "tests/support/MTestText.h"
+#include "tests/support/posix/MTestVariable.h"
 
-#include <cstdlib>
 #include <gtest/gtest.h>
-#include <optional>
 
 namespace {
-
-/// A variable of the environment for the time of a test.
-class Variable {
-public:
-    Variable(const char* name, const std::string& value) : name(name) {
-        if (const char* old = std::getenv(name)) before = old;
-        setenv(name, value.c_str(), 1);
-    }
-    ~Variable() {
-        if (before)
-            setenv(name, before->c_str(), 1);
-        else
-            unsetenv(name);
-    }
-
-private:
-    const char* name;
-    std::optional<std::string> before;
-};
 
 class MSpecialFoldersTest : public testing::Test {
 protected:
@@ -36,9 +16,9 @@ protected:
 
     MScratch scratch;
     std::string home = Text(scratch.GetPath());
-    Variable homeVariable{"HOME", home};
-    Variable configVariable{"XDG_CONFIG_HOME", ""};
-    Variable dataVariable{"XDG_DATA_HOME", "relative/is/invalid"};
+    MTestVariable homeVariable{"HOME", home};
+    MTestVariable configVariable{"XDG_CONFIG_HOME", ""};
+    MTestVariable dataVariable{"XDG_DATA_HOME", "relative/is/invalid"};
 };
 
 TEST_F(MSpecialFoldersTest, WithoutSettingsTheUsersFoldersLieInTheHome) {
@@ -47,7 +27,7 @@ TEST_F(MSpecialFoldersTest, WithoutSettingsTheUsersFoldersLieInTheHome) {
     EXPECT_EQ(Path(MSpecialFolderUserDocuments), home + "/Documents");
     EXPECT_EQ(Path(MSpecialFolderUserStartMenu), home + "/.local/share/applications");
     EXPECT_EQ(Path(MSpecialFolderMusic), home + "/Music");
-    const Variable data("XDG_DATA_HOME", home + "/data/");
+    const MTestVariable data("XDG_DATA_HOME", home + "/data/");
     EXPECT_EQ(Path(MSpecialFolderUserData), home + "/data/Corvanth");
 }
 
@@ -67,9 +47,9 @@ TEST_F(MSpecialFoldersTest, UserDirectoriesAreTakenFromTheirFile) {
 }
 
 TEST_F(MSpecialFoldersTest, TheTemporaryFolderMustExist) {
-    const Variable present("TMPDIR", home + "/");
+    const MTestVariable present("TMPDIR", home + "/");
     EXPECT_EQ(Path(MSpecialFolderTemporary), home);
-    const Variable missing("TMPDIR", home + "/missing");
+    const MTestVariable missing("TMPDIR", home + "/missing");
     EXPECT_EQ(Path(MSpecialFolderTemporary), "/tmp");
 }
 
