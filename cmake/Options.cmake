@@ -8,6 +8,8 @@ option(CORVANTH_BENCHMARKS "Build the benchmarks in bench/" OFF)
 option(CORVANTH_FUZZERS "Build the fuzz targets in fuzz/; needs clang" OFF)
 set(CORVANTH_EXAMPLE_PLUGINS "$ENV{HOME}/.cache/corvanth-setup/example-plugins" CACHE PATH
     "Folder with the plug-ins of the example product; scripts/lib/fetch-example-plugins fills it")
+set(CORVANTH_TEST_IMAGES "$ENV{HOME}/.cache/corvanth-setup/test-images" CACHE PATH
+    "Folder with pictures that other decoders are tested with; scripts/lib/fetch-test-images fills it")
 
 # The platform folder whose files implement the portable headers of a room.
 if(WIN32)

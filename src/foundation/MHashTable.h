@@ -28,6 +28,10 @@ public:
         GetBucket(key).Add({key, value});
         ++count;
     }
+    void Clear() {
+        for (MList<Entry>& bucket : buckets) bucket.Clear();
+        count = 0;
+    }
     /// Null if the key is not there. Valid until the next addition.
     [[nodiscard]] const Value* Find(const Key& key) const {
         for (const Entry& entry : GetBucket(key))

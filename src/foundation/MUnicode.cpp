@@ -5,7 +5,6 @@
 
 namespace {
 
-constexpr uint32_t ReplacementCharacter = 0xFFFD;
 /// Code points that stand for the bytes 0x80 to 0xFF of no valid sequence.
 constexpr uint32_t RawByteBase = 0x10FE00;
 constexpr uint32_t FirstRawByte = RawByteBase + 0x80;
@@ -13,14 +12,6 @@ constexpr uint32_t LastRawByte = RawByteBase + 0xFF;
 
 bool IsRawByte(uint32_t codePoint) {
     return codePoint >= FirstRawByte && codePoint <= LastRawByte;
-}
-
-uint32_t TakeCodePoint(const MString& text, int32_t& index) {
-    const MChar unit = text[index++];
-    if (!unit.IsHighSurrogate() && !unit.IsLowSurrogate()) return unit;
-    if (unit.IsLowSurrogate() || index >= text.GetLength() || !text[index].IsLowSurrogate())
-        return ReplacementCharacter;
-    return 0x10000 + ((unit - 0xD800u) << 10) + (text[index++] - 0xDC00u);
 }
 
 void AppendEncoded(std::string& bytes, uint32_t codePoint) {
@@ -104,7 +95,7 @@ std::string MEncodeUTF8Exact(const MString& text) {
                          : NarrowASCII(text.GetUnits(), length, bytes))
         return bytes;
     bytes.clear();
-    for (int32_t index = 0; index < text.GetLength();) AppendEncoded(bytes, TakeCodePoint(text, index));
+    for (int32_t index = 0; index < text.GetLength();) AppendEncoded(bytes, MTakeCodePoint(text, index));
     return bytes;
 }
 

@@ -18,3 +18,12 @@
 
 /// Whether all the bytes belong to valid sequences.
 [[nodiscard]] bool MIsUTF8(std::string_view bytes);
+
+/// The code point that begins at a unit of a text; `index` then is that of the next one. A surrogate without its pair
+/// gives U+FFFD.
+[[nodiscard]] inline char32_t MTakeCodePoint(const MString& text, int32_t& index) {
+    const MChar unit = text[index++];
+    if (!unit.IsHighSurrogate() && !unit.IsLowSurrogate()) return unit;
+    if (unit.IsLowSurrogate() || index >= text.GetLength() || !text[index].IsLowSurrogate()) return 0xFFFD;
+    return 0x10000 + ((unit - 0xD800u) << 10) + (text[index++] - 0xDC00u);
+}

@@ -1,0 +1,93 @@
+#include "ui/drawing/MCoverage.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+
+namespace {
+
+constexpr int32_t UnitBits = 20;
+constexpr int32_t Unit = 1 << UnitBits;
+
+/// What lies right of a line from x0 to x1 (x0 <= x1) in a band of height 1, left of `x`.
+double GetAreaLeftOf(double x, double x0, double x1) {
+    if (x <= x0) return 0;
+    if (x >= x1) return x - (x0 + x1) / 2;
+    return (x - x0) * (x - x0) / (2 * (x1 - x0));
+}
+
+int32_t ToUnits(double area) {
+    return static_cast<int32_t>(std::floor(area * Unit + 0.5));
+}
+
+/// Outlines may lead far away; what is beyond this counts as being there.
+double Limit(double value) {
+    constexpr double Far = 1 << 30;
+    return std::clamp(value, -Far, Far);
+}
+
+}  // namespace
+
+MCoverage::MCoverage(const MRect& area)
+    : area(area),
+      steps(area.IsEmpty() ? 0
+                           : static_cast<size_t>(area.GetWidth()) * static_cast<size_t>(area.GetHeight())) {}
+
+void MCoverage::AddOutline(std::span<const MPointF> points) {
+    if (steps.empty() || points.empty()) return;
+    MPointF last = points.back();
+    for (const MPointF& point : points) {
+        // A point that is nowhere cannot be reached; the whole outline would fall apart.
+        if (std::isnan(point.x) || std::isnan(point.y)) continue;
+        if (!std::isnan(last.x) && !std::isnan(last.y)) AddLine(last, point);
+        last = point;
+    }
+}
+
+void MCoverage::AddLine(MPointF from, MPointF to) {
+    // From here on a pixel begins at a whole number.
+    const double sign = from.y < to.y ? 1 : -1;
+    if (from.y > to.y) std::swap(from, to);
+    const double x0 = Limit(from.x + 0.5);
+    const double y0 = Limit(from.y + 0.5);
+    const double x1 = Limit(to.x + 0.5);
+    const double y1 = Limit(to.y + 0.5);
+    if (!(y0 < y1)) return;
+
+    const double slope = (x1 - x0) / (y1 - y0);
+    const auto first = static_cast<int32_t>(std::max(std::floor(y0), double(area.top)));
+    const auto end = static_cast<int32_t>(std::min(std::ceil(y1), double(area.bottom) + 1));
+    for (int32_t row = first; row < end; ++row) {
+        const double top = std::max(double(row), y0);
+        const double bottom = std::min(double(row) + 1, y1);
+        AddSpan(row, x0 + (top - y0) * slope, x0 + (bottom - y0) * slope, sign * (bottom - top));
+    }
+}
+
+void MCoverage::AddSpan(int32_t row, double x0, double x1, double height) {
+    if (x0 > x1) std::swap(x0, x1);
+    // From the first pixel that the line touches to the one behind its end, beyond which the sum stays.
+    const auto first = static_cast<int32_t>(std::max(std::floor(x0), double(area.left)));
+    const auto last =
+        static_cast<int32_t>(std::min(std::max(std::floor(x1) + 1, double(area.left)), double(area.right)));
+    int32_t* rowSteps =
+        &steps[static_cast<size_t>(row - area.top) * static_cast<size_t>(area.GetWidth())] - area.left;
+    int32_t before = 0;
+    for (int32_t x = first; x <= last; ++x) {
+        const double share = GetAreaLeftOf(x + 1.0, x0, x1) - GetAreaLeftOf(x, x0, x1);
+        const int32_t units = ToUnits(share * height);
+        rowSteps[x] += units - before;
+        before = units;
+    }
+}
+
+void MCoverage::GetRow(int32_t y, uint8_t* mask) const {
+    const auto width = static_cast<size_t>(area.GetWidth());
+    const int32_t* rowSteps = &steps[static_cast<size_t>(y - area.top) * width];
+    int64_t sum = 0;
+    for (size_t i = 0; i < width; ++i) {
+        sum += rowSteps[i];
+        const int64_t units = std::min<int64_t>(std::abs(sum), Unit);
+        mask[i] = static_cast<uint8_t>((units * 255 + Unit / 2) >> UnitBits);
+    }
+}

@@ -1,0 +1,163 @@
+#pragma once
+
+#include "foundation/MList.h"
+#include "foundation/MObject.h"
+#include "ui/drawing/MBitmap.h"
+#include "ui/drawing/MColorOp.h"
+#include "ui/drawing/MGradient.h"
+#include "ui/drawing/MTextAlignment.h"
+
+#include <cstdint>
+
+class MAlphaMask;
+class MFont;
+class MFontTable;
+
+/// The only way by which anything reaches a pixel. A drawer works in coordinates of its own; this class shifts them and
+/// hands every operation on to a target, whose last one paints.
+///
+/// Coordinates are pixels, rectangles include their right and bottom edge, and nothing outside of the clip is painted.
+/// An operation with a mode combines by it, others as is right for the target. A source rectangle is cut to its bitmap.
+/// No operation raises: what fails is reported to the diagnostics, and painting goes on. A drawer belongs to the one
+/// paint in progress.
+class MDrawer : public MObject {
+public:
+    using PointList = MList<MPointF>;
+    using ValueList = MList<double>;
+
+    /// The target outlives the drawer; null for one that paints itself.
+    explicit MDrawer(MDrawer* target = nullptr) : target(target) {}
+
+    /// The size that was set, else that of the target.
+    [[nodiscard]] virtual int32_t GetWidth();
+    [[nodiscard]] virtual int32_t GetHeight();
+
+    // What a style provides; without one null, 0 or the text's own colour.
+    [[nodiscard]] virtual MBitmap* GetStdIcon(int32_t index);
+    [[nodiscard]] virtual MBitmap* GetStdBitmap(int32_t index);
+    [[nodiscard]] virtual MFontTable* GetFontTable();
+    /// A font of the table; `color` becomes the one to use it with.
+    [[nodiscard]] virtual MFont* GetFont(int32_t fontIndex, int32_t colorIndex, MColor& color);
+    [[nodiscard]] virtual MColor GetTextColor(int32_t index, bool isInverted);
+    [[nodiscard]] virtual int32_t GetStdSize(int32_t index);
+    /// A length in pixels by the style's size factor.
+    [[nodiscard]] virtual int32_t ScaleX(int32_t value);
+    [[nodiscard]] virtual int32_t ScaleY(int32_t value);
+    virtual void SetBackgroundColor(MColor color);
+    [[nodiscard]] virtual MColor GetBackgroundColor();
+
+    /// In this drawer's coordinates.
+    [[nodiscard]] virtual MRect GetClip();
+    virtual void SetClip(const MRect& rect);
+
+    // Pictures. `alpha` scales that of the picture's pixels.
+    /// Tiles a bitmap over `rect`, whose top left pixel shows the bitmap's pixel `offset`.
+    virtual void PatBlt(const MRect& rect, const MBitmap& bitmap, MPoint offset, uint8_t alpha,
+                        MDrawMode mode);
+    virtual void BitBlt(const MRect& source, const MBitmap& bitmap, MPoint point, uint8_t alpha,
+                        MDrawMode mode);
+    /// Paints a colour through a mask.
+    virtual void AlphaMask(const MRect& source, const MAlphaMask& mask, MPoint point, MColor color,
+                           MDrawMode mode);
+    /// Scales in both directions; each pixel shows the nearest one of the source.
+    virtual void StretchBlt(const MRect& rect, const MBitmap& bitmap, const MRect& source, uint8_t alpha,
+                            MDrawMode mode);
+    virtual void BitBltWhole(const MBitmap& bitmap, MPoint point, uint8_t alpha, MDrawMode mode);
+    virtual void StretchBltWhole(const MRect& rect, const MBitmap& bitmap, uint8_t alpha, MDrawMode mode);
+    /// Scales horizontally and tiles vertically; `StretchBltV` the other way round.
+    virtual void StretchBltH(const MRect& rect, const MBitmap& bitmap, const MRect& source, uint8_t alpha,
+                             MDrawMode mode);
+    virtual void StretchBltV(const MRect& rect, const MBitmap& bitmap, const MRect& source, uint8_t alpha,
+                             MDrawMode mode);
+
+    /// Text in a rectangle, which does not clip it. Without shadow; see `DrawText`.
+    virtual void AlignedTextOut(const MRect& rect, MFont& font, const MString& text, MColor color,
+                                MTextAlignment alignment);
+
+    // Points and lines. The forms with doubles have smooth edges; their lines are a pixel wide.
+    virtual void SetPixel(MPoint point, MColor color);
+    /// Both ends are painted.
+    virtual void Line(MPoint from, MPoint to, MColor color);
+    /// A square of a pixel's size around the point.
+    virtual void SetPixelF(MPointF point, MColor color);
+    virtual void LineF(MPointF from, MPointF to, MColor color);
+    virtual void ResetPixelEffect();
+
+    // Shapes. A radius is in pixels; an outline is a pixel wide and lies inside of what filling would paint.
+    virtual void Rectangle(const MRect& rect, MColor color, MDrawMode mode);
+    virtual void FillRectangle(const MRect& rect, MColor color, MDrawMode mode);
+    virtual void FillRectangleGradient(const MRect& rect, MColor from, MColor to,
+                                       MGradientDirection direction, MDrawMode mode);
+    virtual void RoundRectangle(const MRect& rect, double radius, MColor color, MDrawMode mode);
+    virtual void FillRoundRectangle(const MRect& rect, double radius, MColor color, MDrawMode mode);
+    virtual void Circle(MPointF center, double radius, MColor color, MDrawMode mode);
+    virtual void FillCircle(MPointF center, double radius, MColor color, MDrawMode mode);
+    virtual void FillTriangle(MPointF p1, MPointF p2, MPointF p3, MColor color, MDrawMode mode);
+
+    // Graphs. Values are places on the other axis, and stand a pixel apart.
+    /// From `top` to `bottom` in the column `x`, or from `left` to `right` in the row `y`, with smooth ends.
+    virtual void FillVerticalColumn(int32_t x, double top, double bottom, MColor color);
+    virtual void FillHorizontalRow(int32_t y, double left, double right, MColor color);
+    virtual void PaintPolyLine(const PointList& points, MColor color);
+    /// Closed, and filled by the non-zero rule.
+    virtual void PaintPolygon(const PointList& points, MColor color);
+    virtual void PaintHorizontalPolyLine(int32_t firstX, const ValueList& values, MColor color);
+    /// What lies between the values and the line at `baseY`, or between two curves as long as the shorter one.
+    virtual void PaintHorizontalGraph(int32_t firstX, const ValueList& values, double baseY, MColor color);
+    virtual void PaintHorizontalGraph(int32_t firstX, const ValueList& upper, const ValueList& lower,
+                                      MColor color);
+    /// Puts everything on the screen that waits to be.
+    virtual void Flush();
+
+    /// Text as styles draw it: where shadows are on, the inverted colour a pixel to the right and below first.
+    void DrawText(const MRect& rect, MFont& font, const MString& text, MColor color,
+                  MTextAlignment alignment);
+
+    /// How `PaintBitmapPart` fills: one of `MBitmapFill`, and `PartKept` for a part that is left as it is.
+    static constexpr int32_t PartFillMask = 3;
+    static constexpr int32_t PartKept = 4;
+    /// Fills a rectangle by a part of a bitmap. Reports "Invalid bitmap layout flags specified for processing." for
+    /// any other flag.
+    void PaintBitmapPart(const MRect& rect, const MBitmap& bitmap, const MRect& source, int32_t flags,
+                         uint8_t alpha, MDrawMode mode);
+    /// Paints a frame of nine parts: corners of `cornerSize` as they are, edges and centre by their flags.
+    void PaintCornered(const MRect& rect, const MBitmap& bitmap, const MRect& source, MPoint cornerSize,
+                       int32_t edgeFlags, int32_t centerFlags, uint8_t alpha, MDrawMode mode);
+
+    /// Writes the colour itself, alpha included, so that painting a point twice is as painting it once.
+    void SetPixelOnce(MPoint point, MColor color) {
+        FillRectangle({point.x, point.y, point.x, point.y}, color, MDrawMode::Copy);
+    }
+    /// Where this drawer's origin lies in the target.
+    void SetTranslation(int32_t x, int32_t y) { translation = {x, y}; }
+    [[nodiscard]] MPoint GetTranslation() const { return translation; }
+    /// The size to answer in place of the target's.
+    void SetSize(int32_t newWidth, int32_t newHeight);
+    void SetTarget(MDrawer* newTarget) { target = newTarget; }
+
+    /// How strong the shadow of text is; 0 for none.
+    uint8_t textShadowAlpha = 0;
+    /// Whether text is in the colours of what is selected.
+    bool inverted = false;
+
+protected:
+    [[nodiscard]] MPoint Shift(MPoint point) const { return point + translation; }
+    [[nodiscard]] MPointF Shift(MPointF point) const {
+        return {point.x + translation.x, point.y + translation.y};
+    }
+    [[nodiscard]] MRect Shift(const MRect& rect) const { return rect.Shifted(translation); }
+    [[nodiscard]] PointList Shift(const PointList& points) const;
+    [[nodiscard]] ValueList ShiftY(const ValueList& values) const;
+
+private:
+    void TilePart(const MRect& rect, const MBitmap& bitmap, const MRect& source, uint8_t alpha,
+                  MDrawMode mode);
+
+protected:
+    MDrawer* target;
+    MPoint translation;
+    int32_t width = 0;
+    int32_t height = 0;
+    bool useOwnSize = false;
+    MColor backgroundColor;
+};

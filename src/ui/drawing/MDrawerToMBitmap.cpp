@@ -1,0 +1,183 @@
+#include "ui/drawing/MDrawerToMBitmap.h"
+
+#include "ui/drawing/MAlphaMask.h"
+#include "ui/drawing/MPaintGuard.h"
+#include "ui/text/MTextLayout.h"
+
+#include <algorithm>
+
+namespace {
+
+/// A picture and where it goes, with what of it does not exist cut away.
+struct CutPicture {
+    CutPicture(const MRect& part, const MBaseBitmap& source, MPoint point)
+        : part(part.Intersected(MRect::FromSize(0, 0, source.GetWidth(), source.GetHeight()))),
+          point(point + (this->part.GetTopLeft() - part.GetTopLeft())) {}
+
+    MRect part;
+    MPoint point;
+};
+
+/// A paletted bitmap with its colours written out.
+MBitmap ToDirect(const MBitmap& source) {
+    MBitmap direct(source.GetWidth(), source.GetHeight());
+    MColor* pixel = direct.EditPixels();
+    for (int32_t y = 0; y < source.GetHeight(); ++y)
+        for (int32_t x = 0; x < source.GetWidth(); ++x) *pixel++ = source.GetPixel(x, y);
+    return direct;
+}
+
+/// Paints the pixels from `first` to `last` of a row.
+void PaintRow(const MPixelRows& operations, MColor* target, const MColor* source, const MAxisMap& columns,
+              int32_t first, int32_t last, uint8_t alpha) {
+    if (!columns.IsScaled()) {
+        for (int32_t x = first; x <= last;) {
+            const int32_t count = std::min(columns.GetRunLength(x), last - x + 1);
+            operations.blit(target + x, source + columns.GetSource(x), count, alpha);
+            x += count;
+        }
+        return;
+    }
+    // Within a piece the positions stay below 2^31.
+    const uint32_t step = columns.GetStep();
+    const int32_t most = step > 0 ? static_cast<int32_t>(0x7FFF0000u / step) + 1 : last - first + 1;
+    for (int32_t x = first; x <= last;) {
+        const int32_t count = std::min(most, last - x + 1);
+        const int64_t position = columns.GetPosition(x);
+        operations.stretch(target + x, source + (position >> 16), static_cast<uint32_t>(position & 0xFFFF),
+                           step, count, alpha);
+        x += count;
+    }
+}
+
+}  // namespace
+
+void MDrawerToMBitmap::SetBitmap(MBitmap* newBitmap) {
+    bitmap = newBitmap;
+    clip = bitmap ? bitmap->GetRect() : MRect();
+}
+
+int32_t MDrawerToMBitmap::GetWidth() {
+    return useOwnSize || !bitmap ? width : bitmap->GetWidth();
+}
+
+int32_t MDrawerToMBitmap::GetHeight() {
+    return useOwnSize || !bitmap ? height : bitmap->GetHeight();
+}
+
+MRect MDrawerToMBitmap::GetClip() {
+    return clip.Shifted(MPoint() - translation);
+}
+
+void MDrawerToMBitmap::SetClip(const MRect& rect) {
+    clip = Shift(rect);
+}
+
+bool MDrawerToMBitmap::PrepareBitmap() {
+    if (!bitmap || bitmap->IsEmpty() || bitmap->IsPaletted()) return false;
+    pixels = bitmap->EditPixels();
+    return true;
+}
+
+MRect MDrawerToMBitmap::GetPaintable(const MRect& rect) const {
+    return rect.Intersected(clip).Intersected(bitmap->GetRect());
+}
+
+void MDrawerToMBitmap::PaintPicture(const MBitmap& source, const MAxisMap& columns, const MAxisMap& rows,
+                                    uint8_t alpha, MDrawMode mode) {
+    if (source.IsPaletted()) return PaintPicture(ToDirect(source), columns, rows, alpha, mode);
+    const MRect visible =
+        GetPaintable({columns.GetFirst(), rows.GetFirst(), columns.GetLast(), rows.GetLast()});
+    const MPixelRows& operations = MGetPixelRows(mode);
+    for (int32_t y = visible.top; y <= visible.bottom; ++y)
+        PaintRow(operations, pixels + int64_t{bitmap->GetWidth()} * y, source.GetRow(rows.GetSource(y)),
+                 columns, visible.left, visible.right, alpha);
+}
+
+void MDrawerToMBitmap::PatBlt(const MRect& rect, const MBitmap& source, MPoint offset, uint8_t alpha,
+                              MDrawMode mode) {
+    // A bitmap that is painted onto itself is read as it was before.
+    const MBitmap copy = source;
+    Paint("MDrawerToMBitmap::PatBlt", [&] {
+        if (copy.IsEmpty()) return;
+        const MRect area = Shift(rect);
+        PaintPicture(copy, MAxisMap::Tiled(area.left, area.GetWidth(), 0, copy.GetWidth(), offset.x),
+                     MAxisMap::Tiled(area.top, area.GetHeight(), 0, copy.GetHeight(), offset.y), alpha, mode);
+    });
+}
+
+void MDrawerToMBitmap::BitBlt(const MRect& part, const MBitmap& source, MPoint point, uint8_t alpha,
+                              MDrawMode mode) {
+    const MBitmap copy = source;
+    Paint("MDrawerToMBitmap::BitBlt", [&] {
+        const CutPicture cut(part, copy, Shift(point));
+        if (cut.part.IsEmpty()) return;
+        PaintPicture(copy, MAxisMap::Straight(cut.point.x, cut.part.left, cut.part.GetWidth()),
+                     MAxisMap::Straight(cut.point.y, cut.part.top, cut.part.GetHeight()), alpha, mode);
+    });
+}
+
+void MDrawerToMBitmap::StretchBlt(const MRect& rect, const MBitmap& source, const MRect& part, uint8_t alpha,
+                                  MDrawMode mode) {
+    const MBitmap copy = source;
+    Paint("MDrawerToMBitmap::StretchBlt", [&] {
+        const MRect area = Shift(rect);
+        const MRect cut = part.Intersected(copy.GetRect());
+        if (cut.IsEmpty()) return;
+        PaintPicture(copy, MAxisMap::Scaled(area.left, area.GetWidth(), cut.left, cut.GetWidth()),
+                     MAxisMap::Scaled(area.top, area.GetHeight(), cut.top, cut.GetHeight()), alpha, mode);
+    });
+}
+
+void MDrawerToMBitmap::StretchBltH(const MRect& rect, const MBitmap& source, const MRect& part, uint8_t alpha,
+                                   MDrawMode mode) {
+    const MBitmap copy = source;
+    Paint("MDrawerToMBitmap::StretchBltH", [&] {
+        const MRect area = Shift(rect);
+        const MRect cut = part.Intersected(copy.GetRect());
+        if (cut.IsEmpty()) return;
+        PaintPicture(copy, MAxisMap::Scaled(area.left, area.GetWidth(), cut.left, cut.GetWidth()),
+                     MAxisMap::Tiled(area.top, area.GetHeight(), cut.top, cut.GetHeight(), 0), alpha, mode);
+    });
+}
+
+void MDrawerToMBitmap::StretchBltV(const MRect& rect, const MBitmap& source, const MRect& part, uint8_t alpha,
+                                   MDrawMode mode) {
+    const MBitmap copy = source;
+    Paint("MDrawerToMBitmap::StretchBltV", [&] {
+        const MRect area = Shift(rect);
+        const MRect cut = part.Intersected(copy.GetRect());
+        if (cut.IsEmpty()) return;
+        PaintPicture(copy, MAxisMap::Tiled(area.left, area.GetWidth(), cut.left, cut.GetWidth(), 0),
+                     MAxisMap::Scaled(area.top, area.GetHeight(), cut.top, cut.GetHeight()), alpha, mode);
+    });
+}
+
+void MDrawerToMBitmap::AlphaMask(const MRect& part, const MAlphaMask& mask, MPoint point, MColor color,
+                                 MDrawMode mode) {
+    Paint("MDrawerToMBitmap::AlphaMask", [&] { PaintMask(part, mask, Shift(point), color, mode); });
+}
+
+void MDrawerToMBitmap::PaintMask(const MRect& part, const MAlphaMask& mask, MPoint point, MColor color,
+                                 MDrawMode mode) {
+    const CutPicture cut(part, mask, point);
+    const MRect area = MRect::FromSize(cut.point.x, cut.point.y, cut.part.GetWidth(), cut.part.GetHeight());
+    const MRect visible = GetPaintable(area);
+    const MPixelRows& operations = MGetPixelRows(mode);
+    for (int32_t y = visible.top; y <= visible.bottom; ++y) {
+        const uint8_t* row =
+            mask.GetRow(y - area.top + cut.part.top) + (visible.left - area.left + cut.part.left);
+        operations.mask(pixels + int64_t{bitmap->GetWidth()} * y + visible.left, row, visible.GetWidth(),
+                        color);
+    }
+}
+
+void MDrawerToMBitmap::AlignedTextOut(const MRect& rect, MFont& font, const MString& text, MColor color,
+                                      MTextAlignment alignment) {
+    Paint("MDrawerToMBitmap::AlignedTextOut", [&] {
+        MTextLayout layout(font, text, Shift(rect), alignment);
+        for (MPlacedGlyph glyph; layout.TakeGlyph(glyph);)
+            PaintMask(MRect::FromSize(0, 0, glyph.mask->GetWidth(), glyph.mask->GetHeight()), *glyph.mask,
+                      glyph.point, color, GetBlendMode());
+    });
+}

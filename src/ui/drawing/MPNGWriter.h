@@ -1,0 +1,8 @@
+#pragma once
+
+class MBitmap;
+class MStream;
+
+/// Encodes the pixels of a bitmap as a PNG file (ISO/IEC 15948) of 8 bits with alpha. Raises what
+/// `MBitmap::SavePNG` raises.
+void MWritePNG(MStream& stream, const MBitmap& bitmap);

@@ -1,0 +1,11 @@
+#pragma once
+
+#include "foundation/MGuard.h"
+#include "ui/drawing/MDrawerToMBitmap.h"
+
+template <class Body>
+void MDrawerToMBitmap::Paint(const char* name, Body body) {
+    MGuard(name, [&] {
+        if (PrepareBitmap()) body();
+    });
+}

@@ -1,0 +1,193 @@
+#pragma once
+
+#include "ui/drawing/MColor.h"
+
+/// The pixel operators: what each `MColorOp` does to a pixel. Each struct stands for one operation and is written once
+/// for all forms of the rows (MPixelRows.h): `Lanes` are numbers of 16 bits without sign, four for each pixel, in the
+/// order blue, green, red, alpha.
+///
+/// In the formulas d is a channel of the destination, s that of the source, i = 255 - a, and a the source's alpha,
+/// scaled beforehand by the operation's own one: (alpha + 1) * opacity / 256. All of it is done in whole numbers; a
+/// division by 256 is a shift. Formulas are for the three colours. The destination's alpha stays as it is unless the
+/// operation says otherwise.
+///
+/// A source with a = 0 changes nothing, although the formulas would darken the destination by one step; Copy, and
+/// Overlay over nothing, are the exceptions.
+namespace MPixelOperators {
+
+/// (s * a + d * i) / 256. Nothing of the source leaves d whole: its weight is then 256. That also keeps the
+/// destination's alpha, whose lane gets no weight.
+template <class Lanes>
+[[gnu::always_inline]] inline Lanes Blend(Lanes d, Lanes s, Lanes alphas) {
+    const Lanes a = alphas.OnColors();
+    const Lanes i = Lanes::All(255) - a - Equals(a, Lanes::All(0));
+    return (s * a + d * i) >> 8;
+}
+
+/// s * a / 256, and 0 in the lane of the alpha.
+template <class Lanes>
+[[gnu::always_inline]] inline Lanes Scaled(Lanes s, Lanes alphas) {
+    return (s * alphas.OnColors()) >> 8;
+}
+
+/// The luminance of each pixel in its four lanes, as in MColor::GetLuminance.
+template <class Lanes>
+[[gnu::always_inline]] inline Lanes Luminance(Lanes s) {
+    return (s * Lanes::Repeat(29, 150, 77, 0)).SumOfPixel() >> 8;
+}
+
+/// x / 255, for all x of 16 bits.
+template <class Lanes>
+[[gnu::always_inline]] inline Lanes DividedBy255(Lanes x) {
+    return MultiplyHigh(x, Lanes::All(0x8081)) >> 7;
+}
+
+/// How much farther from 127 a d is after the contrast was increased, without the limits; `distance` is where it was.
+///
+/// As s * -16 + 4335 is 255 + 16 * (255 - s), the curve of IncContrast adds 16 * (255 - s) * distance / 255. What lies
+/// behind the point of a quotient by 255 does not change the quotient by 16 that follows, so 16 bits are enough.
+template <class Lanes>
+[[gnu::always_inline]] inline Lanes AddedContrast(Lanes distance, Lanes s) {
+    const Lanes product = (Lanes::All(255) - s) * distance;
+    return (product + DividedBy255(product)) >> 4;
+}
+
+/// d := (s * a + d * i) / 256
+struct Alphablend {
+    template <class Lanes>
+    [[gnu::always_inline]] static Lanes Combine(Lanes d, Lanes s, Lanes a) {
+        return Blend(d, s, a);
+    }
+};
+
+/// m := s * (d + 1) / 256; d := (m * a + d * i) / 256
+struct Modulate {
+    template <class Lanes>
+    [[gnu::always_inline]] static Lanes Combine(Lanes d, Lanes s, Lanes a) {
+        return Blend(d, (s * (d + Lanes::All(1))) >> 8, a);
+    }
+};
+
+/// All four bytes of the source, a included.
+struct Copy {
+    template <class Lanes>
+    [[gnu::always_inline]] static Lanes Combine(Lanes, Lanes s, Lanes a) {
+        return s.WithAlphas(a);
+    }
+};
+
+/// Over a destination of alpha 0, all four bytes of the source, a included. Otherwise as Alphablend, and the alpha of
+/// the destination := min(255, alpha + a).
+struct Overlay {
+    template <class Lanes>
+    [[gnu::always_inline]] static Lanes Combine(Lanes d, Lanes s, Lanes a) {
+        const Lanes alphas = d.Alphas();
+        const Lanes blended = Blend(d, s, a).WithAlphas(Min(alphas + a, Lanes::All(255)));
+        return Select(Equals(alphas, Lanes::All(0)), s.WithAlphas(a), blended);
+    }
+};
+
+/// c := the source with the lightness of the destination (MColor::WithLightnessOf); d := (c * a + d * i) / 256
+struct Color {
+    template <class Lanes>
+    [[gnu::always_inline]] static Lanes Combine(Lanes d, Lanes s, Lanes a) {
+        return Blend(d, Lanes::Repeat(s.GetColor().WithLightnessOf(d.GetColor())), a);
+    }
+};
+
+/// d := ((255 - d) * a + d * i) / 256
+struct Invert {
+    template <class Lanes>
+    [[gnu::always_inline]] static Lanes Combine(Lanes d, Lanes, Lanes a) {
+        return Blend(d, Lanes::All(255) - d, a);
+    }
+};
+
+/// d := min(255, d + s * a / 256)
+struct Add {
+    template <class Lanes>
+    [[gnu::always_inline]] static Lanes Combine(Lanes d, Lanes s, Lanes a) {
+        return Min(d + Scaled(s, a), Lanes::All(255));
+    }
+};
+
+/// d := max(0, d - s * a / 256)
+struct Subtract {
+    template <class Lanes>
+    [[gnu::always_inline]] static Lanes Combine(Lanes d, Lanes s, Lanes a) {
+        return SubtractToZero(d, Scaled(s, a));
+    }
+};
+
+/// l := the source's luminance; d := min(255, d + l * a / 256)
+struct Lighten {
+    template <class Lanes>
+    [[gnu::always_inline]] static Lanes Combine(Lanes d, Lanes s, Lanes a) {
+        return Min(d + Scaled(Luminance(s), a), Lanes::All(255));
+    }
+};
+
+/// l := the source's luminance; d := max(0, d - (255 - l) * a / 256)
+struct Darken {
+    template <class Lanes>
+    [[gnu::always_inline]] static Lanes Combine(Lanes d, Lanes s, Lanes a) {
+        return SubtractToZero(d, Scaled(Lanes::All(255) - Luminance(s), a));
+    }
+};
+
+/// d := (|d - s| * a + d * i) / 256
+struct Difference {
+    template <class Lanes>
+    [[gnu::always_inline]] static Lanes Combine(Lanes d, Lanes s, Lanes a) {
+        return Blend(d, Magnitude(d - s), a);
+    }
+};
+
+/// c := (s * -16 + 4335) * (d - 127) / 255 + 127, the division towards zero, limited to 0..255;
+/// d := (c * a + d * i) / 256
+struct IncContrast {
+    template <class Lanes>
+    [[gnu::always_inline]] static Lanes Combine(Lanes d, Lanes s, Lanes a) {
+        const Lanes offset = d - Lanes::All(127);
+        const Lanes c = d + Signed(AddedContrast(Magnitude(offset), s), offset);
+        return Blend(d, Min(Max(c, Lanes::All(0)), Lanes::All(255)), a);
+    }
+};
+
+/// c := s * (d - 127) / 255 + 127, the division towards zero; d := (c * a + d * i) / 256
+struct DecContrast {
+    template <class Lanes>
+    [[gnu::always_inline]] static Lanes Combine(Lanes d, Lanes s, Lanes a) {
+        const Lanes offset = d - Lanes::All(127);
+        return Blend(d, Lanes::All(127) + Signed(DividedBy255(s * Magnitude(offset)), offset), a);
+    }
+};
+
+/// c as in IncContrast; where c > d, d := max(d, (c * a + d * i) / 256). So it never darkens. That c > d only happens
+/// above 127; below, c stands for d here, and the blend is not above it.
+struct LightenByContrast {
+    template <class Lanes>
+    [[gnu::always_inline]] static Lanes Combine(Lanes d, Lanes s, Lanes a) {
+        const Lanes added = AddedContrast(SubtractToZero(d, Lanes::All(127)), s);
+        return Max(d, Blend(d, Min(d + added, Lanes::All(255)), a));
+    }
+};
+
+/// c as in IncContrast; where c < d, d := (c * a + d * i) / 256. So it never lightens.
+struct DarkenByContrast {
+    template <class Lanes>
+    [[gnu::always_inline]] static Lanes Combine(Lanes d, Lanes s, Lanes a) {
+        const Lanes c = SubtractToZero(d, AddedContrast(SubtractToZero(Lanes::All(127), d), s));
+        return Blend(d, c, a & IsAbove(d, c));
+    }
+};
+
+/// d := (d + s * a / 256) mod 256
+struct AddAndOverflow {
+    template <class Lanes>
+    [[gnu::always_inline]] static Lanes Combine(Lanes d, Lanes s, Lanes a) {
+        return (d + Scaled(s, a)) & Lanes::All(255);
+    }
+};
+
+}  // namespace MPixelOperators

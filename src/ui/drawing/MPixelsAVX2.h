@@ -1,0 +1,133 @@
+#pragma once
+
+#include "ui/drawing/MColor.h"
+
+#include <cstring>
+#include <immintrin.h>
+
+/// Pixels in vectors of 256 bits, eight in a block. What the operations mean is said in MPixelRowTemplate.h.
+///
+/// Widening and packing work within halves of a vector: the low lanes are those of pixels 0, 1, 4 and 5.
+///
+/// This is compiled for processors with AVX2, so it calls no function that other files share: the linker might take
+/// the one from here for all of them.
+struct MPixelsAVX2 {
+    class Lanes;
+    struct Block {
+        __m256i bytes;
+    };
+
+    static constexpr int32_t Count = 8;
+
+    static Block Load(const MColor* pixels) {
+        return {_mm256_loadu_si256(reinterpret_cast<const __m256i*>(pixels))};
+    }
+    static Block LoadPart(const MColor* pixels, int32_t count) {
+        return {_mm256_maskload_epi32(reinterpret_cast<const int*>(pixels), GetPart(count))};
+    }
+    static void Store(MColor* pixels, Block block) {
+        _mm256_storeu_si256(reinterpret_cast<__m256i*>(pixels), block.bytes);
+    }
+    static void StorePart(MColor* pixels, Block block, int32_t count) {
+        _mm256_maskstore_epi32(reinterpret_cast<int*>(pixels), GetPart(count), block.bytes);
+    }
+    static Block LoadMask(const uint8_t* mask) {
+        return Spread(_mm_loadl_epi64(reinterpret_cast<const __m128i*>(mask)));
+    }
+    static Block LoadMaskPart(const uint8_t* mask, int32_t count) {
+        uint64_t bytes = 0;
+        for (int32_t i = count - 1; i >= 0; --i) bytes = bytes << 8 | mask[i];
+        return Spread(_mm_loadl_epi64(reinterpret_cast<const __m128i*>(&bytes)));
+    }
+    static Block Gather(const MColor* pixels, uint32_t position, uint32_t step) {
+        const auto load = [&](uint32_t i) { return LoadOne(pixels + ((position + i * step) >> 16)); };
+        return {_mm256_setr_epi32(load(0), load(1), load(2), load(3), load(4), load(5), load(6), load(7))};
+    }
+    static Block GatherPart(const MColor* pixels, uint32_t position, uint32_t step, int32_t count) {
+        int part[Count] = {};
+        for (int32_t i = 0; i < count; ++i, position += step) part[i] = LoadOne(pixels + (position >> 16));
+        return {_mm256_loadu_si256(reinterpret_cast<const __m256i*>(part))};
+    }
+
+    static Lanes GetLow(Block block);
+    static Lanes GetHigh(Block block);
+    static Block Pack(Lanes low, Lanes high);
+
+private:
+    static int LoadOne(const MColor* pixel) {
+        int word;
+        std::memcpy(&word, pixel, sizeof word);
+        return word;
+    }
+    static __m256i GetPart(int32_t count) {
+        return _mm256_cmpgt_epi32(_mm256_set1_epi32(count), _mm256_setr_epi32(0, 1, 2, 3, 4, 5, 6, 7));
+    }
+    static Block Spread(__m128i bytes) {
+        const __m256i order = _mm256_setr_epi8(0, 0, 0, 0, 4, 4, 4, 4, 8, 8, 8, 8, 12, 12, 12, 12, 0, 0, 0, 0,
+                                               4, 4, 4, 4, 8, 8, 8, 8, 12, 12, 12, 12);
+        return {_mm256_shuffle_epi8(_mm256_cvtepu8_epi32(bytes), order)};
+    }
+};
+
+/// Four pixels.
+class MPixelsAVX2::Lanes {
+public:
+    explicit Lanes(__m256i newValues) : values(newValues) {}
+
+    static Lanes All(uint16_t value) { return Lanes(_mm256_set1_epi16(static_cast<int16_t>(value))); }
+    static Lanes Repeat(int16_t blue, int16_t green, int16_t red, int16_t alpha) {
+        return Lanes(_mm256_setr_epi16(blue, green, red, alpha, blue, green, red, alpha, blue, green, red,
+                                       alpha, blue, green, red, alpha));
+    }
+    static Lanes Repeat(MColor color) { return Repeat(color.blue, color.green, color.red, color.alpha); }
+
+    [[nodiscard]] __m256i GetValues() const { return values; }
+    [[nodiscard]] Lanes Alphas() const {
+        return Lanes(_mm256_shufflehi_epi16(_mm256_shufflelo_epi16(values, 0xFF), 0xFF));
+    }
+    [[nodiscard]] Lanes OnColors() const { return *this & GetColorLanes(); }
+    [[nodiscard]] Lanes WithAlphas(Lanes alphas) const {
+        return Lanes(_mm256_blend_epi16(values, alphas.values, 0x88));
+    }
+    [[nodiscard]] Lanes SumOfPixel() const {
+        const __m256i pairs =
+            _mm256_add_epi16(values, _mm256_shufflehi_epi16(_mm256_shufflelo_epi16(values, 0xB1), 0xB1));
+        return Lanes(_mm256_add_epi16(pairs, _mm256_shuffle_epi32(pairs, 0xB1)));
+    }
+
+    friend Lanes operator+(Lanes a, Lanes b) { return Lanes(_mm256_add_epi16(a.values, b.values)); }
+    friend Lanes operator-(Lanes a, Lanes b) { return Lanes(_mm256_sub_epi16(a.values, b.values)); }
+    friend Lanes operator*(Lanes a, Lanes b) { return Lanes(_mm256_mullo_epi16(a.values, b.values)); }
+    friend Lanes operator&(Lanes a, Lanes b) { return Lanes(_mm256_and_si256(a.values, b.values)); }
+    friend Lanes operator|(Lanes a, Lanes b) { return Lanes(_mm256_or_si256(a.values, b.values)); }
+    friend Lanes operator>>(Lanes a, int bits) { return Lanes(_mm256_srli_epi16(a.values, bits)); }
+    friend Lanes operator<<(Lanes a, int bits) { return Lanes(_mm256_slli_epi16(a.values, bits)); }
+    friend Lanes MultiplyHigh(Lanes a, Lanes b) { return Lanes(_mm256_mulhi_epu16(a.values, b.values)); }
+    friend Lanes SubtractToZero(Lanes a, Lanes b) { return Lanes(_mm256_subs_epu16(a.values, b.values)); }
+    friend Lanes Min(Lanes a, Lanes b) { return Lanes(_mm256_min_epi16(a.values, b.values)); }
+    friend Lanes Max(Lanes a, Lanes b) { return Lanes(_mm256_max_epi16(a.values, b.values)); }
+    friend Lanes Magnitude(Lanes a) { return Lanes(_mm256_abs_epi16(a.values)); }
+    friend Lanes Signed(Lanes a, Lanes b) { return Lanes(_mm256_sign_epi16(a.values, b.values)); }
+    friend Lanes Equals(Lanes a, Lanes b) { return Lanes(_mm256_cmpeq_epi16(a.values, b.values)); }
+    friend Lanes IsAbove(Lanes a, Lanes b) { return Lanes(_mm256_cmpgt_epi16(a.values, b.values)); }
+    friend Lanes Select(Lanes condition, Lanes whereTrue, Lanes whereFalse) {
+        return Lanes(_mm256_blendv_epi8(whereFalse.values, whereTrue.values, condition.values));
+    }
+
+private:
+    static Lanes GetColorLanes() { return Repeat(-1, -1, -1, 0); }
+
+    __m256i values;
+};
+
+inline MPixelsAVX2::Lanes MPixelsAVX2::GetLow(Block block) {
+    return Lanes(_mm256_unpacklo_epi8(block.bytes, _mm256_setzero_si256()));
+}
+
+inline MPixelsAVX2::Lanes MPixelsAVX2::GetHigh(Block block) {
+    return Lanes(_mm256_unpackhi_epi8(block.bytes, _mm256_setzero_si256()));
+}
+
+inline MPixelsAVX2::Block MPixelsAVX2::Pack(Lanes low, Lanes high) {
+    return {_mm256_packus_epi16(low.GetValues(), high.GetValues())};
+}

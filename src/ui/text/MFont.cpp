@@ -1,0 +1,120 @@
+#include "ui/text/MFont.h"
+
+#include "foundation/MUnicode.h"
+#include "streams/MMemoryStream.h"
+#include "streams/MStdFileStream.h"
+#include "ui/text/MFontFace.h"
+#include "ui/text/MSystemFonts.h"
+
+MFont::MFont() = default;
+MFont::~MFont() = default;
+
+void MFont::Open(const MBuffer& source) {
+    Close();
+    auto opened = std::make_unique<MFontFace>(source);
+    SetFromFace(opened->GetRecord());
+    face = std::move(opened);
+}
+
+void MFont::LoadFromStream(MStream& stream) {
+    Close();
+    MMemoryStream memory;
+    stream.CopyAllTo(memory);
+    memory.Trim();
+    Open(memory.GetBuffer());
+}
+
+void MFont::LoadFromFile(const MString& path) {
+    Close();
+    MStdFileStream file;
+    file.Open(path, MOpenRead);
+    LoadFromStream(file);
+    SetPath(path);
+}
+
+void MFont::Close() {
+    ForgetSize();
+    face.reset();
+    static_cast<MFontDescriptor&>(*this) = MFontDescriptor();
+}
+
+bool MFont::IsOpen() const {
+    return face != nullptr;
+}
+
+void MFont::SetSize(double height, double width) {
+    ForgetSize();
+    if (!face) MRaise(MExceptionGeneral, "Unable to accept required font size.");
+    face->SetSize(height * verticalScale, (width == 0 ? height : width) * horizontalScale);
+    hasSize = true;
+    ReadMetrics();
+}
+
+void MFont::RenderGlyph(char32_t character, MGlyph& glyph) {
+    if (hasSize) return face->Render(character, glyph);
+    glyph = MGlyph();
+    glyph.isLoaded = true;
+}
+
+int32_t MFont::GetTextWidth(const MString& text, int32_t start, int32_t count) {
+    const int32_t end = count < text.GetLength() - start ? start + count : text.GetLength();
+    int32_t width = 0;
+    for (int32_t index = start; index < end;) {
+        const char32_t character = MTakeCodePoint(text, index);
+        if (!MIsControl(character)) width = MAddPixels(width, GetAdvance(character));
+    }
+    return width;
+}
+
+int32_t MFont::GetIndexAt(const MString& text, int32_t x) {
+    int32_t right = 0;
+    for (int32_t index = 0; index < text.GetLength();) {
+        const int32_t start = index;
+        const char32_t character = MTakeCodePoint(text, index);
+        if (MIsControl(character)) continue;
+        right = MAddPixels(right, GetAdvance(character));
+        if (x < right) return start;
+    }
+    return text.GetLength();
+}
+
+void MFont::SetScale(double horizontal, double vertical) {
+    horizontalScale = horizontal;
+    verticalScale = vertical;
+}
+
+MFontDescriptor MFont::GetSystemFontDescriptor(const MString& name, bool isBold, bool isItalic,
+                                               bool isRequired) {
+    return MSystemFonts::GetInstance().GetDescriptor(name, isBold, isItalic, isRequired);
+}
+
+void MFont::ReScanSystemFonts() {
+    MSystemFonts::GetInstance().ReScan();
+}
+
+const MGlyph& MFont::FindGlyph(char32_t character) {
+    if (character < TableSize) {
+        if (!table[character].isLoaded) RenderGlyph(character, table[character]);
+        return table[character];
+    }
+    if (const auto* found = otherGlyphs.Find(character)) return **found;
+    const auto glyph = std::make_shared<MGlyph>();
+    RenderGlyph(character, *glyph);
+    otherGlyphs.Add(character, glyph);
+    return *glyph;
+}
+
+void MFont::ForgetSize() {
+    hasSize = false;
+    lineHeight = 1;
+    ascent = 0;
+    descent = 0;
+    table = {};
+    otherGlyphs.Clear();
+}
+
+void MFont::ReadMetrics() {
+    lineHeight = face->GetLineHeight();
+    ascent = face->GetAscent();
+    descent = face->GetDescent();
+}

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "ui/drawing/MAlphaMask.h"
+
+#include <cstdint>
+#include <memory>
+
+/// The picture of a character at the size of its font. Measures are in pixels.
+struct MGlyph {
+    bool isLoaded = false;
+    int32_t advance = 0;  ///< from this glyph's origin to the next one's
+    int32_t left = 0;     ///< from the origin to the left edge of the mask
+    int32_t top = 0;      ///< from the top edge of the mask down to the baseline
+    int32_t width = 0;
+    int32_t height = 0;
+    std::unique_ptr<MAlphaMask> mask;  ///< null if there is nothing to paint, as for a space
+};

@@ -1,0 +1,70 @@
+#include "ui/text/MTextLayout.h"
+
+#include "foundation/MUnicode.h"
+#include "ui/text/MFont.h"
+#include "ui/text/MTextMeasure.h"
+
+namespace {
+
+int32_t FindLineEnd(const MString& text, int32_t start) {
+    const int32_t end = text.FindChar('\n', start);
+    return end == MString::NotFound ? text.GetLength() : end;
+}
+
+int32_t CountLineFeeds(const MString& text) {
+    int32_t count = 0;
+    for (int32_t end = FindLineEnd(text, 0); end < text.GetLength(); end = FindLineEnd(text, end + 1))
+        ++count;
+    return count;
+}
+
+}  // namespace
+
+MTextLayout::MTextLayout(MFont& font, const MString& text, const MRect& rect, MTextAlignment alignment)
+    : font(font), text(text), rect(rect), alignment(alignment) {
+    int32_t top = rect.top;
+    const int32_t room = std::max(0, rect.GetHeight() - GetHeight(font, text));
+    if (alignment & MTextMiddle) top += room / 2;
+    if (alignment & MTextBottom) top += room;
+    origin.y = MAddPixels(top, int64_t{font.GetAscent()} + font.GetVerticalShift());
+    BeginLine();
+}
+
+bool MTextLayout::TakeGlyph(MPlacedGlyph& glyph) {
+    while (index < text.GetLength()) {
+        const char32_t character = MTakeCodePoint(text, index);
+        if (character == '\n') {
+            origin.y = MAddPixels(origin.y, font.GetLineHeight());
+            BeginLine();
+        }
+        if (MIsControl(character)) continue;
+        const MGlyph& found = font.GetGlyph(character);
+        glyph = {found.mask.get(), origin + MPoint{found.left, -found.top}};
+        origin.x = MAddPixels(origin.x, int64_t{found.advance} + font.GetCharacterSpace());
+        if (found.mask) return true;
+    }
+    return false;
+}
+
+void MTextLayout::BeginLine() {
+    origin.x = rect.left;
+    if (!(alignment & (MTextCenter | MTextRight))) return;
+    const int32_t width = font.GetTextWidth(text, index, FindLineEnd(text, index) - index);
+    const int32_t room = std::max(0, rect.GetWidth() - width);
+    origin.x += alignment & MTextRight ? room : (room + 1) / 2;
+}
+
+int32_t MTextLayout::GetWidth(MFont& font, const MString& text) {
+    int32_t width = 0;
+    for (int32_t start = 0; start <= text.GetLength();) {
+        const int32_t end = FindLineEnd(text, start);
+        width = std::max(width, font.GetTextWidth(text, start, end - start));
+        start = end + 1;
+    }
+    return width;
+}
+
+int32_t MTextLayout::GetHeight(const MFont& font, const MString& text) {
+    const int64_t lines = int64_t{font.GetLineHeight()} * CountLineFeeds(text);
+    return MAddPixels(lines, int64_t{font.GetAscent()} + font.GetDescent());
+}

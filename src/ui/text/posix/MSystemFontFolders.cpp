@@ -1,0 +1,38 @@
+#include "ui/text/MSystemFontFolders.h"
+
+#include "foundation/MFile.h"
+#include "foundation/posix/MNativePath.h"
+#include "foundation/posix/MUserFolders.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <sstream>
+#include <string>
+
+namespace {
+
+void AddOnce(MList<MString>& folders, const MString& folder) {
+    const auto isSame = [&](const MString& other) { return other.IsExactly(folder); };
+    if (std::none_of(folders.begin(), folders.end(), isSame)) folders.Add(folder);
+}
+
+/// The data directories of the XDG base directory specification.
+void AddDataDirectories(MList<MString>& folders, const char* directories) {
+    std::istringstream list(directories ? directories : "");
+    for (std::string directory; std::getline(list, directory, ':');)
+        if (directory.starts_with('/'))
+            AddOnce(folders, MFile::Join(MFile::Normalize(MPathFromNative(directory)), "fonts"));
+}
+
+}  // namespace
+
+MList<MString> MGetSystemFontFolders() {
+    const MUserFolders user;
+    MList<MString> folders;
+    AddOnce(folders, MFile::GetSpecialPath(MSpecialFolderFonts));
+    AddOnce(folders, MFile::Join(user.GetData(), "fonts"));
+    AddOnce(folders, MFile::Join(user.GetHome(), ".fonts"));
+    AddDataDirectories(folders, std::getenv("XDG_DATA_DIRS"));
+    AddDataDirectories(folders, "/usr/local/share:/usr/share");
+    return folders;
+}

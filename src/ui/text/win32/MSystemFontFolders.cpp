@@ -1,0 +1,9 @@
+#include "ui/text/MSystemFontFolders.h"
+
+#include "foundation/MFile.h"
+
+MList<MString> MGetSystemFontFolders() {
+    MList<MString> folders;
+    folders.Add(MFile::GetSpecialPath(MSpecialFolderFonts));
+    return folders;
+}

@@ -1,0 +1,54 @@
+#include "tests/support/MScratch.h"
+#include "tests/support/posix/MTestVariable.h"
+#include "tests/ui/text/TextFixture.h"
+#include "ui/text/MSystemFontFolders.h"
+#include "ui/text/MSystemFonts.h"
+
+#include <string>
+#include <sys/stat.h>
+
+namespace {
+
+class SystemFontFoldersTest : public testing::Test {
+protected:
+    ~SystemFontFoldersTest() noexcept override = default;
+
+    MScratch scratch;
+    MScratchFolders folders{scratch};
+    std::string home = Text(scratch.GetPath());
+    MTestVariable homeVariable{"HOME", home};
+    MTestVariable dataVariable{"XDG_DATA_HOME", ""};
+};
+
+}  // namespace
+
+TEST_F(SystemFontFoldersTest, FoldersFollowTheBaseDirectories) {
+    const MTestVariable directories("XDG_DATA_DIRS", "/opt/share/:relative::/usr/share");
+    std::string list;
+    for (const MString& folder : MGetSystemFontFolders()) list += Text(folder) + "\n";
+    EXPECT_EQ(list, home + "/fonts\n" + home + "/.local/share/fonts\n" + home + "/.fonts\n" +
+                        "/opt/share/fonts\n/usr/share/fonts\n/usr/local/share/fonts\n");
+}
+
+TEST_F(SystemFontFoldersTest, TheMachinesFontsAndThoseOfTheMakerAreFound) {
+    scratch.WriteFile("data/Fonts/own.ttf", MReadTestFile(SystemFont("liberation/LiberationSans-Bold.ttf")));
+    const MFontDescriptor found = MFont::GetSystemFontDescriptor("dejavu sans mono", true, false, true);
+    EXPECT_EQ(Text(MFile::GetFileName(found.GetPath())), "DejaVuSansMono-Bold.ttf");
+    EXPECT_TRUE(MFile::Exists(scratch.Join("userdata/SystemFonts.cache")));
+
+    scratch.WriteFile("data/Fonts/Other/late.ttf", MReadTestFile(SystemFont("dejavu/DejaVuSans.ttf")));
+    MFont::ReScanSystemFonts();
+    EXPECT_FALSE(MFile::Exists(scratch.Join("userdata/SystemFonts.cache")));
+    std::string own;
+    for (const MFontDescriptor& font : MSystemFonts::GetInstance().GetFonts())
+        if (font.GetPath().StartsWith(scratch.GetPath())) own += Text(font.GetFamily()) + "\n";
+    EXPECT_EQ(own, "DejaVu Sans Book\nLiberation Sans\n");
+}
+
+TEST_F(SystemFontFoldersTest, APipeAmongTheFontsIsNotWaitedFor) {
+    MFile::CreatePath(scratch.Join("fonts"));
+    ASSERT_EQ(mkfifo((home + "/fonts/pipe.ttf").c_str(), 0600), 0);
+    MList<MString> searched;
+    searched.Add(scratch.Join("fonts"));
+    EXPECT_EQ(MSystemFonts(searched, scratch.Join("cache")).GetFonts().GetCount(), 0);
+}
