@@ -7,7 +7,8 @@
 #include <cstddef>
 #include <cstdint>
 
-/// Loads the input as a picture and looks at every byte of it. Refusing is right; a refused picture is an empty one.
+/// Loads the input as a picture and looks at every byte of it. Refusing is right; a refused picture is an
+/// empty one.
 inline void MFuzzImage(void (MBitmap::*load)(MStream&), const uint8_t* data, size_t size) {
     MMemoryStream stream(data, static_cast<int32_t>(size));
     MBitmap bitmap(1, 1);

@@ -1,5 +1,5 @@
-// Reads the input as a PNG file. Since hardly a mutation has the right sums, it is also read with every chunk's sum
-// put right.
+// Reads the input as a PNG file. Since hardly a mutation has the right sums, it is also read with every
+// chunk's sum put right.
 
 #include "fuzz/ImageFuzz.h"
 

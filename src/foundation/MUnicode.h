@@ -19,8 +19,8 @@
 /// Whether all the bytes belong to valid sequences.
 [[nodiscard]] bool MIsUTF8(std::string_view bytes);
 
-/// The code point that begins at a unit of a text; `index` then is that of the next one. A surrogate without its pair
-/// gives U+FFFD.
+/// The code point that begins at a unit of a text; `index` then is that of the next one. A surrogate without
+/// its pair gives U+FFFD.
 [[nodiscard]] inline char32_t MTakeCodePoint(const MString& text, int32_t& index) {
     const MChar unit = text[index++];
     if (!unit.IsHighSurrogate() && !unit.IsLowSurrogate()) return unit;

@@ -115,5 +115,6 @@ uint8_t* MBitmap::EditIndices() {
 
 MColor MBitmap::GetPixel(int32_t x, int32_t y) const {
     const int64_t index = int64_t{width} * y + x;
-    return paletted ? GetPalette()[GetIndices()[index]] : GetPixels()[index];
+    const MColor* const colors = GetPixels();
+    return colors[paletted ? GetIndices()[index] : index];
 }

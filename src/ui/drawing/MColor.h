@@ -5,8 +5,8 @@
 #include <bit>
 #include <cstdint>
 
-/// A colour in 32 bits, its bytes in the order in which pixels stand in memory. The alpha is not multiplied into the
-/// others; 255 is opaque.
+/// A colour in 32 bits, its bytes in the order in which pixels stand in memory. The alpha is not multiplied
+/// into the others; 255 is opaque.
 struct MColor {
     uint8_t blue = 0;
     uint8_t green = 0;
@@ -21,8 +21,8 @@ struct MColor {
     [[nodiscard]] constexpr uint32_t GetWord() const { return std::bit_cast<uint32_t>(*this); }
     [[nodiscard]] static constexpr MColor FromWord(uint32_t word) { return std::bit_cast<MColor>(word); }
 
-    /// Eight hexadecimal digits, red, green, blue and alpha, as "5A6A7FFF". Parsing takes digits of either case.
-    /// Raises "Invalid color to parse ({0})." (0) for any other text.
+    /// Eight hexadecimal digits, red, green, blue and alpha, as "5A6A7FFF". Parsing takes digits of either
+    /// case. Raises "Invalid color to parse ({0})." (0) for any other text.
     [[nodiscard]] MString GetText() const;
     [[nodiscard]] static MColor Parse(const MString& text);
 
@@ -32,7 +32,8 @@ struct MColor {
         return {static_cast<uint8_t>(255 - blue), static_cast<uint8_t>(255 - green),
                 static_cast<uint8_t>(255 - red), alpha};
     }
-    /// How bright the eye sees it, 0 to 255: (77 red + 150 green + 29 blue) / 256, the weights of ITU-R BT.601.
+    /// How bright the eye sees it, 0 to 255: (77 red + 150 green + 29 blue) / 256, the weights of ITU-R
+    /// BT.601.
     [[nodiscard]] constexpr uint8_t GetLuminance() const {
         return static_cast<uint8_t>((77 * red + 150 * green + 29 * blue) >> 8);
     }

@@ -31,7 +31,7 @@ inline constexpr int32_t MColorOpCount = 17;
 /// The drawing interface calls it the mode of an operation.
 using MDrawMode = MColorOp;
 
-/// The operation of a name, in any case; the first one for an empty text. Raises "Invalid MColorOp identifier to
-/// parse ({0})." (0).
+/// The operation of a name, in any case; the first one for an empty text. Raises "Invalid MColorOp identifier
+/// to parse ({0})." (0).
 [[nodiscard]] MColorOp MParseColorOp(const MString& text);
 [[nodiscard]] MString MGetColorOpName(MColorOp operation);

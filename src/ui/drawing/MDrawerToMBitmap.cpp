@@ -18,15 +18,6 @@ struct CutPicture {
     MPoint point;
 };
 
-/// A paletted bitmap with its colours written out.
-MBitmap ToDirect(const MBitmap& source) {
-    MBitmap direct(source.GetWidth(), source.GetHeight());
-    MColor* pixel = direct.EditPixels();
-    for (int32_t y = 0; y < source.GetHeight(); ++y)
-        for (int32_t x = 0; x < source.GetWidth(); ++x) *pixel++ = source.GetPixel(x, y);
-    return direct;
-}
-
 /// Paints the pixels from `first` to `last` of a row.
 void PaintRow(const MPixelRows& operations, MColor* target, const MColor* source, const MAxisMap& columns,
               int32_t first, int32_t last, uint8_t alpha) {
@@ -85,7 +76,7 @@ MRect MDrawerToMBitmap::GetPaintable(const MRect& rect) const {
 
 void MDrawerToMBitmap::PaintPicture(const MBitmap& source, const MAxisMap& columns, const MAxisMap& rows,
                                     uint8_t alpha, MDrawMode mode) {
-    if (source.IsPaletted()) return PaintPicture(ToDirect(source), columns, rows, alpha, mode);
+    if (source.IsPaletted()) return PaintPicture(source.ToDirect(), columns, rows, alpha, mode);
     const MRect visible =
         GetPaintable({columns.GetFirst(), rows.GetFirst(), columns.GetLast(), rows.GetLast()});
     const MPixelRows& operations = MGetPixelRows(mode);

@@ -6,8 +6,8 @@
 
 #include <jpeglib.h>
 
-/// How libjpeg reports: warnings are dropped; an error leaves its text and jumps to `place`. The jump passes over the
-/// frames of libjpeg and of our functions that it calls, so these hold plain data only.
+/// How libjpeg reports: warnings are dropped; an error leaves its text and jumps to `place`. The jump passes
+/// over the frames of libjpeg and of our functions that it calls, so these hold plain data only.
 struct MJPEGErrors {
     /// Errors of ours beside those of libjpeg, for `MJPEGFail`.
     enum Code { ReadError = 1000, ImageTooLarge, TooManyScans };

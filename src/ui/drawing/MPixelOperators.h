@@ -9,25 +9,17 @@
 /// In the formulas d is a channel of the destination, s that of the source, i = 255 - a, and a the source's alpha,
 /// scaled beforehand by the operation's own one: (alpha + 1) * opacity / 256. All of it is done in whole numbers; a
 /// division by 256 is a shift. Formulas are for the three colours. The destination's alpha stays as it is unless the
-/// operation says otherwise.
+/// operation says otherwise; for that, the lane of the alpha in `a` is 0.
 ///
 /// A source with a = 0 changes nothing, although the formulas would darken the destination by one step; Copy, and
 /// Overlay over nothing, are the exceptions.
 namespace MPixelOperators {
 
-/// (s * a + d * i) / 256. Nothing of the source leaves d whole: its weight is then 256. That also keeps the
-/// destination's alpha, whose lane gets no weight.
+/// (s * a + d * i) / 256. Where a is 0, i is taken as 256, which leaves d whole.
 template <class Lanes>
-[[gnu::always_inline]] inline Lanes Blend(Lanes d, Lanes s, Lanes alphas) {
-    const Lanes a = alphas.OnColors();
+[[gnu::always_inline]] inline Lanes Blend(Lanes d, Lanes s, Lanes a) {
     const Lanes i = Lanes::All(255) - a - Equals(a, Lanes::All(0));
     return (s * a + d * i) >> 8;
-}
-
-/// s * a / 256, and 0 in the lane of the alpha.
-template <class Lanes>
-[[gnu::always_inline]] inline Lanes Scaled(Lanes s, Lanes alphas) {
-    return (s * alphas.OnColors()) >> 8;
 }
 
 /// The luminance of each pixel in its four lanes, as in MColor::GetLuminance.
@@ -58,6 +50,13 @@ struct Alphablend {
     [[gnu::always_inline]] static Lanes Combine(Lanes d, Lanes s, Lanes a) {
         return Blend(d, s, a);
     }
+
+    /// The same for pixels whose a is 255 throughout: d := max(0, s - 1).
+    template <class Form>
+    [[gnu::always_inline]] static auto CombineOpaque(typename Form::Block target,
+                                                     typename Form::Block source) {
+        return Form::WithAlphasOf(Form::SubtractOne(source), target);
+    }
 };
 
 /// m := s * (d + 1) / 256; d := (m * a + d * i) / 256
@@ -72,7 +71,7 @@ struct Modulate {
 struct Copy {
     template <class Lanes>
     [[gnu::always_inline]] static Lanes Combine(Lanes, Lanes s, Lanes a) {
-        return s.WithAlphas(a);
+        return s.WithAlphas(a.ToAlphas());
     }
 };
 
@@ -82,8 +81,9 @@ struct Overlay {
     template <class Lanes>
     [[gnu::always_inline]] static Lanes Combine(Lanes d, Lanes s, Lanes a) {
         const Lanes alphas = d.Alphas();
-        const Lanes blended = Blend(d, s, a).WithAlphas(Min(alphas + a, Lanes::All(255)));
-        return Select(Equals(alphas, Lanes::All(0)), s.WithAlphas(a), blended);
+        const Lanes added = Min(alphas + a.ToAlphas(), Lanes::All(255));
+        return Select(Equals(alphas, Lanes::All(0)), s.WithAlphas(a.ToAlphas()),
+                      Blend(d, s, a).WithAlphas(added));
     }
 };
 
@@ -107,7 +107,7 @@ struct Invert {
 struct Add {
     template <class Lanes>
     [[gnu::always_inline]] static Lanes Combine(Lanes d, Lanes s, Lanes a) {
-        return Min(d + Scaled(s, a), Lanes::All(255));
+        return Min(d + ((s * a) >> 8), Lanes::All(255));
     }
 };
 
@@ -115,7 +115,7 @@ struct Add {
 struct Subtract {
     template <class Lanes>
     [[gnu::always_inline]] static Lanes Combine(Lanes d, Lanes s, Lanes a) {
-        return SubtractToZero(d, Scaled(s, a));
+        return SubtractToZero(d, (s * a) >> 8);
     }
 };
 
@@ -123,7 +123,7 @@ struct Subtract {
 struct Lighten {
     template <class Lanes>
     [[gnu::always_inline]] static Lanes Combine(Lanes d, Lanes s, Lanes a) {
-        return Min(d + Scaled(Luminance(s), a), Lanes::All(255));
+        return Min(d + ((Luminance(s) * a) >> 8), Lanes::All(255));
     }
 };
 
@@ -131,7 +131,7 @@ struct Lighten {
 struct Darken {
     template <class Lanes>
     [[gnu::always_inline]] static Lanes Combine(Lanes d, Lanes s, Lanes a) {
-        return SubtractToZero(d, Scaled(Lanes::All(255) - Luminance(s), a));
+        return SubtractToZero(d, ((Lanes::All(255) - Luminance(s)) * a) >> 8);
     }
 };
 
@@ -186,7 +186,7 @@ struct DarkenByContrast {
 struct AddAndOverflow {
     template <class Lanes>
     [[gnu::always_inline]] static Lanes Combine(Lanes d, Lanes s, Lanes a) {
-        return (d + Scaled(s, a)) & Lanes::All(255);
+        return (d + ((s * a) >> 8)) & Lanes::All(255);
     }
 };
 

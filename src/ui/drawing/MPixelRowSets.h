@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ui/drawing/MPixelOperators.h"
 #include "ui/drawing/MPixelRows.h"
 
 #include <array>
@@ -11,3 +12,26 @@ extern const MPixelRowSet MPixelRowsPlain;
 extern const MPixelRowSet MPixelRowsSSE2;
 /// Only to be called on a processor that has AVX2.
 extern const MPixelRowSet MPixelRowsAVX2;
+
+/// The rows of all operations but None, which paints nothing, and Color, which has no form for vectors.
+template <template <class Operator> class RowsOf>
+constexpr MPixelRowSet MMakePixelRowSet() {
+    using namespace MPixelOperators;
+    return {MPixelRows(),
+            RowsOf<Alphablend>::Set,
+            RowsOf<Modulate>::Set,
+            RowsOf<Copy>::Set,
+            RowsOf<Overlay>::Set,
+            MPixelRows(),
+            RowsOf<Invert>::Set,
+            RowsOf<Add>::Set,
+            RowsOf<Subtract>::Set,
+            RowsOf<Lighten>::Set,
+            RowsOf<Darken>::Set,
+            RowsOf<Difference>::Set,
+            RowsOf<IncContrast>::Set,
+            RowsOf<DecContrast>::Set,
+            RowsOf<LightenByContrast>::Set,
+            RowsOf<DarkenByContrast>::Set,
+            RowsOf<AddAndOverflow>::Set};
+}

@@ -1,78 +1,96 @@
 #pragma once
 
-#include "ui/drawing/MPixelOperators.h"
 #include "ui/drawing/MPixelRowSets.h"
 
-/// The rows, written once for all operations and all forms. A `Form` is one of MPixelsPlain, MPixelsSSE2 and
-/// MPixelsAVX2; it has
+/// The rows, written once for all operations and all forms with vectors. A `Form` is MPixelsSSE2 or MPixelsAVX2. It has `Block`, an even number `Count` of pixels, and `Lanes`, as many numbers of 16 bits as half of the
+/// pixels have channels. The lanes are used in two ways:
 ///
-/// - `Block`, an even number `Count` of pixels, and `Lanes`, half of them as numbers of 16 bits (MPixelOperators.h),
-///   and the ways between the two: `GetLow`, `GetHigh`, `Pack`, which takes values of up to 255;
-/// - operations that load and store a block, and `...Part` of it: the first 1 to `Count` - 1 pixels, touching no
-///   memory behind them. `LoadMask` makes a pixel of each byte by repeating it; `Gather` takes the pixels at
-///   `position`, `position + step` and so on, in 16.16 fixed point.
+/// - The channels of pixels: `GetLow` and `GetHigh` make them of a block, `Pack` makes a block of two times values of
+///   up to 255.
+/// - One number for each pixel of a block, in every other lane from the first on, with zeros between. `GetAlphas` makes
+///   them of a block, `LoadMask` of bytes. `SpreadLow` and `SpreadHigh` repeat them in the lanes of the colours of the
+///   pixels that `GetLow` and `GetHigh` give, with 0 in that of the alpha.
+///
+/// Of a block, `AreOpaque` and `AreTransparent` tell whether all alphas are 255 or 0, `SubtractOne` takes 1 from each
+/// byte that is not 0, and `WithAlphasOf` takes over the alphas of another one. Operations named `...Part` load and store the first 1 to `Count` - 1 pixels of a block, and touch no memory behind
+/// them. `Gather` takes the pixels at `position`, `position + step` and so on, in 16.16 fixed point.
 ///
 /// Lanes are compared, and the lesser or the greater is taken, as numbers with sign; so are those whose `Magnitude` is
 /// asked for. `Signed(a, b)` gives a the sign of b; where b is 0, a has to be 0 too. A comparison gives all bits or
-/// none. `Alphas` puts a pixel's alpha in all of its lanes, `WithAlphas` takes over the others' alphas, `OnColors`
-/// clears the alphas, and `SumOfPixel` puts the sum of its lanes in each of them.
+/// none. `Alphas` puts a pixel's alpha in all of its lanes, `ToAlphas` puts the number of the colours in the lane of the
+/// alpha and anything in theirs, `WithAlphas` takes over the others' alphas, and `SumOfPixel` puts the sum of its lanes
+/// in each of them.
 namespace MPixelRowTemplate {
 
-/// What comes over one half of a block: the source, and its scaled alphas in all lanes.
+/// What comes over a block: the channels of its halves, and the scaled alphas in their colours' lanes.
 template <class Lanes>
 struct Paint {
-    Lanes colors;
-    Lanes alphas;
+    Lanes low;
+    Lanes high;
+    Lanes lowAlphas;
+    Lanes highAlphas;
 };
 
-/// (alpha + 1) * opacity / 256
+/// (alpha + 1) * opacity / 256; zeros between alphas stay.
 template <class Lanes>
 [[gnu::always_inline]] inline Lanes Scale(Lanes alphas, Lanes opacity) {
     return ((alphas + Lanes::All(1)) * opacity) >> 8;
 }
 
-/// A source of which each block of pixels is another, with their own alphas.
 template <class Form>
-struct PixelSource {
-    using Lanes = typename Form::Lanes;
-    using Block = typename Form::Block;
+[[gnu::always_inline]] inline auto MakePaint(typename Form::Block block, typename Form::Lanes alphas) {
+    return Paint<typename Form::Lanes>{Form::GetLow(block), Form::GetHigh(block), Form::SpreadLow(alphas),
+                                       Form::SpreadHigh(alphas)};
+}
 
-    explicit PixelSource(uint8_t alpha) : opacity(Lanes::All(alpha)) {}
-
-    [[gnu::always_inline]] Paint<Lanes> GetLow(Block block) const { return MakePaint(Form::GetLow(block)); }
-    [[gnu::always_inline]] Paint<Lanes> GetHigh(Block block) const { return MakePaint(Form::GetHigh(block)); }
-
-private:
-    [[gnu::always_inline]] Paint<Lanes> MakePaint(Lanes colors) const {
-        return {colors, Scale(colors.Alphas(), opacity)};
-    }
-
-    Lanes opacity;
-};
+template <class Form>
+[[gnu::always_inline]] inline auto Scaled(typename Form::Block block, typename Form::Lanes opacity) {
+    return MakePaint<Form>(block, Scale(Form::GetAlphas(block), opacity));
+}
 
 /// The pixels of a row.
 template <class Form>
-struct BitmapSource : PixelSource<Form> {
-    BitmapSource(const MColor* row, uint8_t alpha) : PixelSource<Form>(alpha), row(row) {}
+struct BitmapSource {
+    using Lanes = typename Form::Lanes;
 
-    [[gnu::always_inline]] auto Load(int32_t x) const { return Form::Load(row + x); }
-    [[gnu::always_inline]] auto LoadPart(int32_t x, int32_t count) const {
-        return Form::LoadPart(row + x, count);
+    BitmapSource(const MColor* row, uint8_t alpha) : row(row), opacity(Lanes::All(alpha)) {}
+
+    [[gnu::always_inline]] Paint<Lanes> Get(int32_t x) const {
+        return Scaled<Form>(Form::Load(row + x), opacity);
+    }
+    [[gnu::always_inline]] Paint<Lanes> GetPart(int32_t x, int32_t count) const {
+        return Scaled<Form>(Form::LoadPart(row + x, count), opacity);
     }
 
 private:
+    const MColor* row;
+    Lanes opacity;
+};
+
+/// The pixels of a row, with their alphas as they are.
+template <class Form>
+struct UnscaledSource {
+    [[gnu::always_inline]] auto Get(int32_t x) const { return Form::Load(row + x); }
+    [[gnu::always_inline]] auto GetPart(int32_t x, int32_t count) const {
+        return Form::LoadPart(row + x, count);
+    }
+
     const MColor* row;
 };
 
 /// The pixels of a row, some of them left out or repeated.
 template <class Form>
-struct StretchedSource : PixelSource<Form> {
-    StretchedSource(const MColor* row, uint32_t position, uint32_t step, uint8_t alpha)
-        : PixelSource<Form>(alpha), row(row), start(position), step(step) {}
+struct StretchedSource {
+    using Lanes = typename Form::Lanes;
 
-    [[gnu::always_inline]] auto Load(int32_t x) const { return Form::Gather(row, GetPosition(x), step); }
-    [[gnu::always_inline]] auto LoadPart(int32_t x, int32_t count) const {
-        return Form::GatherPart(row, GetPosition(x), step, count);
+    StretchedSource(const MColor* row, uint32_t position, uint32_t step, uint8_t alpha)
+        : row(row), start(position), step(step), opacity(Lanes::All(alpha)) {}
+
+    [[gnu::always_inline]] Paint<Lanes> Get(int32_t x) const {
+        return Scaled<Form>(Form::Gather(row, GetPosition(x), step), opacity);
+    }
+    [[gnu::always_inline]] Paint<Lanes> GetPart(int32_t x, int32_t count) const {
+        return Scaled<Form>(Form::GatherPart(row, GetPosition(x), step, count), opacity);
     }
 
 private:
@@ -81,74 +99,87 @@ private:
     const MColor* row;
     uint32_t start;
     uint32_t step;
+    Lanes opacity;
 };
 
-/// One colour. Its paint is the same for all blocks, so the compiler takes the work on it out of the loop.
+/// One colour. What is done to its paint alone, the compiler takes out of the loop.
 template <class Form>
 struct ColorSource {
     using Lanes = typename Form::Lanes;
-    struct Nothing {};
 
-    explicit ColorSource(MColor color) : paint{Lanes::Repeat(color), Lanes::All(color.alpha)} {}
+    explicit ColorSource(MColor color)
+        : channels(Lanes::Repeat(color)), alphas(Lanes::Repeat(color.alpha, color.alpha, color.alpha, 0)) {}
 
-    [[gnu::always_inline]] Nothing Load(int32_t) const { return {}; }
-    [[gnu::always_inline]] Nothing LoadPart(int32_t, int32_t) const { return {}; }
-    [[gnu::always_inline]] Paint<Lanes> GetLow(Nothing) const { return paint; }
-    [[gnu::always_inline]] Paint<Lanes> GetHigh(Nothing) const { return paint; }
+    [[gnu::always_inline]] Paint<Lanes> Get(int32_t) const { return {channels, channels, alphas, alphas}; }
+    [[gnu::always_inline]] Paint<Lanes> GetPart(int32_t x, int32_t) const { return Get(x); }
 
 private:
-    Paint<Lanes> paint;
+    Lanes channels;
+    Lanes alphas;
 };
 
 /// One colour through a mask.
 template <class Form>
 struct MaskSource {
     using Lanes = typename Form::Lanes;
-    using Block = typename Form::Block;
 
     MaskSource(const uint8_t* mask, MColor color)
-        : mask(mask), colors(Lanes::Repeat(color)), opacity(Lanes::All(color.alpha)) {}
+        : mask(mask), channels(Lanes::Repeat(color)), opacity(Lanes::All(color.alpha)) {}
 
-    [[gnu::always_inline]] Block Load(int32_t x) const { return Form::LoadMask(mask + x); }
-    [[gnu::always_inline]] Block LoadPart(int32_t x, int32_t count) const {
-        return Form::LoadMaskPart(mask + x, count);
+    [[gnu::always_inline]] Paint<Lanes> Get(int32_t x) const { return MakePaint(Form::LoadMask(mask + x)); }
+    [[gnu::always_inline]] Paint<Lanes> GetPart(int32_t x, int32_t count) const {
+        return MakePaint(Form::LoadMaskPart(mask + x, count));
     }
-    [[gnu::always_inline]] Paint<Lanes> GetLow(Block block) const { return MakePaint(Form::GetLow(block)); }
-    [[gnu::always_inline]] Paint<Lanes> GetHigh(Block block) const { return MakePaint(Form::GetHigh(block)); }
 
 private:
-    [[gnu::always_inline]] Paint<Lanes> MakePaint(Lanes alphas) const {
-        return {colors, Scale(alphas, opacity)};
+    [[gnu::always_inline]] Paint<Lanes> MakePaint(Lanes bytes) const {
+        const Lanes alphas = Scale(bytes, opacity);
+        return {channels, channels, Form::SpreadLow(alphas), Form::SpreadHigh(alphas)};
     }
 
     const uint8_t* mask;
-    Lanes colors;
+    Lanes channels;
     Lanes opacity;
 };
 
-template <class Operator, class Lanes>
-[[gnu::always_inline]] inline Lanes Combine(Lanes target, const Paint<Lanes>& paint) {
-    return Operator::Combine(target, paint.colors, paint.alphas);
+template <class Form, class Operator>
+[[gnu::always_inline]] inline auto Combine(typename Form::Block target,
+                                           const Paint<typename Form::Lanes>& paint) {
+    return Form::Pack(Operator::Combine(Form::GetLow(target), paint.low, paint.lowAlphas),
+                      Operator::Combine(Form::GetHigh(target), paint.high, paint.highAlphas));
+}
+
+template <class Form, class Operator>
+concept HasOpaqueForm = requires(typename Form::Block block) {
+    Operator::template CombineOpaque<Form>(block, block);
+};
+
+/// Pictures have large parts that are opaque or transparent, and are mostly blended.
+template <class Form, class Operator>
+[[gnu::always_inline]] inline auto Combine(typename Form::Block target, typename Form::Block source) {
+    if constexpr (HasOpaqueForm<Form, Operator>) {
+        if (Form::AreTransparent(source)) return target;
+        if (Form::AreOpaque(source)) return Operator::template CombineOpaque<Form>(target, source);
+    }
+    return Combine<Form, Operator>(target, MakePaint<Form>(source, Form::GetAlphas(source)));
 }
 
 /// The loop of all rows.
 template <class Form, class Operator, class Source>
 [[gnu::always_inline]] inline void CombineRow(MColor* target, int32_t count, const Source& source) {
-    const auto combine = [&](typename Form::Block block, auto sourceBlock) __attribute__((always_inline)) {
-        return Form::Pack(Combine<Operator>(Form::GetLow(block), source.GetLow(sourceBlock)),
-                          Combine<Operator>(Form::GetHigh(block), source.GetHigh(sourceBlock)));
-    };
     int32_t x = 0;
     for (; x <= count - Form::Count; x += Form::Count)
-        Form::Store(target + x, combine(Form::Load(target + x), source.Load(x)));
+        Form::Store(target + x, Combine<Form, Operator>(Form::Load(target + x), source.Get(x)));
     const int32_t rest = count - x;
     if (rest <= 0) return;
-    Form::StorePart(target + x, combine(Form::LoadPart(target + x, rest), source.LoadPart(x, rest)), rest);
+    const auto last = Combine<Form, Operator>(Form::LoadPart(target + x, rest), source.GetPart(x, rest));
+    Form::StorePart(target + x, last, rest);
 }
 
 template <class Form, class Operator>
 struct Rows {
     static void Blit(MColor* target, const MColor* source, int32_t count, uint8_t alpha) {
+        if (alpha == 255) return CombineRow<Form, Operator>(target, count, UnscaledSource<Form>{source});
         CombineRow<Form, Operator>(target, count, BitmapSource<Form>(source, alpha));
     }
     static void Fill(MColor* target, int32_t count, MColor color) {
@@ -164,28 +195,5 @@ struct Rows {
 
     static constexpr MPixelRows Set = {Blit, Fill, Mask, Stretch};
 };
-
-/// The rows of all operations but None, which paints nothing, and Color, which has no form for vectors.
-template <class Form>
-constexpr MPixelRowSet MakeSet() {
-    using namespace MPixelOperators;
-    return {MPixelRows(),
-            Rows<Form, Alphablend>::Set,
-            Rows<Form, Modulate>::Set,
-            Rows<Form, Copy>::Set,
-            Rows<Form, Overlay>::Set,
-            MPixelRows(),
-            Rows<Form, Invert>::Set,
-            Rows<Form, Add>::Set,
-            Rows<Form, Subtract>::Set,
-            Rows<Form, Lighten>::Set,
-            Rows<Form, Darken>::Set,
-            Rows<Form, Difference>::Set,
-            Rows<Form, IncContrast>::Set,
-            Rows<Form, DecContrast>::Set,
-            Rows<Form, LightenByContrast>::Set,
-            Rows<Form, DarkenByContrast>::Set,
-            Rows<Form, AddAndOverflow>::Set};
-}
 
 }  // namespace MPixelRowTemplate

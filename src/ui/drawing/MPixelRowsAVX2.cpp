@@ -1,4 +1,11 @@
 #include "ui/drawing/MPixelRowTemplate.h"
 #include "ui/drawing/MPixelsAVX2.h"
 
-constexpr MPixelRowSet MPixelRowsAVX2 = MPixelRowTemplate::MakeSet<MPixelsAVX2>();
+namespace {
+
+template <class Operator>
+using RowsOf = MPixelRowTemplate::Rows<MPixelsAVX2, Operator>;
+
+}  // namespace
+
+constexpr MPixelRowSet MPixelRowsAVX2 = MMakePixelRowSet<RowsOf>();

@@ -1,4 +1,11 @@
 #include "ui/drawing/MPixelRowTemplate.h"
 #include "ui/drawing/MPixelsSSE2.h"
 
-constexpr MPixelRowSet MPixelRowsSSE2 = MPixelRowTemplate::MakeSet<MPixelsSSE2>();
+namespace {
+
+template <class Operator>
+using RowsOf = MPixelRowTemplate::Rows<MPixelsSSE2, Operator>;
+
+}  // namespace
+
+constexpr MPixelRowSet MPixelRowsSSE2 = MMakePixelRowSet<RowsOf>();

@@ -31,14 +31,8 @@ struct MPixelsAVX2 {
     static void StorePart(MColor* pixels, Block block, int32_t count) {
         _mm256_maskstore_epi32(reinterpret_cast<int*>(pixels), GetPart(count), block.bytes);
     }
-    static Block LoadMask(const uint8_t* mask) {
-        return Spread(_mm_loadl_epi64(reinterpret_cast<const __m128i*>(mask)));
-    }
-    static Block LoadMaskPart(const uint8_t* mask, int32_t count) {
-        uint64_t bytes = 0;
-        for (int32_t i = count - 1; i >= 0; --i) bytes = bytes << 8 | mask[i];
-        return Spread(_mm_loadl_epi64(reinterpret_cast<const __m128i*>(&bytes)));
-    }
+    static Lanes LoadMask(const uint8_t* mask);
+    static Lanes LoadMaskPart(const uint8_t* mask, int32_t count);
     static Block Gather(const MColor* pixels, uint32_t position, uint32_t step) {
         const auto load = [&](uint32_t i) { return LoadOne(pixels + ((position + i * step) >> 16)); };
         return {_mm256_setr_epi32(load(0), load(1), load(2), load(3), load(4), load(5), load(6), load(7))};
@@ -49,11 +43,22 @@ struct MPixelsAVX2 {
         return {_mm256_loadu_si256(reinterpret_cast<const __m256i*>(part))};
     }
 
+    static bool AreOpaque(Block block) { return _mm256_testc_si256(block.bytes, GetAlphaBytes()) != 0; }
+    static bool AreTransparent(Block block) { return _mm256_testz_si256(block.bytes, GetAlphaBytes()) != 0; }
+    static Block SubtractOne(Block block) { return {_mm256_subs_epu8(block.bytes, _mm256_set1_epi8(1))}; }
+    static Block WithAlphasOf(Block block, Block alphas) {
+        return {_mm256_blendv_epi8(block.bytes, alphas.bytes, GetAlphaBytes())};
+    }
+
     static Lanes GetLow(Block block);
     static Lanes GetHigh(Block block);
     static Block Pack(Lanes low, Lanes high);
+    static Lanes GetAlphas(Block block);
+    static Lanes SpreadLow(Lanes numbers);
+    static Lanes SpreadHigh(Lanes numbers);
 
 private:
+    static __m256i GetAlphaBytes() { return _mm256_set1_epi32(static_cast<int>(0xFF000000)); }
     static int LoadOne(const MColor* pixel) {
         int word;
         std::memcpy(&word, pixel, sizeof word);
@@ -62,14 +67,9 @@ private:
     static __m256i GetPart(int32_t count) {
         return _mm256_cmpgt_epi32(_mm256_set1_epi32(count), _mm256_setr_epi32(0, 1, 2, 3, 4, 5, 6, 7));
     }
-    static Block Spread(__m128i bytes) {
-        const __m256i order = _mm256_setr_epi8(0, 0, 0, 0, 4, 4, 4, 4, 8, 8, 8, 8, 12, 12, 12, 12, 0, 0, 0, 0,
-                                               4, 4, 4, 4, 8, 8, 8, 8, 12, 12, 12, 12);
-        return {_mm256_shuffle_epi8(_mm256_cvtepu8_epi32(bytes), order)};
-    }
+    static Lanes Spread(Lanes numbers, char first, char second);
 };
 
-/// Four pixels.
 class MPixelsAVX2::Lanes {
 public:
     explicit Lanes(__m256i newValues) : values(newValues) {}
@@ -85,7 +85,7 @@ public:
     [[nodiscard]] Lanes Alphas() const {
         return Lanes(_mm256_shufflehi_epi16(_mm256_shufflelo_epi16(values, 0xFF), 0xFF));
     }
-    [[nodiscard]] Lanes OnColors() const { return *this & GetColorLanes(); }
+    [[nodiscard]] Lanes ToAlphas() const { return Lanes(_mm256_slli_epi64(values, 16)); }
     [[nodiscard]] Lanes WithAlphas(Lanes alphas) const {
         return Lanes(_mm256_blend_epi16(values, alphas.values, 0x88));
     }
@@ -99,9 +99,7 @@ public:
     friend Lanes operator-(Lanes a, Lanes b) { return Lanes(_mm256_sub_epi16(a.values, b.values)); }
     friend Lanes operator*(Lanes a, Lanes b) { return Lanes(_mm256_mullo_epi16(a.values, b.values)); }
     friend Lanes operator&(Lanes a, Lanes b) { return Lanes(_mm256_and_si256(a.values, b.values)); }
-    friend Lanes operator|(Lanes a, Lanes b) { return Lanes(_mm256_or_si256(a.values, b.values)); }
     friend Lanes operator>>(Lanes a, int bits) { return Lanes(_mm256_srli_epi16(a.values, bits)); }
-    friend Lanes operator<<(Lanes a, int bits) { return Lanes(_mm256_slli_epi16(a.values, bits)); }
     friend Lanes MultiplyHigh(Lanes a, Lanes b) { return Lanes(_mm256_mulhi_epu16(a.values, b.values)); }
     friend Lanes SubtractToZero(Lanes a, Lanes b) { return Lanes(_mm256_subs_epu16(a.values, b.values)); }
     friend Lanes Min(Lanes a, Lanes b) { return Lanes(_mm256_min_epi16(a.values, b.values)); }
@@ -115,8 +113,6 @@ public:
     }
 
 private:
-    static Lanes GetColorLanes() { return Repeat(-1, -1, -1, 0); }
-
     __m256i values;
 };
 
@@ -130,4 +126,35 @@ inline MPixelsAVX2::Lanes MPixelsAVX2::GetHigh(Block block) {
 
 inline MPixelsAVX2::Block MPixelsAVX2::Pack(Lanes low, Lanes high) {
     return {_mm256_packus_epi16(low.GetValues(), high.GetValues())};
+}
+
+inline MPixelsAVX2::Lanes MPixelsAVX2::LoadMask(const uint8_t* mask) {
+    return Lanes(_mm256_cvtepu8_epi32(_mm_loadl_epi64(reinterpret_cast<const __m128i*>(mask))));
+}
+
+inline MPixelsAVX2::Lanes MPixelsAVX2::LoadMaskPart(const uint8_t* mask, int32_t count) {
+    uint64_t bytes = 0;
+    for (int32_t i = count - 1; i >= 0; --i) bytes = bytes << 8 | mask[i];
+    return LoadMask(reinterpret_cast<const uint8_t*>(&bytes));
+}
+
+inline MPixelsAVX2::Lanes MPixelsAVX2::GetAlphas(Block block) {
+    return Lanes(_mm256_srli_epi32(block.bytes, 24));
+}
+
+/// From the numbers at these bytes of both halves of the vector.
+inline MPixelsAVX2::Lanes MPixelsAVX2::Spread(Lanes numbers, char first, char second) {
+    const auto low = static_cast<char>(first + 1);
+    const auto high = static_cast<char>(second + 1);
+    const __m128i order = _mm_setr_epi8(first, low, first, low, first, low, -1, -1, second, high, second,
+                                        high, second, high, -1, -1);
+    return Lanes(_mm256_shuffle_epi8(numbers.GetValues(), _mm256_broadcastsi128_si256(order)));
+}
+
+inline MPixelsAVX2::Lanes MPixelsAVX2::SpreadLow(Lanes numbers) {
+    return Spread(numbers, 0, 4);
+}
+
+inline MPixelsAVX2::Lanes MPixelsAVX2::SpreadHigh(Lanes numbers) {
+    return Spread(numbers, 8, 12);
 }

@@ -30,16 +30,8 @@ struct MPixelsSSE2 {
         _mm_storel_epi64(reinterpret_cast<__m128i*>(pixels), block.bytes);
         if (count == 3) StoreOne(pixels + 2, _mm_unpackhi_epi64(block.bytes, block.bytes));
     }
-    static Block LoadMask(const uint8_t* mask) {
-        int32_t bytes;
-        std::memcpy(&bytes, mask, sizeof bytes);
-        return Spread(bytes);
-    }
-    static Block LoadMaskPart(const uint8_t* mask, int32_t count) {
-        int32_t bytes = 0;
-        for (int32_t i = count - 1; i >= 0; --i) bytes = bytes << 8 | mask[i];
-        return Spread(bytes);
-    }
+    static Lanes LoadMask(const uint8_t* mask);
+    static Lanes LoadMaskPart(const uint8_t* mask, int32_t count);
     static Block Gather(const MColor* pixels, uint32_t position, uint32_t step) {
         const auto load = [&](uint32_t i) { return LoadOne(pixels + ((position + i * step) >> 16)); };
         return {
@@ -51,9 +43,24 @@ struct MPixelsSSE2 {
         return LoadPart(part, count);
     }
 
+    static bool AreOpaque(Block block) {
+        return (_mm_movemask_epi8(_mm_cmpeq_epi8(block.bytes, _mm_set1_epi8(-1))) & 0x8888) == 0x8888;
+    }
+    static bool AreTransparent(Block block) {
+        return (_mm_movemask_epi8(_mm_cmpeq_epi8(block.bytes, _mm_setzero_si128())) & 0x8888) == 0x8888;
+    }
+    static Block SubtractOne(Block block) { return {_mm_subs_epu8(block.bytes, _mm_set1_epi8(1))}; }
+    static Block WithAlphasOf(Block block, Block alphas) {
+        const __m128i colors = _mm_set1_epi32(0x00FFFFFF);
+        return {_mm_or_si128(_mm_and_si128(colors, block.bytes), _mm_andnot_si128(colors, alphas.bytes))};
+    }
+
     static Lanes GetLow(Block block);
     static Lanes GetHigh(Block block);
     static Block Pack(Lanes low, Lanes high);
+    static Lanes GetAlphas(Block block);
+    static Lanes SpreadLow(Lanes numbers);
+    static Lanes SpreadHigh(Lanes numbers);
 
 private:
     static __m128i LoadOne(const MColor* pixel) {
@@ -62,14 +69,9 @@ private:
     static void StoreOne(MColor* pixel, __m128i bytes) {
         *pixel = MColor::FromWord(static_cast<uint32_t>(_mm_cvtsi128_si32(bytes)));
     }
-    static Block Spread(int32_t bytes) {
-        const __m128i once = _mm_cvtsi32_si128(bytes);
-        const __m128i twice = _mm_unpacklo_epi8(once, once);
-        return {_mm_unpacklo_epi16(twice, twice)};
-    }
+    static Lanes Widen(int32_t bytes);
 };
 
-/// Two pixels.
 class MPixelsSSE2::Lanes {
 public:
     explicit Lanes(__m128i newValues) : values(newValues) {}
@@ -84,8 +86,10 @@ public:
     [[nodiscard]] Lanes Alphas() const {
         return Lanes(_mm_shufflehi_epi16(_mm_shufflelo_epi16(values, 0xFF), 0xFF));
     }
-    [[nodiscard]] Lanes OnColors() const { return *this & GetColorLanes(); }
-    [[nodiscard]] Lanes WithAlphas(Lanes alphas) const { return Select(GetColorLanes(), *this, alphas); }
+    [[nodiscard]] Lanes ToAlphas() const { return Lanes(_mm_slli_epi64(values, 16)); }
+    [[nodiscard]] Lanes WithAlphas(Lanes alphas) const {
+        return Select(Repeat(-1, -1, -1, 0), *this, alphas);
+    }
     [[nodiscard]] Lanes SumOfPixel() const {
         const __m128i pairs =
             _mm_add_epi16(values, _mm_shufflehi_epi16(_mm_shufflelo_epi16(values, 0xB1), 0xB1));
@@ -96,9 +100,7 @@ public:
     friend Lanes operator-(Lanes a, Lanes b) { return Lanes(_mm_sub_epi16(a.values, b.values)); }
     friend Lanes operator*(Lanes a, Lanes b) { return Lanes(_mm_mullo_epi16(a.values, b.values)); }
     friend Lanes operator&(Lanes a, Lanes b) { return Lanes(_mm_and_si128(a.values, b.values)); }
-    friend Lanes operator|(Lanes a, Lanes b) { return Lanes(_mm_or_si128(a.values, b.values)); }
     friend Lanes operator>>(Lanes a, int bits) { return Lanes(_mm_srli_epi16(a.values, bits)); }
-    friend Lanes operator<<(Lanes a, int bits) { return Lanes(_mm_slli_epi16(a.values, bits)); }
     friend Lanes MultiplyHigh(Lanes a, Lanes b) { return Lanes(_mm_mulhi_epu16(a.values, b.values)); }
     friend Lanes SubtractToZero(Lanes a, Lanes b) { return Lanes(_mm_subs_epu16(a.values, b.values)); }
     friend Lanes Min(Lanes a, Lanes b) { return Lanes(_mm_min_epi16(a.values, b.values)); }
@@ -116,8 +118,6 @@ public:
     }
 
 private:
-    static Lanes GetColorLanes() { return Repeat(-1, -1, -1, 0); }
-
     __m128i values;
 };
 
@@ -131,4 +131,35 @@ inline MPixelsSSE2::Lanes MPixelsSSE2::GetHigh(Block block) {
 
 inline MPixelsSSE2::Block MPixelsSSE2::Pack(Lanes low, Lanes high) {
     return {_mm_packus_epi16(low.GetValues(), high.GetValues())};
+}
+
+inline MPixelsSSE2::Lanes MPixelsSSE2::Widen(int32_t bytes) {
+    const __m128i zero = _mm_setzero_si128();
+    return Lanes(_mm_unpacklo_epi16(_mm_unpacklo_epi8(_mm_cvtsi32_si128(bytes), zero), zero));
+}
+
+inline MPixelsSSE2::Lanes MPixelsSSE2::LoadMask(const uint8_t* mask) {
+    int32_t bytes;
+    std::memcpy(&bytes, mask, sizeof bytes);
+    return Widen(bytes);
+}
+
+inline MPixelsSSE2::Lanes MPixelsSSE2::LoadMaskPart(const uint8_t* mask, int32_t count) {
+    int32_t bytes = 0;
+    for (int32_t i = count - 1; i >= 0; --i) bytes = bytes << 8 | mask[i];
+    return Widen(bytes);
+}
+
+inline MPixelsSSE2::Lanes MPixelsSSE2::GetAlphas(Block block) {
+    return Lanes(_mm_srli_epi32(block.bytes, 24));
+}
+
+inline MPixelsSSE2::Lanes MPixelsSSE2::SpreadLow(Lanes numbers) {
+    const __m128i once = numbers.GetValues();
+    return Lanes(_mm_unpacklo_epi32(_mm_or_si128(once, _mm_slli_epi32(once, 16)), once));
+}
+
+inline MPixelsSSE2::Lanes MPixelsSSE2::SpreadHigh(Lanes numbers) {
+    const __m128i once = numbers.GetValues();
+    return Lanes(_mm_unpackhi_epi32(_mm_or_si128(once, _mm_slli_epi32(once, 16)), once));
 }

@@ -17,8 +17,9 @@ public:
         WithAlpha,  ///< with the alpha multiplied into the colours, as the window system blends
     };
 
-    /// Shows a bitmap of either mode, which may go afterwards; an empty one is shown as one transparent pixel. Raises
-    /// "Could not create system bitmap with direct access." or "Could not create system bitmap with alpha." (0x300).
+    /// Shows a bitmap of either mode, which may go afterwards; an empty one is shown as one transparent
+    /// pixel. Raises "Could not create system bitmap with direct access." or "Could not create system bitmap
+    /// with alpha." (0x300).
     MSysBitmap(const MBitmap& bitmap, Form form);
     ~MSysBitmap() override;
 

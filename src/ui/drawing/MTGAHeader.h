@@ -8,11 +8,13 @@ class MStream;
 struct MTGAHeader {
     static constexpr int32_t MaximumMapCount = 256;
 
-    /// Raises "Invalid file contents. No TGA header present." and "Invalid file contents. Invalid TGA header."
-    /// (0x100).
+    /// Raises "Invalid file contents. No TGA header present." and "Invalid file contents. Invalid TGA
+    /// header." (0x100).
     [[nodiscard]] static MTGAHeader Read(MStream& stream);
 
     [[nodiscard]] bool HasMap() const { return hasMap != 0; }
+    /// In bytes.
+    [[nodiscard]] int32_t GetMapEntrySize() const { return (mapBits + 7) / 8; }
     [[nodiscard]] bool IsMapped() const { return (imageType & ~RunLengthBit) == 1; }
     [[nodiscard]] bool IsRunLength() const { return (imageType & RunLengthBit) != 0; }
     [[nodiscard]] bool IsFromTop() const { return (descriptor & 0x20) != 0; }

@@ -20,16 +20,16 @@ MTGAPixels::MTGAPixels(MStream& stream, const MTGAHeader& header)
       isRunLength(header.IsRunLength()),
       isMapped(header.IsMapped()),
       pixelSize(header.pixelBits / 8) {
-    if (header.HasMap()) ReadMap(header);
+    if (isMapped) ReadMap(header);
 }
 
-// A map beside direct pixels is of no use, and of any size.
 void MTGAPixels::ReadMap(const MTGAHeader& header) {
-    const int32_t entrySize = (header.mapBits + 7) / 8;
-    uint8_t bytes[32];
+    const int32_t entrySize = header.GetMapEntrySize();
+    MColor* entry = map.data() + header.mapFirst;
+    uint8_t bytes[MaximumPixelSize];
     for (int32_t i = 0; i < header.mapCount; ++i) {
         stream.ReadRequired(bytes, entrySize);
-        if (isMapped) map[static_cast<size_t>(header.mapFirst + i)] = ReadColor(bytes, entrySize);
+        *entry++ = ReadColor(bytes, entrySize);
     }
 }
 

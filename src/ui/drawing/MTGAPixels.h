@@ -7,11 +7,11 @@
 
 class MStream;
 
-/// The colour map and the pixels of a TGA file (see MTGAReader.h), in the order in which they are stored. Raises
-/// "Could not read required data from stream." (0x100) where the data end.
+/// The colour map and the pixels of a TGA file (see MTGAReader.h), in the order in which they are stored.
+/// Raises "Could not read required data from stream." (0x100) where the data end.
 class MTGAPixels {
 public:
-    /// Reads the colour map, with which the stream goes on.
+    /// Reads the colour map of mapped pixels, with which the stream goes on.
     MTGAPixels(MStream& stream, const MTGAHeader& header);
 
     /// Of packets that hold more than is left, the rest is dropped.

@@ -41,6 +41,8 @@ void MReadTGA(MStream& stream, MBitmap& bitmap) {
     if (header.width < 1 || header.height < 1) return;
 
     Skip(stream, header.identifierLength);
+    // A map beside direct pixels is of no use, and of any size.
+    if (header.HasMap() && !header.IsMapped()) Skip(stream, header.mapCount * header.GetMapEntrySize());
     MTGAPixels pixels(stream, header);
     bitmap.CreateUnfilled(header.width, header.height);
     pixels.Read(bitmap.EditPixels(), header.width * header.height);

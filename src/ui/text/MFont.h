@@ -12,12 +12,12 @@
 class MFontFace;
 class MStream;
 
-/// A font of the formats that FreeType reads, at one size, with the glyphs that it has rendered. Measures are in
-/// pixels; texts are measured and painted glyph by glyph, without kerning.
+/// A font of the formats that FreeType reads, but for web fonts, at one size, with the glyphs that it has
+/// rendered. Measures are in pixels; texts are measured and painted glyph by glyph, without kerning.
 ///
-/// Control characters take no part in a text; a surrogate pair is one character, a surrogate without its pair is
-/// U+FFFD. A character that the font does not have has the font's ".notdef" glyph, and one whose outline is damaged has
-/// an empty one.
+/// Control characters take no part in a text; a surrogate pair is one character, a surrogate without its pair
+/// is U+FFFD. A character that the font does not have has the font's ".notdef" glyph, and one whose outline
+/// is damaged has an empty one.
 ///
 /// Belongs to the thread of the user interface.
 class MFont : public MFontDescriptor {
@@ -27,9 +27,9 @@ public:
     MFont& operator=(const MFont&) = delete;
     ~MFont() override;
 
-    /// Replaces the font by the first face in a block, which is shared and kept as long as the font is open; borrowed
-    /// memory has to outlive that. Raises "Invalid file contents. " with "Unknown font file format." or "Invalid font
-    /// file format." (0), and what `SetFromFace` raises; the font is then closed.
+    /// Replaces the font by the first face in a block, which is shared and kept as long as the font is open;
+    /// borrowed memory has to outlive that. Raises "Invalid file contents. " with "Unknown font file format."
+    /// or "Invalid font file format." (0), and what `SetFromFace` raises; the font is then closed.
     virtual void Open(const MBuffer& source);
     /// Opens what the stream holds from its position to its end. Also raises what reading raises.
     virtual void LoadFromStream(MStream& stream);
@@ -37,10 +37,10 @@ public:
     virtual void LoadFromFile(const MString& path);
     virtual void Close();
     [[nodiscard]] virtual bool IsOpen() const;
-    /// Height and width of the square that the letters are designed in: in points of 1/72 inch at 72 dots per inch, or
-    /// in whole pixels if either is negative. A width of 0 follows the height. Both are multiplied by the scale.
-    /// Forgets all glyphs. Raises "Unable to accept required font size." (0); the font then has no size, as before the
-    /// first call, and all its glyphs are empty.
+    /// Height and width of the square that the letters are designed in: in points of 1/72 inch at 72 dots per
+    /// inch, or in whole pixels if either is negative. A width of 0 follows the height. Both are multiplied
+    /// by the scale. Forgets all glyphs. Raises "Unable to accept required font size." (0); the font then has
+    /// no size, as before the first call, and all its glyphs are empty.
     virtual void SetSize(double height, double width = 0);
     /// Fills a record, without looking into the cache.
     virtual void RenderGlyph(char32_t character, MGlyph& glyph);
@@ -65,8 +65,8 @@ public:
     /// The advances of a part of a text that is one line.
     [[nodiscard]] int32_t GetTextWidth(const MString& text, int32_t start = 0,
                                        int32_t count = MString::MaximumLength);
-    /// The unit at which the character begins whose cell holds `x`, counted from the left edge of a line: 0 left of the
-    /// first one, the length right of the last one.
+    /// The unit at which the character begins whose cell holds `x`, counted from the left edge of a line: 0
+    /// left of the first one, the length right of the last one.
     [[nodiscard]] int32_t GetIndexAt(const MString& text, int32_t x);
 
     /// What `SetSize` multiplies sizes with, from the next call on.

@@ -15,8 +15,8 @@ public:
     MFontDescriptor() = default;
     MFontDescriptor(const MString& family, const MString& path, bool isBold, bool isItalic);
 
-    /// Takes family and flags of a face; the path stays. A style that is not "Regular", "Italic" or "Bold" is part of
-    /// the family's name, as in "DejaVu Sans Condensed". Raises "Invalid font family name." (0).
+    /// Takes family and flags of a face; the path stays. A style that is not "Regular", "Italic" or "Bold" is
+    /// part of the family's name, as in "DejaVu Sans Condensed". Raises "Invalid font family name." (0).
     virtual void SetFromFace(FT_FaceRec_& face);
 
     [[nodiscard]] const MString& GetFamily() const { return family; }

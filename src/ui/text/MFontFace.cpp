@@ -10,6 +10,7 @@
 #include <cmath>
 #include <ft2build.h>
 #include FT_FREETYPE_H
+#include <string_view>
 
 namespace {
 
@@ -18,8 +19,17 @@ namespace {
                      MExceptionGeneral);
 }
 
+[[noreturn]] void RaiseUnknownFormat() {
+    RaiseInvalidFile("Unknown font file format.");
+}
+
 [[noreturn]] void RaiseInvalidFormat() {
     RaiseInvalidFile("Invalid font file format.");
+}
+
+/// Whether a web font can be unpacked depends on how FreeType was built, and a damaged one makes it leak.
+void RefuseWebFont(std::string_view head) {
+    if (head == "wOFF" || head == "wOF2") RaiseUnknownFormat();
 }
 
 /// FreeType's reading from a stream of its own kind; 0 bytes are a failure to it, but for a mere seek.
@@ -47,6 +57,7 @@ bool IsSize(double size) {
 
 MFontFace::MFontFace(const MBuffer& source) : library(MFontLibrary::Get()), block(source) {
     if (!block.GetBlock() || block.GetSize() <= 0) RaiseInvalidFormat();
+    RefuseWebFont({static_cast<const char*>(block.GetBlock()), std::min<size_t>(4, block.GetSize())});
     FT_Open_Args arguments = {};
     arguments.flags = FT_OPEN_MEMORY;
     arguments.memory_base = static_cast<const FT_Byte*>(block.GetBlock());
@@ -56,6 +67,9 @@ MFontFace::MFontFace(const MBuffer& source) : library(MFontLibrary::Get()), bloc
 
 MFontFace::MFontFace(MStream& source)
     : library(MFontLibrary::Get()), stream(std::make_unique<FT_StreamRec_>()) {
+    char head[4];
+    source.Rewind();
+    RefuseWebFont({head, static_cast<size_t>(source.Read(head, 4))});
     stream->size = static_cast<unsigned long>(std::min<int64_t>(source.GetSize(), 0x7FFFFFFF));
     stream->descriptor.pointer = &source;
     stream->read = ReadStream;
@@ -71,7 +85,7 @@ MFontFace::~MFontFace() {
 
 void MFontFace::Open(FT_Open_Args_& arguments) {
     const FT_Error error = FT_Open_Face(library.get(), &arguments, 0, &face);
-    if (error == FT_Err_Unknown_File_Format) RaiseInvalidFile("Unknown font file format.");
+    if (error == FT_Err_Unknown_File_Format) RaiseUnknownFormat();
     if (error) RaiseInvalidFormat();
 }
 

@@ -12,14 +12,15 @@ struct FT_Open_Args_;
 struct FT_StreamRec_;
 struct MGlyph;
 
-/// An open face of FreeType, with all that has to live as long. Measures are in pixels and lie within plus and minus
-/// 2^15, whatever the font says.
+/// An open face of FreeType, with all that has to live as long. Measures are in pixels and lie within plus
+/// and minus 2^15, whatever the font says.
 class MFontFace {
 public:
-    /// The first face in a block, which is shared and kept. Raises "Invalid file contents. " with "Unknown font file
-    /// format." or "Invalid font file format." (0).
+    /// The first face in a block, which is shared and kept. Raises "Invalid file contents. " with "Unknown
+    /// font file format." or "Invalid font file format." (0). The packed fonts of web pages are unknown.
     explicit MFontFace(const MBuffer& source);
-    /// The same from a stream that can seek and outlives the face; only what is needed is read.
+    /// The same from a whole stream, which can seek and outlives the face; only what is needed is read. Also
+    /// raises what reading its beginning raises.
     explicit MFontFace(MStream& source);
     MFontFace(const MFontFace&) = delete;
     MFontFace& operator=(const MFontFace&) = delete;

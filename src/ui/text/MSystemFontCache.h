@@ -2,14 +2,14 @@
 
 #include "foundation/MString.h"
 
-/// The file that remembers which font file answered a request, so that later runs need not open every font of the
-/// machine: an XML element `MSystemFontCache` with one attribute per request, whose value is a path.
+/// The file that remembers which font file answered a request, so that later runs need not open every font of
+/// the machine: an XML element `MSystemFontCache` with one attribute per request, whose value is a path.
 class MSystemFontCache {
 public:
     explicit MSystemFontCache(const MString& path) : path(path) {}
 
-    /// The attribute of a request: the family without blanks and without ASCII characters that a name cannot have, then
-    /// "B" or "0" for bold and "I" or "0" for italic.
+    /// The attribute of a request: the family without blanks and without ASCII characters that a name cannot
+    /// have, then "B" or "0" for bold and "I" or "0" for italic.
     [[nodiscard]] static MString GetKey(const MString& family, bool isBold, bool isItalic);
 
     /// The path of a key; empty if there is none, or if there is no file that can be read.

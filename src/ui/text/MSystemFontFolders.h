@@ -3,6 +3,6 @@
 #include "foundation/MList.h"
 #include "foundation/MString.h"
 
-/// Where the system keeps its fonts: the fonts folder of MSpecialFolders.h first, then any others of the platform's
-/// convention. Some may be missing.
+/// Where the system keeps its fonts: the fonts folder of MSpecialFolders.h first, then any others of the
+/// platform's convention. Some may be missing.
 [[nodiscard]] MList<MString> MGetSystemFontFolders();

@@ -4,20 +4,22 @@
 #include "ui/text/MFontDescriptor.h"
 #include "ui/text/MSystemFontCache.h"
 
-/// The fonts of the machine: files "*.ttf" and "*.otf" in the system's folders and below. The folders are searched once,
-/// and only when a request is not answered by the cache. Belongs to the thread of the user interface.
+/// The fonts of the machine: files "*.ttf" and "*.otf" in the system's folders and below. The folders are
+/// searched once, and only when a request is not answered by the cache. Belongs to the thread of the user
+/// interface.
 class MSystemFonts {
 public:
     MSystemFonts(const MList<MString>& folders, const MString& cachePath)
         : folders(folders), cache(cachePath) {}
 
-    /// Those of the process: the system's folders and "Fonts" in the shared data directory, and "SystemFonts.cache" in
-    /// the user's.
+    /// Those of the process: the system's folders and "Fonts" in the shared data directory, and
+    /// "SystemFonts.cache" in the user's.
     [[nodiscard]] static MSystemFonts& GetInstance();
 
-    /// A font by its family, in any case. What the cache knows is given as it was asked for, even if the file has gone.
-    /// Where no font has the styles, the first one of the family is given if they are not required. Raises "Font {0}
-    /// was not found in the system." and "Font {0} was not found in the system with correct styles." (0).
+    /// A font by its family, in any case. What the cache knows is given as it was asked for, even if the file
+    /// has gone. Where no font has the styles, the first one of the family is given if they are not required.
+    /// Raises "Font {0} was not found in the system." and "Font {0} was not found in the system with correct
+    /// styles." (0).
     [[nodiscard]] MFontDescriptor GetDescriptor(const MString& name, bool isBold, bool isItalic,
                                                 bool isRequired);
     /// Forgets what is known, in the cache too, and searches again. Failures are caught.

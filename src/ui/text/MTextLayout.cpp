@@ -23,9 +23,10 @@ int32_t CountLineFeeds(const MString& text) {
 MTextLayout::MTextLayout(MFont& font, const MString& text, const MRect& rect, MTextAlignment alignment)
     : font(font), text(text), rect(rect), alignment(alignment) {
     int32_t top = rect.top;
-    const int32_t room = std::max(0, rect.GetHeight() - GetHeight(font, text));
-    if (alignment & MTextMiddle) top += room / 2;
-    if (alignment & MTextBottom) top += room;
+    if (alignment & (MTextMiddle | MTextBottom)) {
+        const int32_t room = std::max(0, rect.GetHeight() - GetHeight(font, text));
+        top += alignment & MTextBottom ? room : room / 2;
+    }
     origin.y = MAddPixels(top, int64_t{font.GetAscent()} + font.GetVerticalShift());
     BeginLine();
 }

@@ -21,8 +21,9 @@ struct MPlacedGlyph {
 ///     MTextLayout layout(font, text, rect, MTextCenter | MTextMiddle);
 ///     for (MPlacedGlyph glyph; layout.TakeGlyph(glyph);) AlphaMask(...)
 ///
-/// A line feed begins a new line; each line is aligned by itself, and all together vertically. What is larger than the
-/// rectangle begins at its left or top edge and goes beyond the other one. Font and text outlive the layout.
+/// A line feed begins a new line; each line is aligned by itself, and all together vertically. What is larger
+/// than the rectangle begins at its left or top edge and goes beyond the other one. Font and text outlive the
+/// layout.
 class MTextLayout {
 public:
     MTextLayout(MFont& font, const MString& text, const MRect& rect, MTextAlignment alignment);
@@ -30,8 +31,8 @@ public:
     /// The next glyph that has something to paint; false at the end of the text.
     [[nodiscard]] bool TakeGlyph(MPlacedGlyph& glyph);
 
-    /// Size of the smallest rectangle that holds the text's lines: the widest one, and from the ascent of the first to
-    /// the descent of the last.
+    /// Size of the smallest rectangle that holds the text's lines: the widest one, and from the ascent of the
+    /// first to the descent of the last.
     [[nodiscard]] static int32_t GetWidth(MFont& font, const MString& text);
     [[nodiscard]] static int32_t GetHeight(const MFont& font, const MString& text);
 

@@ -1,4 +1,5 @@
-// Pictures of all kinds against the pixels that other decoders give; scripts/generate-image-digests wrote these.
+// Pictures of all kinds against the pixels that other decoders give; scripts/generate-image-digests wrote
+// these.
 
 #include "streams/MMD5Stream.h"
 #include "tests/support/MScratch.h"

@@ -11,7 +11,6 @@ using namespace std::string_literals;
 namespace {
 
 const std::string Stored = "MASK\3\0\0\0\2\0\0\0\0\0\0\0\0\0\0\0\1\2\3\xFD\xFE\xFF"s;
-constexpr size_t HeaderSize = 20;
 
 std::string LoadFailureOf(const std::string& bytes, MAlphaMask& mask) {
     MMemoryStream stream(bytes.data(), static_cast<int32_t>(bytes.size()));

@@ -43,10 +43,11 @@ TEST(MBitmapTest, SizesThatCannotBeGiveAnEmptyBitmap) {
         EXPECT_TRUE(bitmap.IsEmpty());
         EXPECT_EQ(bitmap.GetWidth(), 0);
     }
-    for (const auto& [width, height] :
-         {std::pair{1 << 15, 1 << 14}, {1 << 16, 1 << 16}, {0x7FFFFFFF, 0x7FFFFFFF}, {1, 1 << 29}}) {
+    constexpr std::pair<int32_t, int32_t> TooLarge[] = {
+        {1 << 15, 1 << 14}, {1 << 16, 1 << 16}, {0x7FFFFFFF, 0x7FFFFFFF}, {1, 1 << 29}};
+    for (const auto& size : TooLarge) {
         bitmap.Create(1, 1);
-        EXPECT_EQ(FailureOf([&] { bitmap.Create(width, height); }), "0: Out of memory.");
+        EXPECT_EQ(FailureOf([&] { bitmap.Create(size.first, size.second); }), "0: Out of memory.");
         EXPECT_TRUE(bitmap.IsEmpty());
     }
     EXPECT_EQ(FailureOf([&] { bitmap.CreatePaletted(0x7FFFFFFF - 1027, 1); }), "0: Out of memory.");

@@ -1,4 +1,4 @@
-#include "ui/drawing/MPixelOperators.h"
+#include "ui/drawing/MPixelRows.h"
 
 #include "foundation/MUnicode.h"
 #include "tests/ui/drawing/PixelForms.h"
@@ -167,6 +167,6 @@ TEST_P(MPixelOperatorsTest, ScalesTheAlphaBeforehand) {
 }
 
 INSTANTIATE_TEST_SUITE_P(All, MPixelOperatorsTest, testing::Range(0, MColorOpCount),
-                         [](const testing::TestParamInfo<int32_t>& info) {
-                             return MEncodeUTF8Exact(MGetColorOpName(MColorOp{info.param}));
+                         [](const testing::TestParamInfo<int32_t>& instance) {
+                             return MEncodeUTF8Exact(MGetColorOpName(MColorOp{instance.param}));
                          });

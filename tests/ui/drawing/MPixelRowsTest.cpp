@@ -18,13 +18,11 @@ uint32_t TakeNoise(uint32_t& state) {
     return state >> 8;
 }
 
-/// Pixels of all sorts, many of them transparent or opaque.
+/// Pixels of all sorts, in the first half with runs that are transparent or opaque.
 Pixels MakePixels(size_t count, uint32_t seed) {
     Pixels pixels(count);
-    for (MColor& pixel : pixels) {
-        pixel = MColor::FromWord(TakeNoise(seed) | TakeNoise(seed) << 24);
-        if (pixel.blue % 4 == 0) pixel.alpha = pixel.blue % 8 == 0 ? 0 : 255;
-    }
+    for (MColor& pixel : pixels) pixel = MColor::FromWord(TakeNoise(seed) | TakeNoise(seed) << 24);
+    for (size_t i = 0; i < count / 2; ++i) pixels[i].alpha = i % 23 < 11 ? 0 : 255;
     return pixels;
 }
 
@@ -71,12 +69,13 @@ protected:
 };
 
 TEST_P(MPixelRowsTest, BlitsRowsOfAnyLength) {
-    ForAllRows([&](size_t start, int32_t count) {
-        const Pixels sources = MakePixels(static_cast<size_t>(count), 2);
-        Pixels pixels = target;
-        rows.blit(pixels.data() + start, sources.data(), count, 201);
-        EXPECT_EQ(pixels, PaintOneByOne(start, sources, 201));
-    });
+    for (const uint8_t alpha : {201, 255})
+        ForAllRows([&](size_t start, int32_t count) {
+            const Pixels sources = MakePixels(static_cast<size_t>(count), 2);
+            Pixels pixels = target;
+            rows.blit(pixels.data() + start, sources.data(), count, alpha);
+            EXPECT_EQ(pixels, PaintOneByOne(start, sources, alpha));
+        });
 }
 
 TEST_P(MPixelRowsTest, FillsAsIfFromPixelsOfTheColour) {
@@ -116,9 +115,9 @@ INSTANTIATE_TEST_SUITE_P(All, MPixelRowsTest,
                          testing::Combine(testing::Range(0, MColorOpCount),
                                           testing::Values(MPixelForm::Plain, MPixelForm::SSE2,
                                                           MPixelForm::AVX2)),
-                         [](const testing::TestParamInfo<MPixelRowsTest::ParamType>& info) {
-                             return "Operation" + std::to_string(std::get<int32_t>(info.param)) + "_" +
-                                    MGetPixelFormName(std::get<MPixelForm>(info.param));
+                         [](const testing::TestParamInfo<MPixelRowsTest::ParamType>& instance) {
+                             return "Operation" + std::to_string(std::get<int32_t>(instance.param)) + "_" +
+                                    MGetPixelFormName(std::get<MPixelForm>(instance.param));
                          });
 
 TEST(MPixelRowsSelectionTest, PaintsNothingForAnUnknownOperation) {

@@ -95,14 +95,10 @@ TEST(TGATest, RunLengthForms) {
 TEST(TGATest, WideRows) {
     std::string content;
     for (int32_t i = 0; i < 1000 * 3; ++i) content += static_cast<char>(i * i);
-    const std::string file = Header{.width = 500}.GetBytes() + content;
-    const MBitmap bitmap = MLoadImage(&MBitmap::LoadTGA, file);
-    for (int32_t i = 0; i < 1000; ++i) {
-        const auto channel = [&](int32_t offset) {
-            return static_cast<uint8_t>(content[static_cast<size_t>(i * 3 + offset)]);
-        };
-        ASSERT_EQ(bitmap.GetPixel(i % 500, i / 500), MColor::FromRGB(channel(2), channel(1), channel(0)));
-    }
+    const MBitmap bitmap = MLoadImage(&MBitmap::LoadTGA, Header{.width = 500}.GetBytes() + content);
+    const auto* bytes = reinterpret_cast<const uint8_t*>(content.data());
+    for (int32_t i = 0; i < 1000; ++i, bytes += 3)
+        ASSERT_EQ(bitmap.GetPixel(i % 500, i / 500), MColor::FromRGB(bytes[2], bytes[1], bytes[0])) << i;
 }
 
 TEST(TGATest, SizeBelowOneIsEmpty) {

@@ -82,6 +82,7 @@ TEST(MFontOpeningTest, AStyleThatIsNoneOfThreeIsPartOfTheFamily) {
 
 TEST(MFontOpeningTest, WhatIsNoFontIsRefusedWithItsText) {
     EXPECT_EQ(FailureOfOpening(std::string(200, 'x')), Unknown);
+    EXPECT_EQ(FailureOfOpening("wOFF" + Read("dejavu/DejaVuSans.ttf").substr(4)), Unknown);
     EXPECT_EQ(FailureOfOpening(""), Invalid);
     std::string nameless = Read("liberation/LiberationMono-Bold.ttf");
     nameless.replace(nameless.find("name"), 4, "nbme");

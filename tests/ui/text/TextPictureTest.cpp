@@ -1,5 +1,5 @@
-// Text as it is on the screen, compared with pictures that were looked at. scripts/generate-text-pictures writes
-// them anew.
+// Text as it is on the screen, compared with pictures that were looked at. scripts/generate-text-pictures
+// writes them anew.
 
 #include "streams/MStdFileStream.h"
 #include "tests/ui/text/TextFixture.h"
