@@ -36,14 +36,18 @@ private:
     uint32_t state = 1;
 };
 
-/// A picture in which each pixel has another colour and another alpha: no vector of pixels is opaque or transparent
-/// as a whole.
-MBitmap MakePicture(Size size) {
+enum class Alphas { Opaque, Mixed };
+
+/// A picture in which each pixel has another colour and, unless it is opaque, another alpha: hardly a vector of pixels
+/// is opaque or transparent as a whole.
+MBitmap MakePicture(Size size, Alphas alphas) {
     MBitmap bitmap(size.width, size.height);
     MColor* pixels = bitmap.EditPixels();
     Noise noise;
-    for (int64_t i = 0; i < size.GetPixelCount(); ++i)
+    for (int64_t i = 0; i < size.GetPixelCount(); ++i) {
         pixels[i] = {noise.TakeByte(), noise.TakeByte(), noise.TakeByte(), noise.TakeByte()};
+        if (alphas == Alphas::Opaque) pixels[i].alpha = 255;
+    }
     return bitmap;
 }
 
@@ -150,9 +154,9 @@ MComparison CompareFill(Size size) {
     return bench.Compare(ours, bench.Composite(solid.get(), nullptr), PixmanGoal);
 }
 
-MComparison CompareBlit(Size size) {
+MComparison CompareBlit(Size size, Alphas alphas) {
     Bench bench(size);
-    const MBitmap picture = MakePicture(size);
+    const MBitmap picture = MakePicture(size, alphas);
     const Reference image(picture);
     const MWork ours = bench.Repeat([&] {
         bench.drawer.BitBlt(picture.GetRect(), picture, {0, 0}, 255, MDrawMode::Alphablend);
@@ -174,7 +178,7 @@ MComparison CompareMask(Size size) {
 /// From a picture of two thirds of the size in both directions.
 MComparison CompareStretch(Size size) {
     Bench bench(size);
-    const MBitmap picture = MakePicture({size.width * 2 / 3, size.height * 2 / 3});
+    const MBitmap picture = MakePicture({size.width * 2 / 3, size.height * 2 / 3}, Alphas::Mixed);
     const Reference image(picture);
     pixman_transform_t transform;
     pixman_transform_init_scale(&transform, pixman_int_to_fixed(picture.GetWidth()) / size.width,
@@ -196,7 +200,7 @@ double GetModeGoal(MDrawMode mode) {
 MComparison CompareMode(MDrawMode mode) {
     constexpr Size BlitSize = {256, 256};
     Bench bench(BlitSize);
-    const MBitmap picture = MakePicture(BlitSize);
+    const MBitmap picture = MakePicture(BlitSize, Alphas::Mixed);
     const auto blit = [&](MDrawMode blitMode) {
         return bench.Repeat([&, blitMode] {
             bench.drawer.BitBlt(picture.GetRect(), picture, {0, 0}, 255, blitMode);
@@ -210,7 +214,10 @@ MComparison CompareMode(MDrawMode mode) {
 bool RegisterAll() {
     for (const Size size : Sizes) {
         MRegisterComparison("Pixels, solid fill " + size.GetText(), [size] { return CompareFill(size); });
-        MRegisterComparison("Pixels, bitmap " + size.GetText(), [size] { return CompareBlit(size); });
+        MRegisterComparison("Pixels, bitmap " + size.GetText(),
+                            [size] { return CompareBlit(size, Alphas::Mixed); });
+        MRegisterComparison("Pixels, opaque bitmap " + size.GetText(),
+                            [size] { return CompareBlit(size, Alphas::Opaque); });
         MRegisterComparison("Pixels, solid through mask " + size.GetText(),
                             [size] { return CompareMask(size); });
         MRegisterComparison("Pixels, stretch to " + size.GetText(), [size] { return CompareStretch(size); });

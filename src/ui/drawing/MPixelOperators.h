@@ -4,7 +4,7 @@
 
 /// The pixel operators: what each `MColorOp` does to a pixel. Each struct stands for one operation and is written once
 /// for all forms of the rows (MPixelRows.h): `Lanes` are numbers of 16 bits without sign, four for each pixel, in the
-/// order blue, green, red, alpha.
+/// order blue, green, red, alpha. Their operations are told in MPixelRowTemplate.h.
 ///
 /// In the formulas d is a channel of the destination, s that of the source, i = 255 - a, and a the source's alpha,
 /// scaled beforehand by the operation's own one: (alpha + 1) * opacity / 256. All of it is done in whole numbers; a

@@ -2,8 +2,9 @@
 
 #include "ui/drawing/MPixelRowSets.h"
 
-/// The rows, written once for all operations and all forms with vectors. A `Form` is MPixelsSSE2 or MPixelsAVX2. It has `Block`, an even number `Count` of pixels, and `Lanes`, as many numbers of 16 bits as half of the
-/// pixels have channels. The lanes are used in two ways:
+/// The rows, written once for all operations and all forms with vectors. A `Form` is MPixelsSSE2 or MPixelsAVX2. It has
+/// `Block`, an even number `Count` of pixels, and `Lanes`, as many numbers of 16 bits as half of the pixels have
+/// channels. The lanes are used in two ways:
 ///
 /// - The channels of pixels: `GetLow` and `GetHigh` make them of a block, `Pack` makes a block of two times values of
 ///   up to 255.
@@ -11,15 +12,16 @@
 ///   them of a block, `LoadMask` of bytes. `SpreadLow` and `SpreadHigh` repeat them in the lanes of the colours of the
 ///   pixels that `GetLow` and `GetHigh` give, with 0 in that of the alpha.
 ///
-/// Of a block, `AreOpaque` and `AreTransparent` tell whether all alphas are 255 or 0, `SubtractOne` takes 1 from each
-/// byte that is not 0, and `WithAlphasOf` takes over the alphas of another one. Operations named `...Part` load and store the first 1 to `Count` - 1 pixels of a block, and touch no memory behind
-/// them. `Gather` takes the pixels at `position`, `position + step` and so on, in 16.16 fixed point.
+/// Operations named `...Part` load and store the first 1 to `Count` - 1 pixels of a block, and touch no memory behind
+/// them. `Gather` takes the pixels at `position`, `position + step` and so on, in 16.16 fixed point. `AreOpaque` and
+/// `AreTransparent` tell whether all alphas of a block are 255 or 0, `SubtractOne` takes 1 from each byte that is not
+/// 0, and `WithAlphasOf` takes over the alphas of another block.
 ///
 /// Lanes are compared, and the lesser or the greater is taken, as numbers with sign; so are those whose `Magnitude` is
 /// asked for. `Signed(a, b)` gives a the sign of b; where b is 0, a has to be 0 too. A comparison gives all bits or
-/// none. `Alphas` puts a pixel's alpha in all of its lanes, `ToAlphas` puts the number of the colours in the lane of the
-/// alpha and anything in theirs, `WithAlphas` takes over the others' alphas, and `SumOfPixel` puts the sum of its lanes
-/// in each of them.
+/// none. `Alphas` puts a pixel's alpha in all of its lanes, `ToAlphas` puts the number of the colours in the lane of
+/// the alpha and anything in theirs, `WithAlphas` takes over the others' alphas, and `SumOfPixel` puts the sum of its
+/// lanes in each of them.
 namespace MPixelRowTemplate {
 
 /// What comes over a block: the channels of its halves, and the scaled alphas in their colours' lanes.
@@ -48,7 +50,7 @@ template <class Form>
     return MakePaint<Form>(block, Scale(Form::GetAlphas(block), opacity));
 }
 
-/// The pixels of a row.
+/// The pixels of a row, with their alphas scaled.
 template <class Form>
 struct BitmapSource {
     using Lanes = typename Form::Lanes;
