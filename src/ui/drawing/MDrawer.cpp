@@ -31,6 +31,7 @@ MFont* MDrawer::GetFont(int32_t fontIndex, int32_t colorIndex, MColor& color) {
 }
 
 MColor MDrawer::GetTextColor(int32_t index, bool isInverted) {
+    if (index == BackgroundIndex) return GetBackgroundColor();
     return target ? target->GetTextColor(index, isInverted) : MColor();
 }
 

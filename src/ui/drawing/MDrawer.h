@@ -38,6 +38,7 @@ public:
     [[nodiscard]] virtual MFontTable* GetFontTable();
     /// A font of the table; `color` becomes the one to use it with.
     [[nodiscard]] virtual MFont* GetFont(int32_t fontIndex, int32_t colorIndex, MColor& color);
+    static constexpr int32_t BackgroundIndex = -1;
     [[nodiscard]] virtual MColor GetTextColor(int32_t index, bool isInverted);
     [[nodiscard]] virtual int32_t GetStdSize(int32_t index);
     /// A length in pixels by the style's size factor.

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
+#include <utility>
 #include <vector>
 
 using MOutlines::Outline;
@@ -32,6 +33,39 @@ MRect GetBounds(std::span<const Outline> outlines) {
     }
     return {ToPixel(left), ToPixel(top), ToPixel(right), ToPixel(bottom)};
 }
+
+/// A line pixel by pixel along its longer axis.
+class LineWalk {
+public:
+    LineWalk(MPoint from, MPoint to)
+        : start(from), way(to - from), steps(std::max(std::abs(way.x), std::abs(way.y))) {}
+
+    /// The first and the last step that can lie in an area; the end is in front of the beginning if none can.
+    [[nodiscard]] std::pair<int32_t, int32_t> GetStepsIn(const MRect& area) const {
+        const bool isFlat = std::abs(way.x) >= std::abs(way.y);
+        const int32_t origin = isFlat ? start.x : start.y;
+        const int32_t least = isFlat ? area.left : area.top;
+        const int32_t most = isFlat ? area.right : area.bottom;
+        const bool isForward = (isFlat ? way.x : way.y) >= 0;
+        return {std::max(0, isForward ? least - origin : origin - most),
+                std::min(steps, isForward ? most - origin : origin - least)};
+    }
+    [[nodiscard]] MPoint GetPlace(int32_t step) const {
+        return start + MPoint{GetDistance(way.x, step), GetDistance(way.y, step)};
+    }
+
+private:
+    /// Halves are rounded away from the start, so that a line looks the same in all directions.
+    [[nodiscard]] int32_t GetDistance(int32_t distance, int32_t step) const {
+        if (steps == 0) return 0;
+        const int64_t doubled = 2 * int64_t{distance} * step;
+        return static_cast<int32_t>((doubled + (doubled < 0 ? -steps : steps)) / (2 * int64_t{steps}));
+    }
+
+    MPoint start;
+    MPoint way;
+    int32_t steps;
+};
 
 }  // namespace
 
@@ -75,18 +109,10 @@ void MDrawerToMBitmap::SetPixel(MPoint point, MColor color) {
 
 void MDrawerToMBitmap::Line(MPoint from, MPoint to, MColor color) {
     Paint("MDrawerToMBitmap::Line", [&] {
-        const MPoint start = Shift(from);
-        const MPoint way = to - from;
-        const int32_t steps = std::max(std::abs(way.x), std::abs(way.y));
-        const auto along = [&](int32_t distance, int32_t step) {
-            // Rounded half away from the start, so that a line looks the same from both of its ends' quarters.
-            const int64_t doubled = 2 * int64_t{distance} * step;
-            return steps == 0
-                       ? 0
-                       : static_cast<int32_t>((doubled + (doubled < 0 ? -steps : steps)) / (2 * steps));
-        };
-        for (int32_t step = 0; step <= steps; ++step) {
-            const MPoint place = start + MPoint{along(way.x, step), along(way.y, step)};
+        const LineWalk walk(Shift(from), Shift(to));
+        const auto [first, last] = walk.GetStepsIn(GetPaintable(bitmap->GetRect()));
+        for (int32_t step = first; step <= last; ++step) {
+            const MPoint place = walk.GetPlace(step);
             FillPart({place.x, place.y, place.x, place.y}, color, GetPixelMode());
         }
     });

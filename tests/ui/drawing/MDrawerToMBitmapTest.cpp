@@ -219,6 +219,10 @@ TEST_F(MDrawerToMBitmapTest, PlacesThatAreNoneOrFarAwayDoNoHarm) {
     }
     drawer.FillTriangle({-1e9, -1e9}, {1e9, -1e9}, {0, 1e9}, White, MDrawMode::Copy);
     EXPECT_EQ(bitmap.GetPixel(30, 24), White);
+    // Only what is seen of a line takes time.
+    bitmap.Create(64, 48);
+    for (int32_t i = 0; i < 1000; ++i) drawer.Line({-500000000, 5}, {500000000, 5}, White);
+    EXPECT_EQ(SumOf(bitmap), 64);
 }
 
 class PaintCorneredTest : public MDrawerToMBitmapTest {
