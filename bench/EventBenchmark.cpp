@@ -80,13 +80,13 @@ void LockOften(Lock lock, Unlock unlock) {
 
 MComparison CompareLocks() {
     MLock ours;
-    std::recursive_mutex reference;
+    std::mutex reference;
     MComparison comparison = MCompareSpeeds(
         Rounds, MClock::Processor, LockCount / 1e6,
         {{}, [&] { LockOften([&] { (void)ours.Lock(MLock::Forever); }, [&] { ours.Unlock(); }); }},
         {{}, [&] { LockOften([&] { reference.lock(); }, [&] { reference.unlock(); }); }});
     comparison.unit = "million/s";
-    comparison.goal = 0.8;
+    comparison.goal = 0.5;
     return comparison;
 }
 
