@@ -144,8 +144,10 @@ TEST_F(DownloadTest, NamesThatLeadOutAreRefusedBeforeAnythingIsWritten) {
     for (const std::string& name : names) {
         for (const std::string& item :
              {DescribeFile("big", name, {"aaaa"}), "<Directory>" + name + "</Directory>"}) {
-            const std::string good = DescribeFile("small", "good", {"hello"});
-            Publish(first, "<index Size=\"9\"><Directory>folder</Directory>" + good + item + "</index>", "");
+            std::string list = "<index Size=\"9\"><Directory>folder</Directory>";
+            list += DescribeFile("small", "good", {"hello"});
+            list += item;
+            Publish(first, list + "</index>", "");
             MTestDownloadView view;
             EXPECT_EQ(FailureOf([&] { (void)Run(view, {first.GetAddress()}); }),
                       "0: The name \"" + name +

@@ -58,8 +58,8 @@ TEST(MUpdateOffersTest, RefusesOffersThatItCannotTrust) {
          "0: The name \"C:/Windows/format.com\" in the list of updates leads out of its directory. The server is "
          "damaged or not trustworthy; nothing has been written."},
     };
-    for (const auto& [index, failure] : cases) {
+    for (const auto& offer : cases) {
         MUpdateOffers offers;
-        EXPECT_EQ(FailureOf([&] { Read(offers, index); }), failure);
+        EXPECT_EQ(FailureOf([&] { Read(offers, offer.first); }), offer.second);
     }
 }
