@@ -6,7 +6,9 @@
 
 #include <benchmark/benchmark.h>
 #include <deque>
+#include <future>
 #include <mutex>
+#include <thread>
 
 namespace {
 
@@ -15,6 +17,23 @@ constexpr int32_t LockCount = 10'000'000;
 /// Posted before they are dispatched, as by a worker that is a little ahead.
 constexpr int32_t BatchSize = 100;
 constexpr int Rounds = 11;
+
+/// A thread that does nothing. Locks are made for programs with several, and the runtime library takes a short cut in
+/// those with one.
+class IdleThread {
+public:
+    IdleThread() : thread([this] { end.get_future().wait(); }) {}
+    IdleThread(const IdleThread&) = delete;
+    IdleThread& operator=(const IdleThread&) = delete;
+    ~IdleThread() {
+        end.set_value();
+        thread.join();
+    }
+
+private:
+    std::promise<void> end;
+    std::thread thread;
+};
 
 class Counter final : public MEventTarget {
 public:
@@ -58,6 +77,7 @@ int32_t PassThroughQueue() {
 }
 
 MComparison CompareEvents() {
+    const IdleThread other;
     int32_t ours = 0;
     int32_t reference = 0;
     MComparison comparison =
@@ -79,6 +99,7 @@ void LockOften(Lock lock, Unlock unlock) {
 }
 
 MComparison CompareLocks() {
+    const IdleThread other;
     MLock ours;
     std::mutex reference;
     MComparison comparison = MCompareSpeeds(
