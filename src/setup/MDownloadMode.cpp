@@ -2,8 +2,7 @@
 
 #include "foundation/MFile.h"
 #include "setup/MDownloadConsoleView.h"
-#include "setup/MExitCode.h"
-#include "setup/MRefusal.h"
+#include "setup/MExitGuard.h"
 #include "setup/MTextDialogs.h"
 #include "update/MDownloader.h"
 
@@ -21,29 +20,26 @@ void TellWhatToDo(MTextView& console, const MString& target) {
     console.SetText(setup.IsEmpty() ? target : setup);
 }
 
+MExitCode Download(const MDownloadDefinition& definition, const MString& target, MUserDialogs& dialogs) {
+    MDownloadConsoleView console;
+    console.SetText(definition.GetID() + MTranslate(" downloader"));
+    if (MDownloader(definition, target, console).Run()) {
+        TellWhatToDo(console, target);
+        return MExitDone;
+    }
+    dialogs.ShowError(
+        MTranslate("The download has been interrupted. Start it again to go on where it has ended."));
+    return MExitFailed;
+}
+
 }  // namespace
 
 int32_t MRunUnattendedDownload(const MDownloadDefinition& definition, const MString& program,
                                const MList<MString>& words) {
     MUnattendedDialogs dialogs(MRetryAnswer::Refuse);
-    try {
+    return MGuardExitCode(dialogs, [&] {
         if (!words.IsEmpty())
             MRefuse("The word \"{0}\" cannot be used: a silent download knows no words.", words[0]);
-        const MString target = GetTarget(program);
-        MDownloadConsoleView console;
-        console.SetText(definition.GetID() + MTranslate(" downloader"));
-        if (MDownloader(definition, target, console).Run()) {
-            TellWhatToDo(console, target);
-            return MExitDone;
-        }
-        dialogs.ShowError(
-            MTranslate("The download has been interrupted. Start it again to go on where it has ended."));
-        return MExitFailed;
-    } catch (const MRefusal& refusal) {
-        dialogs.ShowError(refusal.GetMessage());
-        return MExitRefused;
-    } catch (const MException& exception) {
-        dialogs.ShowError(exception.GetMessage());
-        return MExitFailed;
-    }
+        return Download(definition, GetTarget(program), dialogs);
+    });
 }

@@ -2,8 +2,7 @@
 
 #include "install/MUninstallRun.h"
 #include "setup/MConsoleView.h"
-#include "setup/MExitCode.h"
-#include "setup/MRefusal.h"
+#include "setup/MExitGuard.h"
 #include "setup/MTextDialogs.h"
 
 namespace {
@@ -51,14 +50,8 @@ MExitCode Remove(const MString& directory, MUserDialogs& dialogs) {
 
 int32_t MRunUnattendedRemoval(const MString& directory, const MList<MString>& words) {
     MUnattendedDialogs dialogs(MRetryAnswer::Refuse);
-    try {
+    return MGuardExitCode(dialogs, [&] {
         CheckWords(words);
         return Remove(directory, dialogs);
-    } catch (const MRefusal& refusal) {
-        dialogs.ShowError(refusal.GetMessage());
-        return MExitRefused;
-    } catch (const MException& exception) {
-        dialogs.ShowError(exception.GetMessage());
-        return MExitFailed;
-    }
+    });
 }

@@ -1,8 +1,7 @@
 #include "setup/MUnattendedMode.h"
 
 #include "setup/MConsoleView.h"
-#include "setup/MExitCode.h"
-#include "setup/MRefusal.h"
+#include "setup/MExitGuard.h"
 #include "setup/MTextDialogs.h"
 #include "setup/MUnattendedRun.h"
 
@@ -21,21 +20,13 @@ void InstallUnattended(MLargeResourceLibrary& definition, const MUnattendedOptio
     run.Perform();
 }
 
-int32_t Fail(const MException& exception, MExitCode exitCode) {
-    MTerminalDialogs().ShowError(exception.GetMessage());
-    return exitCode;
-}
-
 }  // namespace
 
 int32_t MRunUnattended(MLargeResourceLibrary& definition, const MList<MString>& words,
                        const MString& startDirectory) {
-    try {
+    MTerminalDialogs dialogs;
+    return MGuardExitCode(dialogs, [&] {
         InstallUnattended(definition, MUnattendedOptions(words, startDirectory));
         return MExitDone;
-    } catch (const MRefusal& refusal) {
-        return Fail(refusal, MExitRefused);
-    } catch (const MException& exception) {
-        return Fail(exception, MExitFailed);
-    }
+    });
 }

@@ -3,23 +3,24 @@
 #include "foundation/MProductConstants.h"
 #include "foundation/MRaise.h"
 #include "foundation/MXMLItem.h"
+#include "streams/MDispatchStream.h"
 #include "update/MHTTPBody.h"
 
 namespace {
 
-/// Hands bytes on and shows their count.
-class ShownStream final : public MStream {
+/// Shows the count of bytes that it hands on.
+class ShownStream final : public MDispatchStream {
 public:
-    ShownStream(MStream& target, MProgressView* bar, int64_t size) : target(target), bar(bar), size(size) {}
+    ShownStream(MStream& target, MProgressView* bar, int64_t size)
+        : MDispatchStream(&target), bar(bar), size(size) {}
 
     void Write(const void* block, int32_t count) override {
-        target.Write(block, count);
+        MDispatchStream::Write(block, count);
         written += count;
         if (bar) bar->SetProgress(static_cast<double>(size), static_cast<double>(written));
     }
 
 private:
-    MStream& target;
     MProgressView* bar;
     int64_t size;
     int64_t written = 0;

@@ -117,8 +117,7 @@ public:
     /// How `PaintBitmapPart` fills: one of `MBitmapFill`, and `PartKept` for a part that is left as it is.
     static constexpr int32_t PartFillMask = 3;
     static constexpr int32_t PartKept = 4;
-    /// Fills a rectangle by a part of a bitmap. Reports "Invalid bitmap layout flags specified for processing." for
-    /// any other flag.
+    /// Fills a rectangle by a part of a bitmap. Any other flag paints nothing.
     void PaintBitmapPart(const MRect& rect, const MBitmap& bitmap, const MRect& source, int32_t flags,
                          uint8_t alpha, MDrawMode mode);
     /// Paints a frame of nine parts: corners of `cornerSize` as they are, edges and centre by their flags.

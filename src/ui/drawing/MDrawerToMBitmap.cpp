@@ -18,6 +18,10 @@ struct CutPicture {
     MPoint point;
 };
 
+MAxisMap TileFromStart(int32_t target, int32_t targetLength, int32_t source, int32_t length) {
+    return MAxisMap::Tiled(target, targetLength, source, length, 0);
+}
+
 /// Paints the pixels from `first` to `last` of a row.
 void PaintRow(const MPixelRows& operations, MColor* target, const MColor* source, const MAxisMap& columns,
               int32_t first, int32_t last, uint8_t alpha) {
@@ -108,40 +112,35 @@ void MDrawerToMBitmap::BitBlt(const MRect& part, const MBitmap& source, MPoint p
     });
 }
 
-void MDrawerToMBitmap::StretchBlt(const MRect& rect, const MBitmap& source, const MRect& part, uint8_t alpha,
-                                  MDrawMode mode) {
+void MDrawerToMBitmap::PaintPart(const char* name, const MRect& rect, const MBitmap& source,
+                                 const MRect& part, MapAxis mapColumns, MapAxis mapRows, uint8_t alpha,
+                                 MDrawMode mode) {
     const MBitmap copy = source;
-    Paint("MDrawerToMBitmap::StretchBlt", [&] {
+    Paint(name, [&] {
         const MRect area = Shift(rect);
         const MRect cut = part.Intersected(copy.GetRect());
         if (cut.IsEmpty()) return;
-        PaintPicture(copy, MAxisMap::Scaled(area.left, area.GetWidth(), cut.left, cut.GetWidth()),
-                     MAxisMap::Scaled(area.top, area.GetHeight(), cut.top, cut.GetHeight()), alpha, mode);
+        PaintPicture(copy, mapColumns(area.left, area.GetWidth(), cut.left, cut.GetWidth()),
+                     mapRows(area.top, area.GetHeight(), cut.top, cut.GetHeight()), alpha, mode);
     });
+}
+
+void MDrawerToMBitmap::StretchBlt(const MRect& rect, const MBitmap& source, const MRect& part, uint8_t alpha,
+                                  MDrawMode mode) {
+    PaintPart("MDrawerToMBitmap::StretchBlt", rect, source, part, MAxisMap::Scaled, MAxisMap::Scaled, alpha,
+              mode);
 }
 
 void MDrawerToMBitmap::StretchBltH(const MRect& rect, const MBitmap& source, const MRect& part, uint8_t alpha,
                                    MDrawMode mode) {
-    const MBitmap copy = source;
-    Paint("MDrawerToMBitmap::StretchBltH", [&] {
-        const MRect area = Shift(rect);
-        const MRect cut = part.Intersected(copy.GetRect());
-        if (cut.IsEmpty()) return;
-        PaintPicture(copy, MAxisMap::Scaled(area.left, area.GetWidth(), cut.left, cut.GetWidth()),
-                     MAxisMap::Tiled(area.top, area.GetHeight(), cut.top, cut.GetHeight(), 0), alpha, mode);
-    });
+    PaintPart("MDrawerToMBitmap::StretchBltH", rect, source, part, MAxisMap::Scaled, TileFromStart, alpha,
+              mode);
 }
 
 void MDrawerToMBitmap::StretchBltV(const MRect& rect, const MBitmap& source, const MRect& part, uint8_t alpha,
                                    MDrawMode mode) {
-    const MBitmap copy = source;
-    Paint("MDrawerToMBitmap::StretchBltV", [&] {
-        const MRect area = Shift(rect);
-        const MRect cut = part.Intersected(copy.GetRect());
-        if (cut.IsEmpty()) return;
-        PaintPicture(copy, MAxisMap::Tiled(area.left, area.GetWidth(), cut.left, cut.GetWidth(), 0),
-                     MAxisMap::Scaled(area.top, area.GetHeight(), cut.top, cut.GetHeight()), alpha, mode);
-    });
+    PaintPart("MDrawerToMBitmap::StretchBltV", rect, source, part, TileFromStart, MAxisMap::Scaled, alpha,
+              mode);
 }
 
 void MDrawerToMBitmap::AlphaMask(const MRect& part, const MAlphaMask& mask, MPoint point, MColor color,

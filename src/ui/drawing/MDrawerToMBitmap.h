@@ -83,6 +83,9 @@ private:
 
     void PaintPicture(const MBitmap& source, const MAxisMap& columns, const MAxisMap& rows, uint8_t alpha,
                       MDrawMode mode);
+    using MapAxis = MAxisMap (*)(int32_t target, int32_t targetLength, int32_t source, int32_t length);
+    void PaintPart(const char* name, const MRect& rect, const MBitmap& source, const MRect& part,
+                   MapAxis mapColumns, MapAxis mapRows, uint8_t alpha, MDrawMode mode);
     void FillPart(const MRect& rect, MColor color, MDrawMode mode);
     void PaintMask(const MRect& part, const MAlphaMask& mask, MPoint point, MColor color, MDrawMode mode);
     void FillOutlines(std::span<const MOutlines::Outline> outlines, MColor color, MDrawMode mode);
