@@ -56,7 +56,7 @@ MColor MColor::WithLightnessOf(MColor other) const {
     const Lightness from(*this);
     const Lightness to(other);
     if (from.chroma == 0) {
-        const auto grey = static_cast<uint8_t>(to.doubled / 2);
+        const auto grey = static_cast<uint8_t>((to.doubled + 1) / 2);
         return {grey, grey, grey, alpha};
     }
     const int32_t base = to.doubled * from.spread - from.chroma * to.spread;

@@ -115,12 +115,13 @@ public:
                   MTextAlignment alignment);
 
     /// How `PaintBitmapPart` fills: one of `MBitmapFill`, and `PartKept` for a part that is left as it is.
-    static constexpr int32_t PartFillMask = 3;
     static constexpr int32_t PartKept = 4;
-    /// Fills a rectangle by a part of a bitmap. Any other flag paints nothing.
+    /// Fills a rectangle by a part of a bitmap. Raises "Invalid bitmap layout flags specified for processing." (0) for
+    /// any other flag.
     void PaintBitmapPart(const MRect& rect, const MBitmap& bitmap, const MRect& source, int32_t flags,
                          uint8_t alpha, MDrawMode mode);
-    /// Paints a frame of nine parts: corners of `cornerSize` as they are, edges and centre by their flags.
+    /// Paints a frame of nine parts: corners of `cornerSize` as they are, edges and centre by their flags,
+    /// as in `PaintBitmapPart`.
     void PaintCornered(const MRect& rect, const MBitmap& bitmap, const MRect& source, MPoint cornerSize,
                        int32_t edgeFlags, int32_t centerFlags, uint8_t alpha, MDrawMode mode);
 

@@ -26,15 +26,13 @@ void MDrawer::DrawText(const MRect& rect, MFont& font, const MString& text, MCol
 void MDrawer::PaintBitmapPart(const MRect& rect, const MBitmap& bitmap, const MRect& source, int32_t flags,
                               uint8_t alpha, MDrawMode mode) {
     if (bitmap.IsEmpty() || rect.IsEmpty() || source.IsEmpty() || (flags & PartKept)) return;
-    MGuard("MDrawer::PaintBitmapPart", [&] {
-        switch (static_cast<MBitmapFill>(flags)) {
-        case MBitmapFill::Stretch: return StretchBlt(rect, bitmap, source, alpha, mode);
-        case MBitmapFill::HPattern: return StretchBltH(rect, bitmap, source, alpha, mode);
-        case MBitmapFill::VPattern: return StretchBltV(rect, bitmap, source, alpha, mode);
-        case MBitmapFill::Pattern: return TilePart(rect, bitmap, source, alpha, mode);
-        }
-        MRaise(MExceptionGeneral, "Invalid bitmap layout flags specified for processing.");
-    });
+    switch (static_cast<MBitmapFill>(flags)) {
+    case MBitmapFill::Stretch: return StretchBlt(rect, bitmap, source, alpha, mode);
+    case MBitmapFill::HPattern: return StretchBltH(rect, bitmap, source, alpha, mode);
+    case MBitmapFill::VPattern: return StretchBltV(rect, bitmap, source, alpha, mode);
+    case MBitmapFill::Pattern: return TilePart(rect, bitmap, source, alpha, mode);
+    }
+    MRaise(MExceptionGeneral, "Invalid bitmap layout flags specified for processing.");
 }
 
 void MDrawer::TilePart(const MRect& rect, const MBitmap& bitmap, const MRect& source, uint8_t alpha,

@@ -23,12 +23,15 @@ public:
                 static_cast<uint8_t>(values[2]), static_cast<uint8_t>(values[3])};
     }
     [[nodiscard]] MPixelLanes Alphas() const { return All(values[3]); }
-    [[nodiscard]] MPixelLanes ToAlphas() const { return All(values[0]); }
+    [[nodiscard]] MPixelLanes ToAlphas() const { return All(values[2]); }
     [[nodiscard]] MPixelLanes WithAlphas(MPixelLanes alphas) const {
         return Repeat(values[0], values[1], values[2], alphas.values[3]);
     }
-    [[nodiscard]] MPixelLanes SumOfPixel() const {
-        return All(static_cast<uint16_t>(values[0] + values[1] + values[2] + values[3]));
+    [[nodiscard]] MPixelLanes Neighbours() const {
+        return Repeat(values[1], values[0], values[3], values[2]);
+    }
+    [[nodiscard]] MPixelLanes OtherPairs() const {
+        return Repeat(values[2], values[3], values[0], values[1]);
     }
 
     friend MPixelLanes operator+(MPixelLanes a, MPixelLanes b) {
@@ -51,6 +54,9 @@ public:
     }
     friend MPixelLanes MultiplyHigh(MPixelLanes a, MPixelLanes b) {
         return Combine(a, b, [](uint32_t x, uint32_t y) { return x * y >> 16; });
+    }
+    friend MPixelLanes Quotient(MPixelLanes a, MPixelLanes b) {
+        return Combine(a, b, [](uint32_t x, uint32_t y) { return x / y; });
     }
     friend MPixelLanes SubtractToZero(MPixelLanes a, MPixelLanes b) {
         return Combine(a, b, [](uint32_t x, uint32_t y) { return x > y ? x - y : 0; });

@@ -22,10 +22,36 @@ template <class Lanes>
     return (s * a + d * i) >> 8;
 }
 
+/// What `combine` makes of the four lanes of each pixel, in all of them.
+template <class Lanes, class Function>
+[[gnu::always_inline]] inline Lanes OverPixel(Lanes s, Function combine) {
+    const Lanes pairs = combine(s, s.Neighbours());
+    return combine(pairs, pairs.OtherPairs());
+}
+
 /// The luminance of each pixel in its four lanes, as in MColor::GetLuminance.
 template <class Lanes>
 [[gnu::always_inline]] inline Lanes Luminance(Lanes s) {
-    return (s * Lanes::Repeat(29, 150, 77, 0)).SumOfPixel() >> 8;
+    const auto add = [](Lanes a, Lanes b) { return a + b; };
+    return OverPixel(s * Lanes::Repeat(29, 150, 77, 0), add) >> 8;
+}
+
+/// The least of each pixel's colours, in its four lanes.
+template <class Lanes>
+[[gnu::always_inline]] inline Lanes Lowest(Lanes s) {
+    return OverPixel(s.WithAlphas(s.ToAlphas()), [](Lanes a, Lanes b) { return Min(a, b); });
+}
+
+/// The greatest of each pixel's colours, in its four lanes.
+template <class Lanes>
+[[gnu::always_inline]] inline Lanes Highest(Lanes s) {
+    return OverPixel(s.WithAlphas(s.ToAlphas()), [](Lanes a, Lanes b) { return Max(a, b); });
+}
+
+/// How far the colours may be spread at a lightness, which is the sum of the extremes.
+template <class Lanes>
+[[gnu::always_inline]] inline Lanes Spread(Lanes lightness) {
+    return Lanes::All(255) - Magnitude(lightness - Lanes::All(255));
 }
 
 /// x / 255, for all x of 16 bits.
@@ -91,7 +117,18 @@ struct Overlay {
 struct Color {
     template <class Lanes>
     [[gnu::always_inline]] static Lanes Combine(Lanes d, Lanes s, Lanes a) {
-        return Blend(d, Lanes::Repeat(s.GetColor().WithLightnessOf(d.GetColor())), a);
+        const Lanes from = Lowest(s) + Highest(s);
+        const Lanes to = Lowest(d) + Highest(d);
+        // c := (to * spread + offset * Spread(to) + spread) / (2 * spread). What is whole of the lightness is kept out
+        // of the division, and a negative quotient is rounded away from 0, so that 16 bits without sign are enough.
+        const Lanes spread = Spread(from);
+        const Lanes divisor = Max(spread + spread, Lanes::All(1));
+        const Lanes lightness = to + Lanes::All(1);
+        const Lanes half = spread & (Lanes::All(0) - (lightness & Lanes::All(1)));
+        const Lanes offset = s + s - from;
+        const Lanes rounding = Select(IsAbove(Lanes::All(0), offset), divisor - Lanes::All(1) - half, half);
+        const Lanes moved = Quotient(Magnitude(offset) * Spread(to) + rounding, divisor);
+        return Blend(d, (lightness >> 1) + Signed(moved, offset), a);
     }
 };
 

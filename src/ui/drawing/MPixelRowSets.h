@@ -5,7 +5,7 @@
 
 #include <array>
 
-/// The rows of one form, by operation; null where the form has none.
+/// The rows of one form, by operation; null for None.
 using MPixelRowSet = std::array<MPixelRows, MColorOpCount>;
 
 extern const MPixelRowSet MPixelRowsPlain;
@@ -13,7 +13,7 @@ extern const MPixelRowSet MPixelRowsSSE2;
 /// Only to be called on a processor that has AVX2.
 extern const MPixelRowSet MPixelRowsAVX2;
 
-/// The rows of all operations but None, which paints nothing, and Color, which has no form for vectors.
+/// The rows of all operations but None, which paints nothing.
 template <template <class Operator> class RowsOf>
 constexpr MPixelRowSet MMakePixelRowSet() {
     using namespace MPixelOperators;
@@ -22,7 +22,7 @@ constexpr MPixelRowSet MMakePixelRowSet() {
             RowsOf<Modulate>::Set,
             RowsOf<Copy>::Set,
             RowsOf<Overlay>::Set,
-            MPixelRows(),
+            RowsOf<Color>::Set,
             RowsOf<Invert>::Set,
             RowsOf<Add>::Set,
             RowsOf<Subtract>::Set,

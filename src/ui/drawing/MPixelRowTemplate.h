@@ -2,6 +2,8 @@
 
 #include "ui/drawing/MPixelRowSets.h"
 
+#include <cstring>
+
 /// The rows, written once for all operations and all forms with vectors. A `Form` is MPixelsSSE2 or MPixelsAVX2. It has
 /// `Block`, an even number `Count` of pixels, and `Lanes`, as many numbers of 16 bits as half of the pixels have
 /// channels. The lanes are used in two ways:
@@ -13,15 +15,16 @@
 ///   pixels that `GetLow` and `GetHigh` give, with 0 in that of the alpha.
 ///
 /// Operations named `...Part` load and store the first 1 to `Count` - 1 pixels of a block, and touch no memory behind
-/// them. `Gather` takes the pixels at `position`, `position + step` and so on, in 16.16 fixed point. `AreOpaque` and
-/// `AreTransparent` tell whether all alphas of a block are 255 or 0, `SubtractOne` takes 1 from each byte that is not
-/// 0, and `WithAlphasOf` takes over the alphas of another block.
+/// them. `Gather` takes the pixels at `position`, `position + step` and so on, in 16.16 fixed point; so does `Pick`,
+/// which not all forms have, from a block. `AreOpaque` and `AreTransparent` tell whether all alphas of a block are 255
+/// or 0, `SubtractOne` takes 1 from each byte that is not 0, and `WithAlphasOf` takes over the alphas of another block.
 ///
 /// Lanes are compared, and the lesser or the greater is taken, as numbers with sign; so are those whose `Magnitude` is
 /// asked for. `Signed(a, b)` gives a the sign of b; where b is 0, a has to be 0 too. A comparison gives all bits or
-/// none. `Alphas` puts a pixel's alpha in all of its lanes, `ToAlphas` puts the number of the colours in the lane of
-/// the alpha and anything in theirs, `WithAlphas` takes over the others' alphas, and `SumOfPixel` puts the sum of its
-/// lanes in each of them.
+/// none. `Quotient` drops the fraction; the divisor is not 0, and the quotient below 32768, or else it is any number.
+/// `Alphas` puts a pixel's alpha in all of its lanes, `ToAlphas` puts the number of the red in the lane of the alpha and
+/// anything in the others, and `WithAlphas` takes over the others' alphas. `Neighbours` swaps a pixel's first lane with
+/// the second and the third with the fourth, `OtherPairs` swaps the first two with the last two.
 namespace MPixelRowTemplate {
 
 /// What comes over a block: the channels of its halves, and the scaled alphas in their colours' lanes.
@@ -45,33 +48,9 @@ template <class Form>
                                        Form::SpreadHigh(alphas)};
 }
 
-template <class Form>
-[[gnu::always_inline]] inline auto Scaled(typename Form::Block block, typename Form::Lanes opacity) {
-    return MakePaint<Form>(block, Scale(Form::GetAlphas(block), opacity));
-}
-
-/// The pixels of a row, with their alphas scaled.
+/// The pixels of a row.
 template <class Form>
 struct BitmapSource {
-    using Lanes = typename Form::Lanes;
-
-    BitmapSource(const MColor* row, uint8_t alpha) : row(row), opacity(Lanes::All(alpha)) {}
-
-    [[gnu::always_inline]] Paint<Lanes> Get(int32_t x) const {
-        return Scaled<Form>(Form::Load(row + x), opacity);
-    }
-    [[gnu::always_inline]] Paint<Lanes> GetPart(int32_t x, int32_t count) const {
-        return Scaled<Form>(Form::LoadPart(row + x, count), opacity);
-    }
-
-private:
-    const MColor* row;
-    Lanes opacity;
-};
-
-/// The pixels of a row, with their alphas as they are.
-template <class Form>
-struct UnscaledSource {
     [[gnu::always_inline]] auto Get(int32_t x) const { return Form::Load(row + x); }
     [[gnu::always_inline]] auto GetPart(int32_t x, int32_t count) const {
         return Form::LoadPart(row + x, count);
@@ -83,24 +62,65 @@ struct UnscaledSource {
 /// The pixels of a row, some of them left out or repeated.
 template <class Form>
 struct StretchedSource {
-    using Lanes = typename Form::Lanes;
-
-    StretchedSource(const MColor* row, uint32_t position, uint32_t step, uint8_t alpha)
-        : row(row), start(position), step(step), opacity(Lanes::All(alpha)) {}
-
-    [[gnu::always_inline]] Paint<Lanes> Get(int32_t x) const {
-        return Scaled<Form>(Form::Gather(row, GetPosition(x), step), opacity);
+    [[gnu::always_inline]] auto Get(int32_t x) const { return Form::Gather(row, GetPosition(x), step); }
+    [[gnu::always_inline]] auto GetPart(int32_t x, int32_t count) const {
+        return Form::GatherPart(row, GetPosition(x), step, count);
     }
-    [[gnu::always_inline]] Paint<Lanes> GetPart(int32_t x, int32_t count) const {
-        return Scaled<Form>(Form::GatherPart(row, GetPosition(x), step, count), opacity);
-    }
-
-private:
     [[nodiscard]] uint32_t GetPosition(int32_t x) const { return start + static_cast<uint32_t>(x) * step; }
 
     const MColor* row;
     uint32_t start;
     uint32_t step;
+};
+
+/// The pixels of a row, none of them left out: those for a block lie in a block too. No pixel behind the last is read.
+template <class Form>
+class EnlargedSource {
+public:
+    EnlargedSource(const StretchedSource<Form>& newSource, int32_t count) : source(newSource) {
+        const uint32_t size = (source.GetPosition(count - 1) >> 16) + 1;
+        if (size >= Form::Count) {
+            lastBlock = size - Form::Count;
+        } else {
+            std::memcpy(fewPixels, source.row, size * sizeof(MColor));
+            source.row = reinterpret_cast<const MColor*>(fewPixels);
+        }
+    }
+    EnlargedSource(const EnlargedSource&) = delete;
+    EnlargedSource& operator=(const EnlargedSource&) = delete;
+
+    [[gnu::always_inline]] auto Get(int32_t x) const {
+        const uint32_t position = source.GetPosition(x);
+        const uint32_t first = position >> 16 < lastBlock ? position >> 16 : lastBlock;
+        return Form::Pick(Form::Load(source.row + first), position - (first << 16), source.step);
+    }
+    [[gnu::always_inline]] auto GetPart(int32_t x, int32_t) const { return Get(x); }
+
+private:
+    StretchedSource<Form> source;
+    uint32_t lastBlock = 0;
+    alignas(MColor) unsigned char fewPixels[Form::Count * sizeof(MColor)] = {};
+};
+
+/// The pixels of another source, with their alphas scaled.
+template <class Form, class Source>
+class ScaledSource {
+public:
+    using Lanes = typename Form::Lanes;
+
+    ScaledSource(const Source& newSource, uint8_t alpha) : source(newSource), opacity(Lanes::All(alpha)) {}
+
+    [[gnu::always_inline]] Paint<Lanes> Get(int32_t x) const { return MakePaint(source.Get(x)); }
+    [[gnu::always_inline]] Paint<Lanes> GetPart(int32_t x, int32_t count) const {
+        return MakePaint(source.GetPart(x, count));
+    }
+
+private:
+    [[gnu::always_inline]] Paint<Lanes> MakePaint(typename Form::Block block) const {
+        return MPixelRowTemplate::MakePaint<Form>(block, Scale(Form::GetAlphas(block), opacity));
+    }
+
+    const Source& source;
     Lanes opacity;
 };
 
@@ -178,11 +198,15 @@ template <class Form, class Operator, class Source>
     Form::StorePart(target + x, last, rest);
 }
 
+template <class Form>
+concept HasPick = requires(typename Form::Block block) {
+    Form::Pick(block, 0u, 0u);
+};
+
 template <class Form, class Operator>
 struct Rows {
     static void Blit(MColor* target, const MColor* source, int32_t count, uint8_t alpha) {
-        if (alpha == 255) return CombineRow<Form, Operator>(target, count, UnscaledSource<Form>{source});
-        CombineRow<Form, Operator>(target, count, BitmapSource<Form>(source, alpha));
+        CombinePixels(target, count, BitmapSource<Form>{source}, alpha);
     }
     static void Fill(MColor* target, int32_t count, MColor color) {
         CombineRow<Form, Operator>(target, count, ColorSource<Form>(color));
@@ -190,12 +214,23 @@ struct Rows {
     static void Mask(MColor* target, const uint8_t* mask, int32_t count, MColor color) {
         CombineRow<Form, Operator>(target, count, MaskSource<Form>(mask, color));
     }
-    static void Stretch(MColor* target, const MColor* source, uint32_t position, uint32_t step, int32_t count,
+    static void Stretch(MColor* target, const MColor* row, uint32_t position, uint32_t step, int32_t count,
                         uint8_t alpha) {
-        CombineRow<Form, Operator>(target, count, StretchedSource<Form>(source, position, step, alpha));
+        const StretchedSource<Form> source{row, position, step};
+        if constexpr (HasPick<Form>)
+            if (step <= 0x10000 && count > 0)
+                return CombinePixels(target, count, EnlargedSource<Form>(source, count), alpha);
+        CombinePixels(target, count, source, alpha);
     }
 
     static constexpr MPixelRows Set = {Blit, Fill, Mask, Stretch};
+
+private:
+    template <class Source>
+    static void CombinePixels(MColor* target, int32_t count, const Source& source, uint8_t alpha) {
+        if (alpha == 255) return CombineRow<Form, Operator>(target, count, source);
+        CombineRow<Form, Operator>(target, count, ScaledSource<Form, Source>(source, alpha));
+    }
 };
 
 }  // namespace MPixelRowTemplate

@@ -34,6 +34,5 @@ const MPixelRows& MGetPixelRows(MColorOp operation) {
 const MPixelRows& MGetPixelRows(MColorOp operation, MPixelForm form) {
     const auto index = static_cast<size_t>(operation);
     if (operation == MColorOp::None || index >= MPixelRowsPlain.size()) return EmptyRows;
-    const MPixelRows& rows = GetSet(form)[index];
-    return rows.blit != nullptr ? rows : MPixelRowsPlain[index];
+    return GetSet(form)[index];
 }

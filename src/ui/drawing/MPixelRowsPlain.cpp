@@ -38,12 +38,6 @@ private:
     }
 };
 
-constexpr MPixelRowSet MakePlainSet() {
-    MPixelRowSet set = MMakePixelRowSet<PlainRows>();
-    set[static_cast<size_t>(MColorOp::Color)] = PlainRows<MPixelOperators::Color>::Set;
-    return set;
-}
-
 }  // namespace
 
-constexpr MPixelRowSet MPixelRowsPlain = MakePlainSet();
+constexpr MPixelRowSet MPixelRowsPlain = MMakePixelRowSet<PlainRows>();

@@ -43,6 +43,12 @@ struct MPixelsAVX2 {
         return {_mm256_loadu_si256(reinterpret_cast<const __m256i*>(part))};
     }
 
+    [[gnu::always_inline]] static Block Pick(Block block, uint32_t position, uint32_t step) {
+        const __m256i moves = _mm256_mullo_epi32(_mm256_set1_epi32(static_cast<int>(step)), GetIndices());
+        const __m256i positions = _mm256_add_epi32(_mm256_set1_epi32(static_cast<int>(position)), moves);
+        return {_mm256_permutevar8x32_epi32(block.bytes, _mm256_srli_epi32(positions, 16))};
+    }
+
     static bool AreOpaque(Block block) { return _mm256_testc_si256(block.bytes, GetAlphaBytes()) != 0; }
     static bool AreTransparent(Block block) { return _mm256_testz_si256(block.bytes, GetAlphaBytes()) != 0; }
     static Block SubtractOne(Block block) { return {_mm256_subs_epu8(block.bytes, _mm256_set1_epi8(1))}; }
@@ -58,6 +64,7 @@ struct MPixelsAVX2 {
     static Lanes SpreadHigh(Lanes numbers);
 
 private:
+    static __m256i GetIndices() { return _mm256_setr_epi32(0, 1, 2, 3, 4, 5, 6, 7); }
     static __m256i GetAlphaBytes() { return _mm256_set1_epi32(static_cast<int>(0xFF000000)); }
     static int LoadOne(const MColor* pixel) {
         int word;
@@ -65,7 +72,7 @@ private:
         return word;
     }
     static __m256i GetPart(int32_t count) {
-        return _mm256_cmpgt_epi32(_mm256_set1_epi32(count), _mm256_setr_epi32(0, 1, 2, 3, 4, 5, 6, 7));
+        return _mm256_cmpgt_epi32(_mm256_set1_epi32(count), GetIndices());
     }
     static Lanes Spread(Lanes numbers, char first, char second);
 };
@@ -89,11 +96,10 @@ public:
     [[nodiscard]] Lanes WithAlphas(Lanes alphas) const {
         return Lanes(_mm256_blend_epi16(values, alphas.values, 0x88));
     }
-    [[nodiscard]] Lanes SumOfPixel() const {
-        const __m256i pairs =
-            _mm256_add_epi16(values, _mm256_shufflehi_epi16(_mm256_shufflelo_epi16(values, 0xB1), 0xB1));
-        return Lanes(_mm256_add_epi16(pairs, _mm256_shuffle_epi32(pairs, 0xB1)));
+    [[nodiscard]] Lanes Neighbours() const {
+        return Lanes(_mm256_shufflehi_epi16(_mm256_shufflelo_epi16(values, 0xB1), 0xB1));
     }
+    [[nodiscard]] Lanes OtherPairs() const { return Lanes(_mm256_shuffle_epi32(values, 0xB1)); }
 
     friend Lanes operator+(Lanes a, Lanes b) { return Lanes(_mm256_add_epi16(a.values, b.values)); }
     friend Lanes operator-(Lanes a, Lanes b) { return Lanes(_mm256_sub_epi16(a.values, b.values)); }
@@ -101,6 +107,15 @@ public:
     friend Lanes operator&(Lanes a, Lanes b) { return Lanes(_mm256_and_si256(a.values, b.values)); }
     friend Lanes operator>>(Lanes a, int bits) { return Lanes(_mm256_srli_epi16(a.values, bits)); }
     friend Lanes MultiplyHigh(Lanes a, Lanes b) { return Lanes(_mm256_mulhi_epu16(a.values, b.values)); }
+    friend Lanes Quotient(Lanes a, Lanes b) {
+        const __m256i zero = _mm256_setzero_si256();
+        const auto divide = [](__m256i x, __m256i y) {
+            return _mm256_cvttps_epi32(_mm256_div_ps(_mm256_cvtepi32_ps(x), _mm256_cvtepi32_ps(y)));
+        };
+        return Lanes(_mm256_packs_epi32(
+            divide(_mm256_unpacklo_epi16(a.values, zero), _mm256_unpacklo_epi16(b.values, zero)),
+            divide(_mm256_unpackhi_epi16(a.values, zero), _mm256_unpackhi_epi16(b.values, zero))));
+    }
     friend Lanes SubtractToZero(Lanes a, Lanes b) { return Lanes(_mm256_subs_epu16(a.values, b.values)); }
     friend Lanes Min(Lanes a, Lanes b) { return Lanes(_mm256_min_epi16(a.values, b.values)); }
     friend Lanes Max(Lanes a, Lanes b) { return Lanes(_mm256_max_epi16(a.values, b.values)); }

@@ -90,11 +90,10 @@ public:
     [[nodiscard]] Lanes WithAlphas(Lanes alphas) const {
         return Select(Repeat(-1, -1, -1, 0), *this, alphas);
     }
-    [[nodiscard]] Lanes SumOfPixel() const {
-        const __m128i pairs =
-            _mm_add_epi16(values, _mm_shufflehi_epi16(_mm_shufflelo_epi16(values, 0xB1), 0xB1));
-        return Lanes(_mm_add_epi16(pairs, _mm_shuffle_epi32(pairs, 0xB1)));
+    [[nodiscard]] Lanes Neighbours() const {
+        return Lanes(_mm_shufflehi_epi16(_mm_shufflelo_epi16(values, 0xB1), 0xB1));
     }
+    [[nodiscard]] Lanes OtherPairs() const { return Lanes(_mm_shuffle_epi32(values, 0xB1)); }
 
     friend Lanes operator+(Lanes a, Lanes b) { return Lanes(_mm_add_epi16(a.values, b.values)); }
     friend Lanes operator-(Lanes a, Lanes b) { return Lanes(_mm_sub_epi16(a.values, b.values)); }
@@ -102,6 +101,15 @@ public:
     friend Lanes operator&(Lanes a, Lanes b) { return Lanes(_mm_and_si128(a.values, b.values)); }
     friend Lanes operator>>(Lanes a, int bits) { return Lanes(_mm_srli_epi16(a.values, bits)); }
     friend Lanes MultiplyHigh(Lanes a, Lanes b) { return Lanes(_mm_mulhi_epu16(a.values, b.values)); }
+    friend Lanes Quotient(Lanes a, Lanes b) {
+        const __m128i zero = _mm_setzero_si128();
+        const auto divide = [](__m128i x, __m128i y) {
+            return _mm_cvttps_epi32(_mm_div_ps(_mm_cvtepi32_ps(x), _mm_cvtepi32_ps(y)));
+        };
+        return Lanes(
+            _mm_packs_epi32(divide(_mm_unpacklo_epi16(a.values, zero), _mm_unpacklo_epi16(b.values, zero)),
+                            divide(_mm_unpackhi_epi16(a.values, zero), _mm_unpackhi_epi16(b.values, zero))));
+    }
     friend Lanes SubtractToZero(Lanes a, Lanes b) { return Lanes(_mm_subs_epu16(a.values, b.values)); }
     friend Lanes Min(Lanes a, Lanes b) { return Lanes(_mm_min_epi16(a.values, b.values)); }
     friend Lanes Max(Lanes a, Lanes b) { return Lanes(_mm_max_epi16(a.values, b.values)); }

@@ -1,5 +1,6 @@
 #include "ui/drawing/MDrawerToMBitmap.h"
 
+#include "tests/support/MTestText.h"
 #include "tests/ui/drawing/DrawerFixture.h"
 #include "ui/drawing/MBitmapFill.h"
 
@@ -266,11 +267,16 @@ TEST_F(PaintCorneredTest, OfTheSameSizeItIsTheWholePictureAndSmallerOnesKeepTheO
     EXPECT_EQ(bitmap.GetPixel(12, 12), MColor::FromWord(0));
 }
 
-TEST_F(PaintCorneredTest, KeptPartsAreLeftAndUnknownFillsPaintNothing) {
+TEST_F(PaintCorneredTest, KeptPartsAreLeftAndUnknownFillsAreRefused) {
     drawer.FillRectangle({0, 0, 63, 47}, White, MDrawMode::Copy);
     drawer.PaintBitmapPart({0, 0, 9, 9}, picture, picture.GetRect(), MDrawer::PartKept, Opaque,
                            MDrawMode::Copy);
-    drawer.PaintBitmapPart({0, 0, 9, 9}, picture, picture.GetRect(), 8, Opaque, MDrawMode::Copy);
     drawer.PaintBitmapPart({0, 0, 9, 9}, MBitmap(), {0, 0, 3, 3}, 0, Opaque, MDrawMode::Copy);
+    for (const int32_t flags : {8, -1 & ~MDrawer::PartKept})
+        EXPECT_EQ(FailureOf([&] {
+                      drawer.PaintBitmapPart({0, 0, 9, 9}, picture, picture.GetRect(), flags, Opaque,
+                                             MDrawMode::Copy);
+                  }),
+                  "0: Invalid bitmap layout flags specified for processing.");
     EXPECT_EQ(bitmap.GetPixel(5, 5), White);
 }

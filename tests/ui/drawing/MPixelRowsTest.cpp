@@ -2,6 +2,7 @@
 
 #include "tests/ui/drawing/PixelForms.h"
 
+#include <algorithm>
 #include <gmock/gmock.h>
 #include <tuple>
 
@@ -9,7 +10,6 @@ namespace {
 
 constexpr int32_t MostPixels = 70;
 constexpr size_t GuardCount = 9;
-constexpr int32_t SourceCount = 3 * MostPixels;
 
 using Pixels = std::vector<MColor>;
 
@@ -98,16 +98,18 @@ TEST_P(MPixelRowsTest, PaintsThroughAMaskAsIfItWereTheAlpha) {
 }
 
 TEST_P(MPixelRowsTest, StretchesAsIfFromTheGatheredPixels) {
-    const Pixels row = MakePixels(SourceCount, 3);
-    for (const uint32_t step : {0x0u, 0x1u, 0x5555u, 0x8000u, 0x10000u, 0x18000u, 0x2FFFFu})
+    for (const uint32_t step : {0x0u, 0x1u, 0x5555u, 0xFFFFu, 0x10000u, 0x10001u, 0x2FFFFu})
         ForAllRows([&](size_t start, int32_t count) {
             constexpr uint32_t Position = 0xABCD;
+            const uint32_t last = (Position + static_cast<uint32_t>(std::max(0, count - 1)) * step) >> 16;
+            const Pixels row = MakePixels(last + 1, 3);
             Pixels sources;
             for (uint32_t i = 0; i < static_cast<uint32_t>(count); ++i)
                 sources.push_back(row[(Position + i * step) >> 16]);
             Pixels pixels = target;
-            rows.stretch(pixels.data() + start, row.data(), Position, step, count, 230);
-            EXPECT_EQ(pixels, PaintOneByOne(start, sources, 230));
+            const uint8_t alpha = count % 2 == 0 ? 230 : 255;
+            rows.stretch(pixels.data() + start, row.data(), Position, step, count, alpha);
+            EXPECT_EQ(pixels, PaintOneByOne(start, sources, alpha));
         });
 }
 
