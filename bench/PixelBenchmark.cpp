@@ -193,7 +193,12 @@ MComparison CompareStretch(Size size) {
 
 /// The curve of contrast costs more than all of a blend.
 double GetModeGoal(MDrawMode mode) {
-    return mode == MDrawMode::IncContrast || mode == MDrawMode::DarkenByContrast ? 0.4 : 0.5;
+    switch (mode) {
+    case MDrawMode::IncContrast:
+    case MDrawMode::DarkenByContrast: return 0.4;
+    case MDrawMode::Color: return 0.1;
+    default: return 0.5;
+    }
 }
 
 /// The same blit in two modes.
@@ -224,7 +229,7 @@ bool RegisterAll() {
     }
     for (int32_t i = 0; i < MColorOpCount; ++i) {
         const auto mode = static_cast<MDrawMode>(i);
-        if (mode == MDrawMode::None || mode == MDrawMode::Alphablend || mode == MDrawMode::Color) continue;
+        if (mode == MDrawMode::None || mode == MDrawMode::Alphablend) continue;
         MRegisterComparison("Pixels, " + MEncodeUTF8Exact(MGetColorOpName(mode)),
                             [mode] { return CompareMode(mode); });
     }

@@ -99,6 +99,12 @@ struct Copy {
     [[gnu::always_inline]] static Lanes Combine(Lanes, Lanes s, Lanes a) {
         return s.WithAlphas(a.ToAlphas());
     }
+
+    /// The same for pixels whose alphas are not scaled.
+    template <class Form>
+    [[gnu::always_inline]] static auto CombineUnscaled(typename Form::Block, typename Form::Block source) {
+        return source;
+    }
 };
 
 /// Over a destination of alpha 0, all four bytes of the source, a included. Otherwise as Alphablend, and the alpha of

@@ -73,21 +73,23 @@ struct StretchedSource {
     uint32_t step;
 };
 
-/// The pixels of a row, none of them left out: those for a block lie in a block too. No pixel behind the last is read.
+/// The pixels of a row, none of them left out: those for a block lie in a block too. Nothing behind the last pixel is
+/// read; a row of less than a block is copied into `room`.
 template <class Form>
-class EnlargedSource {
-public:
-    EnlargedSource(const StretchedSource<Form>& newSource, int32_t count) : source(newSource) {
+struct EnlargedSource {
+    struct Room {
+        alignas(MColor) unsigned char bytes[Form::Count * sizeof(MColor)] = {};
+    };
+
+    EnlargedSource(const StretchedSource<Form>& newSource, int32_t count, Room& room) : source(newSource) {
         const uint32_t size = (source.GetPosition(count - 1) >> 16) + 1;
         if (size >= Form::Count) {
             lastBlock = size - Form::Count;
         } else {
-            std::memcpy(fewPixels, source.row, size * sizeof(MColor));
-            source.row = reinterpret_cast<const MColor*>(fewPixels);
+            std::memcpy(room.bytes, source.row, size * sizeof(MColor));
+            source.row = reinterpret_cast<const MColor*>(room.bytes);
         }
     }
-    EnlargedSource(const EnlargedSource&) = delete;
-    EnlargedSource& operator=(const EnlargedSource&) = delete;
 
     [[gnu::always_inline]] auto Get(int32_t x) const {
         const uint32_t position = source.GetPosition(x);
@@ -99,7 +101,6 @@ public:
 private:
     StretchedSource<Form> source;
     uint32_t lastBlock = 0;
-    alignas(MColor) unsigned char fewPixels[Form::Count * sizeof(MColor)] = {};
 };
 
 /// The pixels of another source, with their alphas scaled.
@@ -120,7 +121,7 @@ private:
         return MPixelRowTemplate::MakePaint<Form>(block, Scale(Form::GetAlphas(block), opacity));
     }
 
-    const Source& source;
+    Source source;
     Lanes opacity;
 };
 
@@ -176,12 +177,19 @@ concept HasOpaqueForm = requires(typename Form::Block block) {
     Operator::template CombineOpaque<Form>(block, block);
 };
 
+template <class Form, class Operator>
+concept HasUnscaledForm = requires(typename Form::Block block) {
+    Operator::template CombineUnscaled<Form>(block, block);
+};
+
 /// Pictures have large parts that are opaque or transparent, and are mostly blended.
 template <class Form, class Operator>
 [[gnu::always_inline]] inline auto Combine(typename Form::Block target, typename Form::Block source) {
-    if constexpr (HasOpaqueForm<Form, Operator>) {
-        if (Form::AreTransparent(source)) return target;
+    if constexpr (HasUnscaledForm<Form, Operator>) {
+        return Operator::template CombineUnscaled<Form>(target, source);
+    } else if constexpr (HasOpaqueForm<Form, Operator>) {
         if (Form::AreOpaque(source)) return Operator::template CombineOpaque<Form>(target, source);
+        if (Form::AreTransparent(source)) return target;
     }
     return Combine<Form, Operator>(target, MakePaint<Form>(source, Form::GetAlphas(source)));
 }
@@ -217,9 +225,11 @@ struct Rows {
     static void Stretch(MColor* target, const MColor* row, uint32_t position, uint32_t step, int32_t count,
                         uint8_t alpha) {
         const StretchedSource<Form> source{row, position, step};
-        if constexpr (HasPick<Form>)
+        if constexpr (HasPick<Form>) {
+            typename EnlargedSource<Form>::Room room;
             if (step <= 0x10000 && count > 0)
-                return CombinePixels(target, count, EnlargedSource<Form>(source, count), alpha);
+                return CombinePixels(target, count, EnlargedSource<Form>(source, count, room), alpha);
+        }
         CombinePixels(target, count, source, alpha);
     }
 
@@ -227,7 +237,8 @@ struct Rows {
 
 private:
     template <class Source>
-    static void CombinePixels(MColor* target, int32_t count, const Source& source, uint8_t alpha) {
+    [[gnu::always_inline]] static void CombinePixels(MColor* target, int32_t count, const Source& source,
+                                                     uint8_t alpha) {
         if (alpha == 255) return CombineRow<Form, Operator>(target, count, source);
         CombineRow<Form, Operator>(target, count, ScaledSource<Form, Source>(source, alpha));
     }
