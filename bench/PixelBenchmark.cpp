@@ -80,7 +80,7 @@ public:
     }
     explicit Reference(const MAlphaMask& mask) {
         const int32_t stride = (mask.GetWidth() + 3) / 4 * 4;
-        words.resize(static_cast<size_t>(stride / 4 * mask.GetHeight()));
+        words.resize(static_cast<size_t>(stride) / 4 * mask.GetHeight());
         for (int32_t y = 0; y < mask.GetHeight(); ++y)
             std::copy_n(mask.GetRow(y), mask.GetWidth(),
                         reinterpret_cast<uint8_t*>(words.data()) + stride * y);
