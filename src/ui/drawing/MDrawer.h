@@ -18,8 +18,8 @@ class MFontTable;
 ///
 /// Coordinates are pixels, rectangles include their right and bottom edge, and nothing outside of the clip is painted.
 /// An operation with a mode combines by it, others as is right for the target. A source rectangle is cut to its bitmap.
-/// No operation raises: what fails is reported to the diagnostics, and painting goes on. A drawer belongs to the one
-/// paint in progress.
+/// No operation raises but `PaintBitmapPart` and `PaintCornered`: what fails is reported to the diagnostics, and
+/// painting goes on. A drawer belongs to the one paint in progress.
 class MDrawer : public MObject {
 public:
     using PointList = MList<MPointF>;
