@@ -42,7 +42,15 @@ separate_user_folders() {
     done
 }
 
-# Ends the background services of the scratch prefix, and of no other.
+# Starts the server of the scratch prefix, to stay until it is ended. Left to itself it goes when the last program has
+# ended, and a program that comes at that moment is turned away.
+begin_scratch_wine() {
+    end_scratch_wine
+    wineserver -p >/dev/null 2>&1 </dev/null
+}
+
+# Ends the server of the scratch prefix and its background services, and of no other.
 end_scratch_wine() {
     wineserver -k >/dev/null 2>&1 || true
+    timeout 60 wineserver -w >/dev/null 2>&1 || true
 }
