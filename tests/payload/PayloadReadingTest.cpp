@@ -138,8 +138,9 @@ TEST(PayloadIndexTest, IsLimitedInItsStoredSize) {
     const std::string end = "</install>";
     for (const int32_t excess : {0, 1}) {
         const size_t size = 0x200000 + static_cast<size_t>(excess);
-        const std::string bytes =
-            MTestPayload(0).Finish(begin + std::string(size - begin.size() - end.size(), 'x') + end);
+        std::string index = begin;
+        index.append(size - begin.size() - end.size(), 'x').append(end);
+        const std::string bytes = MTestPayload(0).Finish(index);
         MMemoryStream stream = AsStream(bytes);
         MLargeResourceLibrary library;
         if (excess == 0) {

@@ -136,10 +136,11 @@ protected:
 };
 
 TEST_P(MPixelOperatorsTest, FollowsItsFormulaForAllValuesInAllForms) {
-    const int32_t threadCount = std::max(1, static_cast<int32_t>(std::thread::hardware_concurrency()));
-    std::vector<std::future<std::string>> faults;
-    for (int32_t i = 0; i < threadCount; ++i)
-        faults.push_back(std::async(std::launch::async, FindFaultInAlphas, operation, i, threadCount));
+    std::vector<std::future<std::string>> faults(std::max(1u, std::thread::hardware_concurrency()));
+    const auto stride = static_cast<int32_t>(faults.size());
+    for (int32_t i = 0; i < stride; ++i)
+        faults[static_cast<size_t>(i)] =
+            std::async(std::launch::async, FindFaultInAlphas, operation, i, stride);
     for (std::future<std::string>& fault : faults) EXPECT_EQ(fault.get(), "");
 }
 
