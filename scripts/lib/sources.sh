@@ -3,7 +3,7 @@
 # Every C++ file below the given folders, or below all that hold code.
 cpp_files() {
     local folders=("$@")
-    [ ${#folders[@]} != 0 ] || folders=(src tests bench fuzz)
+    [ ${#folders[@]} != 0 ] || folders=(src tests bench fuzz examples)
     (cd "$project_directory" && find "${folders[@]}" -name '*.cpp' -o -name '*.h' | sort)
 }
 

@@ -64,6 +64,7 @@ int32_t MFile::Execute(const MString& path, const MList<MString>& arguments, con
     std::vector<std::wstring> words = {QuoteArgument(file)};
     for (const MString& argument : arguments) words.push_back(QuoteArgument(MToWide(argument)));
     std::vector<const wchar_t*> vector;
+    vector.reserve(words.size() + 1);
     for (const std::wstring& word : words) vector.push_back(word.c_str());
     vector.push_back(nullptr);
 

@@ -114,7 +114,7 @@ DWORD Watcher::HandleBreakpoint(DWORD address, DWORD threadId) {
     if (breakpoint == breakpoints.end()) return DBG_EXCEPTION_NOT_HANDLED;
     const HANDLE thread = OpenThread(THREAD_ALL_ACCESS, FALSE, threadId);
     CONTEXT context{};
-    context.ContextFlags = CONTEXT_CONTROL | CONTEXT_INTEGER;
+    context.ContextFlags = CONTEXT_CONTROL | CONTEXT_INTEGER;  // NOLINT(misc-redundant-expression)
     GetThreadContext(thread, &context);
     CountCall(*breakpoint->second.call, context);
     // Does what the instruction does whose place the breakpoint has taken.
