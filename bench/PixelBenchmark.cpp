@@ -191,7 +191,7 @@ MComparison CompareStretch(Size size) {
     return bench.Compare(ours, bench.Composite(image.Get(), nullptr), PixmanGoal);
 }
 
-/// The curve of contrast costs more than all of a blend.
+/// The curve of contrast costs more than all of a blend, a division far more.
 double GetModeGoal(MDrawMode mode) {
     switch (mode) {
     case MDrawMode::IncContrast:

@@ -54,6 +54,26 @@ template <class Lanes>
     return Lanes::All(255) - Magnitude(lightness - Lanes::All(255));
 }
 
+/// As `MColor::WithLightnessOf`; anything in the lanes of the alphas.
+///
+/// At a fixed hue and saturation each channel lies at a fixed part of the spread above the lowest one, and the chroma
+/// takes a fixed part of the spread, which depends on the lightness alone.
+template <class Lanes>
+[[gnu::always_inline]] inline Lanes WithLightnessOf(Lanes s, Lanes d) {
+    const Lanes from = Lowest(s) + Highest(s);
+    const Lanes to = Lowest(d) + Highest(d);
+    // c := (to * spread + offset * Spread(to) + spread) / (2 * spread). What is whole of the lightness is kept out
+    // of the division, and a negative quotient is rounded away from 0, so that 16 bits without sign are enough.
+    const Lanes spread = Spread(from);
+    const Lanes divisor = Max(spread + spread, Lanes::All(1));
+    const Lanes lightness = to + Lanes::All(1);
+    const Lanes half = spread & (Lanes::All(0) - (lightness & Lanes::All(1)));
+    const Lanes offset = s + s - from;
+    const Lanes rounding = Select(IsAbove(Lanes::All(0), offset), divisor - Lanes::All(1) - half, half);
+    const Lanes moved = Quotient(Magnitude(offset) * Spread(to) + rounding, divisor);
+    return (lightness >> 1) + Signed(moved, offset);
+}
+
 /// x / 255, for all x of 16 bits.
 template <class Lanes>
 [[gnu::always_inline]] inline Lanes DividedBy255(Lanes x) {
@@ -123,18 +143,7 @@ struct Overlay {
 struct Color {
     template <class Lanes>
     [[gnu::always_inline]] static Lanes Combine(Lanes d, Lanes s, Lanes a) {
-        const Lanes from = Lowest(s) + Highest(s);
-        const Lanes to = Lowest(d) + Highest(d);
-        // c := (to * spread + offset * Spread(to) + spread) / (2 * spread). What is whole of the lightness is kept out
-        // of the division, and a negative quotient is rounded away from 0, so that 16 bits without sign are enough.
-        const Lanes spread = Spread(from);
-        const Lanes divisor = Max(spread + spread, Lanes::All(1));
-        const Lanes lightness = to + Lanes::All(1);
-        const Lanes half = spread & (Lanes::All(0) - (lightness & Lanes::All(1)));
-        const Lanes offset = s + s - from;
-        const Lanes rounding = Select(IsAbove(Lanes::All(0), offset), divisor - Lanes::All(1) - half, half);
-        const Lanes moved = Quotient(Magnitude(offset) * Spread(to) + rounding, divisor);
-        return Blend(d, (lightness >> 1) + Signed(moved, offset), a);
+        return Blend(d, WithLightnessOf(s, d), a);
     }
 };
 

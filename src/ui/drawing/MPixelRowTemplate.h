@@ -105,8 +105,7 @@ private:
 
 /// The pixels of another source, with their alphas scaled.
 template <class Form, class Source>
-class ScaledSource {
-public:
+struct ScaledSource {
     using Lanes = typename Form::Lanes;
 
     ScaledSource(const Source& newSource, uint8_t alpha) : source(newSource), opacity(Lanes::All(alpha)) {}

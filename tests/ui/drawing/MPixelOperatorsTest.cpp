@@ -32,6 +32,30 @@ int32_t GetLuminance(MColor color) {
     return (77 * color.red + 150 * color.green + 29 * color.blue) / 256;
 }
 
+/// Twice the lightness of HSL, the sum of the lowest and the highest channel; and how far the channels may be spread.
+int32_t GetLightness(MColor color) {
+    const auto [low, high] = std::minmax({color.blue, color.green, color.red});
+    return low + high;
+}
+
+int32_t GetSpread(int32_t lightness) {
+    return 255 - std::abs(lightness - 255);
+}
+
+/// Hue and saturation of the source with the lightness of the target.
+MColor Tint(MColor target, MColor source) {
+    const int32_t from = GetLightness(source);
+    const int32_t to = GetLightness(target);
+    const int32_t spread = GetSpread(from);
+    const auto move = [&](int32_t channel) {
+        // Black and white have no hue.
+        if (spread == 0) return static_cast<uint8_t>((to + 1) / 2);
+        const int32_t doubled = to * spread + (2 * channel - from) * GetSpread(to);
+        return static_cast<uint8_t>((doubled + spread) / (2 * spread));
+    };
+    return {move(source.blue), move(source.green), move(source.red), source.alpha};
+}
+
 /// What becomes of one channel; `luminance` is that of the source pixel, for the operations that go by it.
 int32_t CombineChannel(MColorOp operation, int32_t d, int32_t s, int32_t a, int32_t luminance) {
     switch (operation) {
@@ -70,7 +94,7 @@ int32_t CombineAlpha(MColorOp operation, MColor target, MColor source) {
 
 MColor Combine(MColorOp operation, MColor target, MColor source) {
     if (operation == MColorOp::Overlay && target.alpha == 0) return source;
-    const MColor s = operation == MColorOp::Color ? source.WithLightnessOf(target) : source;
+    const MColor s = operation == MColorOp::Color ? Tint(target, source) : source;
     const int32_t luminance = GetLuminance(source);
     const auto combine = [&](int32_t targetChannel, int32_t sourceChannel) {
         return static_cast<uint8_t>(
@@ -165,6 +189,14 @@ TEST_P(MPixelOperatorsTest, ScalesTheAlphaBeforehand) {
             ASSERT_EQ(found, expected) << MGetPixelFormName(form) << ", opacity " << opacity;
         }
     }
+}
+
+TEST(MPixelOperatorsColorTest, TintsByAnySource) {
+    constexpr uint8_t Values[] = {0, 1, 2, 64, 126, 127, 128, 129, 200, 253, 254, 255};
+    for (const uint8_t blue : Values)
+        for (const uint8_t green : Values)
+            for (const uint8_t red : Values)
+                ASSERT_EQ(FindFault(MColorOp::Color, {blue, green, red, 255}), std::nullopt);
 }
 
 INSTANTIATE_TEST_SUITE_P(All, MPixelOperatorsTest, testing::Range(0, MColorOpCount),
