@@ -1,7 +1,7 @@
 #include "bench/MComparison.h"
-#include "foundation/MException.h"
-#include "streams/MBlowfishStream.h"
-#include "streams/MMemoryStream.h"
+#include "foundation/base/MException.h"
+#include "streams/basic/MMemoryStream.h"
+#include "streams/ciphers/MBlowfishStream.h"
 
 #include <array>
 #include <cstring>

@@ -1,8 +1,8 @@
 #include "bench/MComparison.h"
-#include "foundation/MEvent.h"
-#include "foundation/MException.h"
-#include "foundation/MLock.h"
-#include "foundation/MOnNotifyParams.h"
+#include "foundation/base/MException.h"
+#include "foundation/events/MEvent.h"
+#include "foundation/events/MLock.h"
+#include "foundation/events/MOnNotifyParams.h"
 
 #include <benchmark/benchmark.h>
 #include <deque>

@@ -1,11 +1,11 @@
 #include "bench/MBenchmarkProduct.h"
 
-#include "builder/MConsoleOutput.h"
-#include "builder/MPackCommand.h"
-#include "foundation/MFile.h"
-#include "foundation/MRaise.h"
-#include "foundation/MUnicode.h"
-#include "foundation/MXMLItem.h"
+#include "builder/commands/MPackCommand.h"
+#include "builder/output/MConsoleOutput.h"
+#include "foundation/base/MRaise.h"
+#include "foundation/files/MFile.h"
+#include "foundation/text/MUnicode.h"
+#include "foundation/xml/MXMLItem.h"
 
 #include <cstdlib>
 

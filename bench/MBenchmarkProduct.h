@@ -1,6 +1,6 @@
 #pragma once
 
-#include "builder/MBuilderOptions.h"
+#include "builder/commands/MBuilderOptions.h"
 #include "tests/support/MScratch.h"
 
 #include <cstdint>

@@ -1,8 +1,8 @@
 #include "bench/MComparison.h"
 
 #include "bench/MComparisonReporter.h"
-#include "foundation/MException.h"
-#include "foundation/MUnicode.h"
+#include "foundation/base/MException.h"
+#include "foundation/text/MUnicode.h"
 
 #include <algorithm>
 #include <benchmark/benchmark.h>

@@ -1,6 +1,6 @@
 #include "bench/MComparison.h"
-#include "foundation/MException.h"
-#include "streams/MMD5Stream.h"
+#include "foundation/base/MException.h"
+#include "streams/hashes/MMD5Stream.h"
 
 #include <algorithm>
 #include <array>

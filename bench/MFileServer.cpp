@@ -1,7 +1,7 @@
 #include "bench/MFileServer.h"
 
-#include "foundation/MException.h"
-#include "foundation/posix/MNativePath.h"
+#include "foundation/base/MException.h"
+#include "foundation/files/posix/MNativePath.h"
 #include "tests/support/MTestListener.h"
 
 #include <fcntl.h>

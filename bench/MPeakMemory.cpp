@@ -1,8 +1,8 @@
 #include "bench/MPeakMemory.h"
 
-#include "foundation/MPlatform.h"
-#include "foundation/MRaise.h"
-#include "foundation/MUnicode.h"
+#include "foundation/base/MRaise.h"
+#include "foundation/module/MPlatform.h"
+#include "foundation/text/MUnicode.h"
 #include "tests/support/MTestProgram.h"
 
 #include <cstdio>

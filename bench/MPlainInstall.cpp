@@ -1,9 +1,9 @@
 #include "bench/MPlainInstall.h"
 
-#include "foundation/MFile.h"
-#include "foundation/MRaise.h"
-#include "foundation/MUnicode.h"
-#include "foundation/MXMLSubItems.h"
+#include "foundation/base/MRaise.h"
+#include "foundation/files/MFile.h"
+#include "foundation/text/MUnicode.h"
+#include "foundation/xml/MXMLSubItems.h"
 #include "payload/MLargeResourceLibrary.h"
 #include "payload/MSfx.h"
 

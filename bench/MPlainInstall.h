@@ -1,8 +1,8 @@
 #pragma once
 
-#include "builder/MBuilderOptions.h"
-#include "foundation/MString.h"
-#include "foundation/MXMLItem.h"
+#include "builder/commands/MBuilderOptions.h"
+#include "foundation/text/MString.h"
+#include "foundation/xml/MXMLItem.h"
 
 #include <cstdint>
 #include <string>

@@ -1,6 +1,6 @@
 #include "bench/MAllocationCount.h"
 #include "bench/MComparison.h"
-#include "foundation/MString.h"
+#include "foundation/text/MString.h"
 
 #include <benchmark/benchmark.h>
 #include <string>

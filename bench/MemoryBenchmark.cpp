@@ -1,10 +1,10 @@
 #include "bench/MBenchmarkProduct.h"
 #include "bench/MComparison.h"
 #include "bench/MPeakMemory.h"
-#include "foundation/MFile.h"
-#include "foundation/MStringFormatter.h"
-#include "foundation/MUnicode.h"
-#include "streams/MStdFileStream.h"
+#include "foundation/files/MFile.h"
+#include "foundation/text/MStringFormatter.h"
+#include "foundation/text/MUnicode.h"
+#include "streams/basic/MStdFileStream.h"
 
 #include <filesystem>
 #include <string>

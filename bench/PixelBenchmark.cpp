@@ -1,8 +1,8 @@
 #include "bench/MComparison.h"
-#include "foundation/MException.h"
-#include "foundation/MUnicode.h"
-#include "ui/drawing/MAlphaMask.h"
+#include "foundation/base/MException.h"
+#include "foundation/text/MUnicode.h"
 #include "ui/drawing/MDrawerToMBitmap.h"
+#include "ui/image/MAlphaMask.h"
 
 #include <memory>
 #include <pixman.h>

@@ -1,7 +1,7 @@
 #include "bench/MComparison.h"
-#include "foundation/MException.h"
-#include "foundation/MStringFormatter.h"
-#include "install/MPresetMerge.h"
+#include "foundation/base/MException.h"
+#include "foundation/text/MStringFormatter.h"
+#include "install/presets/MPresetMerge.h"
 
 #include <memory>
 

@@ -1,11 +1,11 @@
 #include "bench/MComparison.h"
-#include "foundation/MException.h"
-#include "foundation/MFile.h"
-#include "foundation/MStringFormatter.h"
-#include "foundation/MUnicode.h"
-#include "install/MUninstallEntry.h"
-#include "install/MUninstallRun.h"
-#include "setup/MTextDialogs.h"
+#include "foundation/base/MException.h"
+#include "foundation/files/MFile.h"
+#include "foundation/text/MStringFormatter.h"
+#include "foundation/text/MUnicode.h"
+#include "install/registration/MUninstallEntry.h"
+#include "install/run/MUninstallRun.h"
+#include "setup/console/MTextDialogs.h"
 #include "tests/support/MScratch.h"
 
 #include <unistd.h>

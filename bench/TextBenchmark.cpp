@@ -1,6 +1,6 @@
 #include "bench/MComparison.h"
-#include "ui/drawing/MAlphaMask.h"
 #include "ui/drawing/MDrawerToMBitmap.h"
+#include "ui/image/MAlphaMask.h"
 #include "ui/text/MFont.h"
 #include "ui/text/MTextLayout.h"
 

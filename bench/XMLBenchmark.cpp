@@ -1,7 +1,7 @@
 #include "bench/MComparison.h"
-#include "foundation/MException.h"
-#include "foundation/MXMLItem.h"
-#include "streams/MMemoryStream.h"
+#include "foundation/base/MException.h"
+#include "foundation/xml/MXMLItem.h"
+#include "streams/basic/MMemoryStream.h"
 
 #include <cstdio>
 #include <libxml/parser.h>

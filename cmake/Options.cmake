@@ -11,11 +11,11 @@ set(CORVANTH_EXAMPLE_PLUGINS "$ENV{HOME}/.cache/corvanth-setup/example-plugins" 
 set(CORVANTH_TEST_IMAGES "$ENV{HOME}/.cache/corvanth-setup/test-images" CACHE PATH
     "Folder with pictures that other decoders are tested with; scripts/lib/fetch-test-images fills it")
 
-# The platform folder whose files implement the portable headers of a room.
+# The folders whose files implement the portable headers of a room.
 if(WIN32)
-    set(CORVANTH_PLATFORM win32)
+    set(CORVANTH_PLATFORMS win32 headless)
 else()
-    set(CORVANTH_PLATFORM posix)
+    set(CORVANTH_PLATFORMS posix x11 headless)
 endif()
 
 set(CMAKE_CXX_STANDARD 20)

@@ -1,12 +1,18 @@
-# A room is a folder of src/: its portable files and, in a folder named after the platform, the files that
-# implement the portable headers there. Files named *Main.cpp start programs and stay out of the libraries.
+# A room is a folder of src/ with the folders below it, by subject. What a platform or a window system has of its own
+# lies in folders named after it, of which a build takes those of CORVANTH_PLATFORMS. Files named *Main.cpp start
+# programs and stay out of the libraries.
 
-# Collects a room's sources into OUTPUT; the list is empty while the room does not exist.
-function(corvanth_room_sources output room)
-    file(GLOB sources CONFIGURE_DEPENDS
-        "${CMAKE_SOURCE_DIR}/src/${room}/*.cpp"
-        "${CMAKE_SOURCE_DIR}/src/${room}/${CORVANTH_PLATFORM}/*.cpp")
-    list(FILTER sources EXCLUDE REGEX "Main\\.cpp$")
+# All folders of that kind.
+set(CORVANTH_PLATFORM_FOLDERS posix win32 x11 headless)
+
+# Collects the C++ files below a folder that this platform builds.
+function(corvanth_sources output folder)
+    file(GLOB_RECURSE sources CONFIGURE_DEPENDS "${folder}/*.cpp")
+    foreach(platform IN LISTS CORVANTH_PLATFORM_FOLDERS)
+        if(NOT platform IN_LIST CORVANTH_PLATFORMS)
+            list(FILTER sources EXCLUDE REGEX "/${platform}/")
+        endif()
+    endforeach()
     set(${output} ${sources} PARENT_SCOPE)
 endfunction()
 
@@ -15,7 +21,8 @@ function(corvanth_add_library name)
     cmake_parse_arguments(arg "" "" "ROOMS;LIBRARIES" ${ARGN})
     set(sources)
     foreach(room IN LISTS arg_ROOMS)
-        corvanth_room_sources(room_sources ${room})
+        corvanth_sources(room_sources "${CMAKE_SOURCE_DIR}/src/${room}")
+        list(FILTER room_sources EXCLUDE REGEX "Main\\.cpp$")
         list(APPEND sources ${room_sources})
     endforeach()
     if(sources)
@@ -31,7 +38,8 @@ endfunction()
 # WINDOWED: on Windows the program has no console of its own.
 function(corvanth_add_program name)
     cmake_parse_arguments(arg "WINDOWED" "ROOM;LIBRARY;DESCRIPTION" "" ${ARGN})
-    file(GLOB sources CONFIGURE_DEPENDS "${CMAKE_SOURCE_DIR}/src/${arg_ROOM}/${CORVANTH_PLATFORM}/*Main.cpp")
+    corvanth_sources(sources "${CMAKE_SOURCE_DIR}/src/${arg_ROOM}")
+    list(FILTER sources INCLUDE REGEX "Main\\.cpp$")
     if(NOT sources)
         return()
     endif()

@@ -1,8 +1,8 @@
 // Reads the input as a plane of coverage, and saves what it gives, which must load as the same.
 
-#include "foundation/MException.h"
-#include "streams/MMemoryStream.h"
-#include "ui/drawing/MAlphaMask.h"
+#include "foundation/base/MException.h"
+#include "streams/basic/MMemoryStream.h"
+#include "ui/image/MAlphaMask.h"
 
 #include <cstddef>
 #include <cstdint>

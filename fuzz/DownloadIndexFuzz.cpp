@@ -1,11 +1,11 @@
 // Reads hostile lists of downloads. What passes the check names nothing outside of the target, and can be saved and
 // read again.
 
-#include "foundation/MException.h"
-#include "foundation/MFile.h"
-#include "foundation/MXMLSubItems.h"
-#include "streams/MMemoryStream.h"
-#include "streams/MStdFileStream.h"
+#include "foundation/base/MException.h"
+#include "foundation/files/MFile.h"
+#include "foundation/xml/MXMLSubItems.h"
+#include "streams/basic/MMemoryStream.h"
+#include "streams/basic/MStdFileStream.h"
 #include "tests/support/MScratch.h"
 #include "update/MDownloadIndex.h"
 

@@ -1,11 +1,11 @@
 // The first byte chooses an encoding; the rest is decoded as a whole and line by line. What a codec decodes
 // and encodes again must be stable from then on, but for the units that UTF-8 drops behind a surrogate pair.
 
-#include "foundation/MEncodingReader.h"
-#include "foundation/MEncodingTables.h"
-#include "foundation/MException.h"
-#include "foundation/MUnicode.h"
-#include "streams/MMemoryStream.h"
+#include "foundation/base/MException.h"
+#include "foundation/text/MEncodingReader.h"
+#include "foundation/text/MEncodingTables.h"
+#include "foundation/text/MUnicode.h"
+#include "streams/basic/MMemoryStream.h"
 
 #include <cstddef>
 #include <cstdint>

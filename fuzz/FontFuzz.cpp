@@ -1,8 +1,8 @@
 // The first byte is the size in pixels, or from 128 in points, the second one a character; the rest is a
 // font. One that opens must give glyphs and measures within their bounds, and layouts that end.
 
-#include "foundation/MException.h"
-#include "streams/MMemoryStream.h"
+#include "foundation/base/MException.h"
+#include "streams/basic/MMemoryStream.h"
 #include "ui/text/MFont.h"
 #include "ui/text/MFontFace.h"
 #include "ui/text/MTextLayout.h"

@@ -1,7 +1,7 @@
 // The bytes are a format string, whose placeholders take a value of each kind.
 
-#include "foundation/MException.h"
-#include "foundation/MStringFormatter.h"
+#include "foundation/base/MException.h"
+#include "foundation/text/MStringFormatter.h"
 
 #include <cstddef>
 #include <cstdint>

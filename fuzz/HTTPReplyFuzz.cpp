@@ -1,9 +1,9 @@
 // The bytes are the reply of a server. A head that is taken must be in order and be followed by the bytes behind
 // it, and where it leads to must be an address.
 
-#include "foundation/MException.h"
-#include "streams/MHTTPStream.h"
-#include "streams/MMemoryStream.h"
+#include "foundation/base/MException.h"
+#include "streams/basic/MMemoryStream.h"
+#include "streams/network/MHTTPStream.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "foundation/MException.h"
-#include "streams/MMemoryStream.h"
-#include "ui/drawing/MBitmap.h"
+#include "foundation/base/MException.h"
+#include "streams/basic/MMemoryStream.h"
+#include "ui/image/MBitmap.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -1,8 +1,8 @@
 // Takes the input for the index of a file set whose parts are "a", "b" and "c" beside it and "up" above it,
 // and reads the set forward, by seeks and for testing its parts.
 
-#include "foundation/MException.h"
-#include "streams/MMultiFileStream.h"
+#include "foundation/base/MException.h"
+#include "streams/file_sets/MMultiFileStream.h"
 #include "tests/support/MScratch.h"
 
 #include <algorithm>

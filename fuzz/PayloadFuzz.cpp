@@ -2,11 +2,11 @@
 // hits the digest of an index, the input is also taken for the parts of a payload whose digest is right:
 // flags in the first byte, then the items, and the index from the first "<" on.
 
-#include "builder/MPayloadItem.h"
-#include "foundation/MException.h"
+#include "builder/reports/MPayloadItem.h"
+#include "foundation/base/MException.h"
 #include "payload/MLargeResourceLibrary.h"
-#include "streams/MMD5Stream.h"
-#include "streams/MMemoryStream.h"
+#include "streams/basic/MMemoryStream.h"
+#include "streams/hashes/MMD5Stream.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -1,10 +1,10 @@
 // Merges two trees of presets: mode, stamping and categories in the first byte, then the two documents with a
 // byte 0 between them. What the target had must still be there, and the result must be readable again.
 
-#include "foundation/MException.h"
-#include "foundation/MXMLSubItems.h"
-#include "install/MPresetMerge.h"
-#include "streams/MMemoryStream.h"
+#include "foundation/base/MException.h"
+#include "foundation/xml/MXMLSubItems.h"
+#include "install/presets/MPresetMerge.h"
+#include "streams/basic/MMemoryStream.h"
 
 #include <cstddef>
 #include <cstdint>

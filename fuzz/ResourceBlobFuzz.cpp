@@ -2,9 +2,9 @@
 // mutation of a compressed index is a sound one, the input is also taken for the parts of a blob: the data up
 // to the first "<", and from there on the index before it is compressed.
 
-#include "foundation/MException.h"
-#include "streams/MDispatchStream.h"
-#include "streams/MResourceLibrary.h"
+#include "foundation/base/MException.h"
+#include "streams/basic/MDispatchStream.h"
+#include "streams/resources/MResourceLibrary.h"
 
 #include <cstddef>
 #include <cstdint>

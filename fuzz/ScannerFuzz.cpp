@@ -1,8 +1,8 @@
 // The first line is a format string and the rest its input. Dates and numbers are read from the input too.
 
-#include "foundation/MDateTime.h"
-#include "foundation/MException.h"
-#include "foundation/MStringScanner.h"
+#include "foundation/base/MDateTime.h"
+#include "foundation/base/MException.h"
+#include "foundation/text/MStringScanner.h"
 
 #include <algorithm>
 #include <cstddef>

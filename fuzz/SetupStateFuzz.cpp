@@ -1,11 +1,11 @@
 // Removes an installation by a hostile "setup.state", with its directories moved into a scratch folder. What
 // lies beside those directories must still be there afterwards.
 
-#include "foundation/MException.h"
-#include "foundation/MFile.h"
-#include "install/MUninstallRun.h"
-#include "setup/MTextDialogs.h"
-#include "streams/MMemoryStream.h"
+#include "foundation/base/MException.h"
+#include "foundation/files/MFile.h"
+#include "install/run/MUninstallRun.h"
+#include "setup/console/MTextDialogs.h"
+#include "streams/basic/MMemoryStream.h"
 #include "tests/support/MScratch.h"
 
 #include <cstddef>

@@ -1,7 +1,7 @@
 // Reads hostile lists of updates against an installation.
 
-#include "foundation/MException.h"
-#include "streams/MMemoryStream.h"
+#include "foundation/base/MException.h"
+#include "streams/basic/MMemoryStream.h"
 #include "update/MUpdateOffers.h"
 
 #include <cstddef>

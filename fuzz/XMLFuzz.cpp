@@ -1,8 +1,8 @@
 // The bytes are a document. A tree that was read must be the same after saving and reading it again.
 
-#include "foundation/MException.h"
-#include "foundation/MXMLItem.h"
-#include "streams/MMemoryStream.h"
+#include "foundation/base/MException.h"
+#include "foundation/xml/MXMLItem.h"
+#include "streams/basic/MMemoryStream.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -3,9 +3,9 @@
 // Prints how fast the software drawer paints on this platform, a line for each primitive: its name and million pixels a
 // second, the best of some rounds. scripts/bench-wine compares the platforms by it.
 
-#include "foundation/MUnicode.h"
-#include "ui/drawing/MAlphaMask.h"
+#include "foundation/text/MUnicode.h"
 #include "ui/drawing/MDrawerToMBitmap.h"
+#include "ui/image/MAlphaMask.h"
 
 #include <algorithm>
 #include <chrono>

@@ -1,6 +1,6 @@
 #include "examples/drawing-sheet/DrawingSheet.h"
 
-#include "foundation/MUnicode.h"
+#include "foundation/text/MUnicode.h"
 #include "ui/drawing/MBitmapFill.h"
 #include "ui/text/MFont.h"
 

@@ -4,10 +4,10 @@
 // PERCENT the sheet is drawn larger, as for a dense screen; 100 without it.
 
 #include "examples/drawing-sheet/DrawingSheet.h"
-#include "foundation/MException.h"
-#include "foundation/MFile.h"
-#include "foundation/MUnicode.h"
-#include "streams/MStdFileStream.h"
+#include "foundation/base/MException.h"
+#include "foundation/files/MFile.h"
+#include "foundation/text/MUnicode.h"
+#include "streams/basic/MStdFileStream.h"
 #include "ui/text/MFont.h"
 
 #include <cstdio>

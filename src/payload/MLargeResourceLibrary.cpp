@@ -1,10 +1,10 @@
 #include "payload/MLargeResourceLibrary.h"
 
-#include "foundation/MException.h"
+#include "foundation/base/MException.h"
 #include "payload/MLargeResourceLibraryStream.h"
 #include "payload/MPayloadFormat.h"
 #include "payload/MPayloadIndex.h"
-#include "streams/MMD5Stream.h"
+#include "streams/hashes/MMD5Stream.h"
 
 #include <cstring>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "foundation/MXMLItem.h"
-#include "streams/MStream.h"
+#include "foundation/xml/MXMLItem.h"
+#include "streams/basic/MStream.h"
 
 #include <memory>
 

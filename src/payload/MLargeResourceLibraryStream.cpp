@@ -1,6 +1,6 @@
 #include "payload/MLargeResourceLibraryStream.h"
 
-#include "foundation/MException.h"
+#include "foundation/base/MException.h"
 
 MLargeResourceLibraryStream::MLargeResourceLibraryStream(MStream* library, int64_t size)
     : MSizeStream(library, size, true, false), isCompressed(false) {}

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "streams/MSizeStream.h"
+#include "streams/basic/MSizeStream.h"
 
 #include <memory>
 

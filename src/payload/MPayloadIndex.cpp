@@ -1,9 +1,9 @@
 #include "payload/MPayloadIndex.h"
 
-#include "foundation/MException.h"
+#include "foundation/base/MException.h"
 #include "payload/MPayloadFormat.h"
-#include "streams/MBZIPStream.h"
-#include "streams/MZLibStream.h"
+#include "streams/compression/MBZIPStream.h"
+#include "streams/compression/MZLibStream.h"
 
 using namespace MPayloadFormat;
 

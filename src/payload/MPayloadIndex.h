@@ -1,6 +1,6 @@
 #pragma once
 
-#include "streams/MMemoryStream.h"
+#include "streams/basic/MMemoryStream.h"
 
 #include <cstdint>
 #include <memory>

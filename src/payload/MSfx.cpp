@@ -1,7 +1,7 @@
 #include "payload/MSfx.h"
 
-#include "foundation/MException.h"
-#include "foundation/MModule.h"
+#include "foundation/base/MException.h"
+#include "foundation/module/MModule.h"
 #include "payload/MPayloadFormat.h"
 
 #include <cstring>

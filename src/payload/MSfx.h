@@ -1,7 +1,7 @@
 #pragma once
 
-#include "streams/MSizeStream.h"
-#include "streams/MStdFileStream.h"
+#include "streams/basic/MSizeStream.h"
+#include "streams/basic/MStdFileStream.h"
 
 #include <memory>
 

@@ -1,8 +1,8 @@
 #include "setup/MDataCheck.h"
 
-#include "foundation/MGuard.h"
-#include "foundation/MRaise.h"
-#include "streams/MMD5Stream.h"
+#include "foundation/base/MGuard.h"
+#include "foundation/base/MRaise.h"
+#include "streams/hashes/MMD5Stream.h"
 
 namespace {
 

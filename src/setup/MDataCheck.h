@@ -1,8 +1,8 @@
 #pragma once
 
-#include "install/MUserDialogs.h"
-#include "streams/MMultiFileStream.h"
-#include "streams/MStdFileStream.h"
+#include "foundation/views/MUserDialogs.h"
+#include "streams/basic/MStdFileStream.h"
+#include "streams/file_sets/MMultiFileStream.h"
 
 /// Compares "setup.dat" at `path` with the digest in its companion file, the path with ".md5" appended.
 /// Without a readable companion there is nothing to compare. False if they differ and the user declines

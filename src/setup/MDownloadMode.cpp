@@ -1,9 +1,9 @@
 #include "setup/MDownloadMode.h"
 
-#include "foundation/MFile.h"
-#include "setup/MDownloadConsoleView.h"
+#include "foundation/files/MFile.h"
 #include "setup/MExitGuard.h"
-#include "setup/MTextDialogs.h"
+#include "setup/console/MDownloadConsoleView.h"
+#include "setup/console/MTextDialogs.h"
 #include "update/MDownloader.h"
 
 namespace {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "foundation/MList.h"
+#include "foundation/base/MList.h"
 #include "update/MDownloadDefinition.h"
 
 #include <cstdint>

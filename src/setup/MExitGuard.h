@@ -1,6 +1,6 @@
 #pragma once
 
-#include "install/MUserDialogs.h"
+#include "foundation/views/MUserDialogs.h"
 #include "setup/MExitCode.h"
 #include "setup/MRefusal.h"
 

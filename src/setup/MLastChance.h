@@ -1,6 +1,6 @@
 #pragma once
 
-#include "foundation/MString.h"
+#include "foundation/text/MString.h"
 
 /// Has processor faults of the process end with a message to the user and the exit code -1. In an
 /// unattended run the message goes to standard error and nobody is waited for.

@@ -1,7 +1,7 @@
 #include "setup/MMD5Tool.h"
 
-#include "foundation/MException.h"
-#include "streams/MMD5Stream.h"
+#include "foundation/base/MException.h"
+#include "streams/hashes/MMD5Stream.h"
 
 namespace {
 

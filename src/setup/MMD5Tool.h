@@ -1,8 +1,8 @@
 #pragma once
 
-#include "foundation/MList.h"
-#include "install/MUserDialogs.h"
-#include "streams/MConsoleStream.h"
+#include "foundation/base/MList.h"
+#include "foundation/views/MUserDialogs.h"
+#include "streams/basic/MConsoleStream.h"
 
 /// The tool that a maker runs on a data file: hashes the file named by the second argument, or
 /// "setup.dat", and writes the digest as one line to its companion, the name with ".md5" appended.

@@ -2,7 +2,7 @@
 
 #include "setup/MLastChance.h"
 #include "setup/MSetupApplication.h"
-#include "setup/MUnattendedOptions.h"
+#include "setup/console/MUnattendedOptions.h"
 
 int32_t MRunSetupProcess(void* instance, const MList<MString>& arguments) {
     constexpr int32_t Failure = -1;

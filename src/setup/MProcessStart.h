@@ -1,7 +1,7 @@
 #pragma once
 
-#include "foundation/MList.h"
-#include "foundation/MString.h"
+#include "foundation/base/MList.h"
+#include "foundation/text/MString.h"
 
 /// The program from its entry to its exit code, the same on every platform: makes the application, gives
 /// it the command line, runs it and destroys it. `instance` is the process handle or null. `arguments`

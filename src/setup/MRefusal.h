@@ -1,6 +1,6 @@
 #pragma once
 
-#include "foundation/MRaise.h"
+#include "foundation/base/MRaise.h"
 
 /// A run that was refused before anything was written: the caller asked for what cannot be.
 class MRefusal final : public MException {

@@ -1,9 +1,9 @@
 #include "setup/MRemovalMode.h"
 
-#include "install/MUninstallRun.h"
-#include "setup/MConsoleView.h"
+#include "install/run/MUninstallRun.h"
 #include "setup/MExitGuard.h"
-#include "setup/MTextDialogs.h"
+#include "setup/console/MConsoleView.h"
+#include "setup/console/MTextDialogs.h"
 
 namespace {
 

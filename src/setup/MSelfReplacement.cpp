@@ -1,8 +1,8 @@
 #include "setup/MSelfReplacement.h"
 
-#include "foundation/MException.h"
-#include "foundation/MInstallationNames.h"
-#include "streams/MStdFileStream.h"
+#include "foundation/base/MException.h"
+#include "foundation/files/MInstallationNames.h"
+#include "streams/basic/MStdFileStream.h"
 
 namespace {
 

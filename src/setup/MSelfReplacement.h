@@ -1,6 +1,6 @@
 #pragma once
 
-#include "foundation/MString.h"
+#include "foundation/text/MString.h"
 
 /// Overwrites the installed "setup" program beside `executable` with `executable`, trying again every
 /// second while the process that started us still holds it, and gives up without a word in the end.

@@ -1,15 +1,15 @@
 #include "setup/MSetupApplication.h"
 
-#include "foundation/MFile.h"
-#include "foundation/MGuard.h"
+#include "foundation/base/MGuard.h"
+#include "foundation/files/MFile.h"
 #include "setup/MDataCheck.h"
 #include "setup/MDownloadMode.h"
 #include "setup/MExitCode.h"
 #include "setup/MMD5Tool.h"
 #include "setup/MRemovalMode.h"
 #include "setup/MSelfReplacement.h"
-#include "setup/MTextDialogs.h"
-#include "setup/MUnattendedMode.h"
+#include "setup/console/MTextDialogs.h"
+#include "setup/console/MUnattendedMode.h"
 
 std::unique_ptr<MSetupApplication> MCreateModuleInstance(void* instance) {
     std::unique_ptr<MSetupApplication> application;

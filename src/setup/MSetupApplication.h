@@ -1,11 +1,11 @@
 #pragma once
 
-#include "foundation/MWindowsModule.h"
-#include "install/MUserDialogs.h"
+#include "foundation/views/MUserDialogs.h"
 #include "payload/MLargeResourceLibrary.h"
 #include "payload/MSfx.h"
-#include "streams/MMultiFileStream.h"
-#include "streams/MStdFileStream.h"
+#include "streams/basic/MStdFileStream.h"
+#include "streams/file_sets/MMultiFileStream.h"
+#include "ui/control/MWindowsModule.h"
 
 #include <memory>
 

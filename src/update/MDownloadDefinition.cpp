@@ -1,6 +1,6 @@
 #include "update/MDownloadDefinition.h"
 
-#include "foundation/MXMLSubItems.h"
+#include "foundation/xml/MXMLSubItems.h"
 
 MDownloadDefinition::MDownloadDefinition(MStream& stream) {
     MXMLItem root;

@@ -1,13 +1,13 @@
 #include "update/MDownloadIndex.h"
 
-#include "foundation/MFile.h"
-#include "foundation/MRaise.h"
-#include "foundation/MXMLSubItems.h"
-#include "install/MItemNames.h"
+#include "foundation/base/MRaise.h"
+#include "foundation/files/MFile.h"
+#include "foundation/xml/MXMLSubItems.h"
+#include "install/definition/MItemNames.h"
 #include "payload/MPayloadFormat.h"
 #include "payload/MPayloadIndex.h"
-#include "streams/MMD5Stream.h"
-#include "streams/MOutputFile.h"
+#include "streams/basic/MOutputFile.h"
+#include "streams/hashes/MMD5Stream.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "foundation/MXMLItem.h"
+#include "foundation/xml/MXMLItem.h"
 
 /// The list of what a download fetches, and how far it is: "INDEX.ZIP" on the mirrors, and, with the attributes
 /// marked by *, "downloader.dat" beside the fetched files. A compressed tree:

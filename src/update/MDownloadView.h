@@ -1,6 +1,6 @@
 #pragma once
 
-#include "install/MProgressView.h"
+#include "foundation/views/MProgressView.h"
 
 /// Where a download shows how far it is, and asks whether to go on. The text is the phase; the progress is
 /// counted in bytes. Called on the thread of the download.

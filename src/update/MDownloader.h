@@ -1,7 +1,7 @@
 #pragma once
 
-#include "streams/MMemoryStream.h"
-#include "streams/MStdFileStream.h"
+#include "streams/basic/MMemoryStream.h"
+#include "streams/basic/MStdFileStream.h"
 #include "update/MDownloadDefinition.h"
 #include "update/MDownloadIndex.h"
 #include "update/MDownloadSpeed.h"

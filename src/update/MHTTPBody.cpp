@@ -1,7 +1,7 @@
 #include "update/MHTTPBody.h"
 
-#include "foundation/MBuffer.h"
-#include "foundation/MRaise.h"
+#include "foundation/base/MBuffer.h"
+#include "foundation/base/MRaise.h"
 
 int64_t MReadHTTPBody(MHTTPStream& reply, MStream& target, int64_t limit) {
     MBuffer piece(0x10000);

@@ -1,9 +1,9 @@
 #include "update/MUpdateOffers.h"
 
-#include "foundation/MRaise.h"
-#include "foundation/MXMLSubItems.h"
-#include "install/MItemNames.h"
-#include "streams/MMemoryStream.h"
+#include "foundation/base/MRaise.h"
+#include "foundation/xml/MXMLSubItems.h"
+#include "install/definition/MItemNames.h"
+#include "streams/basic/MMemoryStream.h"
 #include "update/MUpdateServer.h"
 
 namespace {

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "foundation/MDateTime.h"
-#include "foundation/MXMLItem.h"
+#include "foundation/base/MDateTime.h"
+#include "foundation/xml/MXMLItem.h"
 
 class MUpdateServer;
 

@@ -1,9 +1,9 @@
 #include "update/MUpdateServer.h"
 
 #include "foundation/MProductConstants.h"
-#include "foundation/MRaise.h"
-#include "foundation/MXMLItem.h"
-#include "streams/MDispatchStream.h"
+#include "foundation/base/MRaise.h"
+#include "foundation/xml/MXMLItem.h"
+#include "streams/basic/MDispatchStream.h"
 #include "update/MHTTPBody.h"
 
 namespace {

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "install/MProgressView.h"
-#include "streams/MHTTPStream.h"
+#include "foundation/views/MProgressView.h"
+#include "streams/network/MHTTPStream.h"
 
 class MXMLItem;
 

@@ -1,5 +1,5 @@
-#include "foundation/MFile.h"
-#include "streams/MResourceLibrary.h"
+#include "foundation/files/MFile.h"
+#include "streams/resources/MResourceLibrary.h"
 #include "tests/builder/BuilderFixture.h"
 
 using testing::HasSubstr;

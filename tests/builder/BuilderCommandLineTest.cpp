@@ -1,4 +1,4 @@
-#include "builder/MBuilderCommandLine.h"
+#include "builder/commands/MBuilderCommandLine.h"
 #include "tests/builder/BuilderFixture.h"
 
 using BuilderCommandLineTest = BuilderFixture;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "builder/MRunBuilder.h"
+#include "builder/commands/MRunBuilder.h"
 #include "tests/support/MScratch.h"
 #include "tests/support/MTestText.h"
 

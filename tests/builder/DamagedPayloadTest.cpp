@@ -1,4 +1,4 @@
-#include "foundation/MNumberText.h"
+#include "foundation/text/MNumberText.h"
 #include "tests/builder/BuilderFixture.h"
 #include "tests/support/MTestPayload.h"
 

@@ -1,4 +1,4 @@
-#include "builder/MFileNameRules.h"
+#include "builder/checks/MFileNameRules.h"
 #include "tests/builder/BuilderFixture.h"
 
 namespace {

@@ -1,9 +1,9 @@
-#include "builder/MDownloadSetOutput.h"
-#include "foundation/MFile.h"
+#include "builder/downloads/MDownloadSetOutput.h"
+#include "foundation/files/MFile.h"
 #include "payload/MLargeResourceLibrary.h"
 #include "payload/MPayloadFormat.h"
 #include "payload/MSfx.h"
-#include "streams/MMD5Stream.h"
+#include "streams/hashes/MMD5Stream.h"
 #include "tests/builder/DownloadSetFixture.h"
 
 using testing::ElementsAre;

@@ -1,5 +1,5 @@
-#include "foundation/MFile.h"
-#include "streams/MMultiFileStream.h"
+#include "foundation/files/MFile.h"
+#include "streams/file_sets/MMultiFileStream.h"
 #include "tests/builder/BuilderFixture.h"
 
 #include <functional>

@@ -1,8 +1,8 @@
-#include "foundation/MFile.h"
+#include "foundation/files/MFile.h"
 #include "payload/MLargeResourceLibrary.h"
 #include "payload/MSfx.h"
-#include "streams/MMD5Stream.h"
-#include "streams/MMemoryStream.h"
+#include "streams/basic/MMemoryStream.h"
+#include "streams/hashes/MMD5Stream.h"
 #include "tests/builder/BuilderFixture.h"
 
 namespace {

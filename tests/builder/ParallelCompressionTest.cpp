@@ -1,8 +1,8 @@
-#include "builder/MBzip2Pieces.h"
-#include "builder/MParallelCompressor.h"
-#include "builder/MPlainPieces.h"
-#include "builder/MZLibPieces.h"
-#include "streams/MMemoryStream.h"
+#include "builder/compression/MBzip2Pieces.h"
+#include "builder/compression/MParallelCompressor.h"
+#include "builder/compression/MPlainPieces.h"
+#include "builder/compression/MZLibPieces.h"
+#include "streams/basic/MMemoryStream.h"
 #include "tests/support/MFaultyStreams.h"
 #include "tests/support/MTestText.h"
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "foundation/MFile.h"
-#include "foundation/MPlatform.h"
-#include "foundation/MUnicode.h"
+#include "foundation/files/MFile.h"
+#include "foundation/module/MPlatform.h"
+#include "foundation/text/MUnicode.h"
 #include "tests/support/MScratch.h"
 #include "tests/support/MTestProgram.h"
 #include "tests/support/MTestText.h"

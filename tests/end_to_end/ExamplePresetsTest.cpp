@@ -1,5 +1,5 @@
-#include "streams/MHexaStream.h"
-#include "streams/MMemoryStream.h"
+#include "streams/basic/MHexaStream.h"
+#include "streams/basic/MMemoryStream.h"
 #include "tests/end_to_end/ExampleProductFixture.h"
 #include "tests/support/MTestPresets.h"
 

@@ -1,4 +1,4 @@
-#include "streams/MStdFileStream.h"
+#include "streams/basic/MStdFileStream.h"
 #include "tests/end_to_end/EndToEndFixture.h"
 
 #include <chrono>

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "foundation/MFile.h"
-#include "foundation/MUnicode.h"
-#include "install/MInstallProcessor.h"
-#include "streams/MMemoryStream.h"
+#include "foundation/files/MFile.h"
+#include "foundation/text/MUnicode.h"
+#include "install/engine/MInstallProcessor.h"
+#include "streams/basic/MMemoryStream.h"
 #include "tests/support/MScratch.h"
 #include "tests/support/MTestPayload.h"
 

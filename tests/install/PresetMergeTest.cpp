@@ -1,6 +1,6 @@
-#include "install/MPresetMerge.h"
+#include "install/presets/MPresetMerge.h"
 
-#include "streams/MMemoryStream.h"
+#include "streams/basic/MMemoryStream.h"
 #include "tests/support/MTestText.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
-#include "setup/MComponentRows.h"
-#include "setup/MConfigurationChoice.h"
-#include "setup/MDirectoryChoices.h"
+#include "setup/choices/MComponentRows.h"
+#include "setup/choices/MConfigurationChoice.h"
+#include "setup/choices/MDirectoryChoices.h"
 #include "tests/setup/SetupFixture.h"
 
 class ChoicesTest : public SetupTest {

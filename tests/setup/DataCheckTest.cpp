@@ -1,8 +1,8 @@
-#include "foundation/MPlatform.h"
+#include "foundation/module/MPlatform.h"
 #include "setup/MDataCheck.h"
 #include "setup/MMD5Tool.h"
 #include "setup/MSelfReplacement.h"
-#include "setup/MTextDialogs.h"
+#include "setup/console/MTextDialogs.h"
 #include "tests/setup/SetupFixture.h"
 
 namespace {

@@ -1,4 +1,4 @@
-#include "setup/MPathMacros.h"
+#include "install/definition/MPathMacros.h"
 #include "tests/setup/SetupFixture.h"
 
 class PathMacrosTest : public SetupTest {

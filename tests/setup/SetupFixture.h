@@ -1,8 +1,8 @@
 #pragma once
 
-#include "foundation/MFile.h"
-#include "setup/MSetupSession.h"
-#include "streams/MMemoryStream.h"
+#include "foundation/files/MFile.h"
+#include "install/definition/MSetupSession.h"
+#include "streams/basic/MMemoryStream.h"
 #include "tests/support/MScratch.h"
 #include "tests/support/MTestModule.h"
 #include "tests/support/MTestPayload.h"

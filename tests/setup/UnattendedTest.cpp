@@ -1,7 +1,7 @@
-#include "foundation/MPlatform.h"
+#include "foundation/module/MPlatform.h"
 #include "setup/MRefusal.h"
-#include "setup/MTextDialogs.h"
-#include "setup/MUnattendedRun.h"
+#include "setup/console/MTextDialogs.h"
+#include "setup/console/MUnattendedRun.h"
 #include "tests/setup/SetupFixture.h"
 
 namespace {

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "streams/MDispatchStream.h"
+#include "streams/basic/MDispatchStream.h"
 
-#include "foundation/MException.h"
+#include "foundation/base/MException.h"
 
 #include <algorithm>
 

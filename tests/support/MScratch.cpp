@@ -1,9 +1,9 @@
 #include "tests/support/MScratch.h"
 
-#include "foundation/MFile.h"
-#include "foundation/MGuard.h"
-#include "foundation/MUnicode.h"
-#include "streams/MStdFileStream.h"
+#include "foundation/base/MGuard.h"
+#include "foundation/files/MFile.h"
+#include "foundation/text/MUnicode.h"
+#include "streams/basic/MStdFileStream.h"
 #include "tests/support/MTestText.h"
 
 #include <algorithm>

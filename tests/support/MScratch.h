@@ -1,7 +1,7 @@
 #pragma once
 
-#include "foundation/MSpecialFolders.h"
-#include "foundation/MString.h"
+#include "foundation/files/MSpecialFolders.h"
+#include "foundation/text/MString.h"
 
 #include <array>
 #include <string>

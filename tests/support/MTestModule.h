@@ -1,6 +1,6 @@
 #pragma once
 
-#include "foundation/MModule.h"
+#include "foundation/module/MModule.h"
 
 /// The process-wide module of a test, as if `program` were the executable that runs.
 class MTestModule final : public MModule {

@@ -1,8 +1,8 @@
 #include "tests/support/MTestPayload.h"
 
 #include "payload/MPayloadFormat.h"
-#include "streams/MMD5Stream.h"
-#include "streams/MMemoryStream.h"
+#include "streams/basic/MMemoryStream.h"
+#include "streams/hashes/MMD5Stream.h"
 
 #include <bzlib.h>
 #include <zlib.h>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "foundation/MXMLItem.h"
-#include "streams/MMemoryStream.h"
+#include "foundation/xml/MXMLItem.h"
+#include "streams/basic/MMemoryStream.h"
 #include "tests/support/MTestText.h"
 
 #include <stdexcept>

@@ -1,8 +1,8 @@
 #include "tests/support/MTestServer.h"
 
-#include "foundation/MNumberText.h"
-#include "foundation/MPlatform.h"
-#include "foundation/MRaise.h"
+#include "foundation/base/MRaise.h"
+#include "foundation/module/MPlatform.h"
+#include "foundation/text/MNumberText.h"
 #include "tests/support/MTestListener.h"
 
 #include <algorithm>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "streams/MSystemSocket.h"
+#include "streams/network/MSystemSocket.h"
 
 #include <atomic>
 #include <functional>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "foundation/MException.h"
-#include "foundation/MUnicode.h"
+#include "foundation/base/MException.h"
+#include "foundation/text/MUnicode.h"
 
 #include <cstdio>
 #include <ostream>
@@ -12,13 +12,20 @@ inline std::string Text(const MString& text) {
     return MEncodeUTF8Exact(text);
 }
 
+/// A text in the form of 16-bit characters on the heap, as most texts of a program are.
+inline MString Wide(const char16_t* text) {
+    return MString::Copy(text);
+}
+inline MString Heap(const char* text) {
+    return MString::Copy(text);
+}
+
 inline void PrintTo(const MString& text, std::ostream* out) {
     *out << '"' << Text(text) << '"';
 }
 
-/// The code and text with which `body` fails, as in "100: Could not perform file seek."; the code in
-/// hexadecimal.
-/// "none" if it does not fail.
+/// The code, in hexadecimal, and the text with which `body` fails, as in "100: Could not perform file seek."; "none" if
+/// it does not fail.
 template <class Body>
 std::string FailureOf(Body&& body) {
     try {

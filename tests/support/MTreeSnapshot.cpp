@@ -1,7 +1,7 @@
 #include "tests/support/MTreeSnapshot.h"
 
-#include "foundation/MFile.h"
-#include "foundation/MUnicode.h"
+#include "foundation/files/MFile.h"
+#include "foundation/text/MUnicode.h"
 #include "tests/support/MScratch.h"
 #include "tests/support/MTestProgram.h"
 #include "tests/support/MTestText.h"

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "foundation/MList.h"
-#include "foundation/MString.h"
+#include "foundation/base/MList.h"
+#include "foundation/text/MString.h"
 
 #include <filesystem>
 #include <map>

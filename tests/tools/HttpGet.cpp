@@ -4,11 +4,11 @@
 // MD5, a line each; or the code and text of a failure. With fields it sends a form. Follows no redirections
 // unless told.
 
-#include "foundation/MNumberText.h"
-#include "foundation/MPlatform.h"
-#include "foundation/MRaise.h"
-#include "streams/MHTTPStream.h"
-#include "streams/MMD5Stream.h"
+#include "foundation/base/MRaise.h"
+#include "foundation/module/MPlatform.h"
+#include "foundation/text/MNumberText.h"
+#include "streams/hashes/MMD5Stream.h"
+#include "streams/network/MHTTPStream.h"
 
 #include <algorithm>
 #include <cstdio>

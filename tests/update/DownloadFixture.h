@@ -1,10 +1,10 @@
 #pragma once
 
-#include "foundation/MFile.h"
-#include "streams/MMD5Stream.h"
-#include "streams/MMemoryStream.h"
+#include "foundation/files/MFile.h"
+#include "streams/basic/MMemoryStream.h"
+#include "streams/hashes/MMD5Stream.h"
 #include "tests/support/MScratch.h"
-#include "tests/support/MStreamBytes.h"
+#include "tests/support/MTestBytes.h"
 #include "tests/support/MTestServer.h"
 #include "tests/support/MTestText.h"
 #include "update/MDownloader.h"

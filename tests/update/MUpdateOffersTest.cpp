@@ -1,6 +1,6 @@
 #include "update/MUpdateOffers.h"
 
-#include "streams/MMemoryStream.h"
+#include "streams/basic/MMemoryStream.h"
 #include "tests/support/MTestText.h"
 
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
-#include "builder/MRunBuilder.h"
-#include "foundation/posix/MNativePath.h"
+#include "builder/commands/MRunBuilder.h"
+#include "foundation/files/posix/MNativePath.h"
 
 #include <csignal>
 

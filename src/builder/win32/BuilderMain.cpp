@@ -1,5 +1,5 @@
-#include "builder/MRunBuilder.h"
-#include "foundation/win32/MNativePath.h"
+#include "builder/commands/MRunBuilder.h"
+#include "foundation/files/win32/MNativePath.h"
 
 int wmain(int argumentCount, wchar_t** arguments) {
     MList<MString> words;

@@ -1,7 +1,7 @@
 #include "setup/MLastChance.h"
 
 #include "foundation/MProductConstants.h"
-#include "streams/MConsole.h"
+#include "streams/basic/MConsole.h"
 
 #include <csignal>
 #include <cstdio>

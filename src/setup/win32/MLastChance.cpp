@@ -2,7 +2,7 @@
 
 #include "foundation/MProductConstants.h"
 #include "foundation/win32/MWindowsHeader.h"
-#include "streams/MConsole.h"
+#include "streams/basic/MConsole.h"
 
 #include <cstdio>
 

@@ -1,7 +1,7 @@
 #include "ui/drawing/MBitmapFill.h"
 
-#include "foundation/MRaise.h"
-#include "ui/drawing/MNames.h"
+#include "foundation/base/MRaise.h"
+#include "ui/image/MNames.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "foundation/MString.h"
+#include "foundation/text/MString.h"
 
 #include <cstdint>
 

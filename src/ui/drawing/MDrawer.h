@@ -1,11 +1,11 @@
 #pragma once
 
-#include "foundation/MList.h"
-#include "foundation/MObject.h"
-#include "ui/drawing/MBitmap.h"
-#include "ui/drawing/MColorOp.h"
+#include "foundation/base/MList.h"
+#include "foundation/base/MObject.h"
 #include "ui/drawing/MGradient.h"
-#include "ui/drawing/MTextAlignment.h"
+#include "ui/geometry/MTextAlignment.h"
+#include "ui/image/MBitmap.h"
+#include "ui/image/MColorOp.h"
 
 #include <cstdint>
 

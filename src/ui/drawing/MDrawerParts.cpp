@@ -1,5 +1,5 @@
-#include "foundation/MException.h"
-#include "foundation/MGuard.h"
+#include "foundation/base/MException.h"
+#include "foundation/base/MGuard.h"
 #include "ui/drawing/MBitmapFill.h"
 #include "ui/drawing/MDrawer.h"
 

@@ -1,7 +1,7 @@
 #include "ui/drawing/MDrawerToMBitmap.h"
 
-#include "ui/drawing/MAlphaMask.h"
 #include "ui/drawing/MPaintGuard.h"
+#include "ui/image/MAlphaMask.h"
 #include "ui/text/MTextLayout.h"
 
 #include <algorithm>

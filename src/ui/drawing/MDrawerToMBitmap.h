@@ -4,7 +4,7 @@
 #include "ui/drawing/MCoverage.h"
 #include "ui/drawing/MDrawer.h"
 #include "ui/drawing/MOutlines.h"
-#include "ui/drawing/MPixelRows.h"
+#include "ui/image/pixels/MPixelRows.h"
 
 #include <span>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "foundation/MValueEnum.h"
-#include "ui/drawing/MColor.h"
+#include "foundation/values/MValueEnum.h"
+#include "ui/image/MColor.h"
 
 #include <cstdint>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/drawing/MRect.h"
+#include "ui/geometry/MRect.h"
 
 #include <vector>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "foundation/MGuard.h"
+#include "foundation/base/MGuard.h"
 #include "ui/drawing/MDrawerToMBitmap.h"
 
 template <class Body>

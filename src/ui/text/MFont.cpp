@@ -1,8 +1,8 @@
 #include "ui/text/MFont.h"
 
-#include "foundation/MUnicode.h"
-#include "streams/MMemoryStream.h"
-#include "streams/MStdFileStream.h"
+#include "foundation/text/MUnicode.h"
+#include "streams/basic/MMemoryStream.h"
+#include "streams/basic/MStdFileStream.h"
 #include "ui/text/MFontFace.h"
 #include "ui/text/MSystemFonts.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "foundation/MBuffer.h"
-#include "foundation/MHashTable.h"
+#include "foundation/base/MBuffer.h"
+#include "foundation/base/MHashTable.h"
 #include "ui/text/MFontDescriptor.h"
 #include "ui/text/MGlyph.h"
 #include "ui/text/MTextMeasure.h"

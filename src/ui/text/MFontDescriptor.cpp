@@ -1,6 +1,6 @@
 #include "ui/text/MFontDescriptor.h"
 
-#include "foundation/MException.h"
+#include "foundation/base/MException.h"
 
 #include <ft2build.h>
 #include FT_FREETYPE_H

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "foundation/MObject.h"
-#include "foundation/MString.h"
+#include "foundation/base/MObject.h"
+#include "foundation/text/MString.h"
 
 #include <cstdint>
 

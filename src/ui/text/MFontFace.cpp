@@ -1,7 +1,7 @@
 #include "ui/text/MFontFace.h"
 
-#include "foundation/MException.h"
-#include "streams/MStream.h"
+#include "foundation/base/MException.h"
+#include "streams/basic/MStream.h"
 #include "ui/text/MFontLibrary.h"
 #include "ui/text/MGlyph.h"
 #include "ui/text/MGlyphMask.h"

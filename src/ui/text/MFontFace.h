@@ -1,6 +1,6 @@
 #pragma once
 
-#include "foundation/MBuffer.h"
+#include "foundation/base/MBuffer.h"
 
 #include <cstdint>
 #include <memory>

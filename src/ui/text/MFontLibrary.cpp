@@ -1,7 +1,7 @@
 #include "ui/text/MFontLibrary.h"
 
-#include "foundation/MException.h"
-#include "foundation/MMemory.h"
+#include "foundation/base/MException.h"
+#include "foundation/base/MMemory.h"
 
 #include <ft2build.h>
 #include FT_FREETYPE_H

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/drawing/MAlphaMask.h"
+#include "ui/image/MAlphaMask.h"
 
 #include <cstdint>
 #include <memory>

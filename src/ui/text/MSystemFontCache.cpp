@@ -1,8 +1,8 @@
 #include "ui/text/MSystemFontCache.h"
 
-#include "foundation/MFile.h"
-#include "foundation/MGuard.h"
-#include "foundation/MXMLItem.h"
+#include "foundation/base/MGuard.h"
+#include "foundation/files/MFile.h"
+#include "foundation/xml/MXMLItem.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "foundation/MString.h"
+#include "foundation/text/MString.h"
 
 /// The file that remembers which font file answered a request, so that later runs need not open every font of
 /// the machine: an XML element `MSystemFontCache` with one attribute per request, whose value is a path.

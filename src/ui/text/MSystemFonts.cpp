@@ -1,10 +1,10 @@
 #include "ui/text/MSystemFonts.h"
 
-#include "foundation/MFile.h"
-#include "foundation/MGuard.h"
-#include "foundation/MModule.h"
-#include "foundation/MRaise.h"
-#include "streams/MStdFileStream.h"
+#include "foundation/base/MGuard.h"
+#include "foundation/base/MRaise.h"
+#include "foundation/files/MFile.h"
+#include "foundation/module/MModule.h"
+#include "streams/basic/MStdFileStream.h"
 #include "ui/text/MFontFace.h"
 #include "ui/text/MSystemFontFolders.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "foundation/MList.h"
+#include "foundation/base/MList.h"
 #include "ui/text/MFontDescriptor.h"
 #include "ui/text/MSystemFontCache.h"
 

@@ -1,6 +1,6 @@
 #include "ui/text/MTextLayout.h"
 
-#include "foundation/MUnicode.h"
+#include "foundation/text/MUnicode.h"
 #include "ui/text/MFont.h"
 #include "ui/text/MTextMeasure.h"
 

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "foundation/MString.h"
-#include "ui/drawing/MPoint.h"
-#include "ui/drawing/MRect.h"
-#include "ui/drawing/MTextAlignment.h"
+#include "foundation/text/MString.h"
+#include "ui/geometry/MPoint.h"
+#include "ui/geometry/MRect.h"
+#include "ui/geometry/MTextAlignment.h"
 
 #include <cstdint>
 

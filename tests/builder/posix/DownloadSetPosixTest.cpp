@@ -1,4 +1,4 @@
-#include "foundation/posix/MNativePath.h"
+#include "foundation/files/posix/MNativePath.h"
 #include "tests/builder/DownloadSetFixture.h"
 
 #include <csignal>

@@ -1,4 +1,4 @@
-#include "foundation/win32/MNativePath.h"
+#include "foundation/files/win32/MNativePath.h"
 #include "foundation/win32/MWindowsHeader.h"
 #include "tests/end_to_end/EndToEndFixture.h"
 

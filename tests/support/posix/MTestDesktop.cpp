@@ -1,6 +1,6 @@
 #include "tests/support/posix/MTestDesktop.h"
 
-#include "foundation/MFile.h"
+#include "foundation/files/MFile.h"
 #include "tests/support/MScratch.h"
 #include "tests/support/MTestProgram.h"
 #include "tests/support/MTestText.h"

@@ -1,6 +1,6 @@
 #include "tests/support/posix/MTestProcess.h"
 
-#include "foundation/posix/MNativePath.h"
+#include "foundation/files/posix/MNativePath.h"
 
 #include <cstddef>
 #include <cstdlib>

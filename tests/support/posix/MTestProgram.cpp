@@ -1,9 +1,9 @@
 #include "tests/support/MTestProgram.h"
 
-#include "foundation/MFile.h"
 #include "foundation/MProductConstants.h"
-#include "foundation/MRaise.h"
-#include "foundation/posix/MNativePath.h"
+#include "foundation/base/MRaise.h"
+#include "foundation/files/MFile.h"
+#include "foundation/files/posix/MNativePath.h"
 #include "tests/support/posix/MTestProcess.h"
 
 #include <sys/wait.h>

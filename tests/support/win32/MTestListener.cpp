@@ -1,6 +1,6 @@
 #include "tests/support/MTestListener.h"
 
-#include "foundation/MException.h"
+#include "foundation/base/MException.h"
 #include "foundation/win32/MWindowsHeader.h"
 
 #include <winsock2.h>

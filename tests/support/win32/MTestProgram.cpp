@@ -1,6 +1,6 @@
 #include "tests/support/MTestProgram.h"
 
-#include "foundation/MSpecialFolders.h"
+#include "foundation/files/MSpecialFolders.h"
 #include "tests/support/win32/MTestProcess.h"
 
 MProgramResult MRunTestProgram(const MString& program, const MList<MString>& arguments,

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "ui/drawing/MAlphaMask.h"
 #include "ui/drawing/MDrawerToMBitmap.h"
+#include "ui/image/MAlphaMask.h"
 
 #include <functional>
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "streams/MMemoryStream.h"
+#include "streams/basic/MMemoryStream.h"
 #include "tests/support/MFaultyStreams.h"
 #include "tests/support/MScratch.h"
 #include "tests/ui/text/TextFixture.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "foundation/MFile.h"
+#include "foundation/files/MFile.h"
 #include "tests/support/MTestText.h"
 #include "ui/text/MFont.h"
 

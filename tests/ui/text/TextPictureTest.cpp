@@ -1,9 +1,9 @@
 // Text as it is on the screen, compared with pictures that were looked at. scripts/generate-text-pictures
 // writes them anew.
 
-#include "streams/MStdFileStream.h"
+#include "streams/basic/MStdFileStream.h"
 #include "tests/ui/text/TextFixture.h"
-#include "ui/drawing/MBitmap.h"
+#include "ui/image/MBitmap.h"
 #include "ui/text/MTextLayout.h"
 
 #include <algorithm>

@@ -1,8 +1,8 @@
 #include "ui/text/MSystemFontFolders.h"
 
-#include "foundation/MFile.h"
-#include "foundation/posix/MNativePath.h"
-#include "foundation/posix/MUserFolders.h"
+#include "foundation/files/MFile.h"
+#include "foundation/files/posix/MNativePath.h"
+#include "foundation/files/posix/MUserFolders.h"
 
 #include <algorithm>
 #include <cstdlib>

@@ -1,6 +1,6 @@
 #include "ui/text/MSystemFontFolders.h"
 
-#include "foundation/MFile.h"
+#include "foundation/files/MFile.h"
 
 MList<MString> MGetSystemFontFolders() {
     MList<MString> folders;

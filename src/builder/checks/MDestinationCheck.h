@@ -1,0 +1,55 @@
+#pragma once
+
+#include "builder/checks/MPlatforms.h"
+#include "builder/definition/MDefinition.h"
+
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+/// Looks for two files, or a file and a directory, that would land in one place, in the eyes of a file system that ignores case.
+///
+/// A `files` element and each `copy` in it is one pass over the files. Destinations are compared as texts,
+/// with their macros unexpanded. Two passes never meet if they are for different platforms, or if both name
+/// `configurations` and share none; every other two can be ticked together. Two passes that bring the same file of the maker's disk to one place
+/// do no harm.
+class MDestinationCheck {
+public:
+    /// Nothing is owned.
+    MDestinationCheck(const MDefinition& definition, MProblemList& problems)
+        : definition(definition), problems(problems) {}
+
+    void Run();
+
+private:
+    struct Pass {
+        const MXMLItem* element;
+        const MXMLItem* files;
+        MList<MString> configurations;
+        bool isFlat;
+        MPlatforms platforms;
+        std::vector<const MXMLItem*> extensions;
+    };
+    struct Place {
+        const Pass* pass;
+        const MXMLItem* item;
+        MString source;
+        bool isDirectory;
+    };
+
+    void AddPass(const MXMLItem& element, const MXMLItem& files);
+    void WalkPass(const Pass& pass);
+    void WalkItems(const Pass& pass, const MXMLItem& parent, const MString& target, const MString& source,
+                   bool isFlat);
+    /// The name that an item gets in a pass.
+    [[nodiscard]] static MString GetTargetName(const Pass& pass, const MXMLItem& parent,
+                                               const MXMLItem& item);
+    void AddPlace(const MString& target, const Place& place);
+    void Compare(const MString& target, const Place& first, const Place& second);
+    [[nodiscard]] static bool CanMeet(const Pass& first, const Pass& second);
+
+    const MDefinition& definition;
+    MProblemList& problems;
+    std::vector<Pass> passes;
+    std::unordered_map<std::string, std::vector<Place>> places;
+};

@@ -1,0 +1,111 @@
+#include "builder/commands/MPackCommand.h"
+
+#include "builder/checks/MDefinitionCheck.h"
+#include "builder/commands/MRunBuilder.h"
+#include "builder/compression/MBzip2Pieces.h"
+#include "builder/compression/MPlainPieces.h"
+#include "builder/compression/MZLibPieces.h"
+#include "builder/output/MProgressBar.h"
+#include "builder/packing/MFileSetOutput.h"
+#include "builder/packing/MHashingStream.h"
+#include "builder/packing/MPayloadWriter.h"
+#include "builder/packing/MSetupProgram.h"
+#include "foundation/base/MRaise.h"
+#include "foundation/files/MFile.h"
+
+namespace {
+
+std::unique_ptr<MPieceCodec> MakeCodec(const MBuilderOptions& options) {
+    switch (options.compression) {
+    case MCompression::ZLib: return std::make_unique<MZLibPieces>(options.level);
+    case MCompression::None: return std::make_unique<MPlainPieces>();
+    default: return std::make_unique<MBzip2Pieces>(options.level);
+    }
+}
+
+}  // namespace
+
+MPackCommand::MPackCommand(const MBuilderOptions& options, MBuilderOutput& output)
+    : options(options), output(output), sources(definition, problems), codec(MakeCodec(options)) {}
+
+int32_t MPackCommand::Run() {
+    if (!Prepare()) return MBuilderExitFailed;
+    for (const MSourceItem& item : sources.GetItems()) sourceBytes += item.size;
+    RefuseOutputAmongSources();
+    switch (options.form) {
+    case MPayloadForm::Executable: WriteExecutable(); break;
+    case MPayloadForm::Data: WriteData(); break;
+    case MPayloadForm::FileSet: WriteFileSet(); break;
+    }
+    return MBuilderExitDone;
+}
+
+bool MPackCommand::Prepare() {
+    MPlaceholders placeholders;
+    for (const MString& define : options.defines) placeholders.Define(define);
+    MPrepareDefinition(options.input, placeholders, definition, sources, problems);
+    problems.Print(options.input, output);
+    if (problems.GetErrorCount() == 0) return true;
+    output.Complain(
+        MFormat("{0}: errors: {1}. Nothing was packed.", options.input, problems.GetErrorCount()));
+    return false;
+}
+
+void MPackCommand::RefuseOutputAmongSources() const {
+    const MString path = MFile::Normalize(options.output);
+    const bool isSet = options.form == MPayloadForm::FileSet;
+    for (const MSourceItem& item : sources.GetItems())
+        if (isSet ? MFileSetOutput::Replaces(path, item.path) : item.path.IsExactly(path))
+            MRaise(MExceptionGeneral,
+                   "The output \"{0}\" is one of the files to pack. Write it to another directory.",
+                   item.path);
+}
+
+void MPackCommand::WriteExecutable() {
+    MOutputFile file(MFile::Normalize(options.output));
+    MCopySetupProgram(options.stub, file);
+    WritePayload(file);
+    const int64_t size = file.GetPosition();
+    file.Commit(true);
+    TellResult(size);
+}
+
+void MPackCommand::WriteData() {
+    MOutputFile file(MFile::Normalize(options.output));
+    MHashingStream hashing(&file);
+    WritePayload(hashing);
+    MOutputFile companion(file.GetPath() + ".md5");
+    companion.WriteLine(hashing.GetDigestText());
+    const int64_t size = file.GetPosition();
+    file.Commit(false);
+    companion.Commit(false);
+    TellResult(size);
+}
+
+void MPackCommand::WriteFileSet() {
+    MFileSetOutput files(MFile::Normalize(options.output), options.partSize);
+    WritePayload(files.GetStream());
+    const int64_t size = files.GetStream().GetSize();
+    const int32_t partCount = files.Commit();
+    TellResult(size);
+    output.Tell(MFormat("{0}: {1} parts of at most {2} bytes", options.output, partCount, options.partSize));
+}
+
+void MPackCommand::WritePayload(MStream& target) {
+    MPayloadWriter writer(*codec, options.threads, target);
+    {
+        MProgressBar bar(output, sourceBytes);
+        writer.WriteItems(sources.GetItems(), [&bar](int64_t bytes) { bar.Advance(bytes); });
+    }
+    writer.WriteIndex(definition.GetRoot());
+    if (options.form == MPayloadForm::Executable) writer.WriteTrailer();
+    storedCount = writer.GetStoredCount();
+}
+
+void MPackCommand::TellResult(int64_t outputSize) {
+    const double ratio =
+        sourceBytes > 0 ? 100.0 * static_cast<double>(outputSize) / static_cast<double>(sourceBytes) : 100.0;
+    output.Tell(MFormat("{0}: {1} items, {2} of them different, {3} bytes in, {4} bytes out ({5;.1} %)",
+                        options.output, sources.GetItems().GetCount(), storedCount, sourceBytes, outputSize,
+                        ratio));
+}

@@ -1,0 +1,66 @@
+#include "builder/reports/MPayloadExtractor.h"
+
+#include "builder/definition/MDefinitionText.h"
+#include "builder/definition/MFileTimeText.h"
+#include "foundation/base/MGuard.h"
+#include "foundation/base/MRaise.h"
+#include "foundation/files/MFile.h"
+#include "install/definition/MItemNames.h"
+
+void MPayloadExtractor::Run(const MString& directory) {
+    const MString root = MFile::Normalize(directory);
+    const MList<MPayloadItem> items = MCollectPayloadItems(file.GetLibrary());
+    RequireEmpty(root);
+    CheckNames(items);
+    MFile::CreatePath(root);
+    for (const MPayloadItem& item : items) ExtractItem(item, root + "/" + item.path);
+    PointAtSources(items);
+    WriteDefinition(root + "/definition.xml");
+    output.Tell(MFormat("{0}: {1} items and definition.xml", directory, items.GetCount()));
+}
+
+void MPayloadExtractor::RequireEmpty(const MString& directory) const {
+    if (!MFile::Exists(directory)) return;
+    if (!MFile::IsDirectory(directory) || !MFile::GetFileList(directory).IsEmpty())
+        MRaise(MExceptionGeneral, "\"{0}\" is not empty. Name a new directory.", directory);
+}
+
+void MPayloadExtractor::CheckNames(const MList<MPayloadItem>& items) {
+    MCheckItemNames(file.GetLibrary());
+    for (const MPayloadItem& item : items)
+        if (!MIsInsideName(item.path) || item.path.EndsWith("/"))
+            MRaise(MExceptionGeneral,
+                   "The name \"{0}\" in the payload leads out of its directory. Do not trust this file.",
+                   item.path);
+}
+
+void MPayloadExtractor::ExtractItem(const MPayloadItem& item, const MString& path) {
+    MFile::CreatePath(MFile::GetDirectory(path));
+    MStdFileStream target;
+    target.Open(path, MOpenWrite | MOpenCreate);
+    file.GetLibrary().OpenItem(item.element)->CopyAllToInLargePieces(target);
+    target.Close();
+    // A time that cannot be read or set is no reason to leave the rest packed.
+    const MString time = item.element->GetAttribute("time", "");
+    if (!time.IsEmpty())
+        MGuard("MPayloadExtractor", [&] { MFile::SetFileTime(path, MFileTimeFromText(time)); });
+}
+
+void MPayloadExtractor::PointAtSources(const MList<MPayloadItem>& items) {
+    for (const MPayloadItem& item : items) {
+        const bool isFile = item.element->GetName() == "file";
+        item.element->SetAttribute("name", isFile ? MFile::GetFileName(item.path) : item.path);
+    }
+    int32_t groupCount = 0;
+    for (MXMLItem* element : file.GetLibrary().GetSubItems())
+        if (element->GetName() == "files")
+            element->SetAttribute("path", MGetGroupFolder(*element, ++groupCount));
+}
+
+void MPayloadExtractor::WriteDefinition(const MString& path) {
+    const std::string text = MGetDefinitionText(file.GetLibrary());
+    MStdFileStream target;
+    target.Open(path, MOpenWrite | MOpenCreate);
+    target.Write(text.data(), static_cast<int32_t>(text.size()));
+    target.Close();
+}

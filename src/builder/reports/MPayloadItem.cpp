@@ -1,0 +1,60 @@
+#include "builder/reports/MPayloadItem.h"
+
+#include "foundation/files/MFile.h"
+#include "foundation/text/MNumberText.h"
+
+namespace {
+
+bool HasAttribute(const MXMLItem& item, const MString& name) {
+    for (const MAttribute* attribute : item.GetAttributes())
+        if (attribute->name == name) return true;
+    return false;
+}
+
+bool IsUnusable(MChar character) {
+    return character.IsControl() || MString("<>:\"/\\|?*").FindChar(character) >= 0;
+}
+
+MString GetItemName(const MXMLItem& parent, const MXMLItem& item) {
+    const MString name = item.GetAttribute("name", "");
+    return name.IsEmpty() ? MFile::GetFileName(parent.GetAttribute("path", "")) : name;
+}
+
+/// Puts a name behind a folder as it stands; `MFile::Join` would work off leading dots.
+MString Append(const MString& folder, const MString& name) {
+    return folder + "/" + name;
+}
+
+void CollectChildren(const MXMLItem& parent, const MString& folder, MList<MPayloadItem>& items) {
+    for (MXMLItem* child : parent.GetSubItems()) {
+        const MString path = Append(folder, GetItemName(parent, *child));
+        if (child->GetName() == "dir") CollectChildren(*child, path, items);
+        if (child->GetName() == "file" && HasAttribute(*child, "filestart")) items.Add({child, path});
+    }
+}
+
+}  // namespace
+
+MList<MPayloadItem> MCollectPayloadItems(const MXMLItem& root) {
+    MList<MPayloadItem> items;
+    int32_t groupCount = 0;
+    for (MXMLItem* element : root.GetSubItems()) {
+        if (element->GetName() == "files")
+            CollectChildren(*element, MGetGroupFolder(*element, ++groupCount), items);
+        else if (HasAttribute(*element, "filestart"))
+            items.Add({element, Append(element->GetName(),
+                                       MFile::GetFileName(element->GetAttribute("name", "data")))});
+    }
+    return items;
+}
+
+MString MGetGroupFolder(const MXMLItem& files, int32_t number) {
+    MString folder = MNumberToText(number, {.width = 2, .pad = '0'});
+    MString name = files.GetAttribute("name", "");
+    for (int32_t i = 0; i < name.GetLength(); ++i)
+        if (IsUnusable(name[i])) name.SetChar(i, MChar('-'));
+    while (!name.IsEmpty() &&
+           (name[name.GetLength() - 1] == MChar('.') || name[name.GetLength() - 1].IsBlank()))
+        name.Cut(name.GetLength() - 1);
+    return name.IsEmpty() ? folder : folder + "-" + name;
+}

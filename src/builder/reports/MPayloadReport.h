@@ -1,0 +1,27 @@
+#pragma once
+
+#include "builder/output/MBuilderOutput.h"
+#include "builder/reports/MPayloadFile.h"
+
+/// Shows what a payload holds.
+class MPayloadReport {
+public:
+    /// Nothing is owned.
+    MPayloadReport(MPayloadFile& file, MBuilderOutput& output) : file(file), output(output) {}
+
+    /// Form, sizes, flags and digest, then tables of parts, components, directories and items.
+    void Print();
+    /// The index as it is stored.
+    void PrintXML();
+
+private:
+    void PrintFields();
+    void PrintParts();
+    void PrintConfigurations();
+    void PrintComponents();
+    void PrintDirectories();
+    void PrintItems();
+
+    MPayloadFile& file;
+    MBuilderOutput& output;
+};

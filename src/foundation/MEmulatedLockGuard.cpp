@@ -1,9 +1,0 @@
-#include "foundation/MEmulatedLockGuard.h"
-
-#include "foundation/MException.h"
-
-MEmulatedLockGuard::MEmulatedLockGuard(MSynchronizationObject* object, int32_t mode)
-    : object(object), mode(mode) {
-    if (object && object->Acquire(mode) != 0)
-        MRaise(MExceptionGeneral, "Could not acquire emulated synchronization object.");
-}

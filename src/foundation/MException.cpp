@@ -1,9 +1,0 @@
-#include "foundation/MException.h"
-
-MString MTranslate(const MString& message, const MString& /*context*/) {
-    return message;
-}
-
-void MRaise(int32_t code, const char* message) {
-    throw MException(MString(), MTranslate(message), code);
-}

@@ -1,8 +1,0 @@
-#include "foundation/MLockGuard.h"
-
-#include "foundation/MException.h"
-
-MLockGuard::MLockGuard(MSynchronizer* synchronizer, int32_t timeout) : synchronizer(synchronizer) {
-    if (synchronizer && synchronizer->Lock(timeout) != 0)
-        MRaise(MExceptionGeneral, "Could not acquire lock.");
-}

@@ -1,0 +1,33 @@
+#include "foundation/events/MSemaphore.h"
+
+#include <chrono>
+#include <condition_variable>
+#include <limits>
+#include <mutex>
+
+struct MSemaphore::System {
+    std::mutex mutex;
+    std::condition_variable released;
+    int32_t entries = 0;
+};
+
+MSemaphore::MSemaphore(bool autoReset) : system(std::make_unique<System>()), autoReset(autoReset) {}
+
+MSemaphore::~MSemaphore() = default;
+
+bool MSemaphore::Take(int32_t timeout) {
+    std::unique_lock guard(system->mutex);
+    const auto hasEntry = [this] { return system->entries > 0; };
+    if (timeout < 0)
+        system->released.wait(guard, hasEntry);
+    else if (!system->released.wait_for(guard, std::chrono::milliseconds(timeout), hasEntry))
+        return false;
+    --system->entries;
+    return true;
+}
+
+void MSemaphore::Unlock() {
+    const std::lock_guard guard(system->mutex);
+    if (system->entries < std::numeric_limits<int32_t>::max()) ++system->entries;
+    system->released.notify_one();
+}

@@ -1,0 +1,138 @@
+#include "foundation/files/MFile.h"
+
+#include "foundation/MProductConstants.h"
+#include "foundation/base/MGuard.h"
+#include "foundation/files/MFileList.h"
+#include "foundation/files/MInstallationNames.h"
+#include "foundation/files/MRegistryKey.h"
+#include "streams/basic/MStdFileStream.h"
+
+namespace {
+
+MSpecialFolders* replacedFolders = nullptr;
+
+void CopyFileContent(const MString& from, const MString& to) {
+    MStdFileStream source;
+    source.Open(from, MOpenRead);
+    MStdFileStream target;
+    target.Open(to, MOpenWrite | MOpenCreate);
+    source.CopyAllToInLargePieces(target);
+    target.Close();
+}
+
+MString FindRegisteredInstallation(const MString& name) {
+    MString directory;
+    MGuard("MFile::GetSoftwareInstallationPath", [&] {
+        MRegistryKey programs;
+        programs.Open(MRegistryRoot::LocalMachine, MUninstallKeyName);
+        MRegistryKey program;
+        program.Open(programs, name);
+        directory = MFile::GetDirectory(MFile::Normalize(program.GetValue("UninstallString")));
+    });
+    return directory;
+}
+
+MList<MFileListEntry> ListDrives() {
+    MList<MFileListEntry> list;
+    for (const MString& drive : MFile::GetDrives()) list.Add({drive, true});
+    return list;
+}
+
+/// An installation without a directory would be the empty path, of which every question says yes.
+bool IsFound(const MString& directory) {
+    return !directory.IsEmpty() && MFile::IsInstallation(directory);
+}
+
+}  // namespace
+
+bool MFile::IsFile(const MString& path) {
+    return Exists(path) && !IsDirectory(path);
+}
+
+bool MFile::IsInstallation(const MString& path) {
+    return Exists(MGetStatePath(path));
+}
+
+int64_t MFile::GetFileSize(const MString& path) {
+    MStdFileStream file;
+    file.Open(path, MOpenRead);
+    return file.GetSize();
+}
+
+void MFile::CreatePath(const MString& path) {
+    if (IsDirectory(path)) return;
+    const MString parent = GetDirectory(path);
+    if (!(parent == path)) CreatePath(parent);
+    CreateDirectory(path);
+}
+
+void MFile::DeleteTree(const MString& path) {
+    if (!IsDirectory(path) || IsLink(path)) {
+        Delete(path);
+        return;
+    }
+    for (const MFileListEntry& entry : GetFileList(path)) DeleteTree(Join(path, entry.name));
+    RemoveDirectory(path);
+}
+
+void MFile::Copy(const MString& from, const MString& to) {
+    if (!IsDirectory(from)) {
+        CopyFileContent(from, to);
+        return;
+    }
+    CreatePath(to);
+    for (const MFileListEntry& entry : GetFileList(from)) Copy(Join(from, entry.name), Join(to, entry.name));
+}
+
+void MFile::Move(const MString& from, const MString& to) {
+    MGuard("MFile::Move", [&] {
+        if (!IsDirectory(from) || IsLink(from)) {
+            Rename(from, to);
+            return;
+        }
+        CreatePath(to);
+        for (const MFileListEntry& entry : GetFileList(from))
+            Move(Join(from, entry.name), Join(to, entry.name));
+        RemoveDirectory(from);
+    });
+}
+
+MList<MFileListEntry> MFile::GetFileList(const MString& directory, const MString& filter) {
+    return directory.IsEmpty() ? ListDrives() : MListDirectory(directory, filter);
+}
+
+void MFile::GetFileListRecursed(const MString& directory, const MString& filter,
+                                const FileListCallback& callback) {
+    MGuard("MFile::GetFileListRecursed", [&] {
+        for (const MFileListEntry& entry : GetFileList(directory, filter)) {
+            if (!callback(directory, entry) || !entry.isDirectory) continue;
+            const MString path = Join(directory, entry.name);
+            if (!IsLink(path)) GetFileListRecursed(path, filter, callback);
+        }
+    });
+}
+
+MString MFile::GetSoftwareInstallationPath(const MString& name) {
+    const MString registered = FindRegisteredInstallation(name);
+    if (IsFound(registered)) return registered;
+
+    MString path = Join(Join(GetSpecialPath(MSpecialFolderProgramFiles), MProductMaker), name);
+    if (IsFound(path)) return path;
+
+    path.Replace(MString(MProductMaker) + " ", MString());
+    if (IsFound(path)) return path;
+    MRaise(MExceptionGeneral, "Software installation has not been found. Please use the newest installer.");
+}
+
+MString MFile::GetSpecialPath(int32_t index) {
+    if (index == MSpecialFolderUserTemporary) {
+        const MString path = Join(GetSpecialPath(MSpecialFolderUserData), "!temp");
+        CreatePath(path);
+        return path;
+    }
+    return (replacedFolders ? *replacedFolders : MGetPlatformFolders()).GetPath(index);
+}
+
+void MFile::UseSpecialFolders(MSpecialFolders* folders) {
+    replacedFolders = folders;
+}

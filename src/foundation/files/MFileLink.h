@@ -1,0 +1,15 @@
+#pragma once
+
+#include "foundation/text/MString.h"
+
+/// The part of a link that the platform has a form of its own for: the shell's link files on Windows,
+/// entries by the freedesktop desktop entry specification elsewhere.
+
+/// Extension of the files, without a dot.
+[[nodiscard]] MString MShellLinkExtension();
+
+/// Writes the link file `path`, which has its extension. Its working directory is that of the target, which
+/// must be there; the arguments are a command line as it is written on Windows. Gives false on failure, with the
+/// system's words for it left for `MSystemErrorText`; may raise instead.
+[[nodiscard]] bool MWriteShellLink(const MString& path, const MString& target, const MString& arguments,
+                                   const MString& description);

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "foundation/base/MList.h"
+#include "foundation/text/MString.h"
+
+#include <string>
+
+/// The text of an application's entry by the freedesktop desktop entry specification, version 1.5.
+///
+/// Failures are an `MException` with code 0 and the text given with each operation.
+class MDesktopEntry {
+public:
+    /// `name` is what the desktop shows. Raises "A desktop entry needs a name.".
+    explicit MDesktopEntry(const MString& name);
+
+    void SetDescription(const MString& description);
+    /// The program, a path or a name to be looked for, and its arguments, and the directory that it is
+    /// started in. They reach the program as they stand here.
+    /// Raises "A desktop entry cannot hold \"{0}\"." for control characters that the format cannot
+    /// escape.
+    void SetCommand(const MList<MString>& words, const MString& directory);
+    /// The whole entry, in UTF-8. Raises "A desktop entry cannot hold names that are no UTF-8.".
+    [[nodiscard]] const std::string& GetText() const;
+
+private:
+    void AddLine(const char* key, const std::string& value);
+
+    std::string text;
+};

@@ -1,0 +1,11 @@
+#include "foundation/files/posix/MNativePath.h"
+
+#include "foundation/text/MUnicode.h"
+
+std::string MNativePath(const MString& path) {
+    return MEncodeUTF8Exact(path);
+}
+
+MString MPathFromNative(std::string_view path) {
+    return MDecodeUTF8Exact(path);
+}

@@ -1,0 +1,61 @@
+#include "foundation/files/posix/MUserFolders.h"
+
+#include "foundation/files/MFile.h"
+#include "foundation/files/posix/MNativePath.h"
+
+#include <cstdlib>
+#include <fstream>
+#include <optional>
+#include <pwd.h>
+#include <string>
+#include <unistd.h>
+
+namespace {
+
+std::string FindHome() {
+    const char* home = std::getenv("HOME");
+    if (home && *home == '/') return home;
+    const passwd* user = getpwuid(getuid());
+    return user && user->pw_dir ? user->pw_dir : "/";
+}
+
+/// Takes the value of a line KEY="value", in which the shell's quotes, its backslashes and a leading $HOME
+/// mean what they mean there; any other relative value is invalid.
+std::optional<std::string> ParseUserDirectory(const std::string& line, const std::string& key,
+                                              const std::string& home) {
+    const std::string start = "XDG_" + key + "_DIR=\"";
+    const size_t begin = line.find_first_not_of(" \t");
+    if (begin == std::string::npos || line.compare(begin, start.size(), start) != 0) return {};
+
+    std::string value;
+    for (size_t i = begin + start.size(); i < line.size() && line[i] != '"'; ++i) {
+        if (line[i] == '\\' && i + 1 < line.size()) ++i;
+        value += line[i];
+    }
+    if (value.starts_with("$HOME")) return home + value.substr(5);
+    if (value.starts_with('/')) return value;
+    return {};
+}
+
+}  // namespace
+
+MUserFolders::MUserFolders() : home(MFile::Normalize(MPathFromNative(FindHome()))) {}
+
+MString MUserFolders::GetData() const {
+    return GetBase("XDG_DATA_HOME", ".local/share");
+}
+
+MString MUserFolders::GetNamed(const char* key, const char* defaultName) const {
+    std::ifstream file(MNativePath(MFile::Join(GetBase("XDG_CONFIG_HOME", ".config"), "user-dirs.dirs")));
+    MString result = MFile::Join(home, defaultName);
+    for (std::string line; std::getline(file, line);)
+        if (const auto value = ParseUserDirectory(line, key, MNativePath(home)))
+            result = MFile::Normalize(MPathFromNative(*value));
+    return result;
+}
+
+MString MUserFolders::GetBase(const char* variable, const char* defaultName) const {
+    const char* value = std::getenv(variable);
+    if (value && *value == '/') return MFile::Normalize(MPathFromNative(value));
+    return MFile::Join(home, defaultName);
+}

@@ -1,0 +1,82 @@
+#include "foundation/files/MFile.h"
+#include "foundation/files/MFileLink.h"
+#include "foundation/files/win32/MNativePath.h"
+#include "foundation/win32/MWindowsHeader.h"
+
+#include <memory>
+#include <shlobj.h>
+
+namespace {
+
+struct ReleaseInterface {
+    void operator()(IUnknown* object) const { object->Release(); }
+};
+template <class Interface>
+using InterfacePointer = std::unique_ptr<Interface, ReleaseInterface>;
+
+struct FreeItems {
+    void operator()(ITEMIDLIST* items) const { CoTaskMemFree(items); }
+};
+using ItemList = std::unique_ptr<ITEMIDLIST, FreeItems>;
+
+/// COM for this thread, as long as the object lives.
+class ComSession {
+public:
+    ComSession() : isInitialized(SUCCEEDED(CoInitialize(nullptr))) {}
+    ComSession(const ComSession&) = delete;
+    ComSession& operator=(const ComSession&) = delete;
+    ~ComSession() {
+        if (isInitialized) CoUninitialize();
+    }
+
+private:
+    bool isInitialized;
+};
+
+ItemList ParseTarget(const MString& target) {
+    // The shell would take no name for the desktop.
+    if (target.IsEmpty()) return nullptr;
+    PIDLIST_ABSOLUTE items = nullptr;
+    SHParseDisplayName(MNativePath(target).c_str(), nullptr, &items, 0, nullptr);
+    return ItemList(items);
+}
+
+HRESULT Fill(IShellLinkW& link, const ITEMIDLIST* items, const MString& target, const MString& arguments,
+             const MString& description) {
+    HRESULT result = link.SetIDList(items);
+    if (SUCCEEDED(result) && !arguments.IsEmpty()) result = link.SetArguments(MToWide(arguments).c_str());
+    if (SUCCEEDED(result)) result = link.SetDescription(MToWide(description).c_str());
+    const MString directory = MFile::GetDirectory(target);
+    return SUCCEEDED(result) ? link.SetWorkingDirectory(MNativePath(directory).c_str()) : result;
+}
+
+HRESULT Save(IShellLinkW& link, const MString& path) {
+    void* found = nullptr;
+    const HRESULT result = link.QueryInterface(IID_IPersistFile, &found);
+    if (FAILED(result)) return result;
+    const InterfacePointer<IPersistFile> file(static_cast<IPersistFile*>(found));
+    return file->Save(MNativePath(path).c_str(), TRUE);
+}
+
+}  // namespace
+
+MString MShellLinkExtension() {
+    return "lnk";
+}
+
+bool MWriteShellLink(const MString& path, const MString& target, const MString& arguments,
+                     const MString& description) {
+    const ComSession session;
+    const ItemList items = ParseTarget(target);
+    void* created = nullptr;
+    HRESULT result =
+        items ? CoCreateInstance(CLSID_ShellLink, nullptr, CLSCTX_INPROC_SERVER, IID_IShellLinkW, &created)
+              : HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND);
+    if (SUCCEEDED(result)) {
+        const InterfacePointer<IShellLinkW> link(static_cast<IShellLinkW*>(created));
+        result = Fill(*link, items.get(), target, arguments, description);
+        if (SUCCEEDED(result)) result = Save(*link, path);
+    }
+    if (FAILED(result)) SetLastError(static_cast<DWORD>(result));
+    return SUCCEEDED(result);
+}

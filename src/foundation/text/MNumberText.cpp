@@ -1,0 +1,99 @@
+#include "foundation/text/MNumberText.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <system_error>
+
+namespace {
+
+/// The value of a digit in any radix up to 36; 36 for a character that is none.
+uint32_t DigitValue(MChar character) {
+    if (character.IsDigit()) return static_cast<uint32_t>(character - '0');
+    const MChar lower = character.ToLower();
+    return lower.IsLowerLetter() ? static_cast<uint32_t>(lower - 'a') + 10 : 36;
+}
+
+}  // namespace
+
+MString MIntegerToText(uint64_t magnitude, bool isNegative, const MNumberForm& form) {
+    // 64 binary digits, or a padding of up to 255, and a sign.
+    constexpr int32_t Room = 256;
+    char16_t digits[Room];
+    char16_t* const end = digits + Room;
+    char16_t* first = end;
+    const uint64_t value = magnitude;
+    do {
+        *--first = "0123456789ABCDEF"[magnitude % form.radix];
+        magnitude /= form.radix;
+    } while (magnitude != 0);
+    const char16_t* const padded = end - std::min(form.width, Room - 1);
+    while (first > padded) *--first = MChar(form.pad);
+    if (isNegative)
+        *--first = '-';
+    else if (form.plus && value != 0)
+        *--first = '+';
+    return MString::Copy(first, static_cast<int32_t>(end - first));
+}
+
+MString MDoubleToText(double value, int32_t precision, bool plus) {
+    constexpr int32_t ShortestFormFrom = 10;
+    constexpr double Noise = 1e-20;
+    // The largest double has 309 digits before the point.
+    char work[512];
+    char* first = work;
+    if (plus && value > Noise) *first++ = '+';
+    const auto form = precision < ShortestFormFrom ? std::chars_format::fixed : std::chars_format::general;
+    const auto result = std::to_chars(first, std::end(work), value, form, precision);
+    return MString::Copy(work, static_cast<int32_t>(result.ptr - work));
+}
+
+int64_t MParseInt64(const MString& text, int32_t start, int32_t radix, int32_t* consumed) {
+    const int32_t length = text.GetLength();
+    const auto base = static_cast<uint32_t>(radix);
+    int32_t position = std::clamp(start, 0, length);
+    const int32_t first = position;
+    const bool isNegative = position < length && text[position] == '-';
+    if (isNegative) ++position;
+    uint64_t value = 0;
+    for (; position < length; ++position) {
+        const uint32_t digit = DigitValue(text[position]);
+        if (digit >= base) break;
+        value = value * base + digit;
+    }
+    if (consumed) *consumed = position - first;
+    return static_cast<int64_t>(isNegative ? 0 - value : value);
+}
+
+int32_t MParseInt32(const MString& text) {
+    return static_cast<int32_t>(MParseInt64(text));
+}
+
+double MParseDouble(const MString& text) {
+    const MCHARBuffer narrow = text.Trimmed().ToNarrow(false);
+    const char* first = narrow.Get();
+    const char* const end = first + narrow.GetSize();
+    if (first == end) return 0;
+    const bool isNegative = *first == '-';
+    if (isNegative || *first == '+') ++first;
+    if (first == end || *first == '-') return 0;
+    auto form = std::chars_format::general;
+    if (end - first > 2 && first[0] == '0' && (first[1] | 0x20) == 'x') {
+        form = std::chars_format::hex;
+        first += 2;
+    }
+    double value = 0;
+    std::from_chars(first, end, value, form);
+    return isNegative ? -value : value;
+}
+
+uint32_t MFourCharacterCode(const MString& text) {
+    uint32_t code = 0;
+    for (int32_t i = 0; i < std::min(text.GetLength(), 4); ++i)
+        code |= static_cast<uint32_t>(static_cast<uint8_t>(text[i].ToNarrow())) << (8 * i);
+    return code;
+}
+
+MString MHexadecimalText(uint32_t value) {
+    return MIntegerToText(value, false, {.radix = 16, .width = 8, .pad = '0'});
+}

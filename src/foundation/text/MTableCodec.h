@@ -1,0 +1,27 @@
+#pragma once
+
+#include "foundation/base/MHashTable.h"
+#include "foundation/text/MEncoding.h"
+#include "foundation/text/MEncodingTables.h"
+
+#include <memory>
+
+/// An 8-bit character set. A unit that the set does not have is dropped.
+class MEncoding::TableCodec final : public MEncoding::Codec {
+public:
+    explicit TableCodec(const MEncodingTable& table) : table(table) {}
+
+    using Codec::Decode;
+    [[nodiscard]] MString GetName() const override { return table.names[0]; }
+    [[nodiscard]] MString Decode(std::string_view bytes) const override;
+    [[nodiscard]] MCHARBuffer Encode(const MString& text, bool terminate) const override;
+
+private:
+    using ReverseMap = MHashTable<uint32_t, char>;
+
+    /// From unit to byte; made at the first encoding.
+    [[nodiscard]] const ReverseMap& GetReverseMap() const;
+
+    const MEncodingTable& table;
+    mutable std::unique_ptr<ReverseMap> reverseMap;
+};

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "foundation/text/MString.h"
+
+#include <string>
+#include <string_view>
+
+/// The exact way between UTF-16 and UTF-8 (RFC 3629), for paths and consoles. The codecs of MEncoding.h have
+/// rules of their own.
+///
+/// What cannot be written in UTF-8 survives the round trip: a byte that belongs to no valid sequence becomes
+/// the code point 0x10FE00 + byte, and that code point becomes the byte again.
+
+/// A surrogate without its pair becomes U+FFFD. A literal's byte widens by sign extension.
+[[nodiscard]] std::string MEncodeUTF8Exact(const MString& text);
+
+[[nodiscard]] MString MDecodeUTF8Exact(std::string_view bytes);
+
+/// Whether all the bytes belong to valid sequences.
+[[nodiscard]] bool MIsUTF8(std::string_view bytes);
+
+/// The code point that begins at a unit of a text; `index` then is that of the next one. A surrogate without
+/// its pair gives U+FFFD.
+[[nodiscard]] inline char32_t MTakeCodePoint(const MString& text, int32_t& index) {
+    const MChar unit = text[index++];
+    if (!unit.IsHighSurrogate() && !unit.IsLowSurrogate()) return unit;
+    if (unit.IsLowSurrogate() || index >= text.GetLength() || !text[index].IsLowSurrogate()) return 0xFFFD;
+    return 0x10000 + ((unit - 0xD800u) << 10) + (text[index++] - 0xDC00u);
+}

@@ -1,0 +1,56 @@
+#include "foundation/values/MValueChoice.h"
+
+#include <algorithm>
+#include <cmath>
+
+void MValueChoice::ResetToDefault() {
+    MoveTo(defaultIndex);
+}
+
+MString MValueChoice::GetDisplayText() const {
+    return GetNameCount() > 0 ? GetName(GetDiscreteIndex()) : MString();
+}
+
+bool MValueChoice::SetFromDisplayText(const MString& text) {
+    const MString name = text.Trimmed();
+    int32_t index = GetNameCount() - 1;
+    while (index > 0 && GetName(index) != name) --index;
+    return MoveTo(index);
+}
+
+void MValueChoice::Validate() {
+    MoveTo(GetStoredIndex());
+}
+
+bool MValueChoice::Step(int32_t count, bool) {
+    return StepBy(count);
+}
+
+bool MValueChoice::StepBy(int32_t count) {
+    return MoveTo(int64_t{GetDiscreteIndex()} + count);
+}
+
+double MValueChoice::GetNormalized() const {
+    const int32_t last = GetNameCount() - 1;
+    return last > 0 ? static_cast<double>(GetDiscreteIndex()) / last : 0;
+}
+
+void MValueChoice::SetNormalized(double position) {
+    if (std::isnan(position)) return;
+    MoveTo(std::lround(std::clamp(position, 0.0, 1.0) * (GetNameCount() - 1)));
+}
+
+void MValueChoice::SetDiscreteIndex(int32_t index) {
+    MoveTo(index);
+}
+
+int32_t MValueChoice::GetDiscreteIndex() const {
+    return std::clamp(GetStoredIndex(), 0, std::max(GetNameCount() - 1, 0));
+}
+
+bool MValueChoice::MoveTo(int64_t index) {
+    const int32_t before = GetStoredIndex();
+    const int64_t last = std::max(GetNameCount() - 1, 0);
+    StoreIndex(static_cast<int32_t>(std::clamp<int64_t>(index, 0, last)));
+    return GetStoredIndex() != before;
+}

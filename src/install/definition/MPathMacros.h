@@ -1,0 +1,27 @@
+#pragma once
+
+#include "foundation/base/MList.h"
+#include "foundation/text/MString.h"
+
+/// The table that turns `{programfiles}/Maker/Product` into a path. Keys stand with their braces;
+/// a key may be there twice, and the first wins. The table is only ever rebuilt as a whole or added to.
+class MPathMacros {
+public:
+    /// Rebuilds the table from the special folders. With `useX64` each folder loses every " (x86)" but
+    /// under its name with "32", and has a name with "64" too.
+    void CreatePathMacros(bool useX64);
+    /// `data` gives the key `{data}`.
+    void AddMacro(const MString& name, const MString& value);
+    /// Replaces keys by values, ignoring case, in passes over the whole table until one changes nothing.
+    /// What is no key stays as it stands. A value that holds its own key would never end.
+    [[nodiscard]] MString ExpandMacros(const MString& text) const;
+
+    /// The key of a name: `{name}`.
+    [[nodiscard]] static MString GetKey(const MString& name);
+
+private:
+    void AddFolder(int32_t folder, bool useX64);
+
+    MList<MString> MacroKeys;
+    MList<MString> MacroValues;
+};

@@ -1,0 +1,8 @@
+#pragma once
+
+#include "foundation/text/MString.h"
+
+/// Brings what earlier versions have left in the parent of `destination`, the user's data directory of the
+/// maker, down into it: preset files and the maker's three shared folders. What is there already stays.
+/// A step that fails is left out in silence, and the next one follows; nothing is raised.
+void MigrateUserData(const MString& destination);

@@ -1,0 +1,61 @@
+#include "install/run/MUninstallRun.h"
+
+#include "foundation/base/MGuard.h"
+#include "foundation/base/MRaise.h"
+#include "foundation/files/MFile.h"
+#include "foundation/files/MInstallationNames.h"
+#include "install/registration/MShortcuts.h"
+#include "install/registration/MUninstallEntry.h"
+
+MUninstallRun::MUninstallRun(const MString& directory, const MInstallViews& views) : views(views) {
+    state.LoadFile(MGetStatePath(directory));
+    productName = state.GetAttribute("name");
+    mainPath = state.GetAttribute("mainpath");
+}
+
+void MUninstallRun::PerformUninstallation() {
+    adminRights = state.GetInt32Attribute("adminrights", 0) != 0;
+    views.ShowInfo(MTranslate("Removing files..."));
+    MInstallViews bar;
+    bar.totalBar = views.totalBar;
+    processor.Perform(state, nullptr, bar, true);
+    RemoveShortcuts();
+    RemoveKey();
+    RemoveState();
+    views.ShowInfo(MTranslate("Done."));
+}
+
+void MUninstallRun::RemoveShortcuts() {
+    MShortcuts shortcuts(adminRights);
+    try {
+        shortcuts.RemoveLinks(shortcuts.GetDirectory(), state);
+    } catch (const MException&) {
+        try {
+            shortcuts.RemoveLinks(shortcuts.GetFormerDirectory(), state);
+        } catch (const MException&) {
+            ++failureCount;
+        }
+    }
+    for (const MString& link : shortcuts.GetFailures()) leftovers.Add(link);
+}
+
+void MUninstallRun::RemoveKey() {
+    const MString key = state.GetAttribute("installationname", productName);
+    try {
+        MUninstallEntry::Delete(key);
+    } catch (const MException& exception) {
+        views.dialogs->ShowError(exception.GetMessage());
+        leftovers.Add(MFormat(MTranslate("the entry \"{0}\" in the list of installed programs"), key));
+    }
+}
+
+void MUninstallRun::RemoveState() {
+    const MString path = MGetStatePath(mainPath);
+    if (!MGuard("PerformUninstallation", [&] { MFile::Delete(path); })) leftovers.Add(path);
+}
+
+MList<MString> MUninstallRun::GetLeftovers() const {
+    MList<MString> all = leftovers;
+    for (const MString& path : processor.GetLeftovers()) all.Add(path);
+    return all;
+}

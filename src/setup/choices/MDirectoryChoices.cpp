@@ -1,0 +1,113 @@
+#include "setup/choices/MDirectoryChoices.h"
+
+#include "foundation/base/MGuard.h"
+#include "foundation/files/MFile.h"
+#include "foundation/module/MPlatform.h"
+#include "foundation/xml/MXMLSubItems.h"
+#include "install/definition/MPlatformElement.h"
+
+namespace {
+
+bool UsesMacro(const MXMLItem& pass, const MString& macro) {
+    return pass.GetInt32Attribute("enabled", 0) != 0 && pass.GetAttribute("destination", "").Contains(macro);
+}
+
+/// The directory of an earlier installation, or empty.
+MString FindInstallation(const MString& installationName) {
+    MString directory;
+    MGuard("Installation path", [&] { directory = MFile::GetSoftwareInstallationPath(installationName); });
+    return directory;
+}
+
+}  // namespace
+
+MDirectoryChoices::MDirectoryChoices(MSetupSession& session) : session(session) {
+    for (MXMLItem& element : MXMLSubItems(session.GetDefinition(), "directory")) {
+        element.SetAttribute("Available", "0");
+        if (!MIsForThisPlatform(element)) continue;
+        const bool needs64Bit = element.GetInt32Attribute("x64", 0) != 0;
+        if (needs64Bit && !(session.UseX64 && MPlatform::Is64BitSystem())) continue;
+        element.SetAttribute("Available", "1");
+        (void)element.GetAttribute("id");
+        (void)element.GetAttribute("name");
+        rows.Add({&element, MString()});
+    }
+}
+
+MDirectoryRow* MDirectoryChoices::Find(const MString& id) {
+    for (MDirectoryRow& row : rows)
+        if (row.Element->GetAttribute("id") == id) return &row;
+    return nullptr;
+}
+
+void MDirectoryChoices::LoadDefaults() {
+    session.CreatePathMacros();
+    const MDefaultPaths remembered;
+    for (MDirectoryRow& row : rows) row.Path = Propose(*row.Element, remembered);
+}
+
+MString MDirectoryChoices::Propose(const MXMLItem& element, const MDefaultPaths& remembered) const {
+    if (element.GetAttribute("id") == "destination") {
+        const MString installation = FindInstallation(session.GetInstallationName());
+        if (!installation.IsEmpty()) return installation;
+    } else if (element.GetInt32Attribute("StoreSystemDefaults", 0) != 0) {
+        const MString path = remembered.Get(GetKey(element));
+        if (!path.IsEmpty() && MFile::IsDirectory(path)) return path;
+    }
+    return ProposeDefault(element);
+}
+
+MString MDirectoryChoices::ProposeDefault(const MXMLItem& element) const {
+    MList<MString> proposals;
+    proposals.Add(ExpandPath(element.GetAttribute("default")));
+    for (const MXMLItem& fallback : MXMLSubItems(element, "default"))
+        proposals.Add(ExpandPath(fallback.GetValue()));
+
+    for (const MString& proposal : proposals)
+        if (MFile::Exists(proposal)) return proposal;
+    for (const MString& proposal : proposals)
+        if (MFile::Exists(MFile::GetDirectory(proposal))) return proposal;
+    return proposals[0];
+}
+
+MString MDirectoryChoices::ExpandPath(const MString& text) const {
+    return MFile::Normalize(session.Macros.ExpandMacros(text));
+}
+
+MString MDirectoryChoices::GetKey(const MXMLItem& element) const {
+    const MString id = element.GetAttribute("id");
+    return session.UseX64 ? id + "64" : id;
+}
+
+bool MDirectoryChoices::UpdateAvailability() {
+    bool isNoneUsed = true;
+    for (const MDirectoryRow& row : rows) {
+        const bool isUsed = IsUsed(*row.Element);
+        row.Element->SetAttribute("Available", isUsed ? "1" : "0");
+        if (isUsed) isNoneUsed = false;
+    }
+    return isNoneUsed;
+}
+
+bool MDirectoryChoices::IsUsed(const MXMLItem& element) const {
+    const MString macro = MPathMacros::GetKey(element.GetAttribute("id"));
+    for (const MXMLItem& files : MXMLSubItems(session.GetDefinition(), "files")) {
+        if (UsesMacro(files, macro)) return true;
+        for (const MXMLItem& copy : MXMLSubItems(files, "copy"))
+            if (UsesMacro(copy, macro)) return true;
+    }
+    return false;
+}
+
+void MDirectoryChoices::Store() {
+    MGuard("DefaultPaths save", [this] {
+        MDefaultPaths remembered;
+        for (const MDirectoryRow& row : rows) {
+            const MString path = MFile::Normalize(row.Path);
+            row.Element->SetAttribute("path", path);
+            if (row.Element->GetInt32Attribute("StoreSystemDefaults", 0) != 0)
+                remembered.Set(GetKey(*row.Element), path);
+        }
+        remembered.Save();
+    });
+}

@@ -1,0 +1,42 @@
+#include "setup/console/MConsoleView.h"
+
+#include "foundation/text/MStringFormatter.h"
+#include "streams/basic/MConsole.h"
+
+namespace {
+
+const char* const ProgressFormat = "\r{0; 3} %";
+const char* const ProgressEraser = "\r      \r";
+
+}  // namespace
+
+MConsoleView::MConsoleView() : isTerminal(MIsTerminal(stdout)) {}
+
+MConsoleView::~MConsoleView() {
+    EraseProgress();
+}
+
+void MConsoleView::SetText(const MString& text) {
+    if (text.IsEmpty()) return;
+    const int32_t percent = shownPercent;
+    EraseProgress();
+    (void)MWriteConsoleText(stdout, text + "\n");
+    if (percent >= 0) ShowPercent(percent);
+}
+
+void MConsoleView::SetProgress(double maximum, double value) {
+    if (!isTerminal || maximum <= 0) return;
+    const auto percent = static_cast<int32_t>(value * 100 / maximum);
+    if (percent != shownPercent) ShowPercent(percent);
+}
+
+void MConsoleView::EraseProgress() {
+    if (shownPercent >= 0) (void)MWriteConsoleText(stdout, ProgressEraser);
+    shownPercent = -1;
+}
+
+void MConsoleView::ShowPercent(int32_t percent) {
+    shownPercent = percent;
+    (void)MWriteConsoleText(stdout, MFormat(ProgressFormat, percent));
+    std::fflush(stdout);
+}

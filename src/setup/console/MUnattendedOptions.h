@@ -1,0 +1,46 @@
+#pragma once
+
+#include "foundation/base/MList.h"
+#include "foundation/views/MUserDialogs.h"
+
+#include <optional>
+
+/// A name and the text given for it.
+struct MNamedChoice {
+    MString Name;
+    MString Text;
+};
+
+/// The words of a run without window and questions:
+///
+///     silent accept-licence [configuration=ID] [component:NAME=on|off ...] [directory:ID=PATH ...]
+///            [remove-older=yes|no] [locked=abort|ignore|retry]
+///
+/// `silent` may stand anywhere on the command line. Without it no other word means anything here.
+class MUnattendedOptions {
+public:
+    /// Whether `silent` is among the arguments.
+    [[nodiscard]] static bool IsRequested(const MList<MString>& arguments);
+    /// The arguments without `silent`.
+    [[nodiscard]] static MList<MString> WithoutRequest(const MList<MString>& arguments);
+
+    /// Reads the words. Relative paths are completed by `startDirectory`. Raises
+    /// `MRefusal`, which names the word and what would be right, for one that is unknown or incomplete.
+    MUnattendedOptions(const MList<MString>& words, const MString& startDirectory);
+
+    bool AcceptLicence = false;
+    /// `id` of the configuration; absent when the proposal shall stand.
+    std::optional<MString> Configuration;
+    MList<MNamedChoice> Components;   ///< row names with "on" or "off"
+    MList<MNamedChoice> Directories;  ///< ids with canonical paths
+    /// Whether the older versions that the definition names are removed first.
+    bool RemoveOlder = false;
+    MRetryAnswer Locked = MRetryAnswer::Refuse;
+
+private:
+    void ReadWord(const MString& word, const MString& startDirectory);
+    void ReadComponent(const MString& word, const MString& choice);
+    void ReadDirectory(const MString& word, const MString& choice, const MString& startDirectory);
+    void ReadRemoveOlder(const MString& word, const MString& answer);
+    void ReadLocked(const MString& word, const MString& answer);
+};

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "install/engine/MInstallViews.h"
+#include "payload/MLargeResourceLibrary.h"
+#include "setup/choices/MComponentRows.h"
+#include "setup/choices/MConfigurationChoice.h"
+#include "setup/choices/MDirectoryChoices.h"
+#include "setup/console/MUnattendedOptions.h"
+
+/// An installation without window: the walk through the wizard with every page left as proposed, but
+/// for what the words of the command line say.
+class MUnattendedRun {
+public:
+    /// None is owned. Raises "Could not find required attribute ({0})." (0) for a broken definition.
+    MUnattendedRun(MLargeResourceLibrary& definition, const MUnattendedOptions& options,
+                   const MInstallViews& views);
+
+    /// Tests the words against the definition before anything is written. Raises `MRefusal` for a
+    /// licence that is not accepted and for an id or a component that the definition does not have.
+    void Validate();
+    /// Installs. Raises what stopped it.
+    void Perform();
+
+private:
+    void ValidateComponents();
+    void RemoveOlderVersions();
+    void ChooseConfiguration();
+    void ChooseComponents();
+    void ChooseDirectories();
+
+    const MUnattendedOptions& options;
+    MInstallViews views;
+    MSetupSession session;
+    MConfigurationChoice configurations;
+    MComponentRows components;
+    MDirectoryChoices directories;
+};

@@ -1,8 +1,0 @@
-#include "streams/MTCPClient.h"
-
-void MTCPClient::Connect(uint16_t port, const MString& host) {
-    CreateSocket();
-    GetRemote().Resolve(host);
-    GetRemote().SetPort(port);
-    ConnectSocket();
-}

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "streams/basic/MStdFileStream.h"
+
+/// A file that comes into being whole or not at all: it is written beside its place under another name, and
+/// what stood there before stays until it is complete.
+class MOutputFile : public MStdFileStream {
+public:
+    /// Opens for writing. Raises what `MStdFileStream::Open` raises.
+    explicit MOutputFile(const MString& path);
+    /// Deletes what was written unless it was committed.
+    ~MOutputFile() override;
+
+    [[nodiscard]] const MString& GetPath() const { return path; }
+    /// Closes, and puts the file into its place. Raises what `MStdFileStream::Close`, `MSyncFile` and
+    /// `MReplaceFile` raise.
+    void Commit(bool isExecutable);
+
+private:
+    MString path;
+    bool isCommitted = false;
+};

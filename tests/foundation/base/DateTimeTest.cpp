@@ -1,0 +1,72 @@
+#include "foundation/base/MDateTime.h"
+#include "foundation/text/MMeasureText.h"
+
+#include "tests/support/MTestText.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <cstdlib>
+
+namespace {
+
+TEST(DateTimeTest, TextForms) {
+    const MDateTime moment{{9, 5, 7, 250000}, {2024, 2, 29}};
+    EXPECT_EQ(Text(moment.GetText()), "29.2.2024 9:05:07");
+    EXPECT_EQ(Text(moment.time.GetPaddedText()), "09:05:07");
+    EXPECT_EQ(Text(moment.GetMachineText()), "2024-02-29 09:05:07.250000");
+}
+
+TEST(DateTimeTest, MachineTextComesBack) {
+    const MDateTime moment = MDateTime::Parse(" \t2024-02-29 09:05:07.250000\n");
+    EXPECT_EQ(Text(moment.GetMachineText()), "2024-02-29 09:05:07.250000");
+    EXPECT_EQ(FailureOf([] { (void)MDateTime::Parse("  2024-02-29  "); }), "0: Invalid datetime format.");
+    EXPECT_EQ(Text(MDateTime::Parse("2024 12").GetMachineText()), "2024-00-00 12:00:00.0");
+}
+
+TEST(DateTimeTest, DayNumbersCountEveryDayOfFourCenturies) {
+    using namespace std::chrono;
+    MDate previous{1599, 12, 31};
+    for (sys_days day = year{1600} / 1 / 1; day < sys_days(year{2001} / 1 / 1); day += days{1}) {
+        const year_month_day calendar(day);
+        const MDate date{static_cast<uint16_t>(static_cast<int>(calendar.year())),
+                         static_cast<uint8_t>(static_cast<unsigned>(calendar.month())),
+                         static_cast<uint8_t>(static_cast<unsigned>(calendar.day()))};
+        ASSERT_EQ(date.GetDayNumber(), previous.GetDayNumber() + 1) << Text(date.GetMachineText());
+        previous = date;
+    }
+    EXPECT_FALSE(MDate::IsLeapYear(0));
+    EXPECT_EQ((MDate{2023, 13, 5}.GetDayOfYear()), 0);
+}
+
+TEST(DateTimeTest, ScalesMatchTheClock) {
+    const MDateTime moment{{1, 2, 3, 4}, {1, 1, 1}};
+    EXPECT_EQ(moment.GetSeconds(), 86400 + 3723);
+    EXPECT_EQ(moment.GetMicroseconds(), (86400 + 3723) * int64_t{1000000} + 4);
+    const MDateTime epoch{{}, {1970, 1, 1}};
+    const int64_t now =
+        std::chrono::duration_cast<std::chrono::seconds>(std::chrono::system_clock::now().time_since_epoch())
+            .count();
+    EXPECT_LE(std::llabs(MDateTime::NowUTC().GetSeconds() - epoch.GetSeconds() - now), 5);
+    EXPECT_LE(std::llabs(MDateTime::NowLocal().GetSeconds() - MDateTime::NowUTC().GetSeconds()), 15 * 3600);
+}
+
+TEST(MeasureTextTest, DurationsNameTheirTwoLargestUnits) {
+    EXPECT_EQ(Text(MDurationText(59)), "0 min, 59 sec");
+    EXPECT_EQ(Text(MDurationText(3599)), "59 min, 59 sec");
+    EXPECT_EQ(Text(MDurationText(3600)), "1 hours, 0 min");
+    EXPECT_EQ(Text(MDurationText(2 * 86400 + 5 * 3600 + 59)), "2 days, 5 hours");
+}
+
+TEST(MeasureTextTest, SmallMeasuresHaveMoreDecimals) {
+    struct {
+        double seconds;
+        const char* text;
+    } const cases[] = {{0, "0 ms"},         {0.00005, "0.050 ms"}, {0.0005, "0.50 ms"},
+                       {-0.005, "-5.0 ms"}, {0.0155, "16 ms"},     {2, "2000 ms"}};
+    for (const auto& c : cases) EXPECT_EQ(Text(MMillisecondsText(c.seconds)), c.text);
+    EXPECT_EQ(Text(MPercentText(0.0051)), "0.51%");
+    EXPECT_EQ(Text(MPercentText(-0.5)), "-50.0%");
+}
+
+}  // namespace

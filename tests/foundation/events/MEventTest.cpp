@@ -1,0 +1,191 @@
+#include "foundation/events/MEvent.h"
+
+#include "foundation/base/MException.h"
+
+#include <atomic>
+#include <chrono>
+#include <functional>
+#include <gtest/gtest.h>
+#include <memory>
+#include <thread>
+#include <vector>
+
+namespace {
+
+using NumberEvent = MEvent<int32_t>;
+
+/// Not the first base, so that a method needs its object's own address.
+struct Ballast {
+    virtual ~Ballast() noexcept(false) = default;
+    int32_t weight = 7;
+};
+
+class Recorder final : public Ballast, public MEventTarget {
+public:
+    Recorder() = default;
+    ~Recorder() noexcept(false) override = default;
+
+    void OnNumber(const int32_t& number) {
+        numbers.push_back(number);
+        if (reaction) reaction();
+    }
+
+    std::vector<int32_t> numbers;
+    std::function<void()> reaction;
+};
+
+using Numbers = std::vector<int32_t>;
+
+TEST(MEventTest, FiresInTheOrderOfConnectionAndTellsWhetherAnyRan) {
+    NumberEvent event;
+    EXPECT_FALSE(event.Fire(1));
+    Recorder first;
+    Recorder second;
+    event.Connect(&first, &Recorder::OnNumber);
+    event.Connect(&second, &Recorder::OnNumber);
+    first.reaction = [&] { EXPECT_TRUE(second.numbers.empty()); };
+    EXPECT_TRUE(event.Fire(2));
+    EXPECT_EQ(first.numbers, Numbers{2});
+    EXPECT_EQ(second.numbers, Numbers{2});
+    event.Disconnect(&first);
+    event.Fire(3);
+    EXPECT_EQ(first.numbers, Numbers{2});
+    EXPECT_EQ(second.numbers, (Numbers{2, 3}));
+}
+
+TEST(MEventTest, HandlersMayChangeTheListThatIsWalked) {
+    NumberEvent event;
+    auto first = std::make_unique<Recorder>();
+    Recorder second;
+    Recorder added;
+    event.Connect(first.get(), &Recorder::OnNumber);
+    event.Connect(&second, &Recorder::OnNumber);
+    // The handler that goes is the running one: what follows it must not be skipped.
+    second.reaction = [&] { event.Connect(&added, &Recorder::OnNumber); };
+    first->reaction = [&] { event.Disconnect(first.get()); };
+    event.Fire(1);
+    EXPECT_EQ(first->numbers, Numbers{1});
+    EXPECT_EQ(second.numbers, Numbers{1});
+    EXPECT_EQ(added.numbers, Numbers{1});
+}
+
+TEST(MEventTest, AHandlerMayEndTheEventAndAnExceptionLeavesItUsable) {
+    auto event = std::make_unique<NumberEvent>();
+    Recorder first;
+    Recorder second;
+    event->Connect(&first, &Recorder::OnNumber);
+    event->Connect(&second, &Recorder::OnNumber);
+    first.reaction = [] { MRaise(MExceptionGeneral, "no"); };
+    EXPECT_THROW(event->Fire(1), MException);
+    first.reaction = [&] { event.reset(); };
+    EXPECT_TRUE(event->Fire(2));
+    EXPECT_EQ(first.numbers, (Numbers{1, 2}));
+    EXPECT_TRUE(second.numbers.empty());
+}
+
+TEST(MEventTest, PostedValuesComeInOrderAcrossEventsAndOnlyWhenDispatched) {
+    NumberEvent odd;
+    NumberEvent even;
+    MEventProcessor processor;
+    Recorder recorder;
+    EXPECT_FALSE(odd.Post(&processor, 1));
+    EXPECT_FALSE(processor.HasPending());
+    odd.Connect(&recorder, &Recorder::OnNumber);
+    even.Connect(&recorder, &Recorder::OnNumber);
+    for (int32_t number = 1; number <= 5; ++number) (number % 2 ? odd : even).Post(&processor, number);
+    EXPECT_TRUE(recorder.numbers.empty());
+    EXPECT_TRUE(processor.DispatchNext());
+    even.ClearQueued();
+    EXPECT_EQ(processor.DispatchPending(), 2);
+    EXPECT_EQ(recorder.numbers, (Numbers{1, 3, 5}));
+}
+
+TEST(MEventTest, DispatchCallsNoHandlerThatWasAddedMeanwhile) {
+    NumberEvent event;
+    MEventProcessor processor;
+    Recorder recorder;
+    Recorder added;
+    event.Connect(&recorder, &Recorder::OnNumber);
+    recorder.reaction = [&] { event.Connect(&added, &Recorder::OnNumber); };
+    event.Post(&processor, 1);
+    EXPECT_EQ(processor.DispatchPending(), 1);
+    EXPECT_TRUE(added.numbers.empty());
+}
+
+TEST(MEventTest, NothingIsDeliveredToOrByWhatHasEnded) {
+    MEventProcessor processor;
+    auto event = std::make_unique<NumberEvent>();
+    auto gone = std::make_unique<Recorder>();
+    Recorder stays;
+    event->Connect(gone.get(), &Recorder::OnNumber);
+    event->Connect(&stays, &Recorder::OnNumber);
+    event->Post(&processor, 1);
+    gone.reset();
+    EXPECT_EQ(processor.DispatchPending(), 1);
+    EXPECT_EQ(stays.numbers, Numbers{1});
+    {
+        MEventProcessor shortLived;
+        event->Post(&shortLived, 2);
+    }
+    event->Post(&processor, 3);
+    event.reset();
+    EXPECT_EQ(processor.DispatchPending(), 0);
+    EXPECT_EQ(stays.numbers, Numbers{1});
+}
+
+struct OnlyAbove {
+    int32_t bound = 0;
+    [[nodiscard]] bool Accepts(int32_t number) const { return number > bound; }
+};
+
+TEST(MEventTest, AdditionalsChooseWhatAHandlerGets) {
+    MEvent<int32_t, OnlyAbove> event;
+    Recorder recorder;
+    event.Connect(&recorder, &Recorder::OnNumber, OnlyAbove{5});
+    EXPECT_FALSE(event.Fire(5));
+    EXPECT_TRUE(event.Fire(6));
+    EXPECT_EQ(recorder.numbers, Numbers{6});
+}
+
+/// Two threads post, a third makes, posts to and ends targets and events of its own, and this one dispatches:
+/// every value that was taken must arrive, and those of one thread in their order.
+TEST(MEventTest, HammeredFromSeveralThreadsNothingIsLost) {
+    using namespace std::chrono;
+    constexpr int32_t posters = 2;
+    MEventProcessor processor;
+    std::vector<NumberEvent> events(posters);
+    std::vector<Recorder> recorders(posters);
+    std::vector<int32_t> posted(posters);
+    const auto end = steady_clock::now() + milliseconds(500);
+    std::vector<std::thread> threads;
+    std::atomic<int32_t> running = posters + 1;
+    for (size_t i = 0; i < posters; ++i) {
+        events[i].Connect(&recorders[i], &Recorder::OnNumber);
+        threads.emplace_back([&, i] {
+            for (; steady_clock::now() < end; std::this_thread::yield())
+                if (events[i].Post(&processor, posted[i])) ++posted[i];
+            --running;
+        });
+    }
+    threads.emplace_back([&] {
+        for (; steady_clock::now() < end; std::this_thread::yield()) {
+            // A target must not end within a handler; these additionals keep the handler from running.
+            MEvent<int32_t, OnlyAbove> event;
+            Recorder target;
+            event.Connect(&target, &Recorder::OnNumber, OnlyAbove{1});
+            event.Post(&processor, 0);
+        }
+        --running;
+    });
+    while (running > 0) processor.DispatchPending();
+    for (std::thread& thread : threads) thread.join();
+    processor.DispatchPending();
+    for (size_t i = 0; i < posters; ++i) {
+        ASSERT_EQ(recorders[i].numbers.size(), static_cast<size_t>(posted[i]));
+        for (int32_t number = 0; number < posted[i]; ++number)
+            ASSERT_EQ(recorders[i].numbers[static_cast<size_t>(number)], number);
+        EXPECT_GT(posted[i], 10);
+    }
+}
+
+}  // namespace

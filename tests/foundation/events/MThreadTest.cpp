@@ -1,0 +1,180 @@
+#include "foundation/events/MThread.h"
+
+#include "foundation/base/MException.h"
+#include "foundation/module/MModule.h"
+#include "tests/support/MTestText.h"
+
+#include <atomic>
+#include <chrono>
+#include <functional>
+#include <gtest/gtest.h>
+#include <thread>
+
+namespace {
+
+class TestThread final : public MThread {
+public:
+    explicit TestThread(std::function<int32_t(TestThread&)> body) : body(std::move(body)) {}
+    ~TestThread() noexcept(false) override {
+        if (onEnd) onEnd();
+        RequestStop();
+        if (!deletesItself) Wait();
+    }
+
+    using MThread::SleepUntilStop;
+
+    std::function<void()> onEnd;
+    bool deletesItself = false;
+
+protected:
+    int32_t Execute() override { return body(*this); }
+
+private:
+    std::function<int32_t(TestThread&)> body;
+};
+
+struct Listener final : MEventTarget {
+    ~Listener() noexcept(false) override = default;
+    void OnThread(const MOnThreadNotifyParams& params) {
+        ++count;
+        sender = params.thread;
+        caller = std::this_thread::get_id();
+    }
+
+    int32_t count = 0;
+    MThread* sender = nullptr;
+    std::thread::id caller;
+};
+
+TEST(MThreadTest, StartIsFiredOnTheThreadAndFinishIsPostedToTheTarget) {
+    TestThread thread([](TestThread&) { return 42; });
+    MEventProcessor processor;
+    Listener start;
+    Listener finish;
+    thread.SetTarget(&processor);
+    thread.OnStart.Connect(&start, &Listener::OnThread);
+    thread.OnFinish.Connect(&finish, &Listener::OnThread);
+    EXPECT_TRUE(thread.Wait());
+    for (int32_t run = 1; run <= 2; ++run) {
+        thread.Start();
+        EXPECT_TRUE(thread.Wait());
+        EXPECT_EQ(thread.GetResult(), 42);
+        EXPECT_EQ(start.count, run);
+        EXPECT_NE(start.caller, std::this_thread::get_id());
+        EXPECT_EQ(finish.count, run - 1);
+        EXPECT_EQ(processor.DispatchPending(), 1);
+        EXPECT_EQ(finish.sender, &thread);
+        EXPECT_EQ(finish.caller, std::this_thread::get_id());
+    }
+}
+
+TEST(MThreadTest, ARequestToStopWakesASleepingBody) {
+    std::atomic<bool> asleep = false;
+    TestThread thread([&](TestThread& self) {
+        asleep = true;
+        return self.SleepUntilStop(-1) ? 1 : 2;
+    });
+    thread.Start();
+    while (!asleep) std::this_thread::yield();
+    EXPECT_EQ(thread.GetResult(), MThread::NotFinished);
+    thread.RequestStop();
+    EXPECT_TRUE(thread.Wait());
+    EXPECT_EQ(thread.GetResult(), 1);
+}
+
+TEST(MThreadTest, AThreadThatWasNeverStartedEndsWithoutItsBody) {
+    std::atomic<bool> ran = false;
+    {
+        TestThread thread([&](TestThread&) { return ran = true, 0; });
+        thread.Create();
+        thread.RequestStop();
+    }
+    EXPECT_FALSE(ran);
+}
+
+TEST(MThreadTest, WhatIsThrownEndsTheThreadOnly) {
+    MEventProcessor processor;
+    for (const bool foreign : {false, true}) {
+        TestThread thread([=](TestThread&) -> int32_t {
+            if (foreign) throw 5;
+            MRaise(MExceptionGeneral, "no");
+        });
+        Listener finish;
+        thread.SetTarget(&processor);
+        thread.OnFinish.Connect(&finish, &Listener::OnThread);
+        thread.Start();
+        EXPECT_TRUE(thread.Wait());
+        EXPECT_EQ(thread.GetResult(), MThread::NotFinished);
+        EXPECT_FALSE(processor.HasPending());
+    }
+}
+
+TEST(MThreadTest, ASelfDeletingThreadGoesAtItsEndAndNoThreadWaitsForItself) {
+    std::atomic<int32_t> ended = 0;
+    std::atomic<int32_t> waitedForItself = 0;
+    for (int32_t i = 0; i < 20; ++i) {
+        auto* const thread = new TestThread([&](TestThread& self) {
+            if (self.Wait()) ++waitedForItself;
+            return 0;
+        });
+        thread->deletesItself = true;
+        thread->onEnd = [&] { ++ended; };
+        thread->SetSelfDelete(true);
+        thread->Start();
+    }
+    while (ended < 20) std::this_thread::yield();
+    EXPECT_EQ(waitedForItself, 0);
+}
+
+TEST(MThreadTest, StartedStoppedAndWaitedForByManyAtOnce) {
+    using namespace std::chrono;
+    const auto end = steady_clock::now() + milliseconds(500);
+    int32_t rounds = 0;
+    for (; steady_clock::now() < end; ++rounds) {
+        std::atomic<int32_t> steps = 0;
+        TestThread thread([&](TestThread& self) {
+            while (!self.SleepUntilStop(0)) ++steps;
+            return 9;
+        });
+        thread.Start();
+        while (steps == 0) std::this_thread::yield();
+        std::thread other([&] { EXPECT_TRUE(thread.Wait()); });
+        thread.RequestStop();
+        EXPECT_TRUE(thread.Wait());
+        other.join();
+        ASSERT_EQ(thread.GetResult(), 9);
+    }
+    EXPECT_GT(rounds, 0);
+}
+
+TEST(MThreadTest, PrioritiesHaveNamesAndUnknownOnesAreIdle) {
+    using Names = MValueEnum<MThread::Priority>;
+    EXPECT_EQ(Names::FromName("critical"), MThread::Priority::Critical);
+    EXPECT_EQ(Names::FromName("Normal"), MThread::Priority::Normal);
+    EXPECT_EQ(Names::FromName(""), MThread::Priority::Idle);
+    EXPECT_EQ(Names::FromName("faster"), MThread::Priority::Idle);
+    EXPECT_EQ(Text(Names::ToName(MThread::Priority::Highest)), "Highest");
+}
+
+TEST(MThreadTest, WhileTheProcessEndsAThreadIsStoppedHardAndNotWaitedFor) {
+    // The thread never ends, so what it has seen must outlive the test.
+    static std::atomic<int64_t> steps = 0;
+    TestThread thread([](TestThread&) {
+        for (;;) ++steps;
+        return 0;
+    });
+    thread.Start();
+    while (steps == 0) std::this_thread::yield();
+    MModule::SetProcessEnding(true);
+    EXPECT_TRUE(thread.Wait());
+    MModule::SetProcessEnding(false);
+    // The system may take a moment to deliver the end.
+    int64_t seen = -1;
+    for (int32_t rounds = 0; seen != steps && rounds < 100; ++rounds) {
+        seen = steps;
+        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    }
+    EXPECT_EQ(seen, steps);
+}
+
+}  // namespace

@@ -1,0 +1,79 @@
+#include "foundation/files/MFile.h"
+#include "foundation/files/posix/MNativePath.h"
+#include "tests/support/MScratch.h"
+#include "tests/support/MTestText.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+TEST(MFilePosix, NamesThatAreNoUTF8AreListedCopiedAndDeleted) {
+    const MScratch scratch;
+    const std::string name = "caf\xE9 \xF0\x9F\x98\x80"
+                             "ab";
+    scratch.WriteFile(MString("from/") + MPathFromNative(name), "x");
+    EXPECT_EQ(access((MNativePath(scratch.GetPath()) + "/from/" + name).c_str(), F_OK), 0);
+    MFile::Copy(scratch.Join("from"), scratch.Join("to"));
+    EXPECT_EQ(scratch.ListTree(), "from/\nfrom/" + name + "\nto/\nto/" + name + "\n");
+    MFile::DeleteTree(scratch.Join("from"));
+    EXPECT_FALSE(MFile::Exists(scratch.Join("from")));
+}
+
+TEST(MFilePosix, LinksAreDeletedAndNotFollowed) {
+    const MScratch scratch;
+    scratch.WriteFile("kept/file", "x");
+    MFile::CreatePath(scratch.Join("tree"));
+    const auto link = [&](const char* target, const char* name) {
+        ASSERT_EQ(symlink(target, MNativePath(scratch.Join(name)).c_str()), 0);
+    };
+    link("../kept", "tree/directory");
+    link("../kept/file", "tree/file");
+    link("nowhere", "tree/dangling");
+    link(".", "tree/circle");
+    EXPECT_TRUE(MFile::Exists(scratch.Join("tree/dangling")));
+    EXPECT_TRUE(MFile::IsDirectory(scratch.Join("tree/directory")));
+    EXPECT_EQ(scratch.ListTree(),
+              "kept/\nkept/file\ntree/\ntree/circle/\ntree/dangling\ntree/directory/\ntree/file\n");
+    MFile::DeleteTree(scratch.Join("tree"));
+    EXPECT_EQ(scratch.ListTree(), "kept/\nkept/file\n");
+}
+
+TEST(MFilePosix, WritingIntoALinkReplacesTheLink) {
+    const MScratch scratch;
+    scratch.WriteFile("victim", "untouched");
+    ASSERT_EQ(symlink("victim", MNativePath(scratch.Join("link")).c_str()), 0);
+    scratch.WriteFile("link", "new");
+    EXPECT_EQ(scratch.ReadFile("victim"), "untouched");
+    EXPECT_FALSE(MFile::IsLink(scratch.Join("link")));
+}
+
+TEST(MFilePosix, ProgramsGetTheirArgumentsAndGiveTheirExitCode) {
+    const MScratch scratch;
+    const MString program =
+        scratch.WriteFile("bin/program", "#!/bin/sh\nprintf '%s|' \"$@\" > out; exit 3\n");
+    const MString before = MFile::GetCurrentPath();
+    MList<MString> arguments;
+    arguments.Add("two words");
+    arguments.Add("\"quoted\" $HOME");
+    MFile::MakeExecutable(program);
+    EXPECT_EQ(MFile::Execute(program, arguments, scratch.GetPath(), true), 3);
+    EXPECT_EQ(Text(MFile::GetCurrentPath()), Text(scratch.GetPath()));
+    MFile::SetCurrentPath(before);
+    EXPECT_EQ(scratch.ReadFile("out"), "two words|\"quoted\" $HOME|");
+}
+
+TEST(MFilePosix, ExecutableForThoseWhoMayRead) {
+    const MScratch scratch;
+    const MString file = scratch.WriteFile("program", "");
+    ASSERT_EQ(chmod(MNativePath(file).c_str(), 0640), 0);
+    MFile::MakeExecutable(file);
+    struct stat status;
+    ASSERT_EQ(stat(MNativePath(file).c_str(), &status), 0);
+    EXPECT_EQ(status.st_mode & 07777, 0750u);
+    EXPECT_EQ(FailureOf([&] { MFile::MakeExecutable(scratch.Join("x")); }),
+              "0: Could not make file \"" + Text(scratch.Join("x")) + "\" executable.");
+}
+
+}  // namespace

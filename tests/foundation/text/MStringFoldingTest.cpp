@@ -1,0 +1,72 @@
+#include "foundation/base/MHashTable.h"
+#include "foundation/text/MString.h"
+
+#include "tests/support/MTestText.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+TEST(MStringFoldingTest, EqualityIgnoresCaseAndDiacritics) {
+    EXPECT_EQ(Wide(u"CAF\u00C9"), MString("cafe"));
+    EXPECT_EQ(Wide(u"\u0141\u00F3d\u017A"), MString("lodz"));
+    EXPECT_FALSE(MString("cafe") == MString("cafes"));
+    EXPECT_FALSE(MString() == MString("a"));
+    EXPECT_FALSE(Wide(u"CAF\u00C9").IsExactly("CAFE"));
+    // A byte above 127 in a literal is no Latin letter, so nothing folds it.
+    EXPECT_FALSE(MString("\xE9") == MString("e"));
+    EXPECT_EQ(MString("\xE9"), Wide(u"\xFFE9"));
+}
+
+TEST(MStringFoldingTest, TableHoldsLettersAndNothingElse) {
+    struct {
+        char16_t unit;
+        char16_t folded;
+    } const cases[] = {{0xBF, 0xBF}, {0xC0, 'A'},      {0xC7, 'C'},     {0xD1, 'N'},      {0xD7, 0xD7},
+                       {0xDF, 0xDF}, {0xE6, 0xE6},     {0xF8, 'o'},     {0x131, 0x131},   {0x17D, 'Z'},
+                       {0x1E9, 'k'}, {0x1EF9, 'y'},    {0x212B, 'A'},   {0x212A, 0x212A}, {0x3B1, 0x3B1},
+                       {'a', 'a'},   {0x4E00, 0x4E00}, {0xFFFF, 0xFFFF}};
+    for (const auto& c : cases) EXPECT_EQ(MChar(c.unit).FoldDiacritics() - c.folded, 0) << int{c.unit};
+}
+
+TEST(MStringFoldingTest, ComparesByTheFirstDifferingPair) {
+    EXPECT_EQ(MString("abc").Compare(Heap("abd")), -1);
+    EXPECT_GT(MString("abc").Compare("ab"), 0);
+    EXPECT_LT(MString("ab").Compare("abc"), 0);
+    EXPECT_NE(MString("a").Compare("A"), 0);
+    EXPECT_EQ(MString("xxSETUPyy").CompareNoCase("setup", 5, 2), 0);
+    EXPECT_NE(MString("xxSETUPyy").CompareNoCase("setup", 6, 2), 0);
+    EXPECT_EQ(MString("abc").CompareNoCase("abd", 2), 0);
+    const MString shared = Heap("same");
+    EXPECT_NE(shared.CompareNoCase(MString(shared), MString::MaximumLength, 1), 0);
+}
+
+TEST(MStringFoldingTest, CaseChangesAreASCIIOnly) {
+    EXPECT_EQ(Text(Wide(u"AZ[\u00C9").ToLower()), Text(Wide(u"az[\u00C9")));
+    EXPECT_EQ(MChar(u'f').ToHexDigit(), 15);
+    EXPECT_EQ(MChar(u'A').ToHexDigit(), 10);
+    for (const char16_t unit : {u'g', u'/', u':', u'@', u'\xFF11'})
+        EXPECT_EQ(FailureOf([&] { (void)MChar(unit).ToHexDigit(); }),
+                  "0: Invalid character to be converted to a number.");
+}
+
+TEST(MStringFoldingTest, HashSamplesLongTexts) {
+    EXPECT_EQ(MStringHash("AB"), ('a' ^ ('b' << 1)));
+    EXPECT_EQ(MStringHash("\xE9"), 0xFFFFFFE9u);
+    const char* const one = "abcdefghijklmnopqrstuvwxyz0123456789abcd";
+    const char* const other = "aXXXeYYYYYYYYYYYYYYYYYYYYYYYYYYYYYYYYYYY";
+    EXPECT_EQ(MStringHash(one), MStringHash(other));
+    EXPECT_NE(MStringHash(one), MStringHash("abcdfYYYYYYYYYYYYYYYYYYYYYYYYYYYYYYYYYYY"));
+}
+
+TEST(MStringFoldingTest, HashTableGivesTheFirstOfEqualKeys) {
+    MHashTable<MString, int> table;
+    for (int i = 0; i < 100; ++i) table.Add(MString::Print("key %d", i), i);
+    table.Add("KEY 7", 1000);
+    EXPECT_EQ(table.GetCount(), 101);
+    ASSERT_NE(table.Find("Key 7"), nullptr);
+    EXPECT_EQ(*table.Find("Key 7"), 7);
+    EXPECT_EQ(table.Find("key 100"), nullptr);
+}
+
+}  // namespace

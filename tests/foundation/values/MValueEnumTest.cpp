@@ -1,0 +1,97 @@
+#include "foundation/values/MValueEnum.h"
+#include "foundation/values/MValueList.h"
+#include "foundation/xml/MXMLItem.h"
+
+#include "tests/support/MTestText.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+
+namespace {
+
+enum class Season : uint8_t { Spring, Summer, Autumn, Winter };
+constexpr const char* SeasonNames[] = {"Spring", "Summer", "Autumn", "Winter"};
+
+}  // namespace
+
+template <>
+inline constexpr std::span<const char* const> MEnumNames<Season> = SeasonNames;
+
+namespace {
+
+TEST(MValueEnumTest, NamesAreReadIgnoringCaseAndUnknownOnesAreTheFirst) {
+    struct Case {
+        const char* text;
+        Season result;
+    };
+    for (const Case& tested : {Case{"winter", Season::Winter},
+                               {" SUMMER ", Season::Summer},
+                               {"", Season::Spring},
+                               {"Win", Season::Spring},
+                               {"3", Season::Spring}}) {
+        MValueEnum<Season> value("season", Season::Autumn);
+        EXPECT_TRUE(value.SetText(tested.text)) << tested.text;
+        EXPECT_EQ(value.Get(), tested.result) << tested.text;
+        EXPECT_EQ(MValueEnum<Season>::FromName(tested.text), tested.result) << tested.text;
+        EXPECT_FALSE(value.SetText(tested.text)) << tested.text;
+    }
+    EXPECT_EQ(Text(MValueEnum<Season>::ToName(Season::Autumn)), "Autumn");
+}
+
+TEST(MValueEnumTest, StepsAndPositionsMoveAmongTheNames) {
+    MValueEnum<Season> value("season", Season::Summer);
+    EXPECT_EQ(value.GetDiscreteCount(), 4);
+    EXPECT_DOUBLE_EQ(value.GetNormalized(), 1.0 / 3);
+    EXPECT_TRUE(value.Step(std::numeric_limits<int32_t>::max(), true));
+    EXPECT_EQ(value.Get(), Season::Winter);
+    EXPECT_FALSE(value.StepBy(1));
+    EXPECT_TRUE(value.Step(-2, false));
+    EXPECT_EQ(value.Get(), Season::Summer);
+    value.SetNormalized(0.6);
+    EXPECT_EQ(value.Get(), Season::Autumn);
+    value.SetNormalized(-1e300);
+    EXPECT_EQ(value.Get(), Season::Spring);
+    value.SetDiscreteIndex(99);
+    EXPECT_EQ(value.GetDiscreteIndex(), 3);
+}
+
+TEST(MValueEnumTest, TheNameIsSavedAndTheDefaultComesBack) {
+    MValueEnum<Season> value("season", Season::Autumn);
+    value.Set(Season::Winter);
+    MXMLItem item("state");
+    value.Save(item);
+    EXPECT_EQ(Text(item.GetAttribute("season")), "Winter");
+    value.Set(Season::Spring);
+    value.Load(item);
+    EXPECT_EQ(value.Get(), Season::Winter);
+    value.Load(*item.AddSubItem("other"));
+    EXPECT_EQ(value.Get(), Season::Autumn);
+}
+
+TEST(MValueEnumTest, AnOutsideVariableOutOfRangeIsShownAndMendedAsTheNearest) {
+    auto outside = static_cast<Season>(200);
+    MValueEnum<Season> value;
+    value.Bind(&outside);
+    EXPECT_EQ(Text(value.GetText()), "Winter");
+    value.Validate();
+    EXPECT_EQ(outside, Season::Winter);
+}
+
+TEST(MValueEnumTest, AListMayChangeAndBeEmpty) {
+    static constexpr const char* Drives[] = {"C", "D", "E"};
+    MValueNameList value("drive", Drives, 3);
+    EXPECT_TRUE(value.SetText("e"));
+    EXPECT_EQ(value.Get(), 2);
+    value.SetList(Drives, 2);
+    EXPECT_EQ(Text(value.GetText()), "D");
+    value.SetList(nullptr, 0);
+    EXPECT_EQ(Text(value.GetText()), "");
+    EXPECT_FALSE(value.SetText("C"));
+    EXPECT_FALSE(value.Step(1, false));
+    value.SetNormalized(1);
+    EXPECT_EQ(value.GetNormalized(), 0);
+    EXPECT_EQ(value.Get(), 0);
+}
+
+}  // namespace

@@ -1,0 +1,134 @@
+#include "streams/network/MHTTPReplyHead.h"
+
+#include "streams/basic/MMemoryStream.h"
+#include "tests/support/MFaultyStreams.h"
+#include "tests/support/MTestText.h"
+
+#include <gtest/gtest.h>
+#include <limits>
+#include <string>
+
+namespace {
+
+/// Status, text, length, and the fields in their order.
+std::string Describe(const MHTTPReplyHead& head) {
+    std::string text = std::to_string(head.GetStatus()) + " [" + Text(head.GetStatusText()) + "] " +
+                       std::to_string(head.GetContentLength());
+    for (const MHTTPField& field : head.GetFields())
+        text += "; " + Text(field.name) + "=" + Text(field.value);
+    return text;
+}
+
+std::string Load(MHTTPReplyHead& head, const std::string& bytes) {
+    MMemoryStream stream(bytes.data(), static_cast<int32_t>(bytes.size()));
+    return FailureOf([&] { head.Load(stream); });
+}
+
+std::string TakeAll(MHTTPReplyHead& head) {
+    std::string bytes;
+    char piece[7];
+    while (const int32_t count = head.TakeReadAhead(piece, sizeof(piece)))
+        bytes.append(piece, static_cast<size_t>(count));
+    return bytes;
+}
+
+}  // namespace
+
+TEST(MHTTPReplyHead, TellsWhatTheLinesSay) {
+    const struct {
+        const char* bytes;
+        const char* head;
+        const char* body;
+    } cases[] = {
+        {"HTTP/1.0 200 OK\r\n\r\nbody", "200 [OK] 0", "body"},
+        {"HTTP/1.0 200\n\n", "200 [] 0", ""},
+        {"x\t404  Not  here \n\n\n", "404 [Not  here] 0", "\n"},
+        {"ICY 302Found\nlocation:\t http://a:8/b?c=d \n\n", "302 [Found] 0; location=http://a:8/b?c=d", ""},
+        {"HTTP/1.1 200 OK\nServer: s\ncontent-LENGTH: 12 \nAge:\nContent-Length:13\n\nabc",
+         "200 [OK] 13; Age=; content-LENGTH=12; Content-Length=13; Server=s", "abc"},
+        {"HTTP/1.1 200 OK\nContent-Length: 9223372036854775807\n\n",
+         "200 [OK] 9223372036854775807; Content-Length=9223372036854775807", ""},
+        {"HTTP/1.1 299 \xC5\x99\n: empty\nB \t: \xC5\x99\n\n", "299 [\xC5\x99] 0; =empty; B=\xC5\x99", ""},
+    };
+    for (const auto& [bytes, expected, body] : cases) {
+        MHTTPReplyHead head;
+        EXPECT_EQ("none", Load(head, bytes)) << bytes;
+        EXPECT_EQ(expected, Describe(head)) << bytes;
+        EXPECT_EQ(body, TakeAll(head)) << bytes;
+    }
+}
+
+TEST(MHTTPReplyHead, RefusesWhatIsNoReply) {
+    const std::string statusLine = "201: Invalid HTTP reply header line.";
+    const std::string fieldLine = "201: MHTTPStream invalid HTTP reply header line.";
+    const std::string cut = "201: MHTTPStream reading HTTP reply header.";
+    const std::string ok = "HTTP/1.0 200 OK\n";
+    const struct {
+        std::string bytes;
+        std::string failure;
+    } cases[] = {
+        {"", "201: Invalid HTTP reply header."},
+        {"\n", statusLine},
+        {"HTTP/1.0\n\n", statusLine},
+        {"HTTP/1.0 \n\n", statusLine},
+        {"HTTP/1.0 20\n\n", statusLine},
+        {"HTTP/1.0 abc OK\n\n", statusLine},
+        {"HTTP/1.0 -20 OK\n\n", statusLine},
+        {"HTTP/1.0  200 OK\n\n", statusLine},
+        {"HTTP/1.0 200 O\x1BK\n\n", statusLine},
+        {"HTTP/1.0 200 OK", cut},
+        {ok, cut},
+        {ok + "A: b\nC", fieldLine},
+        {ok + "A: b\nC: d", cut},
+        {ok + "no colon\n\n", fieldLine},
+        {ok + "A: \x01\n\n", fieldLine},
+        {ok + "A\x7F: b\n\n", fieldLine},
+        {ok + "Content-Length: -1\n\n", fieldLine},
+        {ok + "Content-Length: 9223372036854775808\n\n", fieldLine},
+        {ok + "Content-Length: 1 2\n\n", fieldLine},
+        {ok + "Content-Length: many\n\n", fieldLine},
+        {ok + "Content-Length:\n\n", fieldLine},
+    };
+    for (const auto& [bytes, failure] : cases) {
+        MHTTPReplyHead head;
+        EXPECT_EQ("none", Load(head, "HTTP/1.0 200 OK\nA: b\n\nrest"));
+        EXPECT_EQ(failure, Load(head, bytes)) << bytes;
+        EXPECT_EQ("-1 [] 0", Describe(head)) << bytes;
+        EXPECT_EQ("", TakeAll(head)) << bytes;
+    }
+}
+
+TEST(MHTTPReplyHead, ReadsNoMoreOfAnEndlessHeadThanItsLimit) {
+    const std::string ok = "HTTP/1.0 200 OK\n";
+    std::string lines = ok;
+    while (lines.size() < 1 << 20) lines += "a:b\n";
+    for (const std::string& bytes : {std::string(1 << 20, 'a'), ok + std::string(1 << 20, 'a'), lines}) {
+        MHTTPReplyHead head;
+        MMemoryStream stream(bytes.data(), static_cast<int32_t>(bytes.size()));
+        EXPECT_EQ("201: HTTP reply header is longer than 65536 bytes.",
+                  FailureOf([&] { head.Load(stream); }));
+        EXPECT_EQ(MHTTPReplyHead::MaximumSize, stream.GetPosition());
+    }
+    MHTTPReplyHead head;
+    EXPECT_EQ("none", Load(head, lines.substr(0, 60000) + "\n"));
+    EXPECT_EQ((60000 - static_cast<int32_t>(ok.size())) / 4, head.GetFields().GetCount());
+}
+
+TEST(MHTTPReplyHead, FindsTheFirstFieldOfAName) {
+    MHTTPReplyHead head;
+    ASSERT_EQ("none", Load(head, "HTTP/1.0 200 OK\nB: 1\nset: x\nC: 2\nSet: y\nA: 3\nsET: z\n\n"));
+    EXPECT_EQ("x", Text(*head.FindField("SET")));
+    EXPECT_EQ("3", Text(*head.FindField("a")));
+    EXPECT_EQ(nullptr, head.FindField("D"));
+    EXPECT_EQ(nullptr, head.FindField(""));
+    EXPECT_EQ("200 [OK] 0; A=3; B=1; C=2; set=x; Set=y; sET=z", Describe(head));
+}
+
+TEST(MHTTPReplyHead, PassesOnAFailureOfTheStream) {
+    const std::string bytes = "HTTP/1.0 200 OK\nServer: s\n\n";
+    MMemoryStream stream(bytes.data(), static_cast<int32_t>(bytes.size()));
+    MFailingStream failing(&stream, 10);
+    MHTTPReplyHead head;
+    EXPECT_EQ("100: Injected failure.", FailureOf([&] { head.Load(failing); }));
+    EXPECT_EQ(-1, head.GetStatus());
+}

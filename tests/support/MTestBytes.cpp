@@ -1,0 +1,65 @@
+#include "tests/support/MTestBytes.h"
+
+#include "foundation/xml/MXMLItem.h"
+#include "streams/compression/MZLibStream.h"
+#include "streams/hashes/MMD5Stream.h"
+#include "tests/support/MTestText.h"
+
+MMemoryStream MStreamOf(const std::string& bytes) {
+    return {bytes.data(), static_cast<int32_t>(bytes.size())};
+}
+
+std::string MBytesOf(MMemoryStream& stream) {
+    const char* bytes = stream.GetBuffer().Get();
+    return bytes ? std::string(bytes, static_cast<size_t>(stream.GetSize())) : std::string();
+}
+
+std::string MBytesOf(const MCHARBuffer& buffer) {
+    return {buffer.Get(), static_cast<size_t>(buffer.GetSize())};
+}
+
+std::string MReadAll(MStream& stream, int32_t pieceSize) {
+    std::string bytes;
+    std::string piece(static_cast<size_t>(pieceSize), 0);
+    int32_t count;
+    while ((count = stream.Read(piece.data(), pieceSize)) > 0)
+        bytes.append(piece, 0, static_cast<size_t>(count));
+    return bytes;
+}
+
+std::string MTestNoise(size_t size, uint32_t seed) {
+    std::string bytes(size, 0);
+    for (char& byte : bytes) byte = static_cast<char>((seed = seed * 1664525 + 1013904223) >> 24);
+    return bytes;
+}
+
+std::string MWordOf(int64_t value, size_t size) {
+    return {reinterpret_cast<const char*>(&value), size};
+}
+
+std::string MDeflate(const std::string& bytes) {
+    MMemoryStream packed;
+    MZLibStream writer;
+    writer.Open(&packed, true);
+    writer.Write(bytes.data(), static_cast<int32_t>(bytes.size()));
+    writer.Finish();
+    return MBytesOf(packed);
+}
+
+std::string MTestDigest(const std::string& bytes) {
+    MMD5Stream hash;
+    hash.Write(bytes.data(), static_cast<int32_t>(bytes.size()));
+    hash.Finish();
+    return Text(hash.GetDigestText());
+}
+
+void MLoadXML(MXMLItem& root, const std::string& text) {
+    MMemoryStream stream = MStreamOf(text);
+    root.Load(stream);
+}
+
+std::string MSaveXML(const MXMLItem& item) {
+    MMemoryStream stream;
+    item.Save(stream, true, "utf-8");
+    return MBytesOf(stream);
+}
