@@ -6,6 +6,8 @@ option(CORVANTH_SANITIZE "Build with address, leak and undefined behaviour sanit
 option(CORVANTH_SANITIZE_THREADS "Build with the thread sanitizer" OFF)
 option(CORVANTH_BENCHMARKS "Build the benchmarks in bench/" OFF)
 option(CORVANTH_FUZZERS "Build the fuzz targets in fuzz/; needs clang" OFF)
+option(CORVANTH_COMPILER_CACHE "Compile through ccache where it is installed" ON)
+option(CORVANTH_PRECOMPILED_HEADERS "Read the headers that nearly every file includes once" OFF)
 set(CORVANTH_EXAMPLE_PLUGINS "$ENV{HOME}/.cache/corvanth-setup/example-plugins" CACHE PATH
     "Folder with the plug-ins of the example product; scripts/lib/fetch-example-plugins fills it")
 set(CORVANTH_TEST_IMAGES "$ENV{HOME}/.cache/corvanth-setup/test-images" CACHE PATH
@@ -16,6 +18,15 @@ if(WIN32)
     set(CORVANTH_PLATFORMS win32 headless)
 else()
     set(CORVANTH_PLATFORMS posix x11 headless)
+endif()
+
+if(CORVANTH_COMPILER_CACHE)
+    find_program(CORVANTH_CCACHE ccache)
+    if(CORVANTH_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+        # Without paths and times of its own, a build shares what another checkout has compiled.
+        set(CMAKE_CXX_COMPILER_LAUNCHER "${CMAKE_COMMAND}" -E env "CCACHE_BASEDIR=${CMAKE_SOURCE_DIR}" CCACHE_NOHASHDIR=1
+            "CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime" "${CORVANTH_CCACHE}")
+    endif()
 endif()
 
 set(CMAKE_CXX_STANDARD 20)

@@ -16,6 +16,23 @@ function(corvanth_sources output folder)
     set(${output} ${sources} PARENT_SCOPE)
 endfunction()
 
+# What nearly every file includes. Builds without precompiled headers, the native one among them, find the file that
+# forgets to.
+set(CORVANTH_COMMON_HEADERS <algorithm> <array> <cstdint> <functional> <memory> <string> <string_view> <vector>
+    "${CMAKE_SOURCE_DIR}/src/foundation/base/MList.h" "${CMAKE_SOURCE_DIR}/src/foundation/base/MException.h")
+
+# corvanth_precompile_headers(TARGET FIRST header...): compiles the headers for the target FIRST, and lets every other
+# target use what was compiled for it.
+function(corvanth_precompile_headers target first)
+    if(NOT CORVANTH_PRECOMPILED_HEADERS)
+        return()
+    elseif(target STREQUAL first)
+        target_precompile_headers(${target} PRIVATE ${ARGN})
+    else()
+        target_precompile_headers(${target} REUSE_FROM ${first})
+    endif()
+endfunction()
+
 # corvanth_add_library(NAME ROOMS room... LIBRARIES library...)
 function(corvanth_add_library name)
     cmake_parse_arguments(arg "" "" "ROOMS;LIBRARIES" ${ARGN})
@@ -28,6 +45,7 @@ function(corvanth_add_library name)
     if(sources)
         add_library(${name} STATIC ${sources})
         target_link_libraries(${name} PUBLIC ${arg_LIBRARIES} corvanth-options)
+        corvanth_precompile_headers(${name} corvanth-base ${CORVANTH_COMMON_HEADERS})
     else()
         add_library(${name} INTERFACE)
         target_link_libraries(${name} INTERFACE ${arg_LIBRARIES} corvanth-options)

@@ -1,17 +1,21 @@
-# A Wine of the project's own: prefix and home folder lie in the cache and are made once. Sourced, never run;
+# A Wine of the project's own: prefixes and home folder lie in the cache and are made once. Sourced, never run;
 # needs common.sh.
 
 wine_directory=${CORVANTH_WINE_DIRECTORY:-$cache_directory/wine}
 
+# use_scratch_wine [32|64]: chooses the Windows that programs run on, by default the one chosen before or else that of
+# 64 bits, which users have.
+#
 # Wine takes the user's desktop and documents for its own and writes menu entries for shell links. With a home
 # folder beside the prefix and without the menu builder nothing of that reaches the real home.
 use_scratch_wine() {
     mkdir -p "$wine_directory/home"
     unset DISPLAY WAYLAND_DISPLAY XDG_CONFIG_HOME XDG_DATA_HOME XDG_DESKTOP_DIR
     export CORVANTH_WINE_DIRECTORY=$wine_directory
+    export CORVANTH_WINDOWS_BITS=${1:-${CORVANTH_WINDOWS_BITS:-64}}
     export HOME=$wine_directory/home
-    export WINEPREFIX=$wine_directory/prefix
-    export WINEARCH=win32
+    export WINEARCH=win$CORVANTH_WINDOWS_BITS
+    export WINEPREFIX=$wine_directory/$WINEARCH
     export WINEDEBUG=-all
     # Commas, because CMake would split a list at a semicolon.
     export WINEDLLOVERRIDES="mscoree,mshtml,winemenubuilder.exe="
@@ -21,16 +25,16 @@ use_scratch_wine() {
 
 # Makes the prefix unless it stands already; call after use_scratch_wine.
 ensure_wine_prefix() {
-    [ ! -f "$wine_directory/complete" ] || return 0
+    [ ! -f "$WINEPREFIX/complete" ] || return 0
     (
         flock 9
-        [ ! -f "$wine_directory/complete" ] || exit 0
+        [ ! -f "$WINEPREFIX/complete" ] || exit 0
         rm -rf "$WINEPREFIX"
-        timeout 300 wineboot --init >"$wine_directory/create.log" 2>&1 </dev/null 9>&-
+        timeout 300 wineboot --init >"$WINEPREFIX.log" 2>&1 </dev/null 9>&-
         timeout 60 wineserver -w 9>&- || true
         separate_user_folders
-        touch "$wine_directory/complete"
-    ) 9>"$wine_directory/lock"
+        touch "$WINEPREFIX/complete"
+    ) 9>"$WINEPREFIX.lock"
 }
 
 # Wine makes desktop, documents and the like links to one folder; tests must be able to tell them apart.
