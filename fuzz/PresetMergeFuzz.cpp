@@ -55,7 +55,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     const int32_t mode = choice % 3;
     const int32_t before = CountPresets(target);
     const int32_t arriving = CountPresets(source);
-    const int32_t count = MergePresets(target, source, choice & 4 ? 0 : MNoExchangeIndex, mode, choice & 8);
+    const int32_t count = MergePresets(target, source, choice & 4 ? 0 : -1, mode, choice & 8);
     const int32_t after = CountPresets(target);
     if (after < before || after - before > count) __builtin_trap();
     if (mode == MMergeAdd && after - before != arriving) __builtin_trap();

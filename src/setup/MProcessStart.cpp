@@ -2,15 +2,25 @@
 
 #include "setup/MLastChance.h"
 #include "setup/MSetupApplication.h"
+#include "setup/console/MMissingWindows.h"
+#include "setup/console/MSilentFrontEnd.h"
 #include "setup/console/MUnattendedOptions.h"
 
 int32_t MRunSetupProcess(void* instance, const MList<MString>& arguments) {
     constexpr int32_t Failure = -1;
-    MWatchForProcessorFaults(MUnattendedOptions::IsRequested(arguments));
+    const bool isSilent = MUnattendedOptions::IsRequested(arguments);
+    MWatchForProcessorFaults(isSilent);
     try {
-        const std::unique_ptr<MSetupApplication> application = MCreateModuleInstance(instance);
+        const MList<MString> words = MUnattendedOptions::WithoutRequest(arguments);
+        std::unique_ptr<MFrontEnd> frontEnd;
+        if (isSilent)
+            frontEnd = std::make_unique<MSilentFrontEnd>(words);
+        else
+            frontEnd = std::make_unique<MMissingWindows>();
+        const std::unique_ptr<MSetupApplication> application =
+            MCreateModuleInstance(instance, std::move(frontEnd));
         if (!application) return Failure;
-        application->SetArguments(arguments);
+        application->SetArguments(words);
         application->Initialize();
         return application->PerformMain_();
     } catch (const MException& exception) {

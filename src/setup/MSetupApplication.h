@@ -1,8 +1,8 @@
 #pragma once
 
-#include "foundation/views/MUserDialogs.h"
 #include "payload/MLargeResourceLibrary.h"
 #include "payload/MSfx.h"
+#include "setup/MFrontEnd.h"
 #include "streams/basic/MStdFileStream.h"
 #include "streams/file_sets/MMultiFileStream.h"
 #include "ui/control/MWindowsModule.h"
@@ -14,29 +14,27 @@
 /// beside it. There is one instance, the process-wide module.
 class MSetupApplication : public MWindowsModule {
 public:
+    explicit MSetupApplication(std::unique_ptr<MFrontEnd> frontEnd) : frontEnd(std::move(frontEnd)) {}
+
     int32_t Main() override;
 
 private:
     [[nodiscard]] bool IsFirstArgument(const char* word) const;
-    [[nodiscard]] int32_t RunByFiles(const MString& startDirectory);
-    [[nodiscard]] int32_t RunInstalledCopy(const MString& directory);
+    [[nodiscard]] MExitCode RunInstalledCopy(const MString& directory);
+    /// False if the user does not want to go on with damaged data.
     [[nodiscard]] bool FindData(const MString& directory);
-    [[nodiscard]] int32_t RunData(const MString& startDirectory);
-    [[nodiscard]] int32_t RunDefinition(const MString& startDirectory);
-    [[nodiscard]] int32_t RunDownloader();
-    /// Says that this build cannot do what was asked for.
-    [[nodiscard]] int32_t RefuseMode(const char* sentence);
+    [[nodiscard]] MExitCode RunData();
 
-    bool isUnattended = false;
-    std::unique_ptr<MUserDialogs> dialogs;
+    std::unique_ptr<MFrontEnd> frontEnd;
 
-    MSfx* Sfx = nullptr;
+    std::unique_ptr<MSfx> Sfx;
     MStdFileStream DataFile;
     MMultiFileStream DataMulti;
-    MStream* Data = nullptr;
+    MStream* Data = nullptr;  ///< one of the three
     MLargeResourceLibrary Definition;
 };
 
 /// Makes the application the process-wide module; `instance` is the handle of the process or null.
 /// The caller owns it. Null on failure.
-[[nodiscard]] std::unique_ptr<MSetupApplication> MCreateModuleInstance(void* instance);
+[[nodiscard]] std::unique_ptr<MSetupApplication> MCreateModuleInstance(void* instance,
+                                                                       std::unique_ptr<MFrontEnd> frontEnd);

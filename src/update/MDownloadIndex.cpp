@@ -2,8 +2,8 @@
 
 #include "foundation/base/MRaise.h"
 #include "foundation/files/MFile.h"
+#include "foundation/files/MSafeName.h"
 #include "foundation/xml/MXMLSubItems.h"
-#include "install/definition/MItemNames.h"
 #include "payload/MPayloadFormat.h"
 #include "payload/MPayloadIndex.h"
 #include "streams/basic/MOutputFile.h"
@@ -17,7 +17,7 @@ namespace {
 }
 
 void CheckName(const MString& name) {
-    if (MIsInsideName(name) && !IsListItself(name)) return;
+    if (MIsSafeName(name) && !IsListItself(name)) return;
     MRaise(MExceptionGeneral,
            "The name \"{0}\" in the download list leads out of its directory. The server is damaged or not "
            "trustworthy; nothing has been written.",

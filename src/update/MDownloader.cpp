@@ -37,14 +37,20 @@ bool MDownloader::Run() {
     view.SetText(MTranslate("Connecting the download server..."));
     MFile::CreateDirectory(target);
     if (!LoadState()) FetchIndex();
-    CreateDirectories();
-    ChooseMirror();
+    MXMLItem& root = index.GetRoot();
+    for (const MXMLItem& directory : MXMLSubItems(root, "Directory"))
+        MFile::CreatePath(MFile::Join(target, directory.GetValue()));
 
-    finishedBytes = index.GetRoot().GetInt64Attribute("Downloaded", 0);
+    // By chance, so that all users together load all mirrors alike.
+    MLinearRandom random(static_cast<uint32_t>(MDateTime::NowUTC().GetMicroseconds() / 1000));
+    mirror = static_cast<int32_t>(random.Next()) % definition.GetMirrors().GetCount();
+
+    finishedBytes = root.GetInt64Attribute("Downloaded", 0);
     view.SetText(MTranslate("Downloading files..."));
     view.SetProgress(static_cast<double>(index.GetSize()),
-                     static_cast<double>(index.GetRoot().GetInt64Attribute("DownloadedTotal", 0)));
-    if (!FetchFiles()) return false;
+                     static_cast<double>(root.GetInt64Attribute("DownloadedTotal", 0)));
+    for (MXMLItem& item : MXMLSubItems(root, "File"))
+        if (!FetchFile(item)) return false;
     index.Save(statePath);
     return true;
 }
@@ -64,8 +70,19 @@ bool MDownloader::LoadState() {
 }
 
 void MDownloader::FetchIndex() {
+    constexpr int32_t RedirectBudget = 10;
     for (const MString& address : definition.GetMirrors()) {
-        if (!FetchIndexFrom(address)) continue;
+        try {
+            MHTTPStream request;
+            request.Get(address + MDownloadIndex::FileName);
+            if (!request.Send(RedirectBudget)) continue;
+            MMemoryStream stored;
+            MReadHTTPBody(request, stored, MaximumStoredIndexSize);
+            stored.Rewind();
+            index.Load(stored);
+        } catch (const MException&) {
+            continue;
+        }
         index.Check();
         index.Save(statePath);
         return;
@@ -74,160 +91,105 @@ void MDownloader::FetchIndex() {
            "Could not connect to any download server. Please check your internet connection.");
 }
 
-bool MDownloader::FetchIndexFrom(const MString& address) {
-    constexpr int32_t RedirectBudget = 10;
-    try {
-        MHTTPStream request;
-        request.Get(address + MDownloadIndex::FileName);
-        if (!request.Send(RedirectBudget)) return false;
-        MMemoryStream stored;
-        MReadHTTPBody(request, stored, MaximumStoredIndexSize);
-        stored.Rewind();
-        index.Load(stored);
-        return true;
-    } catch (const MException&) {
-        return false;
-    }
-}
-
-/// By chance, so that all users together load all mirrors alike.
-void MDownloader::ChooseMirror() {
-    MLinearRandom random(static_cast<uint32_t>(MDateTime::NowUTC().GetMicroseconds() / 1000));
-    mirror = static_cast<int32_t>(random.Next()) % definition.GetMirrors().GetCount();
-}
-
-void MDownloader::CreateDirectories() {
-    for (const MXMLItem& directory : MXMLSubItems(index.GetRoot(), "Directory"))
-        MFile::CreatePath(MFile::Join(target, directory.GetValue()));
-}
-
-bool MDownloader::FetchFiles() {
-    for (MXMLItem& item : MXMLSubItems(index.GetRoot(), "File"))
-        if (!FetchFile(item)) return false;
-    return true;
-}
-
 bool MDownloader::FetchFile(MXMLItem& item) {
     const MString path = MFile::Join(target, item.GetValue());
     if (item.HasAttribute("Finished")) {
         if (MFile::Exists(path)) return true;
-        ForgetFile(item);
+        // Somebody has taken away a file that was complete.
+        item.RemoveAttribute("Finished");
+        finishedBytes -= item.GetInt64Attribute("NextPartSize", 0);
     }
+    MStdFileStream file;
+    Position good;
     for (;;) {
-        OpenFile(path, item);
-        if (!FetchParts(item)) return false;
+        file.Open(path, MFile::Exists(path) ? MOpenWrite : MOpenWrite | MOpenCreate);
+        good = {item.GetInt64Attribute("NextPartSize", 0), item.GetInt32Attribute("NextPartIndex", 0)};
+        // Somebody has changed the file since; what is missing cannot be made up by zeros.
+        if (good.bytes < 0 || good.partIndex < 0 || good.bytes > file.GetSize()) good = {};
+        file.Seek(good.bytes, MSeekOrigin::Begin);
+        file.Truncate();
+        if (!FetchParts(item, file, good)) return false;
+
         view.SetText(MTranslate("Checking file integrity..."));
-        if (IsComplete(item.GetAttribute("md5"))) break;
+        file.Rewind();
+        MMD5Stream hash;
+        file.CopyAllToInLargePieces(hash);
+        hash.Finish();
+        if (hash.GetDigestText() == item.GetAttribute("md5")) break;
         view.SetText(MTranslate("Download failed, retrying..."));
         item.SetAttribute("NextPartIndex", 0);
         item.SetAttribute("NextPartSize", 0);
     }
-    FinishFile(item);
+    file.Close();
+    MSyncFile(path);
+    view.SetText(MTranslate("Downloading..."));
+    item.SetAttribute("Finished", "1");
+    index.GetRoot().SetAttribute("Downloaded", finishedBytes + good.bytes);
+    SaveState(item, good);
+    finishedBytes += good.bytes;
     return true;
 }
 
-/// Somebody has taken away a file that was complete.
-void MDownloader::ForgetFile(MXMLItem& item) {
-    item.RemoveAttribute("Finished");
-    finishedBytes -= item.GetInt64Attribute("NextPartSize", 0);
-}
-
-void MDownloader::OpenFile(const MString& path, const MXMLItem& item) {
-    file.Open(path, MFile::Exists(path) ? MOpenWrite : MOpenWrite | MOpenCreate);
-    fileBytes = item.GetInt64Attribute("NextPartSize", 0);
-    partIndex = item.GetInt32Attribute("NextPartIndex", 0);
-    if (fileBytes < 0 || partIndex < 0 || fileBytes > file.GetSize()) {
-        // Somebody has changed the file since; what is missing cannot be made up by zeros.
-        fileBytes = 0;
-        partIndex = 0;
-    }
-    file.Seek(fileBytes, MSeekOrigin::Begin);
-    file.Truncate();
-}
-
-bool MDownloader::FetchParts(MXMLItem& item) {
+bool MDownloader::FetchParts(MXMLItem& item, MStdFileStream& file, Position& good) {
+    const auto size = static_cast<double>(index.GetSize());
+    MMemoryStream part;
     int32_t position = 0;
     for (const MXMLItem& child : MXMLSubItems(item, "Part")) {
-        if (position++ < partIndex) continue;
+        if (position++ < good.partIndex) continue;
         const auto start = std::chrono::steady_clock::now();
         try {
-            FetchPart(item.GetAttribute("ID") + "." + child.GetValue() + ".zip", child.GetAttribute("md5"));
+            FetchPart(item.GetAttribute("ID") + "." + child.GetValue() + ".zip", child.GetAttribute("md5"),
+                      part);
             file.Write(part.GetBuffer().GetBlock(), static_cast<int32_t>(part.GetSize()));
             file.Flush();
         } catch (const MException&) {
-            MGuard("MDownloader::FetchParts", [&] { SaveState(item); });
+            MGuard("MDownloader::FetchParts", [&] { SaveState(item, good); });
             throw;
         }
-        fileBytes += part.GetSize();
-        ++partIndex;
-        view.SetProgress(static_cast<double>(index.GetSize()),
-                         static_cast<double>(finishedBytes + fileBytes));
-        ShowSpeed(SecondsSince(start));
+        good.bytes += part.GetSize();
+        ++good.partIndex;
+        view.SetProgress(size, static_cast<double>(finishedBytes + good.bytes));
+        if (speed.Add(part.GetSize(), SecondsSince(start)))
+            view.SetStatistics(MFormat(MTranslate("Speed: {0}/s\nDownloaded: {1}\nTotal size: {2}"),
+                                       MByteSizeText(speed.Get()), MByteSizeText(finishedBytes + good.bytes),
+                                       MByteSizeText(index.GetSize())));
         if (view.IsCancelled()) {
-            SaveState(item);
+            SaveState(item, good);
             return false;
         }
     }
     return true;
 }
 
-void MDownloader::FetchPart(const MString& name, const MString& digest) {
+void MDownloader::FetchPart(const MString& name, const MString& digest, MMemoryStream& part) {
+    // No part is larger than all files together; a list without that number sets no limit.
+    const int64_t limit = index.GetSize() > 0 ? index.GetSize() : INT64_MAX;
     const MList<MString>& mirrors = definition.GetMirrors();
     for (int32_t tries = 1; tries <= TriesPerPart; ++tries) {
-        if (TryPart(mirrors[mirror] + name, digest)) return;
+        try {
+            MHTTPStream request;
+            request.Get(mirrors[mirror] + name);
+            if (request.Send(0)) {
+                part.Reset();
+                MReadHTTPBody(request, part, limit);
+                MMD5Stream hash;
+                hash.Write(part.GetBuffer().GetBlock(), static_cast<int32_t>(part.GetSize()));
+                hash.Finish();
+                if (hash.GetDigestText() == digest) return;
+            }
+        } catch (const MException&) {
+            // As a part with a wrong digest: the next mirror may do better.
+        }
         mirror = (mirror + 1) % mirrors.GetCount();
         if (tries % mirrors.GetCount() == 0 && tries < TriesPerPart) MPlatform::Sleep(PauseMilliseconds);
     }
     MRaise(MExceptionGeneral, NoMirrors);
 }
 
-bool MDownloader::TryPart(const MString& url, const MString& digest) {
-    // No part is larger than all files together; a list without that number sets no limit.
-    const int64_t limit = index.GetSize() > 0 ? index.GetSize() : INT64_MAX;
-    try {
-        MHTTPStream request;
-        request.Get(url);
-        if (!request.Send(0)) return false;
-        part.Reset();
-        MReadHTTPBody(request, part, limit);
-    } catch (const MException&) {
-        return false;
-    }
-    MMD5Stream hash;
-    hash.Write(part.GetBuffer().GetBlock(), static_cast<int32_t>(part.GetSize()));
-    hash.Finish();
-    return hash.GetDigestText() == digest;
-}
-
-void MDownloader::ShowSpeed(double seconds) {
-    if (!speed.Add(part.GetSize(), seconds)) return;
-    view.SetStatistics(MFormat(MTranslate("Speed: {0}/s\nDownloaded: {1}\nTotal size: {2}"),
-                               MByteSizeText(speed.Get()), MByteSizeText(finishedBytes + fileBytes),
-                               MByteSizeText(index.GetSize())));
-}
-
-bool MDownloader::IsComplete(const MString& digest) {
-    file.Rewind();
-    MMD5Stream hash;
-    file.CopyAllToInLargePieces(hash);
-    hash.Finish();
-    return hash.GetDigestText() == digest;
-}
-
-void MDownloader::FinishFile(MXMLItem& item) {
-    file.Close();
-    MSyncFile(file.GetFileName());
-    view.SetText(MTranslate("Downloading..."));
-    item.SetAttribute("Finished", "1");
-    index.GetRoot().SetAttribute("Downloaded", finishedBytes + fileBytes);
-    SaveState(item);
-    finishedBytes += fileBytes;
-}
-
-void MDownloader::SaveState(MXMLItem& item) {
-    item.SetAttribute("NextPartIndex", partIndex);
-    item.SetAttribute("NextPartSize", fileBytes);
-    index.GetRoot().SetAttribute("DownloadedTotal", finishedBytes + fileBytes);
+void MDownloader::SaveState(MXMLItem& item, const Position& good) {
+    item.SetAttribute("NextPartIndex", good.partIndex);
+    item.SetAttribute("NextPartSize", good.bytes);
+    index.GetRoot().SetAttribute("DownloadedTotal", finishedBytes + good.bytes);
     index.Save(statePath);
 }
 

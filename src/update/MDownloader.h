@@ -29,37 +29,31 @@ public:
     static constexpr int32_t PauseMilliseconds = 250;
 
 private:
+    /// How much of the file in hand is good.
+    struct Position {
+        int64_t bytes = 0;
+        int32_t partIndex = 0;
+    };
+
+    /// False if there is no usable list on the disk.
     [[nodiscard]] bool LoadState();
     void FetchIndex();
-    [[nodiscard]] bool FetchIndexFrom(const MString& mirror);
-    void ChooseMirror();
-    void CreateDirectories();
-    [[nodiscard]] bool FetchFiles();
+    /// False if the user has cancelled.
     [[nodiscard]] bool FetchFile(MXMLItem& item);
-    void ForgetFile(MXMLItem& item);
-    void OpenFile(const MString& path, const MXMLItem& item);
-    [[nodiscard]] bool FetchParts(MXMLItem& item);
-    void FetchPart(const MString& name, const MString& digest);
-    [[nodiscard]] bool TryPart(const MString& url, const MString& digest);
-    void ShowSpeed(double seconds);
-    [[nodiscard]] bool IsComplete(const MString& digest);
-    void FinishFile(MXMLItem& item);
-    /// Notes how much of the file in hand is good, and saves the list.
-    void SaveState(MXMLItem& item);
+    [[nodiscard]] bool FetchParts(MXMLItem& item, MStdFileStream& file, Position& good);
+    /// Fetches a part by its name on the mirrors.
+    void FetchPart(const MString& name, const MString& digest, MMemoryStream& part);
+    /// Notes how much of a file is good, and saves the list.
+    void SaveState(MXMLItem& item, const Position& good);
 
     const MDownloadDefinition& definition;
     const MString target;
     const MString statePath;
     MDownloadView& view;
     MDownloadIndex index;
-    int32_t mirror = 0;
+    int32_t mirror = 0;  ///< the one that parts come from
     MDownloadSpeed speed;
     int64_t finishedBytes = 0;  ///< of all files that are complete
-
-    MStdFileStream file;    ///< the one in hand
-    int64_t fileBytes = 0;  ///< how much of it is good
-    int32_t partIndex = 0;  ///< how many of its parts are
-    MMemoryStream part;
 };
 
 /// The first program in a directory whose name holds "setup"; empty if there is none. Raises what

@@ -1,8 +1,8 @@
 #include "update/MUpdateOffers.h"
 
 #include "foundation/base/MRaise.h"
+#include "foundation/files/MSafeName.h"
 #include "foundation/xml/MXMLSubItems.h"
-#include "install/definition/MItemNames.h"
 #include "streams/basic/MMemoryStream.h"
 #include "update/MUpdateServer.h"
 
@@ -11,7 +11,7 @@ namespace {
 constexpr int64_t MaximumIndexSize = 0x1000000;
 
 void CheckName(const MString& name) {
-    if (MIsInsideName(name)) return;
+    if (MIsSafeName(name)) return;
     MRaise(MExceptionGeneral,
            "The name \"{0}\" in the list of updates leads out of its directory. The server is damaged or not "
            "trustworthy; nothing has been written.",

@@ -16,9 +16,9 @@ TEST_F(InstallTest, WritesTreesByteForByte) {
     EXPECT_TRUE(MFile::IsDirectory(MFile::Join(GetTarget(), MDecodeUTF8Exact("Čeština/empty"))));
     EXPECT_EQ(Read("large.bin"), large);
     EXPECT_EQ(Read("nothing"), "");
-    EXPECT_EQ(processor->GetItemIndex(), 3);
-    EXPECT_EQ(processor->GetItemCount(), 3);
-    EXPECT_EQ(processor->GetDoneBytes(), processor->GetTotalBytes());
+    EXPECT_EQ(processor->GetProgress().itemIndex, 3);
+    EXPECT_EQ(processor->GetProgress().itemCount, 3);
+    EXPECT_EQ(processor->GetProgress().doneBytes, processor->GetProgress().totalBytes);
 }
 
 TEST_F(InstallTest, DecidesByOperationAndRewritability) {
@@ -75,7 +75,7 @@ TEST_F(InstallTest, BundlesAreWideOn64BitSystems) {
            "</files>");
     Perform();
     EXPECT_EQ(Read("X.aaxplugin/Contents/x64/X.aaxplugin"), "binary");
-    Perform(true);
+    Perform(MProcess::Uninstall);
     EXPECT_FALSE(Exists("X.aaxplugin"));
 }
 
@@ -134,12 +134,12 @@ TEST_F(InstallTest, RemovesWhatItInstalledAndCountsWhatItCannot) {
            File("i", "x") + "</files>");
     Perform();
     Put("d/user", "mine");
-    Perform(true);
+    Perform(MProcess::Uninstall);
     EXPECT_FALSE(Exists("d/f"));
     EXPECT_FALSE(Exists("g"));
     EXPECT_EQ(Read("d/user"), "mine");
     EXPECT_EQ(Read("kept/h"), "x");
     EXPECT_EQ(Read("stays/i"), "x");
     // The user's directory, the protected directory and the target itself are not empty.
-    EXPECT_EQ(processor->GetFailureCount(), 3);
+    EXPECT_EQ(processor->GetRemover().GetFailureCount(), 3);
 }

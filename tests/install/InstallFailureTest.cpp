@@ -43,7 +43,7 @@ TEST_F(InstallFailureTest, IgnoringLeavesTheFileOut) {
     dialogs.answers = {MRetryAnswer::Ignore};
     Perform();
     EXPECT_EQ(Read("last"), "3");
-    EXPECT_EQ(processor->GetItemIndex(), 2);
+    EXPECT_EQ(processor->GetProgress().itemIndex, 2);
     const std::string log = ReadLog();
     EXPECT_NE(log.find("File could NOT been created. Ignoring.\nFile not open!\n"), std::string::npos);
 }
@@ -57,7 +57,7 @@ TEST_F(InstallFailureTest, RetryingSucceedsOnceTheWayIsFree) {
     Perform();
     EXPECT_EQ(dialogs.questions.GetCount(), 2);
     EXPECT_EQ(Read("blocked"), "2");
-    EXPECT_EQ(processor->GetItemIndex(), 3);
+    EXPECT_EQ(processor->GetProgress().itemIndex, 3);
 }
 
 TEST_F(InstallFailureTest, AFontInUseIsPassedOverWithoutQuestion) {
@@ -120,7 +120,7 @@ TEST_F(InstallFailureTest, ADestinationThatVanishesIsMadeAgain) {
     VanishingTarget view(GetTarget());
     MInstallViews views;
     views.fileText = &view;
-    MInstallProcessor().Perform(library, &library, views, false);
+    MInstallProcessor().Perform(library, &library, views, MProcess::Install);
     EXPECT_FALSE(Exists("first"));
     EXPECT_EQ(Read("d/second"), "2");
 }

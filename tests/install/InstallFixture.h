@@ -52,11 +52,11 @@ protected:
     }
     [[nodiscard]] MString GetTarget() const { return scratch.Join("target"); }
 
-    void Perform(bool uninstall = false) {
+    void Perform(MProcess process = MProcess::Install) {
         processor = std::make_unique<MInstallProcessor>();
         MInstallViews views;
         views.dialogs = &dialogs;
-        processor->Perform(library, uninstall ? nullptr : &library, views, uninstall);
+        processor->Perform(library, process == MProcess::Install ? &library : nullptr, views, process);
     }
     [[nodiscard]] bool Exists(const MString& name) const {
         return MFile::Exists(MFile::Join(GetTarget(), name));

@@ -47,8 +47,8 @@ TEST_F(PresetInstallationTest, MergesAndKeepsWhatWasThereAsTheBackup) {
     Perform();
     EXPECT_EQ(Read("Setpresets.xml"), Merged);
     EXPECT_EQ(Read("Setpresets.xmlbackup"), Users);
-    EXPECT_EQ(processor->GetItemIndex(), 2);
-    EXPECT_EQ(processor->GetDoneBytes(), processor->GetTotalBytes());
+    EXPECT_EQ(processor->GetProgress().itemIndex, 2);
+    EXPECT_EQ(processor->GetProgress().doneBytes, processor->GetProgress().totalBytes);
     EXPECT_NE(
         ReadLog().find("File exists = 1  rewritable = 0\nProcessing preset file " + Text(GetPresetFile())),
         std::string::npos);

@@ -23,7 +23,7 @@ protected:
         choices.LoadDefaults();
         std::string paths;
         for (int32_t i = 0; i < choices.GetCount(); ++i)
-            paths += Text(choices.GetRow(i).Path).substr(Text(scratch.GetPath()).size() + 1) + " ";
+            paths += Text(choices.GetRow(i).path).substr(Text(scratch.GetPath()).size() + 1) + " ";
         return paths;
     }
     void MakeDirectory(const char* name) const { MFile::CreatePath(scratch.Join(name)); }
@@ -37,7 +37,7 @@ TEST_F(ChoicesTest, ElementsOfOneNameAreOneSwitch) {
     MComponentRows rows(library);
     ASSERT_EQ(rows.GetCount(), 2);
     EXPECT_EQ(GetEnabled(), "111110");
-    rows.Find("VST")->Checked = false;
+    rows.Find("VST")->checked = false;
     rows.Store();
     EXPECT_EQ(GetEnabled(), "001010");
     EXPECT_EQ(rows.Find("Foreign"), nullptr);
@@ -106,8 +106,8 @@ TEST_F(ChoicesTest, RemembersDirectoriesForTheNextProductUnderTheirOwnKeys) {
     {
         MSetupSession session(library);
         MDirectoryChoices choices(session);
-        choices.Find("vst")->Path = scratch.Join("shared");
-        choices.Find("own")->Path = scratch.Join("elsewhere");
+        choices.Find("vst")->path = scratch.Join("shared");
+        choices.Find("own")->path = scratch.Join("elsewhere");
         choices.Store();
         EXPECT_EQ(Text(library.FindSubItem("directory", "id", "own")->GetAttribute("path")),
                   InScratch("elsewhere"));

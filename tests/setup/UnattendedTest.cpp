@@ -18,13 +18,13 @@ TEST(UnattendedOptionsTest, ReadsEveryWordInAnyCaseAndOrder) {
     const MUnattendedOptions options(Words({"locked=ignore", "Directory:vst=sub/ž=1", "COMPONENT:A=B=Off",
                                             "configuration=full", "accept-licence"}),
                                      MFile::GetCurrentPath());
-    EXPECT_TRUE(options.AcceptLicence);
-    EXPECT_EQ(Text(*options.Configuration), "full");
-    EXPECT_EQ(Text(options.Components[0].Name), "A=B");
-    EXPECT_EQ(Text(options.Components[0].Text), "Off");
-    EXPECT_EQ(Text(options.Directories[0].Name), "vst");
-    EXPECT_EQ(Text(options.Directories[0].Text), Text(MFile::GetCurrentPath()) + "/sub/ž=1");
-    EXPECT_EQ(options.Locked, MRetryAnswer::Ignore);
+    EXPECT_TRUE(options.acceptLicence);
+    EXPECT_EQ(Text(*options.configuration), "full");
+    EXPECT_EQ(Text(options.components[0].name), "A=B");
+    EXPECT_EQ(Text(options.components[0].text), "Off");
+    EXPECT_EQ(Text(options.directories[0].name), "vst");
+    EXPECT_EQ(Text(options.directories[0].text), Text(MFile::GetCurrentPath()) + "/sub/ž=1");
+    EXPECT_EQ(options.locked, MRetryAnswer::Ignore);
 }
 
 TEST(UnattendedOptionsTest, RefusesUnknownAndIncompleteWordsByName) {
@@ -61,7 +61,7 @@ protected:
     }
     void Run(std::initializer_list<const char*> texts) {
         const MUnattendedOptions options(Words(texts), scratch.GetPath());
-        MUnattendedDialogs dialogs(options.Locked);
+        MUnattendedDialogs dialogs(options.locked);
         MInstallViews views;
         views.dialogs = &dialogs;
         MUnattendedRun run(library, options, views);

@@ -12,30 +12,6 @@
 
 namespace {
 
-constexpr const char* FolderNames[MSpecialFolderCount] = {
-    "data",
-    "userdata",
-    "user",
-    "documents",
-    "userdocuments",
-    "programfiles",
-    "components",
-    "startmenu",
-    "userstartmenu",
-    "startmenuprograms",
-    "userstartmenuprograms",
-    "desktop",
-    "userdesktop",
-    "system",
-    "fonts",
-    "downloads",
-    "music",
-    "pictures",
-    "video",
-    "temporary",
-    "usertemporary",
-};
-
 MString GetUniquePath() {
     static std::mt19937_64 random(std::random_device{}());
     const std::string name = "corvanth-test-" + std::to_string(random());
@@ -96,7 +72,7 @@ void MWriteTestFile(const MString& path, std::string_view content) {
 }
 
 MScratchFolders::MScratchFolders(const MScratch& scratch) {
-    std::transform(std::begin(FolderNames), std::end(FolderNames), paths.begin(),
+    std::transform(std::begin(MSpecialFolderNames), std::end(MSpecialFolderNames), paths.begin(),
                    [&](const char* name) { return scratch.Join(name); });
     MFile::UseSpecialFolders(this);
 }

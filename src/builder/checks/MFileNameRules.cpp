@@ -1,7 +1,7 @@
 #include "builder/checks/MFileNameRules.h"
 
 #include "foundation/base/MList.h"
-#include "install/definition/MItemNames.h"
+#include "foundation/files/MSafeName.h"
 
 #include <algorithm>
 #include <string_view>
@@ -79,7 +79,7 @@ char16_t FoldUnit(MChar unit) {
 
 MString MFileNameRules::FindFault(const MString& name) {
     if (name.IsEmpty()) return MString();
-    if (!MIsInsideName(name)) return "leads out of its directory";
+    if (!MIsSafeName(name)) return "leads out of its directory";
     if (!IsWellFormed(name)) return "is no valid Unicode";
     const MList<MString> components = name.Split(MChar('/'));
     if (components.IsEmpty()) return "leads out of its directory";

@@ -5,6 +5,7 @@
 #include "foundation/base/MGuard.h"
 #include "foundation/base/MRaise.h"
 #include "foundation/files/MFile.h"
+#include "foundation/files/MSafeName.h"
 #include "install/definition/MItemNames.h"
 
 void MPayloadExtractor::Run(const MString& directory) {
@@ -28,7 +29,7 @@ void MPayloadExtractor::RequireEmpty(const MString& directory) const {
 void MPayloadExtractor::CheckNames(const MList<MPayloadItem>& items) {
     MCheckItemNames(file.GetLibrary());
     for (const MPayloadItem& item : items)
-        if (!MIsInsideName(item.path) || item.path.EndsWith("/"))
+        if (!MIsSafeName(item.path) || item.path.EndsWith("/"))
             MRaise(MExceptionGeneral,
                    "The name \"{0}\" in the payload leads out of its directory. Do not trust this file.",
                    item.path);

@@ -32,6 +32,31 @@ enum MSpecialFolder : int32_t {
 
 inline constexpr int32_t MSpecialFolderCount = 21;
 
+/// The folders' names in the order of their numbers.
+inline constexpr const char* MSpecialFolderNames[MSpecialFolderCount] = {
+    "data",
+    "userdata",
+    "user",
+    "documents",
+    "userdocuments",
+    "programfiles",
+    "components",
+    "startmenu",
+    "userstartmenu",
+    "startmenuprograms",
+    "userstartmenuprograms",
+    "desktop",
+    "userdesktop",
+    "system",
+    "fonts",
+    "downloads",
+    "music",
+    "pictures",
+    "video",
+    "temporary",
+    "usertemporary",
+};
+
 /// Where the special folders are. The platform's own come from `MGetPlatformFolders`; tests install scratch
 /// folders through `MFile::UseSpecialFolders`.
 ///

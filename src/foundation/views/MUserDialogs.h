@@ -10,8 +10,10 @@ enum class MRetryAnswer { Retry, Refuse, Ignore };
 /// What the program asks and tells its user. Windows implement it for a person, a terminal and fixed
 /// answers serve runs without window, and tests bring answers of their own. Called on the main thread;
 /// a call returns when the user has answered.
-class MUserDialogs : public MObject {
+class MUserDialogs {
 public:
+    virtual ~MUserDialogs() noexcept(false) = default;
+
     /// True for yes.
     [[nodiscard]] virtual bool AskYesNo(const MString& question) = 0;
     [[nodiscard]] virtual MRetryAnswer AskRetry(const MString& question) = 0;

@@ -2,20 +2,13 @@
 
 #include "foundation/base/MRaise.h"
 #include "foundation/files/MFile.h"
+#include "foundation/files/MSafeName.h"
 #include "foundation/xml/MXMLSubItems.h"
 
 namespace {
 
-bool IsSeparator(MChar character) {
-    return character == MChar('/') || character == MChar('\\');
-}
-
-bool IsDrive(const MString& name) {
-    return name.GetLength() > 1 && name[0].IsLetter() && name[1] == MChar(':');
-}
-
 void CheckName(const MString& name) {
-    if (MIsInsideName(name)) return;
+    if (MIsSafeName(name)) return;
     MRaise(MExceptionGeneral,
            "The name \"{0}\" in the definition leads out of its directory. The installer is damaged or "
            "not trustworthy; please get it again from its maker.",
@@ -41,19 +34,6 @@ void CheckLinks(const MXMLItem& item) {
 }
 
 }  // namespace
-
-bool MIsInsideName(const MString& name) {
-    if (name.IsEmpty()) return true;
-    if (IsSeparator(name[0]) || IsDrive(name)) return false;
-    if (!name.Contains("..")) return true;
-    int32_t start = 0;
-    for (int32_t i = 0; i <= name.GetLength(); ++i) {
-        if (i < name.GetLength() && !IsSeparator(name[i])) continue;
-        if (name.Substring(start, i - start) == "..") return false;
-        start = i + 1;
-    }
-    return true;
-}
 
 void MCheckItemNames(const MXMLItem& root) {
     for (const MXMLItem& files : MXMLSubItems(root, "files")) {

@@ -3,6 +3,8 @@
 #include "foundation/base/MList.h"
 #include "foundation/text/MString.h"
 
+#include <cstdint>
+
 /// The table that turns `{programfiles}/Maker/Product` into a path. Keys stand with their braces;
 /// a key may be there twice, and the first wins. The table is only ever rebuilt as a whole or added to.
 class MPathMacros {
@@ -18,10 +20,11 @@ public:
 
     /// The key of a name: `{name}`.
     [[nodiscard]] static MString GetKey(const MString& name);
+    /// The name under which definitions know an `MSpecialFolder`, without braces. "temp" and "logs" stand for
+    /// other folders than they say, and those behind them have the empty name: definitions rely on what results.
+    [[nodiscard]] static MString GetFolderName(int32_t folder);
 
 private:
-    void AddFolder(int32_t folder, bool useX64);
-
     MList<MString> MacroKeys;
     MList<MString> MacroValues;
 };

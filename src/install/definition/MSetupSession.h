@@ -1,6 +1,5 @@
 #pragma once
 
-#include "install/definition/MItemNames.h"
 #include "install/definition/MPathMacros.h"
 #include "payload/MLargeResourceLibrary.h"
 
@@ -11,17 +10,22 @@ public:
     /// Takes the name (required) of `definition`, which is not owned. There are no macros yet: making them
     /// creates a folder, and whoever refuses a run does so before. Raises what `MCheckItemNames` raises, and
     /// "Could not find required attribute ({0})." (0).
-    explicit MSetupSession(MLargeResourceLibrary& definition)
-        : Library(&definition), SoftwareName(definition.GetAttribute("name")) {
-        MCheckItemNames(definition);
-    }
+    explicit MSetupSession(MLargeResourceLibrary& definition);
 
     [[nodiscard]] MXMLItem& GetDefinition() const { return *Library; }
-    void CreatePathMacros() { Macros.CreatePathMacros(UseX64); }
     /// The key under which an installation is registered: `installationname`, or the product's name.
     [[nodiscard]] MString GetInstallationName() const {
         return Library->GetAttribute("installationname", SoftwareName);
     }
+
+    /// Rebuilds the macros of the special folders; those of directories are dropped.
+    void CreatePathMacros() { Macros.CreatePathMacros(UseX64); }
+    /// Makes each available `directory` of the definition a macro. Gives their paths, in the order of the
+    /// definition. Raises "Could not find required attribute ({0})." (0) for one without `id` or `path`.
+    [[nodiscard]] MList<MString> AddDirectoryMacros();
+    /// Writes the expanded `destination` of each enabled `files` and `copy` as its `currentpath`. Raises "Could not
+    /// find required attribute (destination)." (0).
+    void ExpandDestinations();
 
     MLargeResourceLibrary* Library;
     MString SoftwareName;

@@ -5,6 +5,17 @@
 #include "foundation/xml/MXMLSubItems.h"
 #include "install/definition/MItemNames.h"
 #include "install/definition/MPlatformElement.h"
+#include "install/engine/MInstallRetry.h"
+#include "install/presets/MUserDataMigration.h"
+
+/// One `dir` or `file` element in the hands of the walk.
+struct MInstallProcessor::Item {
+    MXMLItem& element;
+    MString name;
+    MString path;
+    MString op;
+    bool rewritable;
+};
 
 namespace {
 
@@ -16,84 +27,157 @@ bool OwnsDirectory(const MXMLItem& pass) {
     return pass.GetInt32Attribute("createpath", 1) != 0;
 }
 
-MProcessOptions MakeOptions(const MXMLItem& pass, const MString& directory, bool uninstall) {
+MProcessOptions MakeOptions(const MXMLItem& pass, const MString& directory, MProcess process) {
     MProcessOptions options;
-    options.uninstall = uninstall;
+    options.uninstall = process == MProcess::Uninstall;
     options.ignoreSubdirs = pass.GetInt32Attribute("ignoresubdirs", 0) != 0 && !directory.Contains(".");
     return options;
 }
 
+/// The name of the parent's path stands for one that is missing.
+MString GetItemName(const MXMLItem& parent, const MXMLItem& child, const MProcessOptions& options) {
+    MString name = child.GetAttribute("name", "");
+    if (name.IsEmpty()) name = MFile::GetFileName(parent.GetAttribute("path", ""));
+    if (options.sourceExtensions.IsEmpty()) return name;
+    const MString extension = MFile::GetExtension(name);
+    for (int32_t i = 0; i < options.sourceExtensions.GetCount(); ++i)
+        if (extension == options.sourceExtensions[i])
+            return MFile::ChangeExtension(name, options.destinationExtensions[i]);
+    return name;
+}
+
 }  // namespace
 
-MInstallProcessor::MInstallProcessor() : buffer(BufferSize) {}
-
-void MInstallProcessor::Perform(MXMLItem& root, MLargeResourceLibrary* contents, const MInstallViews& shown,
-                                bool uninstall) {
+void MInstallProcessor::Perform(MXMLItem& root, MLargeResourceLibrary* contents, const MInstallViews& views,
+                                MProcess process) {
     library = contents;
-    views = shown;
+    progress.views = views;
     views.ShowInfo(MTranslate("Checking installation..."));
     MCheckItemNames(root);
-    for (MXMLItem& files : MXMLSubItems(root, "files")) CountFiles(files, uninstall);
+    for (MXMLItem& files : MXMLSubItems(root, "files")) Prepare(files, process);
 
     views.ShowInfo(MTranslate("Copying files..."));
     Log("Performing installation");
-    for (MXMLItem& files : MXMLSubItems(root, "files")) PerformFiles(files, uninstall);
-    log.Flush();
+    for (MXMLItem& files : MXMLSubItems(root, "files")) PerformFiles(files, process);
+    progress.log.Flush();
 }
 
-void MInstallProcessor::CountFiles(MXMLItem& files, bool uninstall) {
+/// Counts what is to be done for an element and its copies, and makes their directories.
+void MInstallProcessor::Prepare(MXMLItem& files, MProcess process) {
+    const bool isInstall = process == MProcess::Install;
     MList<MXMLItem, MListPointers> items;
     files.CollectSubItems("file", items);
     int32_t count = 0;
     int64_t size = 0;
     for (const MXMLItem* item : items) {
         const MString op = item->GetAttribute("op", "");
-        if (!uninstall && op == "leave") continue;
+        if (isInstall && op == "leave") continue;
         ++count;
-        if (!uninstall && (op == "create" || op == "update")) size += item->GetInt64Attribute("filesize", 0);
+        if (isInstall && (op == "create" || op == "update")) size += item->GetInt64Attribute("filesize", 0);
     }
-    const auto addPass = [&](MXMLItem& pass, bool isCounted) {
+    const auto addPass = [&](const MXMLItem& pass, bool isCounted) {
         if (!IsEnabled(pass)) return;
-        CountPass(pass, uninstall);
+        if (isInstall) {
+            const MString directory = pass.GetAttribute("currentpath");
+            if (OwnsDirectory(pass)) MFile::CreatePath(directory);
+        }
         if (!isCounted) return;
-        itemCount += count;
-        totalBytes += size;
+        progress.itemCount += count;
+        progress.totalBytes += size;
     };
     addPass(files, true);
-    for (MXMLItem& copy : MXMLSubItems(files, "copy")) addPass(copy, MIsForThisPlatform(copy));
+    for (const MXMLItem& copy : MXMLSubItems(files, "copy")) addPass(copy, MIsForThisPlatform(copy));
 }
 
-void MInstallProcessor::CountPass(MXMLItem& pass, bool uninstall) {
-    if (uninstall) return;
-    const MString directory = pass.GetAttribute("currentpath");
-    if (OwnsDirectory(pass)) MFile::CreatePath(directory);
-}
-
-void MInstallProcessor::PerformFiles(MXMLItem& files, bool uninstall) {
-    if (uninstall && files.GetInt32Attribute("uninstall", 1) == 0) return;
+void MInstallProcessor::PerformFiles(MXMLItem& files, MProcess process) {
+    const bool isRemoval = process == MProcess::Uninstall;
+    if (isRemoval && files.GetInt32Attribute("uninstall", 1) == 0) return;
     if (IsEnabled(files)) {
         const MString directory = files.GetAttribute("currentpath");
         Log("Initiating install to ", directory);
-        MProcessOptions options = MakeOptions(files, directory, uninstall);
+        MProcessOptions options = MakeOptions(files, directory, process);
         ProcessItems(directory, files, true, options);
-        if (uninstall && OwnsDirectory(files)) Log("Deleting directory ", directory);
-        if (uninstall) RemovePassDirectory(files, directory);
+        if (isRemoval && OwnsDirectory(files)) {
+            Log("Deleting directory ", directory);
+            remover.RemoveDirectory(directory);
+        }
     }
-    for (MXMLItem& copy : MXMLSubItems(files, "copy"))
-        if (IsEnabled(copy) && MIsForThisPlatform(copy)) PerformCopy(files, copy, uninstall);
+    for (const MXMLItem& copy : MXMLSubItems(files, "copy")) {
+        if (!IsEnabled(copy) || !MIsForThisPlatform(copy)) continue;
+        const MString directory = copy.GetAttribute("currentpath");
+        MProcessOptions options = MakeOptions(copy, directory, process);
+        for (const MXMLItem& extension : MXMLSubItems(copy, "extension")) {
+            options.sourceExtensions.Add(extension.GetAttribute("src"));
+            options.destinationExtensions.Add(extension.GetAttribute("dst"));
+        }
+        ProcessItems(directory, files, true, options);
+        if (isRemoval && OwnsDirectory(copy)) remover.RemoveDirectory(directory);
+    }
 }
 
-void MInstallProcessor::PerformCopy(MXMLItem& files, MXMLItem& copy, bool uninstall) {
-    const MString directory = copy.GetAttribute("currentpath");
-    MProcessOptions options = MakeOptions(copy, directory, uninstall);
-    for (const MXMLItem& extension : MXMLSubItems(copy, "extension")) {
-        options.sourceExtensions.Add(extension.GetAttribute("src"));
-        options.destinationExtensions.Add(extension.GetAttribute("dst"));
+void MInstallProcessor::ProcessItems(const MString& destination, MXMLItem& item, bool rewritable,
+                                     MProcessOptions& options) {
+    rewritable = rewritable && item.GetInt32Attribute("rewritable", 1) != 0;
+    if (options.uninstall && (item.GetInt32Attribute("uninstall", 1) == 0 || !rewritable)) return;
+
+    const bool isUserData = destination == MFile::GetSpecialPath(MSpecialFolderUserData);
+    for (int32_t i = 0; i < item.GetSubItemCount(); ++i) {
+        MXMLItem& child = *item.GetSubItem(i);
+        const bool isDirectory = child.GetName() == "dir";
+        if (!isDirectory && !(child.GetName() == "file")) continue;
+        const MString name = GetItemName(item, child, options);
+        if (isUserData) MigrateUserData(destination);
+        const Item current{child, name, MFile::Join(destination, name), child.GetAttribute("op", ""),
+                           rewritable};
+        progress.fileBytes = 0;
+        progress.filePosition = 0;
+        if (isDirectory)
+            ProcessDirectory(current, destination, options);
+        else
+            ProcessFile(current, options);
     }
-    ProcessItems(directory, files, true, options);
-    if (uninstall) RemovePassDirectory(copy, directory);
 }
 
-void MInstallProcessor::RemovePassDirectory(MXMLItem& pass, const MString& directory) {
-    if (OwnsDirectory(pass)) TryRemovingDirectory(directory);
+void MInstallProcessor::ProcessDirectory(const Item& item, const MString& destination,
+                                         MProcessOptions& options) {
+    progress.log.Flush();
+    Log("Processing directory \"", item.path, "\" operation ", item.op);
+    const bool ignoreSubdirs = options.ignoreSubdirs;
+    if (ignoreSubdirs && !item.name.Contains("."))
+        return ProcessItems(destination, item.element, item.rewritable, options);
+    options.ignoreSubdirs = false;
+    if (!options.uninstall && item.op == "create") {
+        progress.ShowItem("creating directory {0} ({1} of {2})", item.path);
+        Log("Creating directory ", item.path);
+        MInstallRetry([&] { MFile::CreatePath(item.path); });
+    }
+    ProcessItems(item.path, item.element, item.rewritable, options);
+    if (options.uninstall || item.op == "delete") {
+        ShowRemoval("deleting directory {0} ({1} of {2})", item, options);
+        Log("Deleting directory ", item.path);
+        if (MFile::Exists(item.path)) remover.RemoveDirectory(item.path);
+    }
+    options.ignoreSubdirs = ignoreSubdirs;
+}
+
+void MInstallProcessor::ProcessFile(const Item& item, const MProcessOptions& options) {
+    const bool isRemoval = options.uninstall || item.op == "delete";
+    // Deleting is so quick that the log would take its time; there its lines are on the disk by the directory.
+    if (!isRemoval) progress.log.Flush();
+    Log("Processing file \"", item.path, "\" operation ", item.op);
+    if (isRemoval) {
+        ShowRemoval("deleting file {0} ({1} of {2})", item, options);
+        ++progress.itemIndex;
+        if (item.rewritable) remover.RemoveFile(item.path);
+    } else if (item.op == "create" || item.op == "update") {
+        writer.Write(item.element, item.path, item.rewritable, *library);
+    }
+}
+
+void MInstallProcessor::ShowRemoval(const char* format, const Item& item,
+                                    const MProcessOptions& options) const {
+    if (options.uninstall)
+        progress.ShowItems();
+    else
+        progress.ShowItem(format, item.path);
 }

@@ -3,7 +3,7 @@
 #include "foundation/views/MProgressView.h"
 #include "foundation/views/MUserDialogs.h"
 
-/// What a run shows itself and asks through. Each may be null; none is owned.
+/// What a run shows itself and asks through. Each view may be null; no view is owned.
 class MInstallViews {
 public:
     MTextView* infoText = nullptr;      ///< the phase

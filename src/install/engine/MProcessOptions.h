@@ -3,6 +3,9 @@
 #include "foundation/base/MList.h"
 #include "foundation/text/MString.h"
 
+/// What a run does with the items of a definition.
+enum class MProcess { Install, Uninstall };
+
 /// How the items of one destination are worked on.
 struct MProcessOptions {
     bool uninstall = false;

@@ -1,13 +1,39 @@
 #include "install/presets/MPresetMerge.h"
 
 #include "foundation/xml/MXMLSubItems.h"
-#include "install/presets/MKeyedItems.h"
+
+#include <string>
+#include <unordered_map>
 
 namespace {
 
-void Stamp(MXMLItem& preset, int32_t exchangeIndex) {
-    if (exchangeIndex >= 0) preset.SetAttribute("ExchangeIndex", exchangeIndex);
-}
+/// The sub-items of one name by the value of one attribute, under the equality of `MString`. It is a picture of the
+/// moment: sub-items that are added later are not found. No item is owned.
+class ItemsByKey {
+public:
+    /// A sub-item without the attribute has the empty key.
+    ItemsByKey(const MXMLItem& parent, const MString& itemName, const MString& attribute) {
+        for (MXMLItem& item : MXMLSubItems(parent, itemName))
+            items.emplace(Fold(item.GetAttribute(attribute, "")), &item);
+    }
+
+    /// Null if there is none; of several the first.
+    [[nodiscard]] MXMLItem* Find(const MString& key) const {
+        const auto found = items.find(Fold(key));
+        return found == items.end() ? nullptr : found->second;
+    }
+
+private:
+    /// Keys that are equal as `MString` are the same text in this form.
+    static std::u16string Fold(const MString& key) {
+        std::u16string folded(static_cast<size_t>(key.GetLength()), u'\0');
+        for (int32_t i = 0; i < key.GetLength(); ++i)
+            folded[static_cast<size_t>(i)] = static_cast<char16_t>(key[i].FoldDiacritics().ToLower());
+        return folded;
+    }
+
+    std::unordered_map<std::u16string, MXMLItem*> items;
+};
 
 void ReplacePreset(MXMLItem& existing, MXMLItem& preset) {
     if (!preset.HasAttribute("compressed")) {
@@ -19,47 +45,38 @@ void ReplacePreset(MXMLItem& existing, MXMLItem& preset) {
     existing.SetValue(preset.GetValue());
 }
 
-int32_t MergePresetsOfLevel(MXMLItem& target, const MXMLItem& source, int32_t exchangeIndex, int32_t mode) {
-    const MKeyedItems presets(target, "preset", "name");
-    int32_t count = 0;
-    for (MXMLItem& preset : MXMLSubItems(source, "preset")) {
-        MXMLItem* existing = mode == MMergeAdd ? nullptr : presets.Find(preset.GetAttribute("name", ""));
-        if (existing && mode == MMergeKeep) continue;
-        if (existing) {
-            ReplacePreset(*existing, preset);
-        } else {
-            existing = target.AddSubItem("preset");
-            existing->CopyFrom(preset);
-        }
-        Stamp(*existing, exchangeIndex);
-        ++count;
-    }
-    return count;
-}
-
-void Categorize(MXMLItem& folder) {
-    const MString category = MFindPresetCategory(folder.GetAttribute("Name", ""));
-    if (!category.IsEmpty()) folder.SetAttribute("Name", category);
-}
-
-int32_t AddFolder(MXMLItem& target, const MXMLItem& folder, int32_t exchangeIndex) {
-    MXMLItem& added = *target.AddSubItem("Directory");
-    added.CopyFrom(folder);
-    return exchangeIndex >= 0 ? AssignExchangeIndex(added, true, MNumberToText(exchangeIndex))
-                              : added.CountSubItems("preset");
-}
-
 }  // namespace
 
 int32_t MergePresets(MXMLItem& target, MXMLItem& source, int32_t exchangeIndex, int32_t mode,
                      bool categorize) {
-    int32_t count = MergePresetsOfLevel(target, source, exchangeIndex, mode);
-    const MKeyedItems folders(target, "Directory", "Name");
+    int32_t count = 0;
+    const ItemsByKey presets(target, "preset", "name");
+    for (MXMLItem& preset : MXMLSubItems(source, "preset")) {
+        MXMLItem* merged = mode == MMergeAdd ? nullptr : presets.Find(preset.GetAttribute("name", ""));
+        if (merged && mode == MMergeKeep) continue;
+        if (merged) {
+            ReplacePreset(*merged, preset);
+        } else {
+            merged = target.AddSubItem("preset");
+            merged->CopyFrom(preset);
+        }
+        if (exchangeIndex >= 0) merged->SetAttribute("ExchangeIndex", exchangeIndex);
+        ++count;
+    }
+
+    const ItemsByKey folders(target, "Directory", "Name");
     for (MXMLItem& folder : MXMLSubItems(source, "Directory")) {
-        if (categorize) Categorize(folder);
-        MXMLItem* const existing = folders.Find(folder.GetAttribute("Name", ""));
-        count += existing ? MergePresets(*existing, folder, exchangeIndex, mode, categorize)
-                          : AddFolder(target, folder, exchangeIndex);
+        const MString category =
+            categorize ? MFindPresetCategory(folder.GetAttribute("Name", "")) : MString();
+        if (!category.IsEmpty()) folder.SetAttribute("Name", category);
+        if (MXMLItem* const existing = folders.Find(folder.GetAttribute("Name", ""))) {
+            count += MergePresets(*existing, folder, exchangeIndex, mode, categorize);
+            continue;
+        }
+        MXMLItem& added = *target.AddSubItem("Directory");
+        added.CopyFrom(folder);
+        count += exchangeIndex >= 0 ? AssignExchangeIndex(added, true, MNumberToText(exchangeIndex))
+                                    : added.CountSubItems("preset");
     }
     return count;
 }

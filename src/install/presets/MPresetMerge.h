@@ -11,9 +11,6 @@ enum MMergeMode : int32_t {
     MMergeAdd = 2,      ///< it is added beside the target's
 };
 
-/// Stands for "no preset is stamped" where an exchange index is asked for.
-constexpr int32_t MNoExchangeIndex = -1;
-
 /// Merges the presets of `source` into `target`, level by level: presets by their `name`, folders
 /// (`Directory`) by their `Name`. What the target has and the source has not stays; new presets and folders
 /// come after everything that is there. An `exchangeIndex` that is not negative is written into each preset

@@ -27,21 +27,27 @@ bool HoldsAlready(const MString& path, MStream& content) {
     return true;
 }
 
+/// Leaves a copy of this program without its payload.
+void CopySetup(const MString& setupPath) {
+    MSfx program;
+    if (HoldsAlready(setupPath, *program.OpenExecutable())) return;
+    MFile::CreatePath(MFile::GetDirectory(setupPath));
+    MOutputFile copy(setupPath);
+    program.OpenExecutable()->CopyAllToInLargePieces(copy);
+    copy.Commit(true);
+}
+
 }  // namespace
 
 MInstallRun::MInstallRun(MSetupSession& session, const MInstallViews& views)
     : session(session), views(views), mainPath(MFile::GetSpecialPath(MSpecialFolderData)) {}
 
 void MInstallRun::Enter() {
-    bool isFirst = true;
-    for (const MXMLItem& directory : MXMLSubItems(session.GetDefinition(), "directory")) {
-        if (directory.GetInt32Attribute("Available", 1) == 0) continue;
-        const MString path = directory.GetAttribute("path");
-        if (isFirst) mainPath = path;
-        isFirst = false;
-        session.Macros.AddMacro(directory.GetAttribute("id"), path);
+    const MList<MString> directories = session.AddDirectoryMacros();
+    if (!directories.IsEmpty()) mainPath = directories[0];
+    for (const MString& directory : directories) {
         try {
-            MFile::CreatePath(path);
+            MFile::CreatePath(directory);
         } catch (const MException& exception) {
             views.dialogs->ShowError(exception.GetMessage());
         }
@@ -49,53 +55,22 @@ void MInstallRun::Enter() {
 }
 
 void MInstallRun::Perform() {
-    ExpandDestinations();
+    session.ExpandDestinations();
     MInstallProcessor processor;
-    processor.Perform(session.GetDefinition(), session.Library, views, false);
-    CopySetup();
-    Register();
-    views.ShowInfo(MTranslate("Creating shortcuts..."));
-    CreateShortcuts();
-    SaveState();
-    processor.Complete();
-}
+    processor.Perform(session.GetDefinition(), session.Library, views, MProcess::Install);
 
-void MInstallRun::ExpandDestinations() {
-    for (MXMLItem& files : MXMLSubItems(session.GetDefinition(), "files")) {
-        ExpandDestination(files);
-        for (MXMLItem& copy : MXMLSubItems(files, "copy")) ExpandDestination(copy);
-    }
-}
-
-void MInstallRun::ExpandDestination(MXMLItem& pass) const {
-    if (pass.GetInt32Attribute("enabled", 0) == 0) return;
-    pass.SetAttribute("currentpath", session.Macros.ExpandMacros(pass.GetAttribute("destination")));
-}
-
-void MInstallRun::CopySetup() {
     const MString setupPath = MGetSetupPath(mainPath);
     session.InstalledExecutable = MPlatform::GetPathText(setupPath);
-    MSfx program;
-    if (HoldsAlready(setupPath, *program.OpenExecutable())) return;
-    MFile::CreatePath(mainPath);
-    MOutputFile copy(setupPath);
-    program.OpenExecutable()->CopyAllToInLargePieces(copy);
-    copy.Commit(true);
-}
+    CopySetup(setupPath);
+    MUninstallEntry{session.GetInstallationName(), session.SoftwareName, setupPath}.Write();
 
-void MInstallRun::Register() const {
-    MUninstallEntry entry;
-    entry.key = session.GetInstallationName();
-    entry.displayName = session.SoftwareName;
-    entry.setup = session.InstalledExecutable;
-    entry.Write();
-}
-
-void MInstallRun::CreateShortcuts() const {
-    const MShortcutTargets targets{MGetSetupPath(mainPath),
-                                   [this](const MString& text) { return session.Macros.ExpandMacros(text); }};
+    views.ShowInfo(MTranslate("Creating shortcuts..."));
+    const auto expand = [this](const MString& text) { return session.Macros.ExpandMacros(text); };
     const MShortcuts shortcuts(session.AdminRights);
-    shortcuts.CreateLinks(shortcuts.GetDirectory(), session.GetDefinition(), targets);
+    shortcuts.CreateLinks(shortcuts.GetDirectory(), session.GetDefinition(), {setupPath, expand});
+
+    SaveState();
+    processor.Complete();
 }
 
 void MInstallRun::SaveState() {

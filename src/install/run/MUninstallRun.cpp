@@ -14,19 +14,26 @@ MUninstallRun::MUninstallRun(const MString& directory, const MInstallViews& view
 }
 
 void MUninstallRun::PerformUninstallation() {
-    adminRights = state.GetInt32Attribute("adminrights", 0) != 0;
+    MShortcuts shortcuts(state.GetInt32Attribute("adminrights", 0) != 0);
     views.ShowInfo(MTranslate("Removing files..."));
     MInstallViews bar;
     bar.totalBar = views.totalBar;
-    processor.Perform(state, nullptr, bar, true);
-    RemoveShortcuts();
-    RemoveKey();
-    RemoveState();
+    processor.Perform(state, nullptr, bar, MProcess::Uninstall);
+    RemoveLinks(shortcuts);
+
+    const MString key = state.GetAttribute("installationname", productName);
+    try {
+        MUninstallEntry::Delete(key);
+    } catch (const MException& exception) {
+        views.dialogs->ShowError(exception.GetMessage());
+        leftovers.Add(MFormat(MTranslate("the entry \"{0}\" in the list of installed programs"), key));
+    }
+    const MString path = MGetStatePath(mainPath);
+    if (!MGuard("PerformUninstallation", [&] { MFile::Delete(path); })) leftovers.Add(path);
     views.ShowInfo(MTranslate("Done."));
 }
 
-void MUninstallRun::RemoveShortcuts() {
-    MShortcuts shortcuts(adminRights);
+void MUninstallRun::RemoveLinks(MShortcuts& shortcuts) {
     try {
         shortcuts.RemoveLinks(shortcuts.GetDirectory(), state);
     } catch (const MException&) {
@@ -39,23 +46,8 @@ void MUninstallRun::RemoveShortcuts() {
     for (const MString& link : shortcuts.GetFailures()) leftovers.Add(link);
 }
 
-void MUninstallRun::RemoveKey() {
-    const MString key = state.GetAttribute("installationname", productName);
-    try {
-        MUninstallEntry::Delete(key);
-    } catch (const MException& exception) {
-        views.dialogs->ShowError(exception.GetMessage());
-        leftovers.Add(MFormat(MTranslate("the entry \"{0}\" in the list of installed programs"), key));
-    }
-}
-
-void MUninstallRun::RemoveState() {
-    const MString path = MGetStatePath(mainPath);
-    if (!MGuard("PerformUninstallation", [&] { MFile::Delete(path); })) leftovers.Add(path);
-}
-
 MList<MString> MUninstallRun::GetLeftovers() const {
     MList<MString> all = leftovers;
-    for (const MString& path : processor.GetLeftovers()) all.Add(path);
+    for (const MString& path : processor.GetRemover().GetLeftovers()) all.Add(path);
     return all;
 }

@@ -36,21 +36,21 @@ void MComponentRows::AddComponent(MXMLItem& element) {
         row = new MComponentRow{name, element.GetValue(), {}, true};
         rows.Add(row);
     }
-    row->Elements.Add(&element);
+    row->elements.Add(&element);
     element.SetAttribute("enabled", "1");
 }
 
 MComponentRow* MComponentRows::Find(const MString& name) const {
     for (MComponentRow* row : rows)
-        if (row->Name == name) return row;
+        if (row->name == name) return row;
     return nullptr;
 }
 
 void MComponentRows::ApplyConfiguration(const MString& configurationId) {
-    for (MComponentRow* row : rows) row->Checked = IsInConfiguration(*row->Elements[0], configurationId);
+    for (MComponentRow* row : rows) row->checked = IsInConfiguration(*row->elements[0], configurationId);
 }
 
 void MComponentRows::Store() {
     for (const MComponentRow* row : rows)
-        for (MXMLItem* element : row->Elements) element->SetAttribute("enabled", row->Checked ? "1" : "0");
+        for (MXMLItem* element : row->elements) element->SetAttribute("enabled", row->checked ? "1" : "0");
 }

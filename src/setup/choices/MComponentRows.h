@@ -5,10 +5,10 @@
 
 /// One switch of the component page: all `files` and `copy` elements of one name.
 struct MComponentRow {
-    MString Name;
-    MString Description;
-    MList<MXMLItem, MListPointers> Elements;
-    bool Checked = true;
+    MString name;
+    MString description;
+    MList<MXMLItem, MListPointers> elements;
+    bool checked = true;
 };
 
 /// What of a product can be chosen: the rows that its `files` and `copy` elements make, and the

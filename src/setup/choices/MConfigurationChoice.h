@@ -9,7 +9,7 @@ public:
     /// Raises "Could not find required attribute ({0})." (0) for an alternative without `id` or `name`.
     explicit MConfigurationChoice(MXMLItem& definition);
 
-    /// The alternatives of this platform, in the order of the definition; none is owned.
+    /// The alternatives of this platform, in the order of the definition, which owns them.
     [[nodiscard]] const MList<MXMLItem, MListPointers>& GetAlternatives() const { return alternatives; }
     /// False for one that needs a 64-bit system on a system that is none.
     [[nodiscard]] bool IsAvailable(const MXMLItem& alternative) const;

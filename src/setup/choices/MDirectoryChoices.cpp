@@ -36,14 +36,14 @@ MDirectoryChoices::MDirectoryChoices(MSetupSession& session) : session(session) 
 
 MDirectoryRow* MDirectoryChoices::Find(const MString& id) {
     for (MDirectoryRow& row : rows)
-        if (row.Element->GetAttribute("id") == id) return &row;
+        if (row.element->GetAttribute("id") == id) return &row;
     return nullptr;
 }
 
 void MDirectoryChoices::LoadDefaults() {
     session.CreatePathMacros();
     const MDefaultPaths remembered;
-    for (MDirectoryRow& row : rows) row.Path = Propose(*row.Element, remembered);
+    for (MDirectoryRow& row : rows) row.path = Propose(*row.element, remembered);
 }
 
 MString MDirectoryChoices::Propose(const MXMLItem& element, const MDefaultPaths& remembered) const {
@@ -82,8 +82,8 @@ MString MDirectoryChoices::GetKey(const MXMLItem& element) const {
 bool MDirectoryChoices::UpdateAvailability() {
     bool isNoneUsed = true;
     for (const MDirectoryRow& row : rows) {
-        const bool isUsed = IsUsed(*row.Element);
-        row.Element->SetAttribute("Available", isUsed ? "1" : "0");
+        const bool isUsed = IsUsed(*row.element);
+        row.element->SetAttribute("Available", isUsed ? "1" : "0");
         if (isUsed) isNoneUsed = false;
     }
     return isNoneUsed;
@@ -103,10 +103,10 @@ void MDirectoryChoices::Store() {
     MGuard("DefaultPaths save", [this] {
         MDefaultPaths remembered;
         for (const MDirectoryRow& row : rows) {
-            const MString path = MFile::Normalize(row.Path);
-            row.Element->SetAttribute("path", path);
-            if (row.Element->GetInt32Attribute("StoreSystemDefaults", 0) != 0)
-                remembered.Set(GetKey(*row.Element), path);
+            const MString path = MFile::Normalize(row.path);
+            row.element->SetAttribute("path", path);
+            if (row.element->GetInt32Attribute("StoreSystemDefaults", 0) != 0)
+                remembered.Set(GetKey(*row.element), path);
         }
         remembered.Save();
     });

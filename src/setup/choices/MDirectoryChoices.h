@@ -6,8 +6,8 @@
 
 /// One directory that the user can choose: its `directory` element and the path that stands in its field.
 struct MDirectoryRow {
-    MXMLItem* Element;
-    MString Path;
+    MXMLItem* element;
+    MString path;
 };
 
 /// Where a product's parts go: a row for each `directory` element that matters on this system, a

@@ -12,10 +12,10 @@ MOlderVersions::MOlderVersions(const MXMLItem& definition) {
         });
 }
 
-bool MOlderVersions::Remove(const MOlderVersion& version, bool isSilent) {
+bool MOlderVersions::Remove(const MOlderVersion& version, MRemovalManner manner) {
     MList<MString> words;
     words.Add("uninstall");
-    if (isSilent) words.Add("silent");
+    if (manner == MRemovalManner::Silent) words.Add("silent");
     int32_t exitCode = -1;
     MGuard("MOlderVersions", [&] { exitCode = MFile::Execute(version.setup, words, "", true); });
     return exitCode == 0;

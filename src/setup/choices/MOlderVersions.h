@@ -9,6 +9,9 @@ struct MOlderVersion {
     MString setup;  ///< path of the program that removes it
 };
 
+/// Whether somebody is there to answer what a removal asks.
+enum class MRemovalManner { Asking, Silent };
+
 /// What the `uninstall` elements of a definition name and this machine has.
 class MOlderVersions {
 public:
@@ -16,9 +19,9 @@ public:
     explicit MOlderVersions(const MXMLItem& definition);
 
     [[nodiscard]] const MList<MOlderVersion>& GetVersions() const { return versions; }
-    /// Starts the version's own program with the word `uninstall`, and also `silent` if nobody is there to
-    /// answer it, and waits for its end. False if it could not be started or told of a failure.
-    [[nodiscard]] static bool Remove(const MOlderVersion& version, bool isSilent);
+    /// Starts the version's own program with the word `uninstall`, and also `silent` if it shall ask nothing, and
+    /// waits for its end. False if it could not be started or told of a failure.
+    [[nodiscard]] static bool Remove(const MOlderVersion& version, MRemovalManner manner);
 
 private:
     MList<MOlderVersion> versions;

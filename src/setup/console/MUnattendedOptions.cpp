@@ -17,11 +17,18 @@ std::optional<MString> TextAfter(const MString& word, const char* prefix) {
     return word.Substring(MString(prefix).GetLength());
 }
 
-/// Splits "name=text". A name may hold "=" only if `lastSign` says that the last one counts.
-MNamedChoice SplitChoice(const MString& word, const MString& choice, bool lastSign, const char* advice) {
-    const int32_t sign = lastSign ? choice.FindCharBackward('=') : choice.FindChar('=');
+/// Splits "name=text" at the sign whose index is given, which may be missing.
+MNamedChoice SplitChoice(const MString& word, const MString& choice, int32_t sign, const char* advice) {
     if (sign <= 0) RaiseWord(word, advice);
     return {choice.Substring(0, sign), choice.Substring(sign + 1)};
+}
+
+template <class Value>
+Value FindAnswer(const MString& word, const MString& answer,
+                 std::initializer_list<std::pair<const char*, Value>> answers, const char* advice) {
+    for (const auto& [name, value] : answers)
+        if (answer == name) return value;
+    RaiseWord(word, advice);
 }
 
 }  // namespace
@@ -44,54 +51,34 @@ MUnattendedOptions::MUnattendedOptions(const MList<MString>& words, const MStrin
 }
 
 void MUnattendedOptions::ReadWord(const MString& word, const MString& startDirectory) {
-    if (word == "accept-licence")
-        AcceptLicence = true;
-    else if (const auto id = TextAfter(word, "configuration="))
-        Configuration = *id;
-    else if (const auto component = TextAfter(word, "component:"))
-        ReadComponent(word, *component);
-    else if (const auto directory = TextAfter(word, "directory:"))
-        ReadDirectory(word, *directory, startDirectory);
-    else if (const auto removal = TextAfter(word, "remove-older="))
-        ReadRemoveOlder(word, *removal);
-    else if (const auto answer = TextAfter(word, "locked="))
-        ReadLocked(word, *answer);
-    else
+    if (word == "accept-licence") {
+        acceptLicence = true;
+    } else if (const auto id = TextAfter(word, "configuration=")) {
+        configuration = *id;
+    } else if (const auto component = TextAfter(word, "component:")) {
+        const char* const advice = "write component:NAME=on or component:NAME=off";
+        // A name may hold the sign, the answer cannot.
+        const MNamedChoice choice = SplitChoice(word, *component, component->FindCharBackward('='), advice);
+        (void)FindAnswer<bool>(word, choice.text, {{"on", true}, {"off", false}}, advice);
+        components.Add(choice);
+    } else if (const auto directory = TextAfter(word, "directory:")) {
+        const char* const advice = "write directory:ID=PATH";
+        const auto [name, path] = SplitChoice(word, *directory, directory->FindChar('='), advice);
+        if (path.IsEmpty()) RaiseWord(word, advice);
+        const MString complete = MFile::IsAbsolute(path) ? path : MFile::Join(startDirectory, path);
+        directories.Add({name, MFile::Normalize(complete)});
+    } else if (const auto removal = TextAfter(word, "remove-older=")) {
+        removeOlder = FindAnswer<bool>(word, *removal, {{"yes", true}, {"no", false}},
+                                       "write remove-older=yes or remove-older=no");
+    } else if (const auto answer = TextAfter(word, "locked=")) {
+        locked = FindAnswer<MRetryAnswer>(word, *answer,
+                                          {{"abort", MRetryAnswer::Refuse},
+                                           {"ignore", MRetryAnswer::Ignore},
+                                           {"retry", MRetryAnswer::Retry}},
+                                          "write locked=abort, locked=ignore or locked=retry");
+    } else {
         RaiseWord(word,
                   "the words of a silent run are accept-licence, configuration=ID, component:NAME=on|off, "
                   "directory:ID=PATH, remove-older=yes|no and locked=abort|ignore|retry");
-}
-
-void MUnattendedOptions::ReadComponent(const MString& word, const MString& choice) {
-    const char* const advice = "write component:NAME=on or component:NAME=off";
-    const MNamedChoice component = SplitChoice(word, choice, true, advice);
-    if (!(component.Text == "on") && !(component.Text == "off")) RaiseWord(word, advice);
-    Components.Add(component);
-}
-
-void MUnattendedOptions::ReadDirectory(const MString& word, const MString& choice,
-                                       const MString& startDirectory) {
-    const char* const advice = "write directory:ID=PATH";
-    MNamedChoice directory = SplitChoice(word, choice, false, advice);
-    if (directory.Text.IsEmpty()) RaiseWord(word, advice);
-    const bool isComplete = MFile::IsAbsolute(directory.Text);
-    directory.Text =
-        MFile::Normalize(isComplete ? directory.Text : MFile::Join(startDirectory, directory.Text));
-    Directories.Add(directory);
-}
-
-void MUnattendedOptions::ReadRemoveOlder(const MString& word, const MString& answer) {
-    RemoveOlder = answer == "yes";
-    if (!RemoveOlder && !(answer == "no")) RaiseWord(word, "write remove-older=yes or remove-older=no");
-}
-
-void MUnattendedOptions::ReadLocked(const MString& word, const MString& answer) {
-    if (answer == "abort")
-        Locked = MRetryAnswer::Refuse;
-    else if (answer == "ignore")
-        Locked = MRetryAnswer::Ignore;
-    else if (answer == "retry")
-        Locked = MRetryAnswer::Retry;
-    else
-        RaiseWord(word, "write locked=abort, locked=ignore or locked=retry");
+    }
 }

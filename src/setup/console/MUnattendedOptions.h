@@ -7,8 +7,8 @@
 
 /// A name and the text given for it.
 struct MNamedChoice {
-    MString Name;
-    MString Text;
+    MString name;
+    MString text;
 };
 
 /// The words of a run without window and questions:
@@ -28,19 +28,15 @@ public:
     /// `MRefusal`, which names the word and what would be right, for one that is unknown or incomplete.
     MUnattendedOptions(const MList<MString>& words, const MString& startDirectory);
 
-    bool AcceptLicence = false;
+    bool acceptLicence = false;
     /// `id` of the configuration; absent when the proposal shall stand.
-    std::optional<MString> Configuration;
-    MList<MNamedChoice> Components;   ///< row names with "on" or "off"
-    MList<MNamedChoice> Directories;  ///< ids with canonical paths
+    std::optional<MString> configuration;
+    MList<MNamedChoice> components;   ///< row names with "on" or "off"
+    MList<MNamedChoice> directories;  ///< ids with canonical paths
     /// Whether the older versions that the definition names are removed first.
-    bool RemoveOlder = false;
-    MRetryAnswer Locked = MRetryAnswer::Refuse;
+    bool removeOlder = false;
+    MRetryAnswer locked = MRetryAnswer::Refuse;
 
 private:
     void ReadWord(const MString& word, const MString& startDirectory);
-    void ReadComponent(const MString& word, const MString& choice);
-    void ReadDirectory(const MString& word, const MString& choice, const MString& startDirectory);
-    void ReadRemoveOlder(const MString& word, const MString& answer);
-    void ReadLocked(const MString& word, const MString& answer);
 };

@@ -14,28 +14,34 @@ MUnattendedRun::MUnattendedRun(MLargeResourceLibrary& definition, const MUnatten
       directories(session) {}
 
 void MUnattendedRun::Validate() {
-    if (session.GetDefinition().FindSubItem("licence") && !options.AcceptLicence)
+    const MString& product = session.SoftwareName;
+    if (session.GetDefinition().FindSubItem("licence") && !options.acceptLicence)
         MRefuse(
             "The licence of {0} has not been accepted. Read it, and if you agree, add the word accept-licence.",
-            session.SoftwareName);
-    if (options.Configuration && !configurations.Find(*options.Configuration))
-        MRefuse("{0} has no configuration \"{1}\".", session.SoftwareName, *options.Configuration);
-    ValidateComponents();
-    for (const MNamedChoice& directory : options.Directories)
-        if (!directories.Find(directory.Name))
-            MRefuse("{0} has no directory \"{1}\" to choose.", session.SoftwareName, directory.Name);
-}
-
-void MUnattendedRun::ValidateComponents() {
-    for (const MNamedChoice& component : options.Components)
-        if (!components.Find(component.Name))
-            MRefuse("{0} has no component \"{1}\" to choose.", session.SoftwareName, component.Name);
+            product);
+    if (options.configuration && !configurations.Find(*options.configuration))
+        MRefuse("{0} has no configuration \"{1}\".", product, *options.configuration);
+    for (const MNamedChoice& component : options.components)
+        if (!components.Find(component.name))
+            MRefuse("{0} has no component \"{1}\" to choose.", product, component.name);
+    for (const MNamedChoice& directory : options.directories)
+        if (!directories.Find(directory.name))
+            MRefuse("{0} has no directory \"{1}\" to choose.", product, directory.name);
 }
 
 void MUnattendedRun::Perform() {
-    if (options.RemoveOlder) RemoveOlderVersions();
-    ChooseConfiguration();
-    ChooseComponents();
+    if (options.removeOlder) RemoveOlderVersions();
+
+    const MXMLItem* chosen =
+        options.configuration ? configurations.Find(*options.configuration) : configurations.GetProposal();
+    if (chosen && !configurations.Apply(*chosen, session))
+        MRaise(MExceptionGeneral, MConfigurationNeeds64Bit);
+
+    components.ApplyConfiguration(session.ConfigurationId);
+    for (const MNamedChoice& component : options.components)
+        components.Find(component.name)->checked = component.text == "on";
+    components.Store();
+
     ChooseDirectories();
     MInstallRun run(session, views);
     run.Enter();
@@ -46,31 +52,17 @@ void MUnattendedRun::RemoveOlderVersions() {
     const MOlderVersions older(session.GetDefinition());
     for (const MOlderVersion& version : older.GetVersions()) {
         views.ShowInfo(MFormat(MTranslate("Removing {0}..."), version.name));
-        if (MOlderVersions::Remove(version, true)) continue;
+        if (MOlderVersions::Remove(version, MRemovalManner::Silent)) continue;
         views.dialogs->ShowError(MFormat(MTranslate("{0} could not be removed completely by \"{1}\"."),
                                          version.name, version.setup));
     }
 }
 
-void MUnattendedRun::ChooseConfiguration() {
-    const MXMLItem* chosen =
-        options.Configuration ? configurations.Find(*options.Configuration) : configurations.GetProposal();
-    if (chosen && !configurations.Apply(*chosen, session))
-        MRaise(MExceptionGeneral, MConfigurationNeeds64Bit);
-}
-
-void MUnattendedRun::ChooseComponents() {
-    components.ApplyConfiguration(session.ConfigurationId);
-    for (const MNamedChoice& component : options.Components)
-        components.Find(component.Name)->Checked = component.Text == "on";
-    components.Store();
-}
-
 void MUnattendedRun::ChooseDirectories() {
     if (!session.GetDefinition().FindSubItem("directory")) return session.CreatePathMacros();
     directories.LoadDefaults();
-    for (const MNamedChoice& directory : options.Directories)
-        directories.Find(directory.Name)->Path = directory.Text;
+    for (const MNamedChoice& directory : options.directories)
+        directories.Find(directory.name)->path = directory.text;
     directories.UpdateAvailability();
     directories.Store();
 }

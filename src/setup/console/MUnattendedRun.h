@@ -11,7 +11,7 @@
 /// for what the words of the command line say.
 class MUnattendedRun {
 public:
-    /// None is owned. Raises "Could not find required attribute ({0})." (0) for a broken definition.
+    /// The definition, the options and what the views point at are not owned. Raises "Could not find required attribute ({0})." (0) for a broken definition.
     MUnattendedRun(MLargeResourceLibrary& definition, const MUnattendedOptions& options,
                    const MInstallViews& views);
 
@@ -22,10 +22,7 @@ public:
     void Perform();
 
 private:
-    void ValidateComponents();
     void RemoveOlderVersions();
-    void ChooseConfiguration();
-    void ChooseComponents();
     void ChooseDirectories();
 
     const MUnattendedOptions& options;

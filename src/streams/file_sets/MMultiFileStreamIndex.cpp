@@ -1,5 +1,6 @@
 #include "foundation/base/MRaise.h"
 #include "foundation/files/MFile.h"
+#include "foundation/files/MSafeName.h"
 #include "foundation/xml/MXMLSubItems.h"
 #include "streams/file_sets/MMultiFileStream.h"
 #include "streams/hashes/MMD5Stream.h"
@@ -7,13 +8,6 @@
 #include <memory>
 
 namespace {
-
-/// A name that cannot lead out of the directory that it is joined to, on any platform.
-bool IsPlainFileName(const MString& name) {
-    for (int32_t i = 0; i < name.GetLength(); ++i)
-        if (name[i] == u'/' || name[i] == u'\\' || name[i] == u':' || name[i] == 0) return false;
-    return !name.IsEmpty() && !name.IsExactly(".") && !name.IsExactly("..");
-}
 
 bool IsNumber(const MString& text) {
     constexpr int32_t MaximumDigits = 18;
@@ -67,7 +61,7 @@ void MMultiFileStream::CheckElement(const MXMLItem& element) const {
         MRaise(MExceptionStreamError, "The index \"{0}\" names more than {1} parts.", indexPath,
                MaximumPartCount);
     const MString& name = element.GetAttribute("Name");
-    if (!IsPlainFileName(name))
+    if (!MIsSafeFileName(name))
         MRaise(MExceptionStreamError, "The part name \"{1}\" in the index \"{0}\" is no plain file name.",
                indexPath, name);
     const MString size = element.GetAttribute("Size", "0");

@@ -1,0 +1,31 @@
+#include "install/definition/MSetupSession.h"
+
+#include "foundation/xml/MXMLSubItems.h"
+#include "install/definition/MItemNames.h"
+
+MSetupSession::MSetupSession(MLargeResourceLibrary& definition)
+    : Library(&definition), SoftwareName(definition.GetAttribute("name")) {
+    MCheckItemNames(definition);
+}
+
+MList<MString> MSetupSession::AddDirectoryMacros() {
+    MList<MString> paths;
+    for (const MXMLItem& directory : MXMLSubItems(*Library, "directory")) {
+        if (directory.GetInt32Attribute("Available", 1) == 0) continue;
+        const MString path = directory.GetAttribute("path");
+        Macros.AddMacro(directory.GetAttribute("id"), path);
+        paths.Add(path);
+    }
+    return paths;
+}
+
+void MSetupSession::ExpandDestinations() {
+    const auto expand = [this](MXMLItem& pass) {
+        if (pass.GetInt32Attribute("enabled", 0) == 0) return;
+        pass.SetAttribute("currentpath", Macros.ExpandMacros(pass.GetAttribute("destination")));
+    };
+    for (MXMLItem& files : MXMLSubItems(*Library, "files")) {
+        expand(files);
+        for (MXMLItem& copy : MXMLSubItems(files, "copy")) expand(copy);
+    }
+}

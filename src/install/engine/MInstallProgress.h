@@ -1,0 +1,35 @@
+#pragma once
+
+#include "foundation/base/MException.h"
+#include "foundation/text/MStringFormatter.h"
+#include "install/engine/MInstallLog.h"
+#include "install/engine/MInstallViews.h"
+
+#include <cstdint>
+
+/// How far a run is, what shows it, and its log: what the classes of the engine share.
+struct MInstallProgress {
+    int64_t totalBytes = 0;    ///< that the run will write
+    int64_t doneBytes = 0;     ///< written or merged so far
+    int64_t fileBytes = 0;     ///< of the file in hand
+    int64_t filePosition = 0;  ///< how much of it is written
+    int32_t itemCount = 0;     ///< files that the run will touch
+    int32_t itemIndex = 0;     ///< files that are done
+    MInstallViews views;
+    MInstallLog log;
+
+    /// `format` takes the path, the index of the item and their count.
+    void ShowItem(const char* format, const MString& path) const {
+        views.ShowFile(MFormat(MTranslate(format), path, itemIndex, itemCount));
+    }
+    void ShowBytes() const {
+        views.ShowTotalProgress(totalBytes, doneBytes);
+        views.ShowFileProgress(fileBytes, filePosition);
+    }
+    void ShowItems() const { views.ShowTotalProgress(itemCount, itemIndex); }
+    /// Writes a line to the log, put together from texts.
+    template <class... Texts>
+    void Log(const Texts&... texts) {
+        log.Write({texts...});
+    }
+};
