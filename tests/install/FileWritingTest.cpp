@@ -75,7 +75,7 @@ TEST_F(InstallTest, BundlesAreWideOn64BitSystems) {
            "</files>");
     Perform();
     EXPECT_EQ(Read("X.aaxplugin/Contents/x64/X.aaxplugin"), "binary");
-    Perform(MProcess::Uninstall);
+    Perform(MRunKind::Uninstall);
     EXPECT_FALSE(Exists("X.aaxplugin"));
 }
 
@@ -134,7 +134,7 @@ TEST_F(InstallTest, RemovesWhatItInstalledAndCountsWhatItCannot) {
            File("i", "x") + "</files>");
     Perform();
     Put("d/user", "mine");
-    Perform(MProcess::Uninstall);
+    Perform(MRunKind::Uninstall);
     EXPECT_FALSE(Exists("d/f"));
     EXPECT_FALSE(Exists("g"));
     EXPECT_EQ(Read("d/user"), "mine");

@@ -120,7 +120,7 @@ TEST_F(InstallFailureTest, ADestinationThatVanishesIsMadeAgain) {
     VanishingTarget view(GetTarget());
     MInstallViews views;
     views.fileText = &view;
-    MInstallProcessor().Perform(library, &library, views, MProcess::Install);
+    MInstallProcessor().Perform(library, &library, views, MRunKind::Install);
     EXPECT_FALSE(Exists("first"));
     EXPECT_EQ(Read("d/second"), "2");
 }

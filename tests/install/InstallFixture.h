@@ -52,11 +52,11 @@ protected:
     }
     [[nodiscard]] MString GetTarget() const { return scratch.Join("target"); }
 
-    void Perform(MProcess process = MProcess::Install) {
+    void Perform(MRunKind kind = MRunKind::Install) {
         processor = std::make_unique<MInstallProcessor>();
         MInstallViews views;
         views.dialogs = &dialogs;
-        processor->Perform(library, process == MProcess::Install ? &library : nullptr, views, process);
+        processor->Perform(library, kind == MRunKind::Install ? &library : nullptr, views, kind);
     }
     [[nodiscard]] bool Exists(const MString& name) const {
         return MFile::Exists(MFile::Join(GetTarget(), name));

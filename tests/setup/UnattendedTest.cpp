@@ -1,5 +1,4 @@
 #include "foundation/module/MPlatform.h"
-#include "setup/MRefusal.h"
 #include "setup/console/MTextDialogs.h"
 #include "setup/console/MUnattendedRun.h"
 #include "tests/setup/SetupFixture.h"

@@ -27,9 +27,9 @@ bool OwnsDirectory(const MXMLItem& pass) {
     return pass.GetInt32Attribute("createpath", 1) != 0;
 }
 
-MProcessOptions MakeOptions(const MXMLItem& pass, const MString& directory, MProcess process) {
+MProcessOptions MakeOptions(const MXMLItem& pass, const MString& directory, MRunKind kind) {
     MProcessOptions options;
-    options.uninstall = process == MProcess::Uninstall;
+    options.uninstall = kind == MRunKind::Uninstall;
     options.ignoreSubdirs = pass.GetInt32Attribute("ignoresubdirs", 0) != 0 && !directory.Contains(".");
     return options;
 }
@@ -49,22 +49,22 @@ MString GetItemName(const MXMLItem& parent, const MXMLItem& child, const MProces
 }  // namespace
 
 void MInstallProcessor::Perform(MXMLItem& root, MLargeResourceLibrary* contents, const MInstallViews& views,
-                                MProcess process) {
+                                MRunKind kind) {
     library = contents;
     progress.views = views;
     views.ShowInfo(MTranslate("Checking installation..."));
     MCheckItemNames(root);
-    for (MXMLItem& files : MXMLSubItems(root, "files")) Prepare(files, process);
+    for (MXMLItem& files : MXMLSubItems(root, "files")) Prepare(files, kind);
 
     views.ShowInfo(MTranslate("Copying files..."));
     Log("Performing installation");
-    for (MXMLItem& files : MXMLSubItems(root, "files")) PerformFiles(files, process);
+    for (MXMLItem& files : MXMLSubItems(root, "files")) PerformFiles(files, kind);
     progress.log.Flush();
 }
 
 /// Counts what is to be done for an element and its copies, and makes their directories.
-void MInstallProcessor::Prepare(MXMLItem& files, MProcess process) {
-    const bool isInstall = process == MProcess::Install;
+void MInstallProcessor::Prepare(MXMLItem& files, MRunKind kind) {
+    const bool isInstall = kind == MRunKind::Install;
     MList<MXMLItem, MListPointers> items;
     files.CollectSubItems("file", items);
     int32_t count = 0;
@@ -89,13 +89,13 @@ void MInstallProcessor::Prepare(MXMLItem& files, MProcess process) {
     for (const MXMLItem& copy : MXMLSubItems(files, "copy")) addPass(copy, MIsForThisPlatform(copy));
 }
 
-void MInstallProcessor::PerformFiles(MXMLItem& files, MProcess process) {
-    const bool isRemoval = process == MProcess::Uninstall;
+void MInstallProcessor::PerformFiles(MXMLItem& files, MRunKind kind) {
+    const bool isRemoval = kind == MRunKind::Uninstall;
     if (isRemoval && files.GetInt32Attribute("uninstall", 1) == 0) return;
     if (IsEnabled(files)) {
         const MString directory = files.GetAttribute("currentpath");
         Log("Initiating install to ", directory);
-        MProcessOptions options = MakeOptions(files, directory, process);
+        MProcessOptions options = MakeOptions(files, directory, kind);
         ProcessItems(directory, files, true, options);
         if (isRemoval && OwnsDirectory(files)) {
             Log("Deleting directory ", directory);
@@ -105,7 +105,7 @@ void MInstallProcessor::PerformFiles(MXMLItem& files, MProcess process) {
     for (const MXMLItem& copy : MXMLSubItems(files, "copy")) {
         if (!IsEnabled(copy) || !MIsForThisPlatform(copy)) continue;
         const MString directory = copy.GetAttribute("currentpath");
-        MProcessOptions options = MakeOptions(copy, directory, process);
+        MProcessOptions options = MakeOptions(copy, directory, kind);
         for (const MXMLItem& extension : MXMLSubItems(copy, "extension")) {
             options.sourceExtensions.Add(extension.GetAttribute("src"));
             options.destinationExtensions.Add(extension.GetAttribute("dst"));

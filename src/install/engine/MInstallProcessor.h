@@ -3,7 +3,19 @@
 #include "foundation/xml/MXMLItem.h"
 #include "install/engine/MInstallRemover.h"
 #include "install/engine/MInstallWriter.h"
-#include "install/engine/MProcessOptions.h"
+
+/// What a run does with the items of a definition.
+enum class MRunKind { Install, Uninstall };
+
+/// How the items of one destination are worked on.
+struct MProcessOptions {
+    bool uninstall = false;
+    /// Directories without a "." in their name are dissolved into the destination.
+    bool ignoreSubdirs = false;
+    /// A name that ends in one of the first gets the extension at the same index of the second.
+    MList<MString> sourceExtensions;
+    MList<MString> destinationExtensions;
+};
 
 /// The engine of every install, uninstall and update run. The definition tree is the list of work: it is
 /// walked once to count and once to perform. Nothing is rolled back, and nothing is journalled but the merges
@@ -20,8 +32,7 @@ public:
     /// Carries out what the `files` children of `root` say, in their `currentpath`. `library` holds the
     /// contents; to uninstall none is needed, and null may be passed. A fatal failure leaves as `MException`,
     /// and what was done until then stays.
-    void Perform(MXMLItem& root, MLargeResourceLibrary* library, const MInstallViews& views,
-                 MProcess process);
+    void Perform(MXMLItem& root, MLargeResourceLibrary* library, const MInstallViews& views, MRunKind kind);
 
     /// Works on the `dir` and `file` children of `item` below `destination`. A false `rewritable` protects
     /// existing files and is inherited downwards. `options` is changed and restored during the walk.
@@ -44,8 +55,8 @@ public:
 private:
     struct Item;
 
-    void Prepare(MXMLItem& files, MProcess process);
-    void PerformFiles(MXMLItem& files, MProcess process);
+    void Prepare(MXMLItem& files, MRunKind kind);
+    void PerformFiles(MXMLItem& files, MRunKind kind);
     void ProcessDirectory(const Item& item, const MString& destination, MProcessOptions& options);
     void ProcessFile(const Item& item, const MProcessOptions& options);
     void ShowRemoval(const char* format, const Item& item, const MProcessOptions& options) const;

@@ -57,7 +57,7 @@ void MInstallRun::Enter() {
 void MInstallRun::Perform() {
     session.ExpandDestinations();
     MInstallProcessor processor;
-    processor.Perform(session.GetDefinition(), session.Library, views, MProcess::Install);
+    processor.Perform(session.GetDefinition(), session.Library, views, MRunKind::Install);
 
     const MString setupPath = MGetSetupPath(mainPath);
     session.InstalledExecutable = MPlatform::GetPathText(setupPath);

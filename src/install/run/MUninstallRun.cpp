@@ -18,7 +18,7 @@ void MUninstallRun::PerformUninstallation() {
     views.ShowInfo(MTranslate("Removing files..."));
     MInstallViews bar;
     bar.totalBar = views.totalBar;
-    processor.Perform(state, nullptr, bar, MProcess::Uninstall);
+    processor.Perform(state, nullptr, bar, MRunKind::Uninstall);
     RemoveLinks(shortcuts);
 
     const MString key = state.GetAttribute("installationname", productName);

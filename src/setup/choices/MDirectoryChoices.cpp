@@ -5,6 +5,48 @@
 #include "foundation/module/MPlatform.h"
 #include "foundation/xml/MXMLSubItems.h"
 #include "install/definition/MPlatformElement.h"
+#include "streams/basic/MOutputFile.h"
+
+/// "DefaultPaths.xml" in the user's data directory of the maker: the directories that were chosen last,
+/// shared by all the maker's installers. Each changes only its own keys.
+class MDefaultPaths {
+public:
+    /// Reads the file; a failure of any kind gives an empty table.
+    MDefaultPaths();
+
+    /// The directory remembered under a key, or empty.
+    [[nodiscard]] MString Get(const MString& key) const;
+    void Set(const MString& key, const MString& path);
+    /// Raises what saving raises.
+    void Save();
+
+private:
+    MString file;
+    MXMLItem paths;
+};
+
+MDefaultPaths::MDefaultPaths()
+    : file(MFile::Join(MFile::GetSpecialPath(MSpecialFolderUserData), "DefaultPaths.xml")) {
+    const bool isRead = MGuard("DefaultPaths load", [this] { paths.LoadFile(file); });
+    if (!isRead) paths.CopyFrom(MXMLItem());
+    paths.SetName("DefaultPaths");
+}
+
+MString MDefaultPaths::Get(const MString& key) const {
+    const MXMLItem* path = paths.FindSubItem("Path", "id", key);
+    return path ? path->GetValue() : MString();
+}
+
+void MDefaultPaths::Set(const MString& key, const MString& path) {
+    paths.GetOrAddSubItem("Path", "id", key)->SetValue(path);
+}
+
+void MDefaultPaths::Save() {
+    MFile::CreatePath(MFile::GetDirectory(file));
+    MOutputFile output(file);
+    paths.Save(output, false, "utf-8");
+    output.Commit(false);
+}
 
 namespace {
 
@@ -59,19 +101,17 @@ MString MDirectoryChoices::Propose(const MXMLItem& element, const MDefaultPaths&
 
 MString MDirectoryChoices::ProposeDefault(const MXMLItem& element) const {
     MList<MString> proposals;
-    proposals.Add(ExpandPath(element.GetAttribute("default")));
-    for (const MXMLItem& fallback : MXMLSubItems(element, "default"))
-        proposals.Add(ExpandPath(fallback.GetValue()));
+    const auto add = [&](const MString& text) {
+        proposals.Add(MFile::Normalize(session.Macros.ExpandMacros(text)));
+    };
+    add(element.GetAttribute("default"));
+    for (const MXMLItem& fallback : MXMLSubItems(element, "default")) add(fallback.GetValue());
 
     for (const MString& proposal : proposals)
         if (MFile::Exists(proposal)) return proposal;
     for (const MString& proposal : proposals)
         if (MFile::Exists(MFile::GetDirectory(proposal))) return proposal;
     return proposals[0];
-}
-
-MString MDirectoryChoices::ExpandPath(const MString& text) const {
-    return MFile::Normalize(session.Macros.ExpandMacros(text));
 }
 
 MString MDirectoryChoices::GetKey(const MXMLItem& element) const {

@@ -2,7 +2,8 @@
 
 #include "foundation/base/MList.h"
 #include "install/definition/MSetupSession.h"
-#include "setup/choices/MDefaultPaths.h"
+
+class MDefaultPaths;
 
 /// One directory that the user can choose: its `directory` element and the path that stands in its field.
 struct MDirectoryRow {
@@ -35,7 +36,6 @@ public:
 private:
     [[nodiscard]] MString Propose(const MXMLItem& element, const MDefaultPaths& remembered) const;
     [[nodiscard]] MString ProposeDefault(const MXMLItem& element) const;
-    [[nodiscard]] MString ExpandPath(const MString& text) const;
     [[nodiscard]] MString GetKey(const MXMLItem& element) const;
     [[nodiscard]] bool IsUsed(const MXMLItem& element) const;
 

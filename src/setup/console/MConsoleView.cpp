@@ -40,3 +40,19 @@ void MConsoleView::ShowPercent(int32_t percent) {
     (void)MWriteConsoleText(stdout, MFormat(ProgressFormat, percent));
     std::fflush(stdout);
 }
+
+void MDownloadConsoleView::SetText(const MString& text) {
+    if (text.IsExactly(shownText)) return;
+    shownText = text;
+    console.SetText(text);
+}
+
+void MDownloadConsoleView::SetStatistics(const MString& text) {
+    constexpr std::chrono::seconds Pause(5);
+    const auto now = std::chrono::steady_clock::now();
+    if (now - lastStatistics < Pause) return;
+    lastStatistics = now;
+    MString line = text;
+    line.ReplaceChar('\n', ", ");
+    console.SetText(line);
+}

@@ -2,8 +2,7 @@
 
 #include "foundation/files/MFile.h"
 #include "install/run/MUninstallRun.h"
-#include "setup/MRefusal.h"
-#include "setup/console/MDownloadConsoleView.h"
+#include "setup/console/MConsoleView.h"
 #include "setup/console/MUnattendedRun.h"
 #include "update/MDownloader.h"
 

@@ -1,7 +1,6 @@
 #include "setup/console/MUnattendedOptions.h"
 
 #include "foundation/files/MFile.h"
-#include "setup/MRefusal.h"
 
 namespace {
 

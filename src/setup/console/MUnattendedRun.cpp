@@ -1,7 +1,6 @@
 #include "setup/console/MUnattendedRun.h"
 
 #include "install/run/MInstallRun.h"
-#include "setup/MRefusal.h"
 #include "setup/choices/MOlderVersions.h"
 
 MUnattendedRun::MUnattendedRun(MLargeResourceLibrary& definition, const MUnattendedOptions& options,
