@@ -1,91 +1,72 @@
 #include "tests/install/InstallFixture.h"
 
-namespace {
-
-const char* const Enabled = "<files enabled=\"1\" currentpath=\"{to}\" destination=\"x\"";
-
-}  // namespace
-
 TEST_F(InstallTest, WritesTreesByteForByte) {
     const std::string large(3 * 1048576 + 17, 'L');
-    Define(std::string(Enabled) + "><dir name=\"Čeština\" op=\"create\">" + File("ž š.txt", "inner") +
-           "<dir name=\"empty\" op=\"create\"/></dir>" + File("large.bin", large) + File("nothing", "") +
-           "</files>");
+    Define(Files("", "<dir name=\"Čeština\" op=\"create\">" + File("ž š.txt", "inner") +
+                         "<dir name=\"empty\" op=\"create\"/></dir>" + File("large.bin", large) +
+                         File("nothing", "")));
     Perform();
     EXPECT_EQ(Read(MDecodeUTF8Exact("Čeština/ž š.txt")), "inner");
-    EXPECT_TRUE(MFile::IsDirectory(MFile::Join(GetTarget(), MDecodeUTF8Exact("Čeština/empty"))));
+    EXPECT_TRUE(MFile::IsDirectory(InTarget(MDecodeUTF8Exact("Čeština/empty"))));
     EXPECT_EQ(Read("large.bin"), large);
     EXPECT_EQ(Read("nothing"), "");
     EXPECT_EQ(processor->GetProgress().itemIndex, 3);
     EXPECT_EQ(processor->GetProgress().itemCount, 3);
-    EXPECT_EQ(processor->GetProgress().doneBytes, processor->GetProgress().totalBytes);
 }
 
 TEST_F(InstallTest, DecidesByOperationAndRewritability) {
     for (const bool rewritable : {true, false}) {
+        // Protection is inherited and cannot be turned back on.
         const std::string files = File("new", "shipped") + File("old", "shipped") +
                                   File("updated", "shipped", "update") + File("left", "shipped", "leave") +
                                   File("plain", "shipped", "") + File("deleted", "shipped", "delete") +
-                                  File("my.presets.xml", "shipped");
-        Define(std::string(Enabled) + " rewritable=\"" + (rewritable ? "1" : "0") + "\">" + files +
-               "</files>");
-        for (const char* name : {"old", "updated", "left", "deleted", "my.presets.xml"}) Put(name, "mine");
-        if (Exists("new")) MFile::Delete(MFile::Join(GetTarget(), "new"));
+                                  "<dir name=\"d\" rewritable=\"1\">" + File("my.presets.xml", "shipped") +
+                                  "</dir><dir name=\"e\" rewritable=\"0\">" + File("old", "shipped") +
+                                  "</dir>";
+        Define(Files("", files, rewritable ? "" : "rewritable=\"0\""));
+        for (const char* name : {"old", "updated", "left", "deleted", "d/my.presets.xml", "e/old"})
+            Put(name, "mine");
+        if (Exists("new")) MFile::Delete(InTarget("new"));
         Perform();
         EXPECT_EQ(Read("new"), "shipped");
-        EXPECT_EQ(Read("old"), rewritable ? "shipped" : "mine");
-        EXPECT_EQ(Read("updated"), rewritable ? "shipped" : "mine");
-        EXPECT_EQ(Read("my.presets.xml"), rewritable ? "shipped" : "mine");
-        EXPECT_EQ(Read("left"), "mine");
+        for (const char* name : {"old", "updated", "d/my.presets.xml"})
+            EXPECT_EQ(Read(name), rewritable ? "shipped" : "mine") << name;
+        for (const char* name : {"left", "e/old"}) EXPECT_EQ(Read(name), "mine") << name;
         EXPECT_FALSE(Exists("plain"));
         EXPECT_EQ(Exists("deleted"), !rewritable);
+        EXPECT_EQ(processor->GetProgress().itemCount, 7) << "all but the one to be left";
+        EXPECT_EQ(processor->GetProgress().totalBytes, 5 * 7) << "what is created or updated";
     }
 }
 
-TEST_F(InstallTest, ProtectionIsInheritedAndCannotBeTurnedBackOn) {
-    Define(std::string(Enabled) + " rewritable=\"0\"><dir name=\"d\" rewritable=\"1\" op=\"create\">" +
-           File("f", "shipped") + "</dir></files>" + Enabled + "><dir name=\"e\" rewritable=\"0\">" +
-           File("f", "shipped") + "</dir></files>");
-    Put("d/f", "mine");
-    Put("e/f", "mine");
-    Perform();
-    EXPECT_EQ(Read("d/f"), "mine");
-    EXPECT_EQ(Read("e/f"), "mine");
-}
-
 TEST_F(InstallTest, CopiesFollowTheirOwnSwitchAndExtensions) {
-    const std::string to = " destination=\"x\" currentpath=\"{to}/";
-    Define("<files enabled=\"0\" path=\"bin/Time/X.dll\"" + to + "off\">" + "<copy enabled=\"1\"" + to +
-           "vst3\"><extension src=\"DLL\" dst=\"vst3\"/></copy>" + "<copy enabled=\"0\"" + to + "no\"/>" +
-           "<copy enabled=\"1\" windows=\"0\"" + to + "foreign\"/>" + "<copy enabled=\"1\"" + to +
-           "(x86)\"><extension src=\"dll\" dst=\"aaxplugin\"/></copy>" + File("", "binary") + "</files>");
+    folders.SetPath(MSpecialFolderProgramFiles, scratch.Join("Program Files (x86)"));
+    Define(R"(<files enabled="0" path="bin/Time/X.dll" currentpath="{to}/off">)"
+           R"(<copy enabled="1" currentpath="{to}/vst3"><extension src="DLL" dst="vst3"/></copy>)"
+           R"(<copy enabled="0" currentpath="{to}/no"/>)"
+           R"(<copy enabled="1" windows="0" currentpath="{to}/foreign"/>)"
+           "<copy enabled=\"1\" currentpath=\"{to}/(x86)\"><extension src=\"dll\" dst=\"aaxplugin\"/></copy>"
+           R"(<copy enabled="1" currentpath="{to}/wide"><extension src="dll" dst="AAXplugin"/></copy>)" +
+           File("", "binary") + "</files>" + Files("/unmade", "", "createpath=\"0\""));
     Perform();
     EXPECT_EQ(Read("vst3/X.vst3"), "binary");
+    // The architecture of a bundle is told by the paths.
     EXPECT_EQ(Read("(x86)/X.aaxplugin/Contents/Win32/X.aaxplugin"), "binary");
-    EXPECT_FALSE(Exists("off"));
-    EXPECT_FALSE(Exists("no"));
+    EXPECT_EQ(Read("wide/X.AAXplugin/Contents/x64/X.AAXplugin"), "binary");
+    for (const char* name : {"off", "no", "unmade"}) EXPECT_FALSE(Exists(name)) << name;
     // Its directory is made while counting, and then nothing comes into it.
-    EXPECT_TRUE(Exists("foreign"));
-    EXPECT_FALSE(Exists("foreign/X.dll"));
-}
-
-TEST_F(InstallTest, BundlesAreWideOn64BitSystems) {
-    folders.SetPath(MSpecialFolderProgramFiles, scratch.Join("Program Files (x86)"));
-    Define("<files enabled=\"1\" destination=\"x\" currentpath=\"{to}\">" + File("X.aaxplugin", "binary") +
-           "</files>");
-    Perform();
-    EXPECT_EQ(Read("X.aaxplugin/Contents/x64/X.aaxplugin"), "binary");
+    EXPECT_TRUE(MFile::GetFileList(InTarget("foreign")).IsEmpty());
+    EXPECT_EQ(processor->GetProgress().itemCount, 3);
+    EXPECT_EQ(processor->GetProgress().doneBytes, processor->GetProgress().totalBytes);
     Perform(MRunKind::Uninstall);
-    EXPECT_FALSE(Exists("X.aaxplugin"));
+    EXPECT_FALSE(Exists("wide"));
 }
 
 TEST_F(InstallTest, FlattensDirectoriesButNotBundles) {
     const std::string tree = "<dir name=\"a\" op=\"create\"><dir name=\"b\">" + File("c.txt", "flat") +
                              "</dir></dir><dir name=\"x.vst\"><dir name=\"Contents\">" + File("y", "kept") +
                              "</dir></dir>" + "<dir name=\"z\">" + File("after", "flat") + "</dir>";
-    Define(std::string(Enabled) + " ignoresubdirs=\"1\">" + tree + "</files>" +
-           "<files enabled=\"1\" ignoresubdirs=\"1\" destination=\"x\" currentpath=\"{to}/v1.0\">" + tree +
-           "</files>");
+    Define(Files("", tree, "ignoresubdirs=\"1\"") + Files("/v1.0", tree, "ignoresubdirs=\"1\""));
     Perform();
     EXPECT_EQ(Read("c.txt"), "flat");
     EXPECT_EQ(Read("x.vst/Contents/y"), "kept");
@@ -94,52 +75,30 @@ TEST_F(InstallTest, FlattensDirectoriesButNotBundles) {
     EXPECT_EQ(Read("v1.0/a/b/c.txt"), "flat");
 }
 
-TEST_F(InstallTest, CreatesOnlyTheDirectoriesItIsTold) {
-    const std::string to = " enabled=\"1\" destination=\"x\" currentpath=\"{to}/";
-    Define("<files" + to + "made\"/><files createpath=\"0\"" + to + "unmade\"/>");
-    Perform();
-    EXPECT_TRUE(Exists("made"));
-    EXPECT_FALSE(Exists("unmade"));
-}
-
 TEST_F(InstallTest, RefusesNamesThatLeadOutBeforeWritingAnything) {
     for (const char* name : {"../out", "a/../../out", "..", "/out", "\\out", "C:/out", "a\\..\\..\\out"}) {
-        payload = MTestPayload(7);
-        Define(std::string(Enabled) + ">" + File("first", "x") + "<dir name=\"d\">" + File(name, "x") +
-               "</dir></files>");
-        EXPECT_THROW(Perform(), MException) << name;
-        EXPECT_FALSE(Exists("first")) << name;
-        EXPECT_FALSE(MFile::Exists(scratch.Join("out"))) << name;
+        const std::string items[] = {
+            "<dir name=\"d\">" + File(name, "x") + "</dir>",
+            "<dir name=\"" + std::string(name) + "\"/>",
+            "<copy><extension src=\"dll\" dst=\"" + std::string(name) + "\"/></copy>",
+        };
+        for (const std::string& item : items) {
+            Define(Files("", File("first", "x") + item));
+            EXPECT_THROW(Perform(), MException) << item;
+            EXPECT_FALSE(Exists("first")) << item;
+        }
     }
-    Define(std::string(Enabled) + ">" + File("..a..", "fine") + File("b/..c", "fine") + "</files>");
+    Define(Files("", File("..a..", "fine") + File("b/..c", "fine")));
     Perform();
     EXPECT_EQ(Read("..a.."), "fine");
     EXPECT_EQ(Read("b/..c"), "fine");
 }
 
 TEST_F(InstallTest, LogTellsANewFileLineByLine) {
-    Define(std::string(Enabled) + ">" + File("ž.txt", "12345") + "</files>");
+    Define(Files("", File("ž.txt", "12345")));
     Perform();
-    const std::string to = GetTarget().ToUTF8().Get();
-    EXPECT_EQ(ReadLog(), "Performing installation\nInitiating install to " + to + "\nProcessing file \"" +
-                             to + "/ž.txt\" operation create\nCreating directory " + to +
-                             "\nFile exists = 0  rewritable = 1\nRewriting file " + to +
-                             "/ž.txt\nFile successfuly created\nWriting file 5\nSuccess, closing the file\n");
-}
-
-TEST_F(InstallTest, RemovesWhatItInstalledAndCountsWhatItCannot) {
-    Define(std::string(Enabled) + "><dir name=\"d\" op=\"create\">" + File("f", "x") + "</dir>" +
-           File("g", "x") + "<dir name=\"kept\" uninstall=\"0\">" + File("h", "x") + "</dir></files>" +
-           "<files enabled=\"1\" uninstall=\"0\" destination=\"x\" currentpath=\"{to}/stays\">" +
-           File("i", "x") + "</files>");
-    Perform();
-    Put("d/user", "mine");
-    Perform(MRunKind::Uninstall);
-    EXPECT_FALSE(Exists("d/f"));
-    EXPECT_FALSE(Exists("g"));
-    EXPECT_EQ(Read("d/user"), "mine");
-    EXPECT_EQ(Read("kept/h"), "x");
-    EXPECT_EQ(Read("stays/i"), "x");
-    // The user's directory, the protected directory and the target itself are not empty.
-    EXPECT_EQ(processor->GetRemover().GetFailureCount(), 3);
+    EXPECT_EQ(ReadLog(), Place("Performing installation\nInitiating install to {to}\n"
+                               "Processing file \"{to}/ž.txt\" operation create\nCreating directory {to}\n"
+                               "File exists = 0  rewritable = 1\nRewriting file {to}/ž.txt\n"
+                               "File successfuly created\nWriting file 5\nSuccess, closing the file\n"));
 }

@@ -1,41 +1,35 @@
+#include "install/engine/MInstallRetry.h"
 #include "tests/install/InstallFixture.h"
 
-namespace {
-
-const char* const Enabled = "<files enabled=\"1\" destination=\"x\" currentpath=\"{to}\">";
-
-}  // namespace
+using testing::EndsWith;
+using testing::HasSubstr;
+using testing::StartsWith;
 
 class InstallFailureTest : public InstallTest {
 protected:
     /// "first" can be written, "blocked" cannot since a directory that holds something has its name, and "last" can.
     void DefineBlocked() {
-        Define(std::string(Enabled) + File("first", "1") + File("blocked", "2") + File("last", "3") +
-               "</files>");
+        Define(Files("", File("first", "1") + File("blocked", "2") + File("last", "3")));
         Put("blocked/inside", "in the way");
     }
-    void Unblock() { MFile::DeleteTree(MFile::Join(GetTarget(), "blocked")); }
 };
 
 TEST_F(InstallFailureTest, RefusingEndsTheRunAndKeepsWhatWasWritten) {
     DefineBlocked();
-    try {
-        Perform();
-        FAIL();
-    } catch (const MException& exception) {
-        EXPECT_TRUE(exception.GetMessage().StartsWith("File \""));
-        EXPECT_TRUE(exception.GetMessage().EndsWith(
-            "\" could not be created. Make sure there is no write-protected file already existing."));
-    }
-    ASSERT_EQ(dialogs.questions.GetCount(), 1);
-    const MString question =
-        MString("Could not rewrite file\n\n") + GetTarget() +
-        "/blocked\n\n Do you want to try again? If you select \"No\", the installation will abort. "
-        "If you select ignore, the installation will continue without creating the file.";
-    EXPECT_TRUE(dialogs.questions[0].IsExactly(question));
+    const std::string failure = FailureOf([this] { Perform(); });
+    EXPECT_THAT(failure, StartsWith("101: File \""));
+    EXPECT_THAT(failure,
+                EndsWith("\" could not be created. Make sure there is no write-protected file already "
+                         "existing."));
+    EXPECT_THAT(
+        dialogs.questions,
+        testing::ElementsAre(Place(
+            "Could not rewrite file\n\n{to}/blocked\n\n Do you want to try again? If you select \"No\", "
+            "the installation will abort. If you select ignore, the installation will continue without "
+            "creating the file.")));
     EXPECT_EQ(Read("first"), "1");
     EXPECT_FALSE(Exists("last"));
-    EXPECT_TRUE(MString(ReadLog().c_str()).EndsWith("File could NOT been created. Terminating.\n"));
+    EXPECT_THAT(ReadLog(), EndsWith("File could NOT been created. Terminating.\n"));
 }
 
 TEST_F(InstallFailureTest, IgnoringLeavesTheFileOut) {
@@ -44,83 +38,58 @@ TEST_F(InstallFailureTest, IgnoringLeavesTheFileOut) {
     Perform();
     EXPECT_EQ(Read("last"), "3");
     EXPECT_EQ(processor->GetProgress().itemIndex, 2);
-    const std::string log = ReadLog();
-    EXPECT_NE(log.find("File could NOT been created. Ignoring.\nFile not open!\n"), std::string::npos);
+    EXPECT_THAT(ReadLog(), HasSubstr("File could NOT been created. Ignoring.\nFile not open!\n"));
 }
 
 TEST_F(InstallFailureTest, RetryingSucceedsOnceTheWayIsFree) {
     DefineBlocked();
     dialogs.answers = {MRetryAnswer::Retry, MRetryAnswer::Retry};
-    dialogs.onRetry = [this] {
-        if (dialogs.questions.GetCount() == 2) Unblock();
+    dialogs.onQuestion = [this] {
+        if (dialogs.questions.size() == 2) MFile::DeleteTree(InTarget("blocked"));
     };
     Perform();
-    EXPECT_EQ(dialogs.questions.GetCount(), 2);
+    EXPECT_EQ(dialogs.questions.size(), 2u);
     EXPECT_EQ(Read("blocked"), "2");
     EXPECT_EQ(processor->GetProgress().itemIndex, 3);
 }
 
-TEST_F(InstallFailureTest, AFontInUseIsPassedOverWithoutQuestion) {
-    Define(std::string(Enabled) + File("sans.ttf", "font") + File("last", "3") + "</files>");
+TEST_F(InstallFailureTest, AFontInUseIsPassedOverWithoutQuestionANewOneIsNot) {
+    Define(Files("", File("sans.ttf", "font") + "<dir name=\"file\">" + File("new.ttf", "font") + "</dir>" +
+                         File("last", "3")));
     Put("sans.ttf/inside", "in the way");
+    Put("file", "in the way");
+    dialogs.answers = {MRetryAnswer::Ignore};
     Perform();
-    EXPECT_EQ(dialogs.questions.GetCount(), 0);
+    ASSERT_EQ(dialogs.questions.size(), 1u);
+    EXPECT_THAT(dialogs.questions[0], HasSubstr("new.ttf"));
     EXPECT_EQ(Read("last"), "3");
 }
 
-TEST_F(InstallFailureTest, DamagedContentEndsTheRun) {
-    payload = MTestPayload(7);
+TEST_F(InstallFailureTest, DamagedOrShortContentEndsTheRun) {
     const std::string first = File("first", "1");
-    const std::string damaged = "<file name=\"damaged\" op=\"create\" filestart=\"3\" filesize=\"5\"/>";
-    Define(std::string(Enabled) + first + damaged + File("last", "3") + "</files>");
-    EXPECT_THROW(Perform(), MException);
-    EXPECT_EQ(Read("first"), "1");
-    EXPECT_EQ(Read("damaged"), "");
-    EXPECT_FALSE(Exists("last"));
-    EXPECT_NE(ReadLog().find("Error writing the file\n"), std::string::npos);
-}
-
-TEST_F(InstallFailureTest, ContentThatEndsTooEarlyIsNoSuccess) {
-    payload = MTestPayload(0);
-    (void)Item("short");
-    Define(std::string(Enabled) +
-           "<file name=\"f\" op=\"create\" filestart=\"0\" filesize=\"50000\"/></files>");
-    EXPECT_THROW(Perform(), MException);
+    for (const char* range : {R"(filestart="3" filesize="5")", R"(filestart="0" filesize="50000")"}) {
+        Define(Files("", first + "<file name=\"damaged\" op=\"create\" " + range + "/>" + File("last", "3")));
+        EXPECT_THROW(Perform(), MException) << range;
+        EXPECT_EQ(Read("first"), "1");
+        EXPECT_TRUE(Exists("damaged"));
+        EXPECT_FALSE(Exists("last"));
+        EXPECT_THAT(ReadLog(), EndsWith("Error writing the file\n"));
+    }
 }
 
 TEST_F(InstallFailureTest, ADirectoryThatCannotBeMadeEndsTheRunWhileCounting) {
-    Define("<files enabled=\"1\" destination=\"x\" currentpath=\"{to}/file/below\">" + File("f", "1") +
-           "</files>");
+    Define(Files("/file/below", File("f", "1")));
     Put("file", "in the way");
-    try {
-        Perform();
-        FAIL();
-    } catch (const MException& exception) {
-        EXPECT_TRUE(exception.GetMessage().StartsWith("Could not create path \""));
-    }
+    EXPECT_THAT(FailureOf([this] { Perform(); }), StartsWith("0: Could not create path \""));
     EXPECT_EQ(Read("file"), "in the way");
 }
 
-/// Takes the target directory away when the first file is written.
-class VanishingTarget final : public MTextView {
-public:
-    explicit VanishingTarget(const MString& directory) : directory(directory) {}
-    void SetText(const MString&) override {
-        if (++shown == 2) MFile::DeleteTree(directory);
+TEST_F(InstallFailureTest, WhatIsHeldForMomentsIsTriedTenTimesInSilence) {
+    for (const int32_t needed : {3, 20}) {
+        int32_t attempts = 0;
+        MInstallRetry([&] {
+            if (++attempts < needed) throw MException(MString(), "held", 0);
+        });
+        EXPECT_EQ(attempts, std::min(needed, 10));
     }
-
-private:
-    MString directory;
-    int32_t shown = 0;
-};
-
-TEST_F(InstallFailureTest, ADestinationThatVanishesIsMadeAgain) {
-    Define(std::string(Enabled) + File("first", "1") + "<dir name=\"d\">" + File("second", "2") +
-           "</dir></files>");
-    VanishingTarget view(GetTarget());
-    MInstallViews views;
-    views.fileText = &view;
-    MInstallProcessor().Perform(library, &library, views, MRunKind::Install);
-    EXPECT_FALSE(Exists("first"));
-    EXPECT_EQ(Read("d/second"), "2");
 }

@@ -1,16 +1,16 @@
 #include "tests/install/InstallFixture.h"
-#include "tests/support/MTestText.h"
 
 #include <filesystem>
 
+using testing::HasSubstr;
+using testing::Not;
+
 namespace {
 
-const char* const Header = "<?xml version=\"1.0\" encoding=\"utf-8\"?>\n";
 const std::string Users = R"(<Set><preset name="Mine"/><preset name="Y" x="changed"/></Set>)";
 const std::string Shipped = R"(<Set ExchangeIndex="4"><preset name="Y" x="2"/></Set>)";
-const std::string Merged = std::string(Header) +
-                           "<Set>\n\t<preset name=\"Mine\"/>\n\t<preset ExchangeIndex=\"0\" "
-                           "name=\"Y\" x=\"2\"/>\n</Set>\n";
+const std::string Merged = "<?xml version=\"1.0\" encoding=\"utf-8\"?>\n<Set>\n\t<preset name=\"Mine\"/>\n\t"
+                           "<preset ExchangeIndex=\"0\" name=\"Y\" x=\"2\"/>\n</Set>\n";
 
 }  // namespace
 
@@ -19,25 +19,19 @@ protected:
     ~PresetInstallationTest() noexcept override = default;
 
     void DefinePresets(const std::string& content = Shipped) {
-        Define("<files enabled=\"1\" rewritable=\"0\" destination=\"x\" currentpath=\"{to}\">" +
-               File("Setpresets.xml", content) + File("last", "3") + "</files>");
+        Define(Files("", File("Setpresets.xml", content) + File("last", "3"), "rewritable=\"0\""));
     }
-    /// As a run that was killed in its last steps.
-    void PerformAndBeKilled() {
-        Perform();
-        processor.reset();
-    }
+    /// `Perform` alone is as a run that was killed in its last steps.
     void PerformCompletely() {
         Perform();
         processor->Complete();
         processor.reset();
     }
-    [[nodiscard]] std::string List() const {
-        std::string names;
-        for (const MFileListEntry& entry : MFile::GetFileList(GetTarget())) names += Text(entry.name) + "\n";
-        return names;
+    void ExpectMergedFromUsers() const {
+        EXPECT_EQ(Read("Setpresets.xml"), Merged);
+        EXPECT_EQ(Read("Setpresets.xmlbackup"), Users);
+        EXPECT_THAT(scratch.ListTree(), Not(HasSubstr("unfinished")));
     }
-    [[nodiscard]] MString GetPresetFile() const { return MFile::Join(GetTarget(), "Setpresets.xml"); }
 };
 
 TEST_F(PresetInstallationTest, MergesAndKeepsWhatWasThereAsTheBackup) {
@@ -45,13 +39,12 @@ TEST_F(PresetInstallationTest, MergesAndKeepsWhatWasThereAsTheBackup) {
     Put("Setpresets.xml", Users);
     Put("Setpresets.xmlbackup", "of an earlier version");
     Perform();
-    EXPECT_EQ(Read("Setpresets.xml"), Merged);
-    EXPECT_EQ(Read("Setpresets.xmlbackup"), Users);
+    ExpectMergedFromUsers();
     EXPECT_EQ(processor->GetProgress().itemIndex, 2);
     EXPECT_EQ(processor->GetProgress().doneBytes, processor->GetProgress().totalBytes);
-    EXPECT_NE(
-        ReadLog().find("File exists = 1  rewritable = 0\nProcessing preset file " + Text(GetPresetFile())),
-        std::string::npos);
+    EXPECT_THAT(
+        ReadLog(),
+        HasSubstr(Place("File exists = 1  rewritable = 0\nProcessing preset file {to}/Setpresets.xml\n")));
 }
 
 TEST_F(PresetInstallationTest, ANewFileIsWrittenAndAnEmptyMergeTouchesNothing) {
@@ -65,27 +58,19 @@ TEST_F(PresetInstallationTest, ANewFileIsWrittenAndAnEmptyMergeTouchesNothing) {
     EXPECT_FALSE(Exists("Setpresets.xmlbackup"));
 }
 
-TEST_F(PresetInstallationTest, WhateverIsInTheWayOfTheBackupGives) {
+TEST_F(PresetInstallationTest, WhateverIsInTheWayGivesWay) {
+    using std::filesystem::perms;
     DefinePresets();
     Put("Setpresets.xml", Users);
     Put("Setpresets.xmlbackup/folder/file", "in the way");
     Perform();
-    EXPECT_EQ(Read("Setpresets.xml"), Merged);
-    EXPECT_EQ(Read("Setpresets.xmlbackup"), Users);
-}
-
-TEST_F(PresetInstallationTest, AWriteProtectedFileIsMergedAndBackedUp) {
-    using std::filesystem::perms;
-    DefinePresets();
+    ExpectMergedFromUsers();
     for (const char* name : {"Setpresets.xml", "Setpresets.xmlbackup"}) {
         Put(name, Users);
-        std::filesystem::permissions(Text(MFile::Join(GetTarget(), name)),
-                                     perms::owner_read | perms::group_read);
+        std::filesystem::permissions(Text(InTarget(name)), perms::owner_read | perms::group_read);
     }
-    Perform();
-    EXPECT_EQ(Read("Setpresets.xml"), Merged);
-    EXPECT_EQ(Read("Setpresets.xmlbackup"), Users);
-    EXPECT_EQ(List().find("unfinished"), std::string::npos) << List();
+    PerformCompletely();
+    ExpectMergedFromUsers();
 }
 
 TEST_F(PresetInstallationTest, WhatCannotBeReadStaysAndTheRunGoesOn) {
@@ -96,12 +81,12 @@ TEST_F(PresetInstallationTest, WhatCannotBeReadStaysAndTheRunGoesOn) {
     for (const auto& [existing, shipped] : cases) {
         DefinePresets(shipped);
         Put("Setpresets.xml", existing);
-        if (Exists("last")) MFile::Delete(MFile::Join(GetTarget(), "last"));
+        if (Exists("last")) MFile::Delete(InTarget("last"));
         Perform();
         EXPECT_EQ(Read("Setpresets.xml"), existing);
         EXPECT_FALSE(Exists("Setpresets.xmlbackup"));
         EXPECT_EQ(Read("last"), "3");
-        EXPECT_TRUE(dialogs.errors.IsEmpty());
+        EXPECT_TRUE(dialogs.errors.empty());
     }
 }
 
@@ -109,13 +94,11 @@ TEST_F(PresetInstallationTest, WhatCannotBeReadStaysAndTheRunGoesOn) {
 TEST_F(PresetInstallationTest, ARunAfterAKilledOneKeepsTheFirstBackup) {
     DefinePresets();
     Put("Setpresets.xml", Users);
-    PerformAndBeKilled();
-    EXPECT_EQ(Read("Setpresets.xml"), Merged);
+    Perform();
+    ExpectMergedFromUsers();
     PerformCompletely();
-    EXPECT_EQ(Read("Setpresets.xml"), Merged);
-    EXPECT_EQ(Read("Setpresets.xmlbackup"), Users);
-    EXPECT_FALSE(
-        MFile::Exists(MFile::Join(MFile::GetSpecialPath(MSpecialFolderUserData), "InstallerMerges.txt")));
+    ExpectMergedFromUsers();
+    EXPECT_FALSE(MFile::Exists(scratch.Join("userdata/InstallerMerges.txt")));
 
     // After a complete run the next one counts for itself.
     PerformCompletely();
@@ -125,17 +108,15 @@ TEST_F(PresetInstallationTest, ARunAfterAKilledOneKeepsTheFirstBackup) {
 TEST_F(PresetInstallationTest, ARunOfAnotherVersionAfterAKilledOneMerges) {
     DefinePresets();
     Put("Setpresets.xml", Users);
-    PerformAndBeKilled();
+    Perform();
     DefinePresets(R"(<Set><preset name="Z"/></Set>)");
     PerformCompletely();
-    EXPECT_NE(Read("Setpresets.xml").find("name=\"Z\""), std::string::npos);
+    EXPECT_THAT(Read("Setpresets.xml"), HasSubstr("name=\"Z\""));
     EXPECT_EQ(Read("Setpresets.xmlbackup"), Merged);
-    EXPECT_EQ(List().find("unfinished"), std::string::npos);
 }
 
 TEST_F(PresetInstallationTest, OlderDataMovesIntoTheUsersFolder) {
-    const MString userData = MFile::GetSpecialPath(MSpecialFolderUserData);
-    Define("<files enabled=\"1\" destination=\"x\" currentpath=\"" + Text(userData) + "\">" +
+    Define("<files enabled=\"1\" currentpath=\"" + Text(scratch.Join("userdata")) + "\">" +
            File("plain", "1") + "</files>");
     for (const char* name :
          {"my.presets.xml", "presets.xml", "MTunerpresets.active", "StepSequencepresets.xml", "Kestrum/a/b",

@@ -1,24 +1,17 @@
 #include "install/presets/MPresetMerge.h"
 
-#include "streams/basic/MMemoryStream.h"
+#include "foundation/xml/MXMLItem.h"
+#include "tests/support/MTestBytes.h"
 #include "tests/support/MTestText.h"
 
 #include <gtest/gtest.h>
 
 namespace {
 
-void Load(MXMLItem& item, const std::string& xml) {
-    MMemoryStream stream(xml.data(), static_cast<int32_t>(xml.size()));
-    item.Load(stream);
-}
-
 /// The tree on one line, without the declaration.
 std::string ToText(const MXMLItem& item) {
-    MMemoryStream stream;
-    item.Save(stream, true, "utf-8");
-    const std::string text(stream.GetBuffer().Get(), static_cast<size_t>(stream.GetSize()));
-    const std::string body = text.substr(text.find("?>") + 2);
-    return body.substr(body.find('<'));
+    const std::string text = MSaveXML(item);
+    return text.substr(text.find('<', 1));
 }
 
 struct Merged {
@@ -31,8 +24,8 @@ Merged Merge(const std::string& target, const std::string& source, int32_t excha
              bool categorize = false) {
     MXMLItem into;
     MXMLItem from;
-    Load(into, "<r>" + target + "</r>");
-    Load(from, "<other>" + source + "</other>");
+    MLoadXML(into, "<r>" + target + "</r>");
+    MLoadXML(from, "<other>" + source + "</other>");
     const int32_t count = MergePresets(into, from, exchangeIndex, mode, categorize);
     return {ToText(into), ToText(from), count};
 }
@@ -122,7 +115,7 @@ TEST(PresetMergeTest, StampsAllOrOnlyThoseWithoutIndex) {
     const std::string presets =
         R"(<r><preset ExchangeIndex="1"/><Directory Name="D"><preset/></Directory><Other><preset/></Other></r>)";
     MXMLItem item;
-    Load(item, presets);
+    MLoadXML(item, presets);
     EXPECT_EQ(AssignExchangeIndex(item, false, "5"), 1);
     EXPECT_EQ(ToText(item), R"(<r><preset ExchangeIndex="1"/><Directory Name="D"><preset ExchangeIndex="5"/>)"
                             R"(</Directory><Other><preset/></Other></r>)");

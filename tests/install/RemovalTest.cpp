@@ -5,14 +5,17 @@
 #include "install/registration/MUninstallEntry.h"
 #include "install/run/MUninstallRun.h"
 #include "tests/install/InstallFixture.h"
-#include "tests/support/MTestText.h"
 
-#include <gmock/gmock.h>
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::Not;
 
 namespace {
 
-MString GetEntryKey() {
-    return MString(MUninstallKeyName) + "\\Corvanth removal test";
+const char* const EntryName = "Corvanth removal test";
+
+MString Keep(const MString& text) {
+    return text;
 }
 
 }  // namespace
@@ -22,8 +25,7 @@ class RemovalTest : public InstallTest {
 protected:
     RemovalTest() { MFile::CreatePath(GetTarget()); }
     ~RemovalTest() noexcept override {
-        if (!isRegistered) return;
-        MGuard("RemovalTest", [] { MUninstallEntry::Delete("Corvanth removal test"); });
+        if (isRegistered) MGuard("RemovalTest", [] { MUninstallEntry::Delete(EntryName); });
     }
 
     void InstallProduct(const std::string& children) {
@@ -32,15 +34,10 @@ protected:
         processor.reset();
         library.SetAttribute("mainpath", GetTarget());
         library.SetAttribute("adminrights", 1);
-        library.SetAttribute("installationname", "Corvanth removal test");
-        library.SaveFile(MFile::Join(GetTarget(), "setup.state"), false, "utf-8");
-        MShortcuts(true).CreateLinks(MShortcuts(true).GetDirectory(), library,
-                                     {GetTarget(), [](const MString& text) { return text; }});
-        MUninstallEntry entry;
-        entry.key = "Corvanth removal test";
-        entry.displayName = "Test";
-        entry.setup = MFile::Join(GetTarget(), "setup");
-        entry.Write();
+        library.SetAttribute("installationname", EntryName);
+        library.SaveFile(InTarget("setup.state"), false, "utf-8");
+        MShortcuts(true).CreateLinks(MShortcuts(true).GetDirectory(), library, {GetTarget(), Keep});
+        MUninstallEntry{EntryName, "Test", InTarget("setup")}.Write();
         isRegistered = true;
     }
     void Remove() {
@@ -49,17 +46,6 @@ protected:
         run = std::make_unique<MUninstallRun>(GetTarget(), views);
         run->PerformUninstallation();
     }
-    /// What the removal has left and listed, relative to the target.
-    [[nodiscard]] std::string ListTarget() const {
-        std::string names;
-        MFile::GetFileListRecursed(
-            GetTarget(), "", [&](const MString& directory, const MFileListEntry& entry) {
-                names +=
-                    Text(MFile::Join(directory, entry.name).Substring(GetTarget().GetLength() + 1)) + " ";
-                return true;
-            });
-        return names;
-    }
     [[nodiscard]] std::string Shorten(const MList<MString>& paths) const {
         std::string names;
         for (const MString& path : paths) names += Text(MFile::GetFileName(path)) + " ";
@@ -67,7 +53,8 @@ protected:
     }
     [[nodiscard]] static bool IsRegistered() {
         MRegistryKey key;
-        return FailureOf([&] { key.Open(MRegistryRoot::LocalMachine, GetEntryKey()); }) == "none";
+        const MString name = MString(MUninstallKeyName) + "\\" + EntryName;
+        return FailureOf([&] { key.Open(MRegistryRoot::LocalMachine, name); }) == "none";
     }
 
     bool isRegistered = false;
@@ -76,77 +63,77 @@ protected:
 
 TEST_F(RemovalTest, TakesAwayWhatWasInstalledAndNothingElse) {
     InstallProduct(
-        "<files enabled=\"1\" destination=\"x\" currentpath=\"{to}/product\"><dir name=\"sub\" op=\"create\">" +
-        File("a", "1") + "</dir>" + File("X.dll", "2") +
-        "<copy enabled=\"1\" destination=\"x\" currentpath=\"{to}/copy\"><extension src=\"dll\" dst=\"aaxplugin\"/></copy></files>"
-        "<files enabled=\"1\" rewritable=\"0\" createpath=\"0\" destination=\"x\" currentpath=\"{to}/data\">" +
-        File("Setpresets.xml", "3") +
-        "</files>"
-        "<files enabled=\"1\" uninstall=\"0\" destination=\"x\" currentpath=\"{to}/shared\">" +
-        File("b", "4") +
-        "</files>"
-        "<files enabled=\"0\" destination=\"x\" currentpath=\"{to}/off\">" +
-        File("c", "5") +
-        "</files>"
-        "<shortcutdirectory name=\"Menu\"><shortcut name=\"Target\" destination=\"{to}/data\"/>"
-        "<shortcut name=\"Web\" destination=\"https://a.b\" desktop=\"1\"/></shortcutdirectory>");
+        Files(
+            "/product",
+            "<dir name=\"sub\" op=\"create\">" + File("a", "1") + "</dir>" + File("X.dll", "2") +
+                R"(<copy enabled="1" currentpath="{to}/copy"><extension src="dll" dst="aaxplugin"/></copy>)") +
+        Files("/data", File("Setpresets.xml", "3"), R"(rewritable="0" createpath="0")") +
+        Files("/shared", File("b", "4"), R"(uninstall="0")") +
+        R"(<files enabled="0" currentpath="{to}/off">)" + File("c", "5") +
+        R"(</files><shortcutdirectory name="Menu"><shortcut name="Target" destination="{to}/data"/>)"
+        R"(<shortcut name="Web" destination="https://a.b" desktop="1"/></shortcutdirectory>)");
     Put("off/c", "somebody's");
     EXPECT_TRUE(IsRegistered());
-    EXPECT_NE(scratch.ListTree().find("Menu/Target."), std::string::npos);
+    EXPECT_THAT(scratch.ListTree(), HasSubstr("Menu/Target."));
 
     Remove();
-    EXPECT_EQ(ListTarget().find("product"), std::string::npos) << ListTarget();
-    EXPECT_EQ(ListTarget().find("copy"), std::string::npos) << ListTarget();
+    const std::string tree = scratch.ListTree();
+    for (const char* gone : {"product", "copy", "Menu", "Web.url", "setup.state"})
+        EXPECT_THAT(tree, Not(HasSubstr(gone)));
     EXPECT_EQ(Read("data/Setpresets.xml"), "3");
     EXPECT_EQ(Read("shared/b"), "4");
     EXPECT_EQ(Read("off/c"), "somebody's");
-    EXPECT_FALSE(Exists("setup.state"));
     EXPECT_FALSE(IsRegistered());
-    const std::string tree = scratch.ListTree();
-    EXPECT_EQ(tree.find("Menu"), std::string::npos) << tree;
-    EXPECT_EQ(tree.find("Web.url"), std::string::npos) << tree;
     EXPECT_EQ(run->GetFailureCount(), 0);
     EXPECT_TRUE(run->GetLeftovers().IsEmpty());
-    EXPECT_TRUE(dialogs.errors.IsEmpty());
+    EXPECT_TRUE(dialogs.errors.empty());
 }
 
 TEST_F(RemovalTest, CountsWhatStaysAndTellsKeptFoldersFromLeftovers) {
-    InstallProduct("<files enabled=\"1\" destination=\"x\" currentpath=\"{to}/product\">" + File("a", "1") +
-                   File("b", "2") + "</files>");
-    MFile::Delete(MFile::Join(GetTarget(), "product/a"));
+    InstallProduct(Files("/product", File("a", "1") + File("b", "2") + "<dir name=\"kept\" uninstall=\"0\">" +
+                                         File("c", "3") + "</dir>"));
+    MFile::Delete(InTarget("product/a"));
     Put("product/a/inside", "a directory that has taken the file's name");
     Remove();
-    EXPECT_EQ(ListTarget(), "product product/a product/a/inside ");
-    EXPECT_EQ(run->GetFailureCount(), 2);
+    EXPECT_FALSE(Exists("product/b"));
+    EXPECT_TRUE(Exists("product/a/inside"));
+    EXPECT_EQ(Read("product/kept/c"), "3");
+    EXPECT_EQ(run->GetFailureCount(), 3);
     EXPECT_EQ(Shorten(run->GetLeftovers()), "a ");
-    EXPECT_EQ(Shorten(run->GetKeptDirectories()), "product ");
+    EXPECT_EQ(Shorten(run->GetKeptDirectories()), "kept product ");
 }
 
-TEST_F(RemovalTest, AMissingKeyIsToldAndTheRunGoesOn) {
-    InstallProduct("<files enabled=\"1\" destination=\"x\" currentpath=\"{to}/product\">" + File("a", "1") +
-                   "</files>");
-    MUninstallEntry::Delete("Corvanth removal test");
+TEST_F(RemovalTest, AMissingKeyIsToldBeforeTheStateGoes) {
+    InstallProduct(Files("/product", File("a", "1")) + R"(<shortcut name="Web" destination="https://a.b"/>)");
+    MUninstallEntry::Delete(EntryName);
+    // The state is what a later run would need to remove what this one has not.
+    bool isStateThere = false;
+    bool isLinkThere = true;
+    dialogs.onError = [&] {
+        isStateThere = Exists("setup.state");
+        isLinkThere = MFile::Exists(scratch.Join("startmenuprograms/Web.url"));
+    };
     Remove();
-    ASSERT_EQ(dialogs.errors.GetCount(), 1);
-    EXPECT_EQ(Text(dialogs.errors[0]), "Cannot delete registry key Corvanth removal test.");
+    EXPECT_THAT(dialogs.errors, ElementsAre("Cannot delete registry key Corvanth removal test."));
+    EXPECT_TRUE(isStateThere);
+    EXPECT_FALSE(isLinkThere);
     EXPECT_EQ(run->GetLeftovers().GetCount(), 1);
-    EXPECT_EQ(ListTarget(), "");
+    EXPECT_TRUE(MFile::GetFileList(GetTarget()).IsEmpty());
 }
 
 TEST_F(RemovalTest, AStateThatLeadsElsewhereRemovesNothing) {
     Put("victim", "1");
     const char* const states[] = {
-        "<files enabled=\"1\" currentpath=\"{to}/in\"><file name=\"../victim\" op=\"create\"/></files>",
-        "<files enabled=\"1\" currentpath=\"{to}/in\"><dir name=\"..\"><file name=\"victim\"/></dir></files>",
-        "<shortcutdirectory name=\"../../target\"><shortcut name=\"victim\"/></shortcutdirectory>",
+        R"(<files enabled="1" currentpath="{to}/in"><file name="../victim" op="create"/></files>)",
+        R"(<files enabled="1" currentpath="{to}/in"><dir name=".."><file name="victim"/></dir></files>)",
+        R"(<shortcutdirectory name="../../target"><shortcut name="victim"/></shortcutdirectory>)",
+        R"(<shortcutdirectory name="in"><shortcutdirectory name="../.."><shortcut name="victim"/>)"
+        R"(</shortcutdirectory></shortcutdirectory>)",
+        R"(<shortcutdirectory name="in"><shortcut name="../../target/victim"/></shortcutdirectory>)",
     };
     for (const char* content : states) {
-        std::string state = std::string("<install name=\"x\" mainpath=\"{to}\">") + content + "</install>";
-        for (size_t at; (at = state.find("{to}")) != std::string::npos;)
-            state.replace(at, 4, Text(GetTarget()));
-        Put("setup.state", state);
-        EXPECT_THAT(FailureOf([this] { Remove(); }), testing::HasSubstr("leads out of its directory"))
-            << state;
+        Put("setup.state", Place("<install name=\"x\" mainpath=\"{to}\">") + Place(content) + "</install>");
+        EXPECT_THAT(FailureOf([this] { Remove(); }), HasSubstr("leads out of its directory")) << content;
         EXPECT_EQ(Read("victim"), "1");
         EXPECT_TRUE(Exists("setup.state"));
     }
@@ -154,17 +141,15 @@ TEST_F(RemovalTest, AStateThatLeadsElsewhereRemovesNothing) {
 
 TEST_F(RemovalTest, LinksFollowTheirTargets) {
     Put("there", "1");
-    Define(
-        "<shortcut name=\"Ours\" preset=\"uninstall\"/><shortcut name=\"Unknown\" preset=\"other\"/>"
-        "<shortcut name=\"Missing\" destination=\"{to}/missing\"/><shortcut name=\"Empty\" destination=\"\"/>"
-        "<shortcutdirectory name=\"Folder\"><shortcut name=\"Gone\" destination=\"{to}/gone\"/>"
-        "<shortcutdirectory name=\"Inner\"><shortcut name=\"Site\" destination=\"HTTP://a.b/%7Bsite%7D\"/></shortcutdirectory>"
-        "</shortcutdirectory>");
+    Define(R"(<shortcut name="Ours" preset="uninstall"/><shortcut name="Unknown" preset="other"/>)"
+           R"(<shortcut name="Missing" destination="{to}/missing"/><shortcut name="Empty" destination=""/>)"
+           R"(<shortcutdirectory name="Folder"><shortcut name="Gone" destination="{to}/gone"/>)"
+           R"(<shortcutdirectory name="Inner"><shortcut name="Site" destination="HTTP://a.b/%7Bsite%7D"/>)"
+           R"(</shortcutdirectory></shortcutdirectory>)");
     for (const bool adminRights : {true, false}) {
         MShortcuts shortcuts(adminRights);
-        shortcuts.CreateLinks(shortcuts.GetDirectory(), library,
-                              {MFile::Join(GetTarget(), "there"), [](const MString& text) { return text; }});
         const MString directory = shortcuts.GetDirectory();
+        shortcuts.CreateLinks(directory, library, {InTarget("there"), Keep});
         EXPECT_EQ(Text(MFile::GetFileName(directory)),
                   adminRights ? "startmenuprograms" : "userstartmenuprograms");
         EXPECT_FALSE(MFile::FindLink(MFile::Join(directory, "Ours")).IsEmpty());

@@ -2,30 +2,10 @@
 #include "setup/MDataCheck.h"
 #include "setup/MMD5Tool.h"
 #include "setup/MSelfReplacement.h"
-#include "setup/console/MTextDialogs.h"
 #include "tests/setup/SetupFixture.h"
+#include "tests/support/MTestBytes.h"
 
 namespace {
-
-/// Says yes or no and counts how often it was asked.
-class OneAnswer final : public MTextDialogs {
-public:
-    explicit OneAnswer(bool answer) : answer(answer) {}
-    bool AskYesNo(const MString& text) override {
-        ++questions;
-        question = text;
-        return answer;
-    }
-    MRetryAnswer AskRetry(const MString&) override { return MRetryAnswer::Refuse; }
-    void ShowText(const MString&, const MString& text) override { shown = text; }
-    void ShowError(const MString& text) override { error = text; }
-
-    bool answer;
-    int32_t questions = 0;
-    MString question;
-    MString shown;
-    MString error;
-};
 
 // The digest of "abc" in RFC 1321.
 const char* const DigestOfAbc = "900150983CD24FB0D6963F7D28E17F72";
@@ -35,26 +15,26 @@ const char* const DigestOfAbc = "900150983CD24FB0D6963F7D28E17F72";
 class DataCheckTest : public SetupTest {};
 
 TEST_F(DataCheckTest, AsksOnlyWhenTheCompanionTellsOfDamage) {
-    const MString data = scratch.WriteFile("setup.dat", "abc");
-    struct {
-        const char* companion;
-        bool isAsked;
-    } const cases[] = {
-        {DigestOfAbc, false},
-        {"900150983cd24fb0d6963f7d28e17f72\r\n", false},
-        {"", false},
-        {"00000000000000000000000000000000\n", true},
+    const MString data = scratch.Join("setup.dat");
+    const std::string large = MTestNoise(2 * 0x100000 + 17);
+    const std::tuple<std::string, std::string, bool> cases[] = {
+        {"abc", DigestOfAbc, false},
+        {"abc", "900150983cd24fb0d6963f7d28e17f72\r\n", false},
+        {"abc", "", false},
+        {"abc", "00000000000000000000000000000000\n", true},
+        {large, MTestDigest(large), false},
     };
-    for (const auto& [companion, isAsked] : cases) {
+    for (const auto& [content, companion, isAsked] : cases) {
+        scratch.WriteFile("setup.dat", content);
         scratch.WriteFile("setup.dat.md5", companion);
         for (const bool answer : {true, false}) {
-            OneAnswer dialogs(answer);
+            MTestDialogs dialogs(answer);
             EXPECT_EQ(MCheckDataFile(data, dialogs), !isAsked || answer) << companion;
             EXPECT_EQ(dialogs.questions, isAsked ? 1 : 0) << companion;
         }
     }
     MFile::Delete(scratch.Join("setup.dat.md5"));
-    OneAnswer dialogs(false);
+    MTestDialogs dialogs(false);
     EXPECT_TRUE(MCheckDataFile(data, dialogs));
 }
 
@@ -65,7 +45,7 @@ TEST_F(DataCheckTest, OneQuestionNamesEveryCorruptPart) {
     writer.Write("abcdefghi", 9);
     writer.Close();
     MMultiFileStream parts;
-    OneAnswer untouched(false);
+    MTestDialogs untouched(false);
     EXPECT_TRUE(MCheckFileSet(index, parts, untouched));
     EXPECT_EQ(untouched.questions, 0);
     EXPECT_TRUE(parts.IsOpen());
@@ -73,7 +53,7 @@ TEST_F(DataCheckTest, OneQuestionNamesEveryCorruptPart) {
     scratch.WriteFile("setup.multi1.cab", "abX");
     scratch.WriteFile("setup.multi3.cab", "gh");
     for (const bool answer : {true, false}) {
-        OneAnswer dialogs(answer);
+        MTestDialogs dialogs(answer);
         EXPECT_EQ(MCheckFileSet(index, parts, dialogs), answer);
         EXPECT_EQ(dialogs.questions, 1);
         EXPECT_EQ(
@@ -83,7 +63,7 @@ TEST_F(DataCheckTest, OneQuestionNamesEveryCorruptPart) {
             "highly recommended to use a downloader application instead of your browser if you are using "
             "a problematic browser such as Safari.\n\nDo you want to try to install the software anyway?");
     }
-    OneAnswer dialogs(true);
+    MTestDialogs dialogs(true);
     for (const char* missing : {"setup.multi2.cab", "setup.multi"}) {
         MFile::Delete(scratch.Join(missing));
         EXPECT_EQ(FailureOf([&] { (void)MCheckFileSet(index, parts, dialogs); }),
@@ -95,7 +75,7 @@ TEST_F(DataCheckTest, OneQuestionNamesEveryCorruptPart) {
 
 TEST_F(DataCheckTest, TheToolWritesTheCompanionThatTheCheckReads) {
     const MString data = scratch.WriteFile(MDecodeUTF8Exact("ž.dat"), "abc");
-    OneAnswer dialogs(false);
+    MTestDialogs dialogs(false);
     MConsoleStream console;
     MList<MString> arguments;
     arguments.Add("md5");

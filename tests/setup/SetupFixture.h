@@ -2,13 +2,34 @@
 
 #include "foundation/files/MFile.h"
 #include "install/definition/MSetupSession.h"
+#include "setup/console/MTextDialogs.h"
 #include "streams/basic/MMemoryStream.h"
 #include "tests/support/MScratch.h"
 #include "tests/support/MTestModule.h"
 #include "tests/support/MTestPayload.h"
 #include "tests/support/MTestText.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
+
+/// Says yes or no, counts how often it was asked, and keeps what it was told last.
+class MTestDialogs final : public MTextDialogs {
+public:
+    explicit MTestDialogs(bool answer) : answer(answer) {}
+    bool AskYesNo(const MString& text) override {
+        ++questions;
+        question = text;
+        return answer;
+    }
+    MRetryAnswer AskRetry(const MString&) override { return MRetryAnswer::Refuse; }
+    void ShowText(const MString&, const MString& text) override { shown = text; }
+    void ShowError(const MString& text) override { error = text; }
+
+    bool answer;
+    int32_t questions = 0;
+    MString question;
+    MString shown;
+    MString error;
+};
 
 /// A definition and its payload in memory, with the special folders in a scratch directory.
 class SetupTest : public testing::Test {

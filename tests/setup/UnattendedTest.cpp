@@ -1,7 +1,8 @@
-#include "foundation/module/MPlatform.h"
-#include "setup/console/MTextDialogs.h"
+#include "foundation/files/MInstallationNames.h"
 #include "setup/console/MUnattendedRun.h"
 #include "tests/setup/SetupFixture.h"
+
+using testing::HasSubstr;
 
 namespace {
 
@@ -15,9 +16,10 @@ MList<MString> Words(std::initializer_list<const char*> texts) {
 
 TEST(UnattendedOptionsTest, ReadsEveryWordInAnyCaseAndOrder) {
     const MUnattendedOptions options(Words({"locked=ignore", "Directory:vst=sub/ž=1", "COMPONENT:A=B=Off",
-                                            "configuration=full", "accept-licence"}),
+                                            "remove-older=YES", "configuration=full", "accept-licence"}),
                                      MFile::GetCurrentPath());
     EXPECT_TRUE(options.acceptLicence);
+    EXPECT_TRUE(options.removeOlder);
     EXPECT_EQ(Text(*options.configuration), "full");
     EXPECT_EQ(Text(options.components[0].name), "A=B");
     EXPECT_EQ(Text(options.components[0].text), "Off");
@@ -27,15 +29,13 @@ TEST(UnattendedOptionsTest, ReadsEveryWordInAnyCaseAndOrder) {
 }
 
 TEST(UnattendedOptionsTest, RefusesUnknownAndIncompleteWordsByName) {
-    for (const char* word : {"accept", "component:X", "component:X=maybe", "component:=on", "directory:x",
-                             "directory:x=", "directory:=x", "locked=", "locked=perhaps", "--help", ""}) {
-        try {
-            MUnattendedOptions options(Words({"accept-licence", word}), "C:/");
-            ADD_FAILURE() << word;
-        } catch (const MRefusal& refusal) {
-            EXPECT_NE(Text(refusal.GetMessage()).find("\"" + std::string(word) + "\""), std::string::npos);
-        }
-    }
+    for (const char* word :
+         {"accept", "component:X", "component:X=maybe", "component:=on", "directory:x",
+          "directory:x=", "directory:=x", "locked=", "locked=perhaps", "remove-older=perhaps", "--help", ""})
+        EXPECT_THAT(FailureOf([&] {
+                        MUnattendedOptions(Words({"accept-licence", word}), "C:/");
+                    }),
+                    HasSubstr("\"" + std::string(word) + "\""));
 }
 
 TEST(UnattendedOptionsTest, SilentMayStandAnywhere) {
@@ -44,13 +44,20 @@ TEST(UnattendedOptionsTest, SilentMayStandAnywhere) {
     EXPECT_EQ(MUnattendedOptions::WithoutRequest(Words({"a", "silent", "b"})).GetCount(), 2);
 }
 
+TEST(UnattendedDialogsTest, ALockedFileIsTriedAgainButNotForEver) {
+    MUnattendedDialogs dialogs(MRetryAnswer::Retry, 0);
+    int32_t retries = 0;
+    while (dialogs.AskRetry("held") == MRetryAnswer::Retry && retries < 1000) ++retries;
+    EXPECT_EQ(retries, 60);
+}
+
 class UnattendedRunTest : public SetupTest {
 protected:
     ~UnattendedRunTest() noexcept override = default;
 
     void DefineProduct() {
-        Define("<licence" + payload.Add("terms") + "/><configuration id=\"full\" name=\"Full\"/>" +
-               "<configuration id=\"small\" name=\"Small\"/>" +
+        Define("<uninstall>Old Tool</uninstall><licence" + payload.Add("terms") +
+               "/><configuration id=\"full\" name=\"Full\"/><configuration id=\"small\" name=\"Small\"/>" +
                "<directory id=\"destination\" name=\"D\" default=\"{scratch}/product\"/>" +
                "<directory id=\"extra\" name=\"E\" default=\"{scratch}/extra\"/>" +
                "<files required=\"1\" destination=\"{destination}\"><file name=\"core\" op=\"create\"" +
@@ -58,20 +65,27 @@ protected:
                "destination=\"{extra}/in\"><file name=\"extra\" op=\"create\"" + payload.Add("extra") +
                "/></files>");
     }
-    void Run(std::initializer_list<const char*> texts) {
-        const MUnattendedOptions options(Words(texts), scratch.GetPath());
-        MUnattendedDialogs dialogs(options.locked);
+    void Run(const std::vector<const char*>& texts) {
+        MList<MString> words;
+        for (const char* text : texts) words.Add(text);
+        const MUnattendedOptions options(words, scratch.GetPath());
         MInstallViews views;
         views.dialogs = &dialogs;
         MUnattendedRun run(library, options, views);
         run.Validate();
         run.Perform();
     }
+
+    MTestDialogs dialogs{false};
 };
 
 TEST_F(UnattendedRunTest, InstallsWhatIsProposedAndLeavesTheState) {
     DefineProduct();
+    // Of the right size, but another program.
+    const MString setup = MGetSetupPath(scratch.Join("product"));
+    MWriteTestFile(setup, "THE bytes of a program");
     Run({"accept-licence"});
+    EXPECT_EQ(MReadTestFile(setup), "the bytes of a program");
     EXPECT_EQ(scratch.ReadFile("product/core"), "core");
     EXPECT_EQ(scratch.ReadFile("extra/in/extra"), "extra");
     MXMLItem state;
@@ -95,44 +109,45 @@ TEST_F(UnattendedRunTest, FollowsTheWords) {
 }
 
 TEST_F(UnattendedRunTest, RefusesBeforeWritingAnything) {
-    const std::initializer_list<const char*> refused[] = {
-        {},
-        {"accept-licence", "configuration=none"},
-        {"accept-licence", "component:none=on"},
-        {"accept-licence", "directory:none=x"},
+    const std::pair<std::vector<const char*>, const char*> refused[] = {
+        {{}, "licence of Test Product has not been accepted"},
+        {{"accept-licence", "configuration=none"}, "no configuration \"none\""},
+        {{"accept-licence", "component:none=on"}, "no component \"none\""},
+        {{"accept-licence", "directory:none=x"}, "no directory \"none\""},
     };
-    for (const auto& words : refused) {
+    for (const auto& [words, told] : refused) {
         DefineProduct();
-        EXPECT_THROW(Run(words), MRefusal);
+        EXPECT_THAT(FailureOf([&] { Run(words); }), HasSubstr(told));
         EXPECT_EQ(scratch.ListTree(), "");
     }
-}
-
-TEST_F(UnattendedRunTest, ANameThatLeadsOutIsFoundBeforeAnythingIsWritten) {
-    Define("<directory id=\"destination\" name=\"D\" default=\"{scratch}/product\"/>"
-           "<files required=\"1\" destination=\"{destination}\"><dir name=\"d\"><file name=\"../../out\" "
-           "op=\"create\"" +
-           payload.Add("x") + "/></dir></files>");
-    EXPECT_NE(FailureOf([&] { Run({}); }).find("\"../../out\""), std::string::npos);
+    Define("<files destination=\"{data}\"><file name=\"../out\"/></files>");
+    EXPECT_THAT(FailureOf([&] { Run({}); }), HasSubstr("\"../out\""));
     EXPECT_EQ(scratch.ListTree(), "");
 }
 
-TEST_F(UnattendedRunTest, AFailedRunLeavesNoState) {
+TEST_F(UnattendedRunTest, AnOlderVersionThatStaysIsToldAndTheRunGoesOn) {
+    scratch.WriteFile("programfiles/Corvanth/Old Tool/setup.state", "<install/>");
     DefineProduct();
-    scratch.WriteFile("product/core/inside", "in the way");
-    EXPECT_THROW(Run({"accept-licence"}), MException);
-    EXPECT_FALSE(MFile::Exists(scratch.Join("product/setup.state")));
+    Run({"accept-licence"});
+    EXPECT_EQ(Text(dialogs.error), "");
+    DefineProduct();
+    Run({"accept-licence", "remove-older=yes"});
+    EXPECT_THAT(Text(dialogs.error), testing::StartsWith("Old Tool could not be removed completely by \""));
+    EXPECT_EQ(scratch.ReadFile("product/core"), "core");
+}
+
+TEST_F(UnattendedRunTest, AFailedRunLeavesNoState) {
     scratch.WriteFile("blocked", "a file");
+    for (const char* obstacle : {"product/core", "product/setup.state"}) {
+        scratch.WriteFile(MString(obstacle) + "/inside", "in the way");
+        DefineProduct();
+        EXPECT_THROW(Run({"accept-licence"}), MException) << obstacle;
+        EXPECT_FALSE(MFile::IsFile(scratch.Join("product/setup.state")));
+        MFile::DeleteTree(scratch.Join(obstacle));
+    }
     DefineProduct();
     EXPECT_THROW(Run({"accept-licence", "directory:destination=blocked"}), MException);
     EXPECT_EQ(scratch.ReadFile("blocked"), "a file");
-}
-
-TEST_F(UnattendedRunTest, AStateThatCannotBeWrittenIsAFailure) {
-    DefineProduct();
-    scratch.WriteFile("product/setup.state/inside", "in the way");
-    EXPECT_THROW(Run({"accept-licence"}), MException);
-    EXPECT_EQ(scratch.ReadFile("product/core"), "core");
 }
 
 TEST_F(UnattendedRunTest, AProductWithoutDirectoriesLeavesItsStateInTheMakersData) {
@@ -144,19 +159,16 @@ TEST_F(UnattendedRunTest, AProductWithoutDirectoriesLeavesItsStateInTheMakersDat
 }
 
 TEST_F(UnattendedRunTest, NamesTheRequiredAttributeThatIsMissing) {
-    struct {
-        const char* children;
-        const char* attribute;
-    } const cases[] = {
-        {"<configuration name=\"x\"/>", "id"},
-        {"<configuration id=\"x\"/>", "name"},
-        {"<directory name=\"x\" default=\"y\"/>", "id"},
-        {"<directory id=\"x\" default=\"y\"/>", "name"},
-        {"<directory id=\"x\" name=\"y\"/>", "default"},
-        {"<files name=\"x\"/>", "destination"},
-        {"<files required=\"1\" destination=\"{scratch}/to\"><file name=\"f\" op=\"create\"/></files>",
+    const std::pair<const char*, const char*> cases[] = {
+        {R"(<configuration name="x"/>)", "id"},
+        {R"(<configuration id="x"/>)", "name"},
+        {R"(<directory name="x" default="y"/>)", "id"},
+        {R"(<directory id="x" default="y"/>)", "name"},
+        {R"(<directory id="x" name="y"/>)", "default"},
+        {R"(<files name="x"/>)", "destination"},
+        {R"(<files required="1" destination="{scratch}/to"><file name="f" op="create"/></files>)",
          "filestart"},
-        {"<files name=\"x\" destination=\"{scratch}\"><copy destination=\"{scratch}\"><extension dst=\"y\"/></copy></files>",
+        {R"(<files name="x" destination="{scratch}"><copy destination="{scratch}"><extension dst="y"/></copy></files>)",
          "src"},
     };
     for (const auto& [children, attribute] : cases) {

@@ -1,10 +1,11 @@
 #include "setup/choices/MConfigurationChoice.h"
 
-#include "foundation/module/MPlatform.h"
+#include "foundation/base/MException.h"
 #include "foundation/xml/MXMLSubItems.h"
 #include "install/definition/MPlatformElement.h"
 
-MConfigurationChoice::MConfigurationChoice(MXMLItem& definition) {
+MConfigurationChoice::MConfigurationChoice(MXMLItem& definition, bool is64BitSystem)
+    : is64BitSystem(is64BitSystem) {
     for (MXMLItem& alternative : MXMLSubItems(definition, "configuration")) {
         if (!MIsForThisPlatform(alternative)) continue;
         (void)alternative.GetAttribute("name");
@@ -14,7 +15,7 @@ MConfigurationChoice::MConfigurationChoice(MXMLItem& definition) {
 }
 
 bool MConfigurationChoice::IsAvailable(const MXMLItem& alternative) const {
-    return alternative.GetInt32Attribute("x64", 0) == 0 || MPlatform::Is64BitSystem();
+    return alternative.GetInt32Attribute("x64", 0) == 0 || is64BitSystem;
 }
 
 MXMLItem* MConfigurationChoice::Find(const MString& id) const {
@@ -27,11 +28,11 @@ MXMLItem* MConfigurationChoice::GetProposal() const {
     return alternatives.IsEmpty() ? nullptr : alternatives[0];
 }
 
-bool MConfigurationChoice::Apply(const MXMLItem& alternative, MSetupSession& session) const {
+void MConfigurationChoice::Apply(const MXMLItem& alternative, MSetupSession& session) const {
     session.ConfigurationId = alternative.GetAttribute("id");
     session.ShowComponents = alternative.GetInt32Attribute("setup", 1) != 0;
     session.UseX64 = alternative.GetInt32Attribute("x64", 0) != 0;
-    if (!IsAvailable(alternative)) return false;
+    if (!IsAvailable(alternative))
+        MRaise(MExceptionGeneral, "This configuration does not support 32-bit operating system.");
     session.CreatePathMacros();
-    return true;
 }

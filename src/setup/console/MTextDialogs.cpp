@@ -55,10 +55,9 @@ bool MUnattendedDialogs::AskYesNo(const MString& question) {
 }
 
 MRetryAnswer MUnattendedDialogs::AskRetry(const MString& question) {
-    constexpr int32_t PauseMilliseconds = 1000;
     if (retries == 0) WriteLine(stderr, question);
     if (locked != MRetryAnswer::Retry) return locked;
     if (++retries > MaximumRetries) return MRetryAnswer::Refuse;
-    MPlatform::Sleep(PauseMilliseconds);
+    MPlatform::Sleep(pauseMilliseconds);
     return MRetryAnswer::Retry;
 }

@@ -21,9 +21,10 @@ public:
 /// Yes-or-no questions are about going on in spite of damage, and the answer is no.
 class MUnattendedDialogs final : public MTextDialogs {
 public:
-    /// `locked` answers for a file that cannot be written. A retry waits a second, and after
+    /// `locked` answers for a file that cannot be written. A retry waits for a pause, and after
     /// `MaximumRetries` of them in one run gives up.
-    explicit MUnattendedDialogs(MRetryAnswer locked) : locked(locked) {}
+    explicit MUnattendedDialogs(MRetryAnswer locked, int32_t pauseMilliseconds = 1000)
+        : locked(locked), pauseMilliseconds(pauseMilliseconds) {}
 
     [[nodiscard]] bool AskYesNo(const MString& question) override;
     [[nodiscard]] MRetryAnswer AskRetry(const MString& question) override;
@@ -32,5 +33,6 @@ public:
 
 private:
     MRetryAnswer locked;
+    int32_t pauseMilliseconds;
     int32_t retries = 0;
 };

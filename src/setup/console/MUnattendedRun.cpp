@@ -33,8 +33,7 @@ void MUnattendedRun::Perform() {
 
     const MXMLItem* chosen =
         options.configuration ? configurations.Find(*options.configuration) : configurations.GetProposal();
-    if (chosen && !configurations.Apply(*chosen, session))
-        MRaise(MExceptionGeneral, MConfigurationNeeds64Bit);
+    if (chosen) configurations.Apply(*chosen, session);
 
     components.ApplyConfiguration(session.ConfigurationId);
     for (const MNamedChoice& component : options.components)
