@@ -3,41 +3,38 @@
 
 class PathMacrosTest : public SetupTest {
 protected:
-    void Create(bool useX64) {
-        folders.SetPath(MSpecialFolderProgramFiles, "C:/Program Files (x86)");
-        macros.CreatePathMacros(useX64);
-    }
+    PathMacrosTest() { folders.SetPath(MSpecialFolderProgramFiles, "C:/Program Files (x86)"); }
+    ~PathMacrosTest() noexcept override = default;
+
     [[nodiscard]] std::string Expand(const char* text) const { return Text(macros.ExpandMacros(text)); }
 
     MPathMacros macros;
 };
 
-TEST_F(PathMacrosTest, SeparatesThe32BitFromThe64BitView) {
-    Create(false);
-    EXPECT_EQ(Expand("{programfiles}/x"), "C:/Program Files (x86)/x");
-    EXPECT_EQ(Expand("{programfiles32}"), "C:/Program Files (x86)");
-    EXPECT_EQ(Expand("{programfiles64}"), "{programfiles64}");
-    Create(true);
-    EXPECT_EQ(Expand("{programfiles}"), "C:/Program Files");
-    EXPECT_EQ(Expand("{programfiles32}"), "C:/Program Files (x86)");
-    EXPECT_EQ(Expand("{programfiles64}"), "C:/Program Files");
+TEST_F(PathMacrosTest, SeparatesTheViewsOfFoldersWhoseNamesDisagreeAtTheEnd) {
+    const std::tuple<bool, const char*, std::string> cases[] = {
+        {false, "{programfiles}/x", "C:/Program Files (x86)/x"},
+        {false, "{programfiles32}", "C:/Program Files (x86)"},
+        {false, "{programfiles64}", "{programfiles64}"},
+        {true, "{ProgramFiles}", "C:/Program Files"},
+        {true, "{programfiles32}", "C:/Program Files (x86)"},
+        {true, "{programfiles64}", "C:/Program Files"},
+        {true, "{temp}|{logs}", InScratch("downloads") + "|" + InScratch("music")},
+        {true, "{}|{32}|{64}",
+         InScratch("pictures") + "|" + InScratch("pictures") + "|" + InScratch("pictures")},
+    };
+    for (const auto& [useX64, text, expanded] : cases) {
+        macros.CreatePathMacros(useX64);
+        EXPECT_EQ(Expand(text), expanded);
+    }
 }
 
-TEST_F(PathMacrosTest, NamesAndFoldersDisagreeAtTheEndOfTheTable) {
-    Create(true);
-    EXPECT_EQ(Expand("{temp}"), InScratch("downloads"));
-    EXPECT_EQ(Expand("{logs}"), InScratch("music"));
-    EXPECT_EQ(Expand("{}|{32}|{64}"),
-              InScratch("pictures") + "|" + InScratch("pictures") + "|" + InScratch("pictures"));
-}
-
-TEST_F(PathMacrosTest, ExpandsAnyCaseAndValuesThatHoldMacrosAndKeepsTheRest) {
-    Create(false);
+TEST_F(PathMacrosTest, ExpandsValuesThatHoldMacrosAndKeepsTheRest) {
+    macros.CreatePathMacros(false);
     macros.AddMacro("destination", "{Desktop}/Tool");
+    macros.AddMacro("destination", "never reached");
     EXPECT_EQ(Expand("{DESTINATION}/a {nobody} {{versionname}} {"),
               InScratch("desktop/Tool") + "/a {nobody} {{versionname}} {");
-    macros.AddMacro("destination", "never reached");
-    EXPECT_EQ(Expand("{destination}"), InScratch("desktop/Tool"));
-    Create(false);
+    macros.CreatePathMacros(false);
     EXPECT_EQ(Expand("{destination}"), "{destination}");
 }

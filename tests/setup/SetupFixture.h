@@ -11,23 +11,19 @@
 
 #include <gmock/gmock.h>
 
-/// Says yes or no, counts how often it was asked, and keeps what it was told last.
+/// Says yes or no, and keeps what it was asked and told last.
 class MTestDialogs final : public MTextDialogs {
 public:
     explicit MTestDialogs(bool answer) : answer(answer) {}
     bool AskYesNo(const MString& text) override {
-        ++questions;
         question = text;
         return answer;
     }
     MRetryAnswer AskRetry(const MString&) override { return MRetryAnswer::Refuse; }
-    void ShowText(const MString&, const MString& text) override { shown = text; }
     void ShowError(const MString& text) override { error = text; }
 
     bool answer;
-    int32_t questions = 0;
     MString question;
-    MString shown;
     MString error;
 };
 

@@ -1,8 +1,6 @@
 #pragma once
 
 #include "foundation/files/MFile.h"
-#include "streams/basic/MMemoryStream.h"
-#include "streams/hashes/MMD5Stream.h"
 #include "tests/support/MScratch.h"
 #include "tests/support/MTestBytes.h"
 #include "tests/support/MTestServer.h"
@@ -15,6 +13,8 @@
 #include <memory>
 #include <mutex>
 
+inline const char* const NotFound = "HTTP/1.0 404 Not Found\n\n";
+
 /// What a mirror gives, by path. Tests change it between requests.
 class MTestMirror {
 public:
@@ -24,10 +24,6 @@ public:
     void Put(const std::string& path, const MTestReply& reply) {
         const std::lock_guard guard(mutex);
         replies.insert_or_assign(path, reply);
-    }
-    void Remove(const std::string& path) {
-        const std::lock_guard guard(mutex);
-        replies.erase(path);
     }
     /// The names of the files that were asked for since the last call, one a line.
     [[nodiscard]] std::string TakeRequests() {
@@ -41,7 +37,7 @@ private:
         const std::lock_guard guard(mutex);
         requests += path.substr(path.find_last_of('/') + 1) + "\n";
         const auto found = replies.find(path);
-        return found == replies.end() ? MTestReply("HTTP/1.0 404 Not Found\n\n") : found->second;
+        return found == replies.end() ? MTestReply(NotFound) : found->second;
     }
 
     std::mutex mutex;
@@ -73,16 +69,10 @@ public:
 class DownloadTest : public testing::Test {
 protected:
     DownloadTest() {
-        for (MTestMirror* mirror : {&first, &second}) Publish(*mirror, GetIndex(), "");
+        for (MTestMirror* mirror : {&first, &second}) Publish(*mirror, GetIndex());
     }
     ~DownloadTest() noexcept override = default;
 
-    static std::string GetDigest(const std::string& bytes) {
-        MMD5Stream hash;
-        hash.Write(bytes.data(), static_cast<int32_t>(bytes.size()));
-        hash.Finish();
-        return Text(hash.GetDigestText());
-    }
     static std::string GetIndex() {
         std::string files = DescribeFile("big", "big.bin", {"aaaa", "bbbb", "cccc", "dd"});
         files += DescribeFile("small", "folder/näme.txt", {"hello"});
@@ -95,44 +85,46 @@ protected:
         std::string children;
         for (size_t i = 0; i < parts.size(); ++i) {
             all += parts[i];
-            children += "<Part md5=\"" + GetDigest(parts[i]) + "\">" + std::to_string(i + 1) + "</Part>";
+            children += "<Part md5=\"" + MTestDigest(parts[i]) + "\">" + std::to_string(i + 1) + "</Part>";
         }
-        return "<File ID=\"" + id + "\" md5=\"" + GetDigest(all) + "\">" + name + children + "</File>";
+        return "<File ID=\"" + id + "\" md5=\"" + MTestDigest(all) + "\">" + name + children + "</File>";
     }
-    static std::string Compress(const std::string& xml) {
-        MMemoryStream plain(xml.data(), static_cast<int32_t>(xml.size()));
-        MXMLItem root;
-        root.Load(plain);
-        MMemoryStream stored;
-        root.SaveCompressed(stored, "utf-8");
-        return MBytesOf(stored);
-    }
-    /// `damage` goes in front of each part.
-    static void Publish(MTestMirror& mirror, const std::string& index, const std::string& damage) {
-        mirror.Put("/package/INDEX.ZIP", MTestBody(Compress(index)));
-        const std::pair<const char*, const char*> parts[] = {{"big.1.zip", "aaaa"},
-                                                             {"big.2.zip", "bbbb"},
-                                                             {"big.3.zip", "cccc"},
-                                                             {"big.4.zip", "dd"},
-                                                             {"small.1.zip", "hello"}};
-        for (const auto& [name, bytes] : parts)
-            mirror.Put(std::string("/package/") + name, MTestBody(damage + bytes));
+    static void Publish(MTestMirror& mirror, const std::string& index) {
+        mirror.Put("/package/INDEX.ZIP", MTestBody(MDeflate(index)));
+        const char* const parts[] = {"aaaa", "bbbb", "cccc", "dd"};
+        for (int i = 0; i < 4; ++i)
+            mirror.Put("/package/big." + std::to_string(i + 1) + ".zip", MTestBody(parts[i]));
+        mirror.Put("/package/small.1.zip", MTestBody("hello"));
     }
 
     [[nodiscard]] static MDownloadDefinition Define(const std::vector<MString>& mirrors) {
         std::string xml = "<download ID=\"package\">";
         for (const MString& mirror : mirrors) xml += "<Mirror>" + Text(mirror) + "</Mirror>";
-        const std::string stored = Compress(xml + "</download>");
-        MMemoryStream stream(stored.data(), static_cast<int32_t>(stored.size()));
+        const std::string stored = MDeflate(xml + "</download>");
+        MMemoryStream stream = MStreamOf(stored);
         return MDownloadDefinition(stream);
     }
-    /// One run on both mirrors, or on those that are given.
-    [[nodiscard]] bool Run(MDownloadView& view) {
-        return Run(view, {first.GetAddress(), second.GetAddress() + "/"});
+    [[nodiscard]] std::vector<MString> Both() const {
+        return {first.GetAddress(), second.GetAddress() + "/"};
     }
-    [[nodiscard]] bool Run(MDownloadView& view, const std::vector<MString>& mirrors) {
-        const MDownloadDefinition definition = Define(mirrors);
-        return MDownloader(definition, target, view).Run();
+    [[nodiscard]] bool Run(MDownloadView& view, const std::vector<MString>& mirrors) const {
+        return MDownloader(Define(mirrors), target, view).Run();
+    }
+    [[nodiscard]] std::string FailureOfRun(const std::vector<MString>& mirrors) const {
+        MTestDownloadView view;
+        return FailureOf([&] { (void)Run(view, mirrors); });
+    }
+    /// Cancels after a number of parts.
+    void RunInPart(int32_t parts) const {
+        MTestDownloadView view;
+        view.cancelAfter = parts;
+        EXPECT_FALSE(Run(view, {first.GetAddress()}));
+    }
+    MTestDownloadView RunToTheEnd(const std::vector<MString>& mirrors) const {
+        MTestDownloadView view;
+        EXPECT_TRUE(Run(view, mirrors));
+        ExpectComplete();
+        return view;
     }
     /// Both mirrors' requests for files, one a line, in the order in which each mirror got them.
     [[nodiscard]] std::string TakeRequests() { return first.TakeRequests() + second.TakeRequests(); }

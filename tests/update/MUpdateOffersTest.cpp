@@ -1,25 +1,18 @@
 #include "update/MUpdateOffers.h"
 
-#include "streams/basic/MMemoryStream.h"
+#include "tests/support/MTestBytes.h"
 #include "tests/support/MTestText.h"
 
 #include <gtest/gtest.h>
 
 namespace {
 
-MXMLItem& LoadTree(MXMLItem& tree, const std::string& xml) {
-    MMemoryStream stream(xml.data(), static_cast<int32_t>(xml.size()));
-    tree.Load(stream);
-    return tree;
-}
-
-const char* const State = "<install id=\"reverb\" time=\"2026-03-01 12:00:00\">"
-                          "<package time=\"2026-01-01 08:00:00\" name=\"Halls\"/></install>";
-
 void Read(MUpdateOffers& offers, const std::string& index) {
     MXMLItem state;
-    MMemoryStream reply(index.data(), static_cast<int32_t>(index.size()));
-    offers.Read(reply, LoadTree(state, State));
+    MLoadXML(state, "<install id=\"reverb\" time=\"2026-03-01 12:00:00\">"
+                    "<package time=\"2026-01-01 08:00:00\" name=\"Halls\"/></install>");
+    MMemoryStream reply = MStreamOf(index);
+    offers.Read(reply, state);
 }
 
 std::string NamesOf(const MUpdateOffers::List& list) {
@@ -48,18 +41,20 @@ TEST(MUpdateOffersTest, OffersNewerUpdatesAndPackagesThatAreNotInstalled) {
 }
 
 TEST(MUpdateOffersTest, RefusesOffersThatItCannotTrust) {
-    const std::pair<const char*, const char*> cases[] = {
-        {"<a><update name=\"n\" time=\"yesterday\"/></a>", "0: Invalid datetime format."},
-        {"<a><update name=\"n\"/></a>", "0: Could not find required attribute (time)."},
-        {"<a><update time=\"2027-01-01 00:00:00\" filename=\"../../setup.exe\"/></a>",
-         "0: The name \"../../setup.exe\" in the list of updates leads out of its directory. The server is damaged "
-         "or not trustworthy; nothing has been written."},
-        {"<a><update time=\"2020-01-01 00:00:00\" execute=\"C:/Windows/format.com\"/></a>",
-         "0: The name \"C:/Windows/format.com\" in the list of updates leads out of its directory. The server is "
-         "damaged or not trustworthy; nothing has been written."},
+    const std::string leadsOut =
+        "\" in the list of updates leads out of its directory. The server is damaged or not trustworthy; nothing "
+        "has been written.";
+    const std::pair<const char*, std::string> cases[] = {
+        {R"(time="yesterday")", "0: Invalid datetime format."},
+        {"", "0: Could not find required attribute (time)."},
+        {R"(time="2027-01-01 00:00:00" filename="../../setup.exe")",
+         "0: The name \"../../setup.exe" + leadsOut},
+        {R"(time="2020-01-01 00:00:00" execute="C:/Windows/format.com")",
+         "0: The name \"C:/Windows/format.com" + leadsOut},
     };
-    for (const auto& offer : cases) {
+    for (const auto& [attributes, failure] : cases) {
         MUpdateOffers offers;
-        EXPECT_EQ(FailureOf([&] { Read(offers, offer.first); }), offer.second);
+        const std::string index = std::string("<a><update ") + attributes + "/></a>";
+        EXPECT_EQ(FailureOf([&] { Read(offers, index); }), failure);
     }
 }

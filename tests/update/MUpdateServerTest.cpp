@@ -21,12 +21,8 @@ MXMLItem& SetState(MXMLItem& state, const char* attribute, const MString& value)
 
 class LastProgress final : public MProgressView {
 public:
-    void SetProgress(double newMaximum, double newValue) override {
-        maximum = newMaximum;
-        value = newValue;
-    }
-    double maximum = 0;
-    double value = 0;
+    void SetProgress(double maximum, double value) override { ratio = value / maximum; }
+    double ratio = 0;
 };
 
 }  // namespace
@@ -41,9 +37,8 @@ TEST(MUpdateServerTest, TheAddressComesFromTheState) {
     for (const auto& [address, host, port, path] : cases) {
         MXMLItem state;
         const MUpdateServer server(SetState(state, "updateaddress", address));
-        EXPECT_EQ(Text(server.GetHost()), host);
-        EXPECT_EQ(server.GetPort(), port);
-        EXPECT_EQ(Text(server.GetBasePath()), path);
+        EXPECT_EQ(std::tuple(Text(server.GetHost()), server.GetPort(), Text(server.GetBasePath())),
+                  std::tuple(host, port, path));
     }
     MXMLItem state;
     const MUpdateServer server(SetState(state, "id", "reverb"));
@@ -70,52 +65,31 @@ const std::pair<std::string, std::string> Replies[] = {
      "0: The server has sent more than 10 bytes."},
 };
 
-class FetchTest : public testing::Test {
-protected:
-    ~FetchTest() noexcept override = default;
-
-    [[nodiscard]] MXMLItem& StateFor(MXMLItem& state, size_t reply) const {
-        return SetState(state, "updateaddress",
-                        MFormat("127.0.0.1:{0}/{1}", int32_t{http.GetPort()}, static_cast<int32_t>(reply)));
-    }
-
-    MTestServer http{[](const std::string& request) {
-        return MTestReply(Replies[std::stoul(MTestServer::GetPath(request).substr(1))].first);
-    }};
-};
-
 }  // namespace
 
-TEST_F(FetchTest, FetchesAFileAndShowsItsBytes) {
-    MXMLItem state;
-    const MUpdateServer server(StateFor(state, 0));
-    LastProgress bar;
-    MMemoryStream body;
-    server.FetchFile("op=getupdate&updatename=a", body, &bar);
-    EXPECT_EQ(MBytesOf(body), "hello");
-    EXPECT_EQ(bar.value / bar.maximum, 1);
-    const std::string request = http.GetRequests().back();
-    EXPECT_TRUE(request.starts_with("GET /0/?op=getupdate&updatename=a HTTP/1.0\n")) << request;
-}
-
-TEST_F(FetchTest, TellsRefusalFromSilence) {
-    for (size_t reply = 0; reply < std::size(Replies); ++reply) {
+TEST(MUpdateServerTest, FetchesFilesAndTellsRefusalFromSilence) {
+    MTestServer http([](const std::string& request) {
+        return MTestReply(Replies[std::stoul(MTestServer::GetPath(request).substr(1))].first);
+    });
+    for (int32_t i = 0; i < static_cast<int32_t>(std::size(Replies)); ++i) {
+        const std::string& failure = Replies[i].second;
         MXMLItem state;
-        const MUpdateServer server(StateFor(state, reply));
+        const MUpdateServer server(
+            SetState(state, "updateaddress", MFormat("127.0.0.1:{0}/{1}", int32_t{http.GetPort()}, i)));
+        LastProgress bar;
         MMemoryStream body;
-        const std::string& failure = Replies[reply].second;
-        EXPECT_EQ(FailureOf([&] { server.FetchFile("op=getindex", body, nullptr, 10); }), failure);
-        if (failure != Refused && failure != Silent) continue;
+        EXPECT_EQ(FailureOf([&] { server.FetchFile("op=getupdate&updatename=a", body, &bar, 10); }), failure);
+        const std::string request = http.GetRequests().back();
+        EXPECT_NE(request.find("/?op=getupdate&updatename=a HTTP/1.0\n"), std::string::npos) << request;
+        if (i == 0) {
+            EXPECT_EQ(MBytesOf(body), "hello");
+            EXPECT_EQ(bar.ratio, 1);
+            continue;
+        }
+        const bool isList = i + 1 == static_cast<int32_t>(std::size(Replies));
         MUpdateOffers offers;
         EXPECT_EQ(FailureOf([&] { offers.Fetch(server, state); }),
-                  "0: Could not connect the server. Please try again later.");
+                  isList ? "none" : "0: Could not connect the server. Please try again later.");
+        EXPECT_EQ(offers.GetUpdates().GetCount(), isList ? 1 : 0);
     }
-}
-
-TEST_F(FetchTest, TheListOfAServerBecomesOffers) {
-    MXMLItem state;
-    const MUpdateServer server(StateFor(state, std::size(Replies) - 1));
-    MUpdateOffers offers;
-    offers.Fetch(server, state);
-    EXPECT_EQ(offers.GetUpdates().GetCount(), 1);
 }
