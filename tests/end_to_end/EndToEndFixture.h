@@ -4,12 +4,15 @@
 #include "foundation/module/MPlatform.h"
 #include "foundation/text/MUnicode.h"
 #include "tests/support/MScratch.h"
+#include "tests/support/MTestBytes.h"
 #include "tests/support/MTestProgram.h"
 #include "tests/support/MTestText.h"
 
 #include <filesystem>
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 #include <initializer_list>
+
+using testing::HasSubstr;
 
 /// The finished programs, run as their users run them. `product` holds a maker's files, `home` is where
 /// the installer lives, runs and writes.
@@ -46,17 +49,26 @@ protected:
     [[nodiscard]] std::string ReadHome(const MString& name) const { return MReadTestFile(InHome(name)); }
     [[nodiscard]] bool IsInHome(const MString& name) const { return MFile::Exists(InHome(name)); }
 
-    /// Writes a definition with these children of the root, and packs it into the installer.
+    /// Packs a definition with these children of the root, in front of which the directory `destination` stands.
     void Pack(const std::string& children, std::initializer_list<const char*> options = {}) {
-        scratch.WriteFile("product/definition.xml", "<install name=\"Test Product\">\n" + children +
-                                                        "\n<onsuccess/><onerror/><onabort/></install>\n");
-        MList<MString> arguments = ToList({"pack"});
-        arguments.Add(InProduct("definition.xml"));
-        arguments.Add("--output");
-        arguments.Add(GetInstaller());
+        PackAs(GetInstaller(), "name=\"Test Product\"", children, options);
+    }
+    void PackAs(const MString& output, const std::string& attributes, const std::string& children,
+                std::initializer_list<const char*> options = {}) {
+        scratch.WriteFile("product/definition.xml",
+                          "<install " + attributes +
+                              "><directory id=\"destination\" name=\"D\" default=\"unused\"/>\n" + children +
+                              "\n<onsuccess/><onerror/><onabort/></install>\n");
+        MList<MString> arguments = ToList({"pack", "definition.xml", "--output"});
+        arguments.Add(output);
         for (const char* option : options) arguments.Add(option);
         const MProgramResult result = Build(arguments);
         ASSERT_EQ(result.exitCode, 0) << result.errors;
+    }
+    /// What installs a file or folder of the maker's in the directory `destination`.
+    static std::string ToDestination(const std::string& path, const std::string& attributes = "") {
+        return "<files path=\"" + path + "\" destination=\"{destination}\" required=\"1\" " + attributes +
+               "/>";
     }
     [[nodiscard]] MProgramResult Build(const MList<MString>& arguments) const {
         // The builder is the maker's tool and works in the maker's folders.
@@ -68,6 +80,12 @@ protected:
     }
     [[nodiscard]] MProgramResult Install(std::initializer_list<const char*> words) const {
         return Start(GetInstaller(), ToList(words));
+    }
+    /// Installs without window into the folder "to" of the home.
+    [[nodiscard]] MProgramResult InstallSilently(std::initializer_list<const char*> words = {}) const {
+        MList<MString> arguments = ToList({"silent", "directory:destination=to"});
+        for (const MString& word : ToList(words)) arguments.Add(word);
+        return Start(GetInstaller(), arguments);
     }
     /// A copy of the bare program under a name in the home folder.
     MString PutProgram(const MString& name) const {

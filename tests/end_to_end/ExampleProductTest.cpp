@@ -1,6 +1,6 @@
 #include "tests/end_to_end/ExampleProductFixture.h"
 
-TEST_F(ExampleProductTest, LandsByteForByteAndKeepsWhatAMusicianChanged) {
+TEST_F(ExampleProductTest, LandsByteForByteKeepsWhatAMusicianChangedAndGoesAgain) {
     PackExample("1.0", "bzip2");
     InstallExample("configuration=full");
     ExpectPlugins("dragonfly-reverb-vst/usr/lib/lxvst", "vst/Dragonfly");
@@ -10,28 +10,34 @@ TEST_F(ExampleProductTest, LandsByteForByteAndKeepsWhatAMusicianChanged) {
     ExpectPlugins("dragonfly-reverb-lv2/usr/lib/lv2", "lv2");
     ExpectPlugins("lsp-plugins-lv2/usr/lib/lv2", "lv2");
     ExpectPlugins("dragonfly-reverb-vst/usr/share/doc", "to/Documents");
-    const MString data = InProduct("plugins/zynaddsubfx-data/usr/share/zynaddsubfx");
-    ExpectInstalled(InProduct("presets/1.0"), MFile::Join(GetUserData(), "Presets"));
-    ExpectInstalled(MFile::Join(data, "banks"), MFile::Join(GetUserData(), "Banks"));
-    ExpectInstalled(MFile::Join(data, "examples"), MFile::Join(GetUserData(), "Examples"), nullptr, true);
+    const MString banks = MFile::Join(GetUserData(), "Banks");
+    ExpectInstalled(InProduct("plugins/zynaddsubfx-data/usr/share/zynaddsubfx/banks"), banks);
+    EXPECT_FALSE(MFile::GetFileList(MFile::Join(GetUserData(), "Examples")).IsEmpty());
     EXPECT_TRUE(IsInHome("to/changelog.Debian.gz"));
-    EXPECT_TRUE(IsInHome("to/setup.state"));
 
-    const MString bank = MFile::Join(GetUserData(), "Banks/Bass");
+    const MString bank = MFile::Join(banks, "Bass");
     const MString changed = MFile::Join(bank, MFile::GetFileList(bank)[0].name);
     MWriteTestFile(changed, "the musician's own");
     MFile::Delete(InHome("to/changelog.Debian.gz"));
     InstallExample("configuration=full");
-    EXPECT_EQ(MReadTestFile(changed), "the musician's own");
     EXPECT_TRUE(IsInHome("to/changelog.Debian.gz"));
+
+    const MProgramResult removal = Start(GetRemover("to"), ToList({"silent"}));
+    EXPECT_EQ(removal.exitCode, 0);
+    EXPECT_EQ(removal.output + removal.errors, "Removing files...\nDone.\n");
+    EXPECT_EQ(MReadTestFile(changed), "the musician's own");
+    ExpectInstalled(InProduct("presets/1.0"), MFile::Join(GetUserData(), "Presets"));
+    EXPECT_EQ(MFile::GetFileList(GetUserData()).GetCount(), 2) << "banks and presets";
+    EXPECT_EQ(MFile::GetFileList(InHome("to")).GetCount(), 1) << "the program itself";
+    EXPECT_TRUE(MFile::GetFileList(InHome("lv2")).IsEmpty());
+    EXPECT_FALSE(IsInHome("vst"));
+    EXPECT_FALSE(MFile::Exists(GetMenu()));
 }
 
 TEST_F(ExampleProductTest, TheSmallConfigurationHoldsTheReverbsOnly) {
     PackExample();
     InstallExample("configuration=small");
     ExpectPlugins("dragonfly-reverb-vst/usr/lib/lxvst", "vst/Dragonfly");
-    EXPECT_FALSE(IsInHome("vst/Dragonfly older hosts"));
-    EXPECT_FALSE(IsInHome("vst/lsp-plugins"));
-    EXPECT_FALSE(IsInHome("vst/Synthesizer"));
+    EXPECT_EQ(MFile::GetFileList(InHome("vst")).GetCount(), 1);
     EXPECT_EQ(MFile::GetFileList(GetUserData()).GetCount(), 1) << "presets only";
 }

@@ -7,15 +7,21 @@ namespace {
 
 constexpr int64_t GiB = 1024 * 1024 * 1024;
 
-/// A sparse file with marks at its beginning, behind 4 GiB if it goes that far, and at its end.
-void MakeLargeFile(const MString& path, int64_t size) {
-    MStdFileStream file;
-    file.Open(path, MOpenWrite | MOpenCreate);
+/// Calls `visit` at marks at the beginning, behind 4 GiB if it goes that far, and at the end of a file.
+template <class Visitor>
+void VisitMarks(MStdFileStream& file, int64_t size, Visitor visit) {
     for (const int64_t mark : {int64_t(0), 4 * GiB + 5, size - 8}) {
         if (mark > size - 8) continue;
         file.Seek(mark, MSeekOrigin::Begin);
-        file.WriteInt64(mark ^ size);
+        visit(mark ^ size);
     }
+}
+
+/// A sparse file.
+void MakeLargeFile(const MString& path, int64_t size) {
+    MStdFileStream file;
+    file.Open(path, MOpenWrite | MOpenCreate);
+    VisitMarks(file, size, [&](int64_t mark) { file.WriteInt64(mark); });
     file.Close();
 }
 
@@ -23,11 +29,7 @@ void ExpectMarks(const MString& path, int64_t size) {
     MStdFileStream file;
     file.Open(path, MOpenRead);
     EXPECT_EQ(file.GetSize(), size);
-    for (const int64_t mark : {int64_t(0), 4 * GiB + 5, size - 8}) {
-        if (mark > size - 8) continue;
-        file.Seek(mark, MSeekOrigin::Begin);
-        EXPECT_EQ(file.ReadInt64(), mark ^ size);
-    }
+    VisitMarks(file, size, [&](int64_t mark) { EXPECT_EQ(file.ReadInt64(), mark); });
 }
 
 }  // namespace
@@ -44,10 +46,7 @@ TEST_F(LargeProductTest, PacksVerifiesAndInstallsBeyond4GiB) {
     MakeLargeFile(InProduct("samples.bin"), First);
     MakeLargeFile(InProduct("more.bin"), Second);
     scratch.WriteFile("product/last.txt", "behind everything");
-    Pack("<directory id=\"destination\" name=\"D\" default=\"unused\"/>"
-         "<files path=\"samples.bin\" destination=\"{destination}\" required=\"1\"/>"
-         "<files path=\"more.bin\" destination=\"{destination}\" required=\"1\"/>"
-         "<files path=\"last.txt\" destination=\"{destination}\" required=\"1\"/>",
+    Pack(ToDestination("samples.bin") + ToDestination("more.bin") + ToDestination("last.txt"),
          {"--compression", "none"});
     EXPECT_GT(MFile::GetFileSize(GetInstaller()), First + Second);
     MList<MString> verify = ToList({"verify"});
@@ -60,7 +59,7 @@ TEST_F(LargeProductTest, PacksVerifiesAndInstallsBeyond4GiB) {
     EXPECT_EQ(Install({"silent", "nonsense"}).exitCode, 2);
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(5));
 
-    const MProgramResult result = Install({"silent", "directory:destination=to"});
+    const MProgramResult result = InstallSilently();
     ASSERT_EQ(result.exitCode, 0) << result.errors;
     ExpectMarks(InHome("to/samples.bin"), First);
     ExpectMarks(InHome("to/more.bin"), Second);

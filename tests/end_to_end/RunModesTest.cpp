@@ -3,7 +3,7 @@
 namespace {
 
 const char* const LastResort =
-    "There are no installer data availble. The installer is probably corrupt, please download it again.";
+    "There are no installer data availble. The installer is probably corrupt, please download it again.\n";
 
 }  // namespace
 
@@ -11,66 +11,83 @@ class RunModesTest : public EndToEndTest {
 protected:
     ~RunModesTest() noexcept override = default;
 
-    void PackData() {
-        scratch.WriteFile("product/file.txt", "content");
-        Pack("<directory id=\"destination\" name=\"D\" default=\"unused\"/>"
-             "<files path=\"file.txt\" destination=\"{destination}\" required=\"1\"/>",
-             {"--form", "dat"});
-        MFile::Rename(GetInstaller(), InHome("setup.dat"));
-        MFile::Rename(GetInstaller() + ".md5", InHome("setup.dat.md5"));
+    /// A product of one file in the given form beside the bare program, which is its installer.
+    void PackBeside(const MString& output, std::initializer_list<const char*> options) {
+        scratch.WriteFile("product/noise", noise);
+        PackAs(InHome(output), "name=\"Test Product\"", ToDestination("noise"), options);
+        MFile::Rename(PutProgram("setup"), GetInstaller());
     }
-    static void ExpectLine(const std::string& text, const std::string& line) {
-        EXPECT_NE(text.find(line), std::string::npos) << text;
+    void ExpectInstalled() const {
+        const MProgramResult result = InstallSilently();
+        ASSERT_EQ(result.exitCode, 0) << result.errors;
+        EXPECT_EQ(result.errors, "");
+        EXPECT_TRUE(ReadHome("to/noise") == noise);
+        MFile::DeleteTree(InHome("to"));
     }
+    void ExpectRefused(const std::string& told) const {
+        const MProgramResult result = InstallSilently();
+        EXPECT_EQ(result.exitCode, 1);
+        EXPECT_THAT(result.errors, testing::StartsWith(told));
+        EXPECT_FALSE(IsInHome("to"));
+    }
+
+    const std::string noise = MTestNoise(200000);
 };
 
 TEST_F(RunModesTest, ABareProgramHasNoData) {
-    const MString program = PutProgram("setup");
-    MProgramResult result = Start(program, {});
+    const MProgramResult result = Start(PutProgram("setup"), {});
     EXPECT_EQ(result.exitCode, 0);
-    ExpectLine(result.errors, LastResort);
-    result = Start(program, ToList({"silent"}));
-    EXPECT_EQ(result.exitCode, 1);
-    ExpectLine(result.errors, LastResort);
+    EXPECT_EQ(result.errors, LastResort);
+    MFile::Rename(GetRemover(""), GetInstaller());
+    ExpectRefused(LastResort);
 }
 
 TEST_F(RunModesTest, InstallsFromDataBesideTheProgramUnlessTheyAreDamaged) {
-    PackData();
-    const MString program = PutProgram("Installer");
-    MProgramResult result = Start(program, ToList({"silent", "directory:destination=to"}));
-    EXPECT_EQ(result.exitCode, 0) << result.errors;
-    ExpectLine(result.output, "Checking installer integrity...");
-    EXPECT_EQ(ReadHome("to/file.txt"), "content");
-    MFile::DeleteTree(InHome("to"));
-
+    PackBeside("setup.dat", {"--form", "dat"});
+    ExpectInstalled();
+    EXPECT_EQ(Install({}).errors,
+              "This build has no wizard window. To install, add the words: silent accept-licence\n");
     std::string data = ReadHome("setup.dat");
     data[0] = static_cast<char>(data[0] ^ 1);
     scratch.WriteFile("home/setup.dat", data);
-    result = Start(program, ToList({"silent", "directory:destination=to"}));
-    EXPECT_EQ(result.exitCode, 1);
-    ExpectLine(result.errors, "We are very sorry, but the installer is corrupt.");
-    EXPECT_FALSE(IsInHome("to"));
+    ExpectRefused("We are very sorry, but the installer is corrupt.");
     // Nobody answers: the question counts as declined.
-    EXPECT_EQ(static_cast<int8_t>(Start(program, {}).exitCode), -1);
+    EXPECT_EQ(static_cast<int8_t>(Install({}).exitCode), -1);
 }
 
-TEST_F(RunModesTest, ModesThatAreMissingSaySoInOneLine) {
-    PackData();
-    const MString program = PutProgram("setup");
-    EXPECT_EQ(Start(program, {}).errors,
-              "This build has no wizard window. To install, add the words: silent accept-licence\n");
+TEST_F(RunModesTest, InstallsFromPartsBesideTheIndexAndAboveUnlessTheyAreDamaged) {
+    PackBeside("setup.multi", {"--form", "multi", "--part-size", "64K"});
+    ExpectInstalled();
+    for (const char* name : {"setup.multi1.cab", "setup.multi4.cab"})
+        MFile::Rename(InHome(name), scratch.Join(name));
+    ExpectInstalled();
+    std::string part = ReadHome("setup.multi2.cab");
+    part[1000] = static_cast<char>(part[1000] ^ 1);
+    scratch.WriteFile("home/setup.multi2.cab", part);
+    ExpectRefused(
+        "We are very sorry, but following files are corrupt:\n setup.multi2.cab\nPlease check your");
+    MFile::Delete(InHome("setup.multi2.cab"));
+    ExpectRefused(LastResort);
+}
+
+TEST_F(RunModesTest, APayloadWinsOverTheStateOfAnInstallation) {
+    scratch.WriteFile("product/noise", noise);
+    Pack(ToDestination("noise"));
     scratch.WriteFile("home/setup.state", "<install/>");
-    EXPECT_EQ(Start(program, {}).errors,
-              "This build has no window for removing. To remove the software, add the word: silent\n");
-    EXPECT_EQ(Start(program, ToList({"UPDATE"})).errors, "This build has no update manager.\n");
+    ExpectInstalled();
 }
 
-TEST_F(RunModesTest, UpdateSetupReplacesTheInstalledProgramOnlyInAnInstallation) {
+TEST_F(RunModesTest, AnInstalledCopyRemovesOrReplacesTheProgram) {
     const MString program = PutProgram("updatesetup");
-    EXPECT_EQ(Start(program, {}).errors, std::string(LastResort) + "\n");
+    EXPECT_EQ(Start(program, {}).errors, LastResort);
     scratch.WriteFile("home/setup.state", "<install/>");
+    EXPECT_EQ(Start(program, ToList({"UPDATE"})).errors, "This build has no update manager.\n");
     EXPECT_EQ(Start(program, {}).exitCode, 0);
-    EXPECT_EQ(ReadHome(MString("setup.") + MPlatform::ExecutableExtension()), MReadTestFile(SETUP_PROGRAM));
+    EXPECT_EQ(MReadTestFile(GetRemover("")), MReadTestFile(SETUP_PROGRAM));
+    const MProgramResult asked = Start(GetRemover(""), {});
+    EXPECT_EQ(asked.exitCode, 1);
+    EXPECT_EQ(asked.errors,
+              "This build has no window for removing. To remove the software, add the word: silent\n");
 }
 
 TEST_F(RunModesTest, TheMD5ToolHashesDataOfTheCurrentDirectory) {
@@ -79,7 +96,8 @@ TEST_F(RunModesTest, TheMD5ToolHashesDataOfTheCurrentDirectory) {
     OpenForEverybody(InHome("setup.dat"));
     const MProgramResult result = Start(program, ToList({"MD5"}));
     EXPECT_EQ(result.exitCode, 0);
-    ExpectLine(result.output, "Resulting hash: 900150983CD24FB0D6963F7D28E17F72");
+    EXPECT_THAT(result.output, HasSubstr("Resulting hash: 900150983CD24FB0D6963F7D28E17F72\n"
+                                         "Resulting MD5 hash is 900150983CD24FB0D6963F7D28E17F72\n"));
     EXPECT_EQ(ReadHome("setup.dat.md5"), "900150983CD24FB0D6963F7D28E17F72\n");
     const MProgramResult failed = Start(program, ToList({"md5", "missing"}));
     EXPECT_EQ(failed.exitCode, 0);

@@ -159,5 +159,7 @@ TEST_F(RemovalTest, LinksFollowTheirTargets) {
                   "[InternetShortcut]\nURL=HTTP://a.b/%7Bsite%7D\n");
         shortcuts.RemoveLinks(directory, library);
         EXPECT_TRUE(MFile::GetFileList(directory).IsEmpty());
+        MWriteTestFile(MFile::Join(directory, "Folder"), "in the way");
+        EXPECT_THROW(shortcuts.CreateLinks(directory, library, {InTarget("there"), Keep}), MException);
     }
 }

@@ -1,20 +1,12 @@
 #pragma once
 
 #include "foundation/xml/MXMLItem.h"
-#include "streams/basic/MMemoryStream.h"
 #include "tests/support/MTestText.h"
 
 #include <stdexcept>
 #include <string>
 #include <utility>
 #include <vector>
-
-/// An element on one line.
-inline std::string MTestToXML(const MXMLItem& item) {
-    MMemoryStream stream;
-    item.Save(stream, true, "utf-8");
-    return {stream.GetBuffer().Get(), static_cast<size_t>(stream.GetSize())};
-}
 
 /// A preset file and its presets, in the order of the file, by their folders and names.
 class MTestPresetFile {

@@ -1,10 +1,8 @@
-#include "tests/end_to_end/ExampleProductFixture.h"
+#include "tests/end_to_end/EndToEndFixture.h"
 #include "tests/support/posix/MTestDesktop.h"
 
-#include <set>
-
 /// The links of an installed product, read and started as a desktop does it.
-class InstalledLinksTest : public ExampleProductTest {
+class InstalledLinksTest : public EndToEndTest {
 protected:
     ~InstalledLinksTest() noexcept override = default;
 
@@ -15,8 +13,7 @@ TEST_F(InstalledLinksTest, AreValidAndStartWhatTheyNameUntilTheProductIsRemoved)
     scratch.WriteFile("product/files/Read me.txt", "text");
     desktop.WriteRecorder(InProduct("files/editor.run"));
     Pack(
-        "<directory id=\"destination\" name=\"D\" default=\"unused\"/>"
-        "<files path=\"files\" destination=\"{destination}\" required=\"1\"/>"
+        ToDestination("files") +
         "<shortcutdirectory name=\"\xC5\x98\xC3\xA9verbs &amp; more\"><shortcutdirectory name=\"Tools\">"
         "<shortcut name=\"Editor\" destination=\"{destination}/editor.run\" arguments=\"--file &quot;my song&quot; "
         "100%\">Edits; 50% faster</shortcut></shortcutdirectory>"
@@ -24,7 +21,7 @@ TEST_F(InstalledLinksTest, AreValidAndStartWhatTheyNameUntilTheProductIsRemoved)
         "<shortcut name=\"Removal\" preset=\"uninstall\"/>"
         "<shortcut name=\"Web\" destination=\"https://example.org/\"/></shortcutdirectory>"
         "<shortcut name=\"Editor\" desktop=\"1\" destination=\"{destination}/editor.run\"/>");
-    const MProgramResult result = Install({"silent", "directory:destination=to"});
+    const MProgramResult result = InstallSilently();
     ASSERT_EQ(result.exitCode, 0) << result.errors;
 
     const MString folder =
@@ -48,19 +45,7 @@ TEST_F(InstalledLinksTest, AreValidAndStartWhatTheyNameUntilTheProductIsRemoved)
 
     MFile::Delete(InHome("to/setup.run"));
     MFile::Rename(InHome("to/setup"), InHome("to/setup.run"));
-    EXPECT_EQ(RemoveExample().exitCode, 0);
+    EXPECT_EQ(Start(GetRemover("to"), ToList({"silent"})).exitCode, 0);
     for (const auto& [link, record] : links) EXPECT_FALSE(MFile::Exists(link)) << Text(link);
     EXPECT_FALSE(MFile::Exists(folder));
-}
-
-TEST_F(InstalledLinksTest, OfTheExampleProductAreValid) {
-    PackExample();
-    InstallExample("configuration=small");
-    std::set<std::string> names;
-    for (const MFileListEntry& entry : MFile::GetFileList(GetMenu())) {
-        names.insert(Text(entry.name));
-        EXPECT_EQ(desktop.Validate(MFile::Join(GetMenu(), entry.name)), "");
-    }
-    EXPECT_EQ(names, (std::set<std::string>{"Documents of the Plug-in Set.desktop",
-                                            "Remove the Plug-in Set.desktop"}));
 }
