@@ -9,13 +9,8 @@ protected:
     ~DownloadSetTest() noexcept override = default;
 
     void Publish(const char* partSize) {
-        MList<MString> arguments =
-            ToList({"download-set", "release", "--id", "Reverb-2", "--output", "published"});
-        const std::initializer_list<MString> options = {
-            "--part-size", partSize, "--stub", SETUP_PROGRAM, "--mirror", server.GetURL(MString("/get"))};
-        for (const MString& option : options) arguments.Add(option);
-        const MProgramResult result = Build(arguments);
-        ASSERT_EQ(result.exitCode, 0) << result.errors;
+        Build(ToList({"download-set", "release", "--id", "Reverb-2", "--output", "published"}),
+              {"--part-size", partSize, "--stub", SETUP_PROGRAM, "--mirror", server.GetURL("/get")});
         MFile::Rename(InProduct(MString("published/Reverb-2.") + MPlatform::ExecutableExtension()),
                       downloader);
     }

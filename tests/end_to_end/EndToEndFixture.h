@@ -62,18 +62,19 @@ protected:
         MList<MString> arguments = ToList({"pack", "definition.xml", "--output"});
         arguments.Add(output);
         for (const char* option : options) arguments.Add(option);
-        const MProgramResult result = Build(arguments);
-        ASSERT_EQ(result.exitCode, 0) << result.errors;
+        Build(arguments);
     }
     /// What installs a file or folder of the maker's in the directory `destination`.
     static std::string ToDestination(const std::string& path, const std::string& attributes = "") {
         return "<files path=\"" + path + "\" destination=\"{destination}\" required=\"1\" " + attributes +
                "/>";
     }
-    [[nodiscard]] MProgramResult Build(const MList<MString>& arguments) const {
-        // The builder is the maker's tool and works in the maker's folders.
-        return MRunTestProgram(SETUP_BUILDER_PROGRAM, arguments, scratch.Join("product"),
-                               scratch.Join("product"), false);
+    /// Runs the builder, which must succeed. It is the maker's tool and works in the maker's folders.
+    void Build(MList<MString> arguments, std::initializer_list<MString> more = {}) const {
+        for (const MString& argument : more) arguments.Add(argument);
+        const MProgramResult result = MRunTestProgram(
+            SETUP_BUILDER_PROGRAM, arguments, scratch.Join("product"), scratch.Join("product"), false);
+        ASSERT_EQ(result.exitCode, 0) << result.errors;
     }
     [[nodiscard]] MProgramResult Start(const MString& program, const MList<MString>& arguments) const {
         return MRunTestProgram(program, arguments, InHome(""), InHome(""));

@@ -47,12 +47,10 @@ protected:
     }
     /// What a musician makes of the presets of version 1.0.
     static void Edit(MTestPresetFile& file) {
-        file.Get("Default").SetAttribute("maxx", "3.7");
-        file.Get("Rooms/Small Room").SetAttribute("maxx", "3.7");
-        file.Get("Halls/Concert Hall").SetAttribute("maxx", "3.7");
-        file.Remove("Rooms/Wooden Room");
-        file.Remove("Rooms/Drums/Room Microphones");
-        file.Remove("Halls/Cathedral");
+        for (const char* name : {"Default", "Rooms/Small Room", "Halls/Concert Hall"})
+            file.Get(name).SetAttribute("maxx", "3.7");
+        for (const char* name : {"Rooms/Wooden Room", "Rooms/Drums/Room Microphones", "Halls/Cathedral"})
+            file.Remove(name);
         AddPreset(file.GetRoot(), "My Hall");
         AddPreset(*file.Get("Rooms/Drums/Tight Snare").GetParent(), "My Snare");
         MXMLItem& folder = *file.GetRoot().AddSubItem("Directory");

@@ -15,13 +15,8 @@ protected:
     ~ExampleProductTest() noexcept override = default;
 
     void PackExample(const char* version = "1.0", const char* compression = "none") {
-        MList<MString> arguments =
-            ToList({"pack", "definition.xml", "--compression", compression, "--define"});
-        arguments.Add(MString("VERSION=") + version);
-        arguments.Add("--output");
-        arguments.Add(GetInstaller());
-        const MProgramResult result = Build(arguments);
-        ASSERT_EQ(result.exitCode, 0) << result.errors;
+        Build(ToList({"pack", "definition.xml", "--compression", compression, "--define"}),
+              {MString("VERSION=") + version, "--output", GetInstaller()});
     }
     void InstallExample(const char* configuration) {
         const MProgramResult result =

@@ -49,10 +49,7 @@ TEST_F(LargeProductTest, PacksVerifiesAndInstallsBeyond4GiB) {
     Pack(ToDestination("samples.bin") + ToDestination("more.bin") + ToDestination("last.txt"),
          {"--compression", "none"});
     EXPECT_GT(MFile::GetFileSize(GetInstaller()), First + Second);
-    MList<MString> verify = ToList({"verify"});
-    verify.Add(GetInstaller());
-    const MProgramResult verified = Build(verify);
-    EXPECT_EQ(verified.exitCode, 0) << verified.errors;
+    Build(ToList({"verify"}), {GetInstaller()});
 
     // The start reads the ends of the file only: a refused run is over at once.
     const auto start = std::chrono::steady_clock::now();

@@ -26,12 +26,10 @@ TEST_F(UnattendedInstallTest, WritesTheProductInEveryCompression) {
         const MProgramResult result = InstallSilently({"accept-licence"});
         ASSERT_EQ(result.exitCode, 0) << compression << result.errors;
         EXPECT_EQ(result.errors, "");
-        EXPECT_THAT(result.output, HasSubstr("Copying files..."));
         EXPECT_EQ(ReadHome(MDecodeUTF8Exact("to/sub/Čeština 😀.txt")), "unicode");
         EXPECT_EQ(ReadHome("to/large.bin"), std::string(2000000, 'L'));
         EXPECT_EQ(ReadHome("to/plugins/plugin.dll"), "binary");
         EXPECT_EQ(ReadHome("to/plugins/VST3/plugin.vst3"), "binary");
-        EXPECT_TRUE(IsInHome("to/setup.state"));
         MFile::DeleteTree(InHome("to"));
     }
 }

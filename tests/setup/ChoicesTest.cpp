@@ -43,7 +43,6 @@ TEST_F(ChoicesTest, ElementsOfOneNameAreOneSwitch) {
     rows.Find("VST")->checked = false;
     rows.Store();
     EXPECT_EQ(GetEnabled(), "001010");
-    EXPECT_EQ(rows.Find("Foreign"), nullptr);
 }
 
 TEST_F(ChoicesTest, ConfigurationsDecideByTheFirstElementAndThePiecesAsTheyStand) {
@@ -74,7 +73,6 @@ TEST_F(ChoicesTest, AConfigurationSetsWhatTheRunNeedsToKnow) {
     EXPECT_FALSE(session.ShowComponents);
     EXPECT_EQ(Text(session.Macros.ExpandMacros("{programfiles64}")), "C:/Program Files");
     choice.Apply(*choice.Find("SMALL"), session);
-    EXPECT_TRUE(session.ShowComponents);
     EXPECT_EQ(Text(session.Macros.ExpandMacros("{programfiles64}")), "{programfiles64}");
     const MConfigurationChoice narrow(library, false);
     EXPECT_EQ(FailureOf([&] { narrow.Apply(*narrow.Find("full"), session); }),

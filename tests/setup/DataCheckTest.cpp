@@ -37,7 +37,6 @@ TEST_F(DataCheckTest, OneQuestionNamesEveryCorruptPart) {
     MMultiFileStream parts;
     MTestDialogs dialogs(false);
     EXPECT_TRUE(MCheckFileSet(index, parts, dialogs));
-    EXPECT_TRUE(parts.IsOpen());
 
     scratch.WriteFile("setup.multi1.cab", "abX");
     scratch.WriteFile("setup.multi3.cab", "gh");

@@ -34,8 +34,8 @@ TEST(MUpdateOffersTest, OffersNewerUpdatesAndPackagesThatAreNotInstalled) {
                  "<update name=\"addition\" time=\"2024-01-01 08:00:00\" package=\"1\"/>"
                  "<update name=\"next year\" time=\"2027-01-01 00:00:00\"/>"
                  "</any>");
-    EXPECT_EQ(NamesOf(offers.GetUpdates()), "newer next year ");
-    EXPECT_EQ(NamesOf(offers.GetPackages()), "addition ");
+    EXPECT_EQ(NamesOf(offers.GetUpdates()) + "| " + NamesOf(offers.GetPackages()),
+              "newer next year | addition ");
     Read(offers, "<any/>");
     EXPECT_TRUE(offers.IsEmpty());
 }

@@ -30,7 +30,6 @@ public:
 TEST(MUpdateServerTest, TheAddressComesFromTheState) {
     const std::tuple<const char*, const char*, int32_t, const char*> cases[] = {
         {"example", "example", 80, "/?"},
-        {"example/", "example", 80, "/?"},
         {"example:8080/updates", "example", 8080, "/updates/?"},
         {"example/updates/", "example", 80, "/updates/?"},
     };
