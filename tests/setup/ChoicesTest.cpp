@@ -67,7 +67,7 @@ TEST_F(ChoicesTest, AConfigurationSetsWhatTheRunNeedsToKnow) {
         "<configuration id=\"small\" name=\"s\"/>");
     MSetupSession session(library);
     const MConfigurationChoice choice(library, true);
-    EXPECT_EQ(choice.Find("mac"), nullptr);
+    EXPECT_EQ(choice.GetAlternatives().GetCount(), 2);
     choice.Apply(*choice.GetProposal(), session);
     EXPECT_EQ(Text(session.ConfigurationId), "full");
     EXPECT_FALSE(session.ShowComponents);

@@ -11,7 +11,8 @@
 /// for what the words of the command line say.
 class MUnattendedRun {
 public:
-    /// The definition, the options and what the views point at are not owned. Raises "Could not find required attribute ({0})." (0) for a broken definition.
+    /// The definition, the options and what the views point at are not owned. Raises "Could not find required
+    /// attribute ({0})." (0) for a broken definition.
     MUnattendedRun(MLargeResourceLibrary& definition, const MUnattendedOptions& options,
                    const MInstallViews& views);
 
