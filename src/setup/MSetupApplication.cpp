@@ -19,7 +19,7 @@ std::unique_ptr<MSetupApplication> MCreateModuleInstance(void* instance,
 
 int32_t MSetupApplication::Main() {
     if (IsFirstArgument("md5")) {
-        MRunMD5Tool(Arguments, Console, frontEnd->GetDialogs());
+        MRunMD5Tool(Arguments, *Console, frontEnd->GetDialogs());
         return MExitDone;
     }
     const MString directory = MFile::GetDirectory(FilePath);

@@ -38,7 +38,8 @@ protected:
     }
     /// Makes the record private: a shared one is left to the others and replaced by a copy of its `Data`.
     void Unshare() {
-        if (GetReferenceCount() < 2) return;
+        // What the last of the other holders did to the record is to be seen before this one writes to it.
+        if (!record || record->count.load(std::memory_order_acquire) < 2) return;
         Record* clone = new Record(record->data);
         Release();
         record = clone;

@@ -87,11 +87,6 @@ public:
         queue.clear();
     }
 
-    [[nodiscard]] bool HasHandlers() const {
-        const MLockGuard guard(&MEventLock());
-        return !handlers.IsEmpty();
-    }
-
 private:
     struct Handler {
         MEventHandler<Params> method;

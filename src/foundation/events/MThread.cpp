@@ -2,7 +2,16 @@
 
 #include "foundation/base/MGuard.h"
 #include "foundation/events/MLockGuard.h"
-#include "foundation/module/MModule.h"
+
+namespace {
+
+std::atomic<bool> isProcessEnding = false;
+
+}  // namespace
+
+void MThread::SetProcessEnding(bool isEnding) {
+    isProcessEnding = isEnding;
+}
 
 MThread::~MThread() {
     const std::shared_ptr<MSystemThread> last = GetSystemThread();
@@ -52,12 +61,12 @@ bool MThread::Wait() {
     const std::shared_ptr<MSystemThread> waited = GetSystemThread();
     if (!waited) return true;
     const bool ended = WaitForEnd(waited);
-    if (selfDelete && MModule::IsProcessEnding()) delete this;
+    if (selfDelete && isProcessEnding) delete this;
     return ended;
 }
 
 bool MThread::WaitForEnd(const std::shared_ptr<MSystemThread>& waited) {
-    if (MModule::IsProcessEnding()) {
+    if (isProcessEnding) {
         waited->Terminate();
     } else {
         // A thread that was never started ends at once if it has been asked to.

@@ -40,9 +40,12 @@ public:
     void RequestStop();
     [[nodiscard]] bool IsStopRequested();
     /// Waits without a limit for the end. True as well if there is no thread; false for the thread itself.
-    /// While the process ends from inside a library entry the thread is stopped hard instead, and an object
-    /// that deletes itself is gone afterwards.
+    /// While the process ends the thread is stopped hard instead, and an object that deletes itself is gone
+    /// afterwards.
     bool Wait();
+    /// Whether the process is ending from inside an entry of a library or of the runtime, where no thread can be
+    /// waited for.
+    static void SetProcessEnding(bool isEnding);
     /// Takes effect at once, or when the thread is made.
     void SetPriority(Priority priority);
 

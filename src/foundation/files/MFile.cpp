@@ -126,7 +126,9 @@ MString MFile::GetSoftwareInstallationPath(const MString& name) {
 
 MString MFile::GetSpecialPath(int32_t index) {
     if (index == MSpecialFolderUserTemporary) {
-        const MString path = Join(GetSpecialPath(MSpecialFolderUserData), "!temp");
+        MString path = GetSpecialPath(MSpecialFolderUserData);
+        if (path.IsEmpty()) return path;
+        path = Join(path, "!temp");
         CreatePath(path);
         return path;
     }

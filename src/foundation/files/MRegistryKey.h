@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <memory>
 
+class MRegistryHandle;
+
 /// Roots under which keys stand.
 enum class MRegistryRoot { ClassesRoot, CurrentUser, LocalMachine };
 
@@ -16,41 +18,38 @@ enum class MRegistryRoot { ClassesRoot, CurrentUser, LocalMachine };
 /// Failures raise an `MException` with code 0 and the text given with each operation, {0} being the name.
 class MRegistryKey {
 public:
-    /// What a key stands below: a root or an open key.
+    /// What a key stands below: a root or another key. A key that is not open raises "The registry key has not been
+    /// opened.".
     struct Parent {
-        Parent(MRegistryRoot root) : root(root) {}
-        Parent(const MRegistryKey& key) : key(&key) {}
+        Parent(MRegistryRoot root);
+        Parent(const MRegistryKey& key);
 
-        MRegistryRoot root = MRegistryRoot::LocalMachine;
-        const MRegistryKey* key = nullptr;
+        std::shared_ptr<const MRegistryHandle> handle;
     };
 
-    MRegistryKey();
-    MRegistryKey(MRegistryKey&& other) noexcept;
-    MRegistryKey& operator=(MRegistryKey&& other) noexcept;
-    ~MRegistryKey();
+    MRegistryKey() = default;
+    MRegistryKey(const MRegistryKey&) = delete;
+    MRegistryKey& operator=(const MRegistryKey&) = delete;
+    MRegistryKey(MRegistryKey&&) noexcept = default;
+    MRegistryKey& operator=(MRegistryKey&&) noexcept = default;
+    ~MRegistryKey() = default;
 
-    /// Opens for reading and writing. Raises "Cannot open registry key {0}.".
-    void Open(Parent parent, const MString& name);
+    /// Opens a key for reading and writing. Raises "Cannot open registry key {0}.".
+    void Open(const Parent& parent, const MString& name);
     /// Opens a key, which is made if it is missing. Raises "Cannot create registry key {0}.".
-    void Create(Parent parent, const MString& name);
+    void Create(const Parent& parent, const MString& name);
     /// Deletes a key with its values. Raises "Cannot delete registry key {0}.", also if it has subkeys.
-    static void Delete(Parent parent, const MString& name);
-    void Close();
+    static void Delete(const Parent& parent, const MString& name);
+    void Close() { handle = nullptr; }
     [[nodiscard]] bool IsOpen() const { return handle != nullptr; }
 
-    /// The value as text, a number in decimal. Raises "Cannot get registry value {0}" (without a full stop).
+    /// The value as text, a number in decimal. Raises "Cannot get registry value {0}" (without a full stop), and as
+    /// `Parent` does.
     [[nodiscard]] MString GetValue(const MString& name) const;
-    /// Raises "Cannot set registry value {0}.".
+    /// Raise "Cannot set registry value {0}.", and as `Parent` does.
     void SetValue(const MString& name, const MString& text);
     void SetValue(const MString& name, int32_t number);
 
 private:
-    /// The platform's idea of an open key.
-    struct Handle;
-
-    /// Raises "The registry key has not been opened.".
-    [[nodiscard]] Handle& GetHandle() const;
-
-    std::unique_ptr<Handle> handle;
+    std::shared_ptr<MRegistryHandle> handle;
 };

@@ -1,31 +1,31 @@
 #include "foundation/module/MModule.h"
 
 #include "foundation/base/MGuard.h"
+#include "foundation/events/MThread.h"
 #include "foundation/files/MFile.h"
 #include "foundation/module/MPlatform.h"
-#include "streams/basic/MStdFileStream.h"
+#include "foundation/module/MPluginLibrary.h"
+#include "streams/basic/MConsoleStream.h"
 
-#include <atomic>
+#include <cstdlib>
 
 namespace {
 
 MModule* instanceModule = nullptr;
 MModule* hostModule = nullptr;
-std::atomic<bool> processEnding = false;
 
 void* DispatchService(const MString& service, void* argument) {
     return instanceModule ? instanceModule->CallService(service, argument) : nullptr;
 }
 
-MString NormalizedDataPath(int32_t folder, const MString& subdirectory) {
-    return MFile::Normalize(MFile::Join(MFile::GetSpecialPath(folder), subdirectory));
-}
-
 }  // namespace
 
-MModule::MModule() {
+MModule::MModule() : Console(std::make_unique<MConsoleStream>()) {
     if (!hostModule) hostModule = this;
-    MGuard("InitMLibrarySubSystems", [] { MPlatform::StartSubsystems(); });
+    MGuard("InitMLibrarySubSystems", [] {
+        MPlatform::StartSubsystems();
+        [[maybe_unused]] static const int registered = std::atexit([] { MThread::SetProcessEnding(true); });
+    });
 }
 
 MModule::~MModule() {
@@ -74,54 +74,14 @@ MModule* MModule::GetHost() {
     return hostModule;
 }
 
-bool MModule::IsProcessEnding() {
-    return processEnding;
-}
-
-void MModule::SetProcessEnding(bool ending) {
-    processEnding = ending;
-}
-
-void MModule::AddService(const MString& name, ServiceFunction function) {
-    if (Services.GetCount() >= MaximumServices) MRaise(MExceptionGeneral, "Too many services.");
-    Services.Add({name, function});
-}
-
-void* MModule::CallService(const MString& name, void* argument) const {
-    for (const Service& service : Services)
-        if (service.name == name) return service.function(argument);
-    return nullptr;
-}
-
-MString MModule::GetDataPath_Global(const MString& subdirectory) {
-    MString path;
-    MGuard("MModule::GetDataPath_Global", [&] {
-        path = NormalizedDataPath(MSpecialFolderData, subdirectory);
-        MFile::CreatePath(path);
-    });
-    return path;
-}
-
-MString MModule::GetDataPath_User(const MString& subdirectory, bool fallbackToGlobal) {
-    MString path;
-    MGuard("MModule::GetDataPath_User", [&] {
-        path = NormalizedDataPath(MSpecialFolderUserData, subdirectory);
-        if (MFile::Exists(path)) return;
-        if (fallbackToGlobal)
-            path = GetDataPath_Global(subdirectory);
-        else
-            MFile::CreatePath(path);
-    });
-    return path;
-}
-
 MString MModule::GetDataPath_File_User(const MString& file, const MString& subdirectory,
                                        bool useModuleName) const {
     MString path;
     MGuard("MModule::GetDataPath_File_User", [&] {
-        const MString directory = useModuleName ? Name : subdirectory;
-        path = MFile::Join(GetDataPath_User(directory), file);
-        const MString shared = MFile::Join(NormalizedDataPath(MSpecialFolderData, directory), file);
+        const MString name = MFile::Join(useModuleName ? Name : subdirectory, file);
+        path = MFile::Join(GetDataPath_User(MString()), name);
+        MFile::CreatePath(MFile::GetDirectory(path));
+        const MString shared = MFile::Join(MFile::GetSpecialPath(MSpecialFolderData), name);
         if (!MFile::Exists(path) && MFile::Exists(shared)) MFile::Copy(shared, path);
     });
     return path;

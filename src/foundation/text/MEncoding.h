@@ -10,8 +10,7 @@
 /// The codecs that translate between `MString` and byte text, found by name. Names are compared with
 /// the equality of `MString`.
 ///
-/// Codecs are shared and live as long as the process. The reverse map of an 8-bit set is filled at its
-/// first encoding and without a lock, so that one comes from one thread.
+/// Codecs are shared, live as long as the process and may be used by any thread.
 class MEncoding {
 public:
     class Codec;
@@ -47,5 +46,6 @@ public:
     /// False if nothing was left to read.
     virtual bool ReadLine(Reader& reader, MString& line) const;
     virtual void WriteText(Writer& writer, const MString& text) const;
-    void WriteLine(Writer& writer, const MString& text) const;
+    /// The text and one character 10.
+    virtual void WriteLine(Writer& writer, const MString& text) const;
 };

@@ -1,6 +1,7 @@
 #include "foundation/text/MEncodingReader.h"
 
 #include "foundation/base/MException.h"
+#include "streams/basic/MStream.h"
 
 #include <algorithm>
 #include <cstring>

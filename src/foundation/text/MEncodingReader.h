@@ -1,10 +1,11 @@
 #pragma once
 
 #include "foundation/text/MEncoding.h"
-#include "streams/basic/MStream.h"
 
 #include <string>
 #include <utility>
+
+class MStream;
 
 /// Takes text from a stream through a codec. The stream stays the caller's and must outlive the reader,
 /// which reads ahead of what it has delivered by up to `BufferSize` bytes.

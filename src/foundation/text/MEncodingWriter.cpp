@@ -1,5 +1,7 @@
 #include "foundation/text/MEncodingWriter.h"
 
+#include "streams/basic/MStream.h"
+
 #include <algorithm>
 #include <cstring>
 #include <exception>

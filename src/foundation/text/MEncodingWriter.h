@@ -1,7 +1,8 @@
 #pragma once
 
 #include "foundation/text/MEncoding.h"
-#include "streams/basic/MStream.h"
+
+class MStream;
 
 /// Puts text to a stream through a codec. The stream stays the caller's and must outlive the writer.
 class MEncoding::Writer {

@@ -1,8 +1,11 @@
 #include "foundation/text/MNumberText.h"
 
+#include "foundation/text/MTypedNumber.h"
+
 #include <algorithm>
 #include <charconv>
-#include <cmath>
+#include <limits>
+#include <string_view>
 #include <system_error>
 
 namespace {
@@ -12,6 +15,22 @@ uint32_t DigitValue(MChar character) {
     if (character.IsDigit()) return static_cast<uint32_t>(character - '0');
     const MChar lower = character.ToLower();
     return lower.IsLowerLetter() ? static_cast<uint32_t>(lower - 'a') + 10 : 36;
+}
+
+/// Whether a number that no double can hold is too large rather than too small, told by the place of its first
+/// digit that counts.
+bool IsTooLarge(std::string_view number, std::chars_format form) {
+    const bool isHexadecimal = form == std::chars_format::hex;
+    const size_t mark = std::min(number.find_first_of(isHexadecimal ? "pP" : "eE"), number.size());
+    const size_t point = std::min(number.find('.'), mark);
+    const auto digit = static_cast<double>(number.find_first_not_of("0."));
+    const double places = (static_cast<double>(point) - digit) * (isHexadecimal ? 4 : 1);
+    int64_t exponent = 0;
+    MString rest;
+    const auto behind = number.substr(std::min(mark + 1, number.size()));
+    (void)MReadTypedInteger(MString::Copy(behind.data(), static_cast<int32_t>(behind.size())), exponent,
+                            rest);
+    return static_cast<double>(exponent) + places > 0;
 }
 
 }  // namespace
@@ -83,7 +102,9 @@ double MParseDouble(const MString& text) {
         first += 2;
     }
     double value = 0;
-    std::from_chars(first, end, value, form);
+    const auto [last, error] = std::from_chars(first, end, value, form);
+    if (error == std::errc::result_out_of_range)
+        value = IsTooLarge({first, last}, form) ? std::numeric_limits<double>::infinity() : 0;
     return isNegative ? -value : value;
 }
 

@@ -35,7 +35,8 @@ template <std::integral Integer>
                                   int32_t* consumed = nullptr);
 /// The low 32 bits of `MParseInt64`.
 [[nodiscard]] int32_t MParseInt32(const MString& text);
-/// Reads as strtod does in the "C" locale; text that is no number gives 0.
+/// Reads as strtod does in the "C" locale: text that is no number gives 0, a number that is too large for a
+/// double infinity of its sign, one that is too small 0.
 [[nodiscard]] double MParseDouble(const MString& text);
 
 /// The low bytes of the first four characters, the first one lowest; missing ones are 0.

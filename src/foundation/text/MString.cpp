@@ -144,7 +144,8 @@ char16_t* MString::Resize(int32_t newLength) {
 
 void MString::Append(const MString& text) {
     if (text.IsEmpty()) return;
-    if (IsEmpty() && IsLiteral()) {
+    // A literal may be the caller's own bytes, which an appended text does not depend on.
+    if (IsEmpty() && IsLiteral() && !text.IsLiteral()) {
         *this = text;
         return;
     }

@@ -11,22 +11,27 @@ MString MString::Substring(int32_t start, int32_t count) const {
     return IsLiteral() ? Copy(narrow + start, taken) : Copy(units + start, taken);
 }
 
-int32_t MString::Replace(const MString& text, const MString& replacement) {
-    if (text.IsEmpty()) return 0;
-    int32_t position = Find(text);
+template <class FindFrom>
+int32_t MString::ReplaceFound(FindFrom findFrom, int32_t count, const MString& replacement) {
+    int32_t position = findFrom(0);
     if (position == NotFound) return 0;
     int32_t replaced = 0;
     int32_t copied = 0;
     MString result;
-    for (; position != NotFound; position = Find(text, copied)) {
+    for (; position != NotFound; position = findFrom(copied)) {
         result.Append(Substring(copied, position - copied));
         result.Append(replacement);
-        copied = position + text.length;
+        copied = position + count;
         ++replaced;
     }
     result.Append(Substring(copied));
     *this = std::move(result);
     return replaced;
+}
+
+int32_t MString::Replace(const MString& text, const MString& replacement) {
+    if (text.IsEmpty()) return 0;
+    return ReplaceFound([&](int32_t start) { return Find(text, start); }, text.length, replacement);
 }
 
 int32_t MString::Replace(const MList<MString>& texts, const MList<MString>& replacements) {
@@ -41,13 +46,7 @@ int32_t MString::Replace(const MList<MString>& texts, const MList<MString>& repl
 }
 
 int32_t MString::ReplaceChar(MChar character, const MString& replacement) {
-    int32_t replaced = 0;
-    int32_t position = FindChar(character);
-    for (; position != NotFound; position = FindChar(character, position + replacement.length)) {
-        ReplaceRange(position, 1, replacement);
-        ++replaced;
-    }
-    return replaced;
+    return ReplaceFound([&](int32_t start) { return FindChar(character, start); }, 1, replacement);
 }
 
 void MString::Insert(int32_t index, MChar character) {

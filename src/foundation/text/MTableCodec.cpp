@@ -14,6 +14,10 @@ MString MEncoding::TableCodec::Decode(std::string_view bytes) const {
 }
 
 MCHARBuffer MEncoding::TableCodec::Encode(const MString& text, bool terminate) const {
+    std::call_once(isReverseMapMade, [this] {
+        for (int32_t i = 0; i < MEncodingTable::UnitCount; ++i)
+            if (table.units[i] != 0) reverseMap.Add(table.units[i], static_cast<char>(i + 128));
+    });
     MCHARBuffer buffer(text.GetLength() + 1);
     char* const first = buffer.Edit();
     char* target = first;
@@ -21,19 +25,10 @@ MCHARBuffer MEncoding::TableCodec::Encode(const MString& text, bool terminate) c
         const MChar unit = text[i];
         if (unit < 128)
             *target++ = unit.ToNarrow();
-        else if (const char* byte = GetReverseMap().Find(unit))
+        else if (const char* byte = reverseMap.Find(unit))
             *target++ = *byte;
     }
     if (terminate) *target++ = 0;
     buffer.ResizeCount(static_cast<int32_t>(target - first));
     return buffer;
-}
-
-const MEncoding::TableCodec::ReverseMap& MEncoding::TableCodec::GetReverseMap() const {
-    if (reverseMap) return *reverseMap;
-    auto made = std::make_unique<ReverseMap>();
-    for (int32_t i = 0; i < MEncodingTable::UnitCount; ++i)
-        if (table.units[i] != 0) made->Add(table.units[i], static_cast<char>(i + 128));
-    reverseMap = std::move(made);
-    return *reverseMap;
 }

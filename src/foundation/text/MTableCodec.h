@@ -4,7 +4,7 @@
 #include "foundation/text/MEncoding.h"
 #include "foundation/text/MEncodingTables.h"
 
-#include <memory>
+#include <mutex>
 
 /// An 8-bit character set. A unit that the set does not have is dropped.
 class MEncoding::TableCodec final : public MEncoding::Codec {
@@ -19,9 +19,7 @@ public:
 private:
     using ReverseMap = MHashTable<uint32_t, char>;
 
-    /// From unit to byte; made at the first encoding.
-    [[nodiscard]] const ReverseMap& GetReverseMap() const;
-
     const MEncodingTable& table;
-    mutable std::unique_ptr<ReverseMap> reverseMap;
+    mutable std::once_flag isReverseMapMade;
+    mutable ReverseMap reverseMap;  ///< from unit to byte; made at the first encoding
 };

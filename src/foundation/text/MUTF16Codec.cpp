@@ -6,7 +6,8 @@
 
 namespace {
 
-constexpr uint8_t Signature[] = {0xFF, 0xFE};
+/// Low byte first, as all units: FF FE.
+constexpr char16_t Signature = 0xFEFF;
 
 char16_t UnitAt(std::string_view bytes, size_t index) {
     return static_cast<char16_t>(static_cast<uint8_t>(bytes[index]) | static_cast<uint8_t>(bytes[index + 1])
@@ -37,12 +38,11 @@ MCHARBuffer MEncoding::UTF16Codec::Encode(const MString& text, bool terminate) c
 }
 
 void MEncoding::UTF16Codec::ReadHeader(Reader& reader) const {
-    for (const uint8_t expected : Signature)
-        if (reader.ReadByte() != expected) MRaise(MExceptionGeneral, "Invalid UTF8 header.");
+    if (reader.ReadUnit() != Signature) MRaise(MExceptionGeneral, "Invalid UTF8 header.");
 }
 
 void MEncoding::UTF16Codec::WriteHeader(Writer& writer) const {
-    for (const uint8_t byte : Signature) writer.WriteByte(byte);
+    writer.WriteUnit(Signature);
 }
 
 bool MEncoding::UTF16Codec::ReadLine(Reader& reader, MString& line) const {

@@ -11,8 +11,8 @@ public:
     MStorable() = default;
     explicit MStorable(const MString& id) : id(id) {}
 
-    [[nodiscard]] const MString& GetId() const { return id; }
-    void SetId(const MString& newId) { id = newId; }
+    [[nodiscard]] virtual const MString& GetId() const { return id; }
+    virtual void SetId(const MString& newId) { id = newId; }
 
     [[nodiscard]] virtual MString ToStorageText() const;
     virtual void FromStorageText(const MString& text);

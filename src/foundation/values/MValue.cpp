@@ -29,10 +29,13 @@ MString MValue::GetText() const {
 }
 
 bool MValue::SetText(const MString& text) {
-    if (!setter) return SetFromDisplayText(text);
-    setter(*this, text);
+    bool isTaken = true;
+    if (setter)
+        setter(*this, text);
+    else
+        isTaken = SetFromDisplayText(text);
     Validate();
-    return true;
+    return isTaken;
 }
 
 void MValue::SetTextHooks(TextGetter newGetter, TextSetter newSetter) {

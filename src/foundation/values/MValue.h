@@ -37,7 +37,7 @@ public:
     /// Takes a text with or without unit and validates. Returns true if the value changed.
     virtual bool SetFromDisplayText(const MString& text) = 0;
     /// Either hook may be null: then the class's own text counts.
-    void SetTextHooks(TextGetter newGetter, TextSetter newSetter);
+    virtual void SetTextHooks(TextGetter newGetter, TextSetter newSetter);
 
     /// Called after the limits changed.
     virtual void OnRangeChange();

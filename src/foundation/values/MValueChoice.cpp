@@ -13,9 +13,9 @@ MString MValueChoice::GetDisplayText() const {
 
 bool MValueChoice::SetFromDisplayText(const MString& text) {
     const MString name = text.Trimmed();
-    int32_t index = GetNameCount() - 1;
-    while (index > 0 && GetName(index) != name) --index;
-    return MoveTo(index);
+    int32_t index = 0;
+    while (index < GetNameCount() && GetName(index) != name) ++index;
+    return MoveTo(index < GetNameCount() ? index : 0);
 }
 
 void MValueChoice::Validate() {

@@ -1,5 +1,6 @@
 #include "foundation/values/MValueNumber.h"
 
+#include "foundation/base/MGuard.h"
 #include "foundation/text/MNumberText.h"
 #include "foundation/text/MStringFormatter.h"
 #include "foundation/text/MTypedNumber.h"
@@ -131,11 +132,6 @@ void MValueNumber<Type, WideType, Discrete, Log>::SetRange(WideType minimum, Wid
 }
 
 template <class Type, class WideType, int32_t Discrete, int32_t Log>
-void MValueNumber<Type, WideType, Discrete, Log>::SetDefault(WideType number) {
-    defaultValue = number;
-}
-
-template <class Type, class WideType, int32_t Discrete, int32_t Log>
 WideType MValueNumber<Type, WideType, Discrete, Log>::GetStep(bool isFine) const {
     if (isFine && fineStep != 0) return fineStep;
     if constexpr (Discrete) {
@@ -185,7 +181,8 @@ void MValueNumber<Type, WideType, Discrete, Log>::LoadDefinition(MXMLItem& item)
     ReadAttribute(item, "max", maximum);
     ReadAttribute(item, "default", defaultValue);
     ReadAttribute(item, "maxinc", coarseStep);
-    if (item.HasAttribute("format")) SetFormat(item.GetCachedAttribute());
+    if (item.HasAttribute("format"))
+        MGuard("MValueNumber::LoadDefinition", [&] { SetFormat(item.GetCachedAttribute()); });
     SetRange(minimum, maximum);
     if (item.HasAttribute("value"))
         FromStorageText(item.GetCachedAttribute());
@@ -196,7 +193,10 @@ void MValueNumber<Type, WideType, Discrete, Log>::LoadDefinition(MXMLItem& item)
 template <class Type, class WideType, int32_t Discrete, int32_t Log>
 const MCharFilter::Interface& MValueNumber<Type, WideType, Discrete, Log>::GetCharFilter() const {
     static const std::conditional_t<Discrete, MCharFilter::IntegerFilter, MCharFilter::FloatFilter> filter;
-    return filter;
+    const MString shown = FormatNumber(1);
+    MString typeable = shown;
+    typeable.KeepAccepted(filter);
+    return typeable.IsExactly(shown) ? filter : MValue::GetCharFilter();
 }
 
 template <class Type, class WideType, int32_t Discrete, int32_t Log>

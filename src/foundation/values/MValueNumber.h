@@ -31,8 +31,6 @@ public:
     [[nodiscard]] WideType GetMin() const { return min; }
     [[nodiscard]] WideType GetMax() const { return max; }
     void SetRange(WideType minimum, WideType maximum);
-    [[nodiscard]] WideType GetDefault() const { return defaultValue; }
-    void SetDefault(WideType number);
     /// The width of a step where the scale is linear.
     [[nodiscard]] WideType GetStep(bool isFine) const;
     void SetSteps(WideType fine, WideType coarse);
@@ -48,8 +46,10 @@ public:
     void FromStorageText(const MString& text) override;
     void ResetToDefault() override;
     /// Takes "id", "min", "max", "default", "value", "format" and "maxinc", the coarse step, as far as they
-    /// are there. Without "value", a "default" becomes the value. Raises as `SetFormat` does.
+    /// are there. Without "value", a "default" becomes the value. A format that `SetFormat` refuses is passed
+    /// over.
     void LoadDefinition(MXMLItem& item) override;
+    /// Those of a number; all where the texts of the value have more than that, as a unit or a plus sign.
     [[nodiscard]] const MCharFilter::Interface& GetCharFilter() const override;
     [[nodiscard]] MString GetDisplayText() const override;
     bool SetFromDisplayText(const MString& text) override;
@@ -72,6 +72,7 @@ protected:
 
 private:
     [[nodiscard]] WideType Limited(WideType number) const;
+    /// Zero and what lies below it have no place on a logarithmic scale.
     [[nodiscard]] bool HasLogScale() const;
 
     MValueHolder<Type> holder;

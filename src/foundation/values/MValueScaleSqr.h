@@ -8,6 +8,8 @@ class MValueScaleSqr final : public MValue {
 public:
     explicit MValueScaleSqr(MValue& inner) : inner(&inner) {}
 
+    [[nodiscard]] const MString& GetId() const override { return inner->GetId(); }
+    void SetId(const MString& newId) override { inner->SetId(newId); }
     [[nodiscard]] MString ToStorageText() const override { return inner->ToStorageText(); }
     void FromStorageText(const MString& text) override { inner->FromStorageText(text); }
     void ResetToDefault() override { inner->ResetToDefault(); }
@@ -21,6 +23,10 @@ public:
     [[nodiscard]] MString GetDisplayText() const override { return inner->GetDisplayText(); }
     bool SetText(const MString& text) override { return inner->SetText(text); }
     bool SetFromDisplayText(const MString& text) override { return inner->SetFromDisplayText(text); }
+    /// The hooks are called with the other value.
+    void SetTextHooks(TextGetter newGetter, TextSetter newSetter) override {
+        inner->SetTextHooks(newGetter, newSetter);
+    }
     void OnRangeChange() override { inner->OnRangeChange(); }
     void Validate() override { inner->Validate(); }
     bool Step(int32_t count, bool isFine) override { return inner->Step(count, isFine); }

@@ -1,7 +1,6 @@
 #include "foundation/events/MThread.h"
 
 #include "foundation/base/MException.h"
-#include "foundation/module/MModule.h"
 #include "tests/support/MTestText.h"
 
 #include <atomic>
@@ -165,9 +164,9 @@ TEST(MThreadTest, WhileTheProcessEndsAThreadIsStoppedHardAndNotWaitedFor) {
     });
     thread.Start();
     while (steps == 0) std::this_thread::yield();
-    MModule::SetProcessEnding(true);
+    MThread::SetProcessEnding(true);
     EXPECT_TRUE(thread.Wait());
-    MModule::SetProcessEnding(false);
+    MThread::SetProcessEnding(false);
     // The system may take a moment to deliver the end.
     int64_t seen = -1;
     for (int32_t rounds = 0; seen != steps && rounds < 100; ++rounds) {

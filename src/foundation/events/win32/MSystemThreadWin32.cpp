@@ -58,5 +58,5 @@ void MSystemThread::SetPriority(int32_t level) {
 }
 
 void MSystemThread::YieldToOthers() {
-    Sleep(0);
+    SwitchToThread();
 }

@@ -16,10 +16,9 @@ MString GetShellFolder(int folder) {
     return MFile::Normalize(MFromWide(path));
 }
 
-/// A folder of the maker's below one of the shell's. There is none below a folder that there is not.
-MString GetMakersFolder(int folder) {
-    const MString path = GetShellFolder(folder);
-    return path.IsEmpty() ? path : MFile::Join(path, MProductMaker);
+/// There is no folder below one that there is not.
+MString GetBelow(const MString& folder, const char* name) {
+    return folder.IsEmpty() ? folder : MFile::Join(folder, name);
 }
 
 MString GetProfile() {
@@ -30,15 +29,15 @@ MString GetTemporary() {
     wchar_t path[260];
     const DWORD length = GetTempPathW(260, path);
     return length > 0 && length < 260 ? MFile::Normalize(MFromWide(path))
-                                      : MFile::Join(GetShellFolder(CSIDL_WINDOWS), "temp");
+                                      : GetBelow(GetShellFolder(CSIDL_WINDOWS), "temp");
 }
 
 class PlatformFolders final : public MSpecialFolders {
 public:
     MString GetPath(int32_t index) override {
         switch (index) {
-        case MSpecialFolderData: return GetMakersFolder(CSIDL_COMMON_APPDATA);
-        case MSpecialFolderUserData: return GetMakersFolder(CSIDL_APPDATA);
+        case MSpecialFolderData: return GetBelow(GetShellFolder(CSIDL_COMMON_APPDATA), MProductMaker);
+        case MSpecialFolderUserData: return GetBelow(GetShellFolder(CSIDL_APPDATA), MProductMaker);
         case MSpecialFolderUser: return GetProfile();
         case MSpecialFolderDocuments: {
             const MString shared = GetShellFolder(CSIDL_COMMON_DOCUMENTS);
@@ -55,7 +54,7 @@ public:
         case MSpecialFolderUserDesktop: return GetShellFolder(CSIDL_DESKTOPDIRECTORY);
         case MSpecialFolderSystem: return GetShellFolder(CSIDL_WINDOWS);
         case MSpecialFolderFonts: return GetShellFolder(CSIDL_FONTS);
-        case MSpecialFolderDownloads: return MFile::Join(GetProfile(), "Downloads");
+        case MSpecialFolderDownloads: return GetBelow(GetProfile(), "Downloads");
         case MSpecialFolderMusic: return GetShellFolder(CSIDL_MYMUSIC);
         case MSpecialFolderPictures: return GetShellFolder(CSIDL_MYPICTURES);
         case MSpecialFolderVideo: return GetShellFolder(CSIDL_MYVIDEO);
