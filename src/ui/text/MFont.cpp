@@ -5,6 +5,7 @@
 #include "streams/basic/MStdFileStream.h"
 #include "ui/text/MFontFace.h"
 #include "ui/text/MSystemFonts.h"
+#include "ui/text/MTextPen.h"
 
 MFont::MFont() = default;
 MFont::~MFont() = default;
@@ -56,26 +57,27 @@ void MFont::RenderGlyph(char32_t character, MGlyph& glyph) {
     glyph.isLoaded = true;
 }
 
+bool MFont::HasGlyph(char32_t character) const {
+    return face && face->HasGlyph(character);
+}
+
 int32_t MFont::GetTextWidth(const MString& text, int32_t start, int32_t count) {
     const int32_t end = count < text.GetLength() - start ? start + count : text.GetLength();
-    int32_t width = 0;
-    for (int32_t index = start; index < end;) {
-        const char32_t character = MTakeCodePoint(text, index);
-        if (!MIsControl(character)) width = MAddPixels(width, GetAdvance(character));
-    }
-    return width;
+    MTextPen pen(*this);
+    for (int32_t index = start; index < end;) pen.Take(MTakeCodePoint(text, index));
+    return pen.GetEnd();
 }
 
 int32_t MFont::GetIndexAt(const MString& text, int32_t x) {
-    int32_t right = 0;
+    MTextPen pen(*this);
+    int32_t found = 0;
     for (int32_t index = 0; index < text.GetLength();) {
         const int32_t start = index;
-        const char32_t character = MTakeCodePoint(text, index);
-        if (MIsControl(character)) continue;
-        right = MAddPixels(right, GetAdvance(character));
-        if (x < right) return start;
+        if (!pen.Take(MTakeCodePoint(text, index))) continue;
+        if (x < pen.GetOrigin()) return found;
+        found = start;
     }
-    return text.GetLength();
+    return x < pen.GetEnd() ? found : text.GetLength();
 }
 
 void MFont::SetScale(double horizontal, double vertical) {

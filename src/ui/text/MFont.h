@@ -7,17 +7,21 @@
 #include "ui/text/MTextMeasure.h"
 
 #include <array>
+#include <cmath>
 #include <memory>
 
 class MFontFace;
 class MStream;
 
 /// A font of the formats that FreeType reads, but for web fonts, at one size, with the glyphs that it has
-/// rendered. Measures are in pixels; texts are measured and painted glyph by glyph, without kerning.
+/// rendered. Measures are in pixels; texts are measured and painted glyph by glyph (`MTextPen`), without kerning.
 ///
-/// Control characters take no part in a text; a surrogate pair is one character, a surrogate without its pair
-/// is U+FFFD. A character that the font does not have has the font's ".notdef" glyph, and one whose outline
+/// Characters of `MIsInvisible` take no part in a text; a surrogate pair is one character, a surrogate without its
+/// pair is U+FFFD. A character that the font does not have has the font's ".notdef" glyph, and one whose outline
 /// is damaged has an empty one.
+///
+/// One line is as high as ascent and descent together, in plain and in rich text. In rich text the next one begins
+/// there; lines of a plain text are `GetLineHeight` apart, which is what the font's designer wanted between them.
 ///
 /// Belongs to the thread of the user interface.
 class MFont : public MFontDescriptor {
@@ -53,16 +57,16 @@ public:
         return FindGlyph(character);
     }
 
+    /// Whether the font has a picture of its own for a character. False for a font that is not open.
+    [[nodiscard]] bool HasGlyph(char32_t character) const;
+
     /// From baseline to baseline, at least 1, with the vertical space.
     [[nodiscard]] int32_t GetLineHeight() const { return MAddPixels(lineHeight, verticalSpace); }
     /// Above the baseline and below it, where letters usually reach.
     [[nodiscard]] int32_t GetAscent() const { return ascent; }
     [[nodiscard]] int32_t GetDescent() const { return descent; }
-    /// To the next character, with the space between characters.
-    [[nodiscard]] int32_t GetAdvance(char32_t character) {
-        return MAddPixels(GetGlyph(character).advance, characterSpace);
-    }
-    /// The advances of a part of a text that is one line.
+    /// The width of a part of a text that is one line. There is no space between characters behind the last one, so
+    /// the widths of two parts may be more or less than that of both together.
     [[nodiscard]] int32_t GetTextWidth(const MString& text, int32_t start = 0,
                                        int32_t count = MString::MaximumLength);
     /// The unit at which the character begins whose cell holds `x`, counted from the left edge of a line: 0
@@ -74,9 +78,13 @@ public:
     /// How much lower than the baseline of the line letters stand.
     void SetVerticalShift(int32_t pixels) { verticalShift = pixels; }
     [[nodiscard]] int32_t GetVerticalShift() const { return verticalShift; }
-    /// What is added to each line, and to each advance.
+    /// What is added to each line.
     void SetVerticalSpace(int32_t pixels) { verticalSpace = pixels; }
-    void SetCharacterSpace(int32_t pixels) { characterSpace = pixels; }
+    /// What is added between two characters. Glyphs stand at whole pixels, so a fraction is rounded to the nearest
+    /// pixel, a half away from 0.
+    void SetCharacterSpace(double pixels) {
+        characterSpace = MAddPixels(std::llround(std::clamp(pixels, -1e9, 1e9)), 0);
+    }
     [[nodiscard]] int32_t GetCharacterSpace() const { return characterSpace; }
     /// Whether lower-case ASCII letters show as upper-case ones.
     void SetUpperCase(bool newIsUpperCase) { isUpperCase = newIsUpperCase; }

@@ -1,7 +1,9 @@
 #include "ui/text/MFontDescriptor.h"
 
 #include "foundation/base/MException.h"
+#include "foundation/base/MList.h"
 
+#include <algorithm>
 #include <ft2build.h>
 #include FT_FREETYPE_H
 
@@ -9,6 +11,12 @@ namespace {
 
 bool IsPlainStyle(const MString& style) {
     return style.IsEmpty() || style == "regular" || style == "italic" || style == "bold";
+}
+
+/// What faces call the styles of the flags, and the lack of any.
+bool IsPlainWord(const MString& word) {
+    constexpr const char* Words[] = {"regular", "book", "normal", "roman", "bold", "italic", "oblique"};
+    return std::ranges::any_of(Words, [&](const char* plain) { return word == plain; });
 }
 
 }  // namespace
@@ -25,6 +33,14 @@ void MFontDescriptor::SetFromFace(FT_FaceRec_& face) {
     if (!IsPlainStyle(style)) name += " " + style;
     *this = MFontDescriptor(name, path, face.style_flags & FT_STYLE_FLAG_BOLD,
                             face.style_flags & FT_STYLE_FLAG_ITALIC);
+}
+
+bool MFontDescriptor::IsOfFamily(const MString& name) const {
+    const int32_t length = name.GetLength();
+    if (family.CompareNoCase(name, length) != 0) return false;
+    if (family.GetLength() == length) return true;
+    const MList<MString> words = family.Substring(length + 1).Split(' ');
+    return family[length] == ' ' && std::ranges::all_of(words, IsPlainWord);
 }
 
 bool MFontDescriptor::IsBefore(const MFontDescriptor& left, const MFontDescriptor& right) {

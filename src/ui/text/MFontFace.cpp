@@ -100,6 +100,10 @@ void MFontFace::SetSize(double height, double width) {
     if (error) MRaise(MExceptionGeneral, "Unable to accept required font size.");
 }
 
+bool MFontFace::HasGlyph(char32_t character) const {
+    return FT_Get_Char_Index(face, character) != 0;
+}
+
 void MFontFace::Render(char32_t character, MGlyph& glyph) const {
     glyph = MGlyph();
     glyph.isLoaded = true;
@@ -109,6 +113,8 @@ void MFontFace::Render(char32_t character, MGlyph& glyph) const {
 
     const FT_GlyphSlotRec& slot = *face->glyph;
     glyph.advance = ToPixels(slot.advance.x);
+    glyph.leftDelta = static_cast<int32_t>(slot.lsb_delta);
+    glyph.rightDelta = static_cast<int32_t>(slot.rsb_delta);
     glyph.left = std::clamp(slot.bitmap_left, -0x7FFF, 0x7FFF);
     glyph.top = std::clamp(slot.bitmap_top, -0x7FFF, 0x7FFF);
     glyph.mask = MMakeGlyphMask(library.get(), slot.bitmap);

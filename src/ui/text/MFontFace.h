@@ -30,6 +30,8 @@ public:
 
     /// As `MFont::SetSize`, without scale.
     void SetSize(double height, double width);
+    /// As `MFont::HasGlyph`.
+    [[nodiscard]] bool HasGlyph(char32_t character) const;
     /// As `MFont::RenderGlyph`; a size has to be set.
     void Render(char32_t character, MGlyph& glyph) const;
 

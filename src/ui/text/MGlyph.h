@@ -13,5 +13,7 @@ struct MGlyph {
     int32_t top = 0;      ///< from the top edge of the mask down to the baseline
     int32_t width = 0;
     int32_t height = 0;
+    int32_t leftDelta = 0;             ///< by how much hinting has moved the left edge, in 64ths of a pixel
+    int32_t rightDelta = 0;            ///< and the right edge
     std::unique_ptr<MAlphaMask> mask;  ///< null if there is nothing to paint, as for a space
 };

@@ -3,10 +3,12 @@
 #include "foundation/base/MGuard.h"
 #include "foundation/base/MRaise.h"
 #include "foundation/files/MFile.h"
-#include "foundation/module/MModule.h"
+#include "foundation/module/MDataFolders.h"
 #include "streams/basic/MStdFileStream.h"
 #include "ui/text/MFontFace.h"
 #include "ui/text/MSystemFontFolders.h"
+
+#include <algorithm>
 
 namespace {
 
@@ -21,18 +23,52 @@ bool IsFontFile(const MString& name) {
     return extension == "ttf" || extension == "otf";
 }
 
+struct Substitute {
+    const char* family;
+    const char* other;
+};
+
+/// The table of the header; of several substitutes the likest first.
+constexpr Substitute Substitutes[] = {{"Arial", "Liberation Sans"},
+                                      {"Arial", "DejaVu Sans"},
+                                      {"Tahoma", "DejaVu Sans"},
+                                      {"Tahoma", "Liberation Sans"}};
+
+MFontDescriptor Describe(const MString& path) {
+    MStdFileStream file;
+    file.Open(path, MOpenRead);
+    const MFontFace face(file);
+    MFontDescriptor font;
+    font.SetFromFace(face.GetRecord());
+    font.SetPath(path);
+    return font;
+}
+
+/// Whether the file of a cached answer is there and is an answer to something else.
+bool IsAnotherFont(const MString& path, const MString& name, bool isBold, bool isItalic) {
+    MFontDescriptor font;
+    if (!MGuard("GetSystemFontDescriptor check cache", [&] { font = Describe(path); })) return false;
+    const auto stands = [&](const Substitute& substitute) {
+        return name == substitute.family && font.IsOfFamily(substitute.other);
+    };
+    const bool isOfFamily = font.IsOfFamily(name) || std::ranges::any_of(Substitutes, stands);
+    return !isOfFamily || font.IsBold() != isBold || font.IsItalic() != isItalic;
+}
+
 }  // namespace
 
 MSystemFonts& MSystemFonts::GetInstance() {
     static MSystemFonts fonts(GetAllFolders(),
-                              MFile::Join(MModule::GetDataPath_User(MString()), "SystemFonts.cache"));
+                              MFile::Join(MDataFolders::GetDataPath_User(MString()), "SystemFonts.cache"));
     return fonts;
 }
 
 MFontDescriptor MSystemFonts::GetDescriptor(const MString& name, bool isBold, bool isItalic,
                                             bool isRequired) {
     const MString key = MSystemFontCache::GetKey(name, isBold, isItalic);
-    if (const MString path = cache.Find(key); !path.IsEmpty()) return {name, path, isBold, isItalic};
+    const MString path = cache.Find(key);
+    if (!path.IsEmpty() && !IsAnotherFont(path, name, isBold, isItalic))
+        return {name, path, isBold, isItalic};
     const MFontDescriptor& font = Choose(name, isBold, isItalic, isRequired);
     cache.Add(key, font.GetPath());
     return font;
@@ -68,26 +104,30 @@ void MSystemFonts::ScanFolder(const MString& folder) {
 void MSystemFonts::ScanFile(const MString& path) {
     MGuard("MFont::ReScanSystemFonts", [&] {
         // Opening a pipe would wait for its other end.
-        if (MFile::IsDevice(path)) return;
-        MStdFileStream file;
-        file.Open(path, MOpenRead);
-        const MFontFace face(file);
-        MFontDescriptor font;
-        font.SetFromFace(face.GetRecord());
-        font.SetPath(path);
-        fonts.Add(font);
+        if (!MFile::IsDevice(path)) fonts.Add(Describe(path));
     });
 }
 
 const MFontDescriptor& MSystemFonts::Choose(const MString& name, bool isBold, bool isItalic,
                                             bool isRequired) {
-    const auto compare = [&](const MFontDescriptor& font) { return font.GetFamily().CompareNoCase(name); };
-    int32_t first = GetFonts().FindSorted(compare);
-    if (first < 0) MRaise(MExceptionGeneral, "Font {0} was not found in the system.", name);
-    while (first > 0 && compare(fonts[first - 1]) == 0) --first;
-    for (int32_t i = first; i < fonts.GetCount() && compare(fonts[i]) == 0; ++i)
-        if (fonts[i].IsBold() == isBold && fonts[i].IsItalic() == isItalic) return fonts[i];
+    const MList<const MFontDescriptor*> family = FindFamily(name);
+    if (family.IsEmpty()) MRaise(MExceptionGeneral, "Font {0} was not found in the system.", name);
+    const MFontDescriptor* plainest = family[0];
+    for (const MFontDescriptor* font : family) {
+        if (font->IsBold() == isBold && font->IsItalic() == isItalic) return *font;
+        if (font->GetFlags() == 0 && plainest->GetFlags() != 0) plainest = font;
+    }
     if (isRequired)
         MRaise(MExceptionGeneral, "Font {0} was not found in the system with correct styles.", name);
-    return fonts[first];
+    return *plainest;
+}
+
+MList<const MFontDescriptor*> MSystemFonts::FindFamily(const MString& name) {
+    MList<const MFontDescriptor*> found;
+    for (const MFontDescriptor& font : GetFonts())
+        if (font.IsOfFamily(name)) found.Add(&font);
+    if (!found.IsEmpty()) return found;
+    for (const Substitute& substitute : Substitutes)
+        if (name == substitute.family && found.IsEmpty()) found = FindFamily(substitute.other);
+    return found;
 }

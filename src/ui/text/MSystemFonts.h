@@ -16,8 +16,16 @@ public:
     /// "SystemFonts.cache" in the user's.
     [[nodiscard]] static MSystemFonts& GetInstance();
 
-    /// A font by its family, in any case. What the cache knows is given as it was asked for, even if the file
-    /// has gone. Where no font has the styles, the first one of the family is given if they are not required.
+    /// A font by its family, in any case. Where no font has the styles, the plainest one of the family is given if
+    /// they are not required. A family that the machine does not have may have a substitute:
+    ///
+    /// | family | substitutes                   |
+    /// |--------|-------------------------------|
+    /// | Arial  | Liberation Sans, DejaVu Sans  |
+    /// | Tahoma | DejaVu Sans, Liberation Sans  |
+    ///
+    /// What the cache knows is given as it was asked for, even if the file has gone; but if the file is there and
+    /// holds something else, the fonts are searched again.
     /// Raises "Font {0} was not found in the system." and "Font {0} was not found in the system with correct
     /// styles." (0).
     [[nodiscard]] MFontDescriptor GetDescriptor(const MString& name, bool isBold, bool isItalic,
@@ -33,6 +41,7 @@ private:
     void ScanFile(const MString& path);
     [[nodiscard]] const MFontDescriptor& Choose(const MString& name, bool isBold, bool isItalic,
                                                 bool isRequired);
+    [[nodiscard]] MList<const MFontDescriptor*> FindFamily(const MString& name);
 
     MList<MString> folders;
     MSystemFontCache cache;

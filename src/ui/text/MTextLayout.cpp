@@ -1,8 +1,6 @@
 #include "ui/text/MTextLayout.h"
 
 #include "foundation/text/MUnicode.h"
-#include "ui/text/MFont.h"
-#include "ui/text/MTextMeasure.h"
 
 namespace {
 
@@ -21,13 +19,13 @@ int32_t CountLineFeeds(const MString& text) {
 }  // namespace
 
 MTextLayout::MTextLayout(MFont& font, const MString& text, const MRect& rect, MTextAlignment alignment)
-    : font(font), text(text), rect(rect), alignment(alignment) {
+    : font(font), text(text), rect(rect), alignment(alignment), pen(font) {
     int32_t top = rect.top;
     if (alignment & (MTextMiddle | MTextBottom)) {
         const int32_t room = std::max(0, rect.GetHeight() - GetHeight(font, text));
         top += alignment & MTextBottom ? room : room / 2;
     }
-    origin.y = MAddPixels(top, int64_t{font.GetAscent()} + font.GetVerticalShift());
+    start.y = MAddPixels(top, int64_t{font.GetAscent()} + font.GetVerticalShift());
     BeginLine();
 }
 
@@ -35,24 +33,25 @@ bool MTextLayout::TakeGlyph(MPlacedGlyph& glyph) {
     while (index < text.GetLength()) {
         const char32_t character = MTakeCodePoint(text, index);
         if (character == '\n') {
-            origin.y = MAddPixels(origin.y, font.GetLineHeight());
+            start.y = MAddPixels(start.y, font.GetLineHeight());
             BeginLine();
         }
-        if (MIsControl(character)) continue;
-        const MGlyph& found = font.GetGlyph(character);
-        glyph = {found.mask.get(), origin + MPoint{found.left, -found.top}};
-        origin.x = MAddPixels(origin.x, int64_t{found.advance} + font.GetCharacterSpace());
-        if (found.mask) return true;
+        const MGlyph* const found = pen.Take(character);
+        if (!found || !found->mask) continue;
+        const int32_t x = MAddPixels(start.x, int64_t{pen.GetOrigin()} + found->left);
+        glyph = {found->mask.get(), {x, start.y - found->top}};
+        return true;
     }
     return false;
 }
 
 void MTextLayout::BeginLine() {
-    origin.x = rect.left;
+    pen.Restart();
+    start.x = rect.left;
     if (!(alignment & (MTextCenter | MTextRight))) return;
     const int32_t width = font.GetTextWidth(text, index, FindLineEnd(text, index) - index);
     const int32_t room = std::max(0, rect.GetWidth() - width);
-    origin.x += alignment & MTextRight ? room : (room + 1) / 2;
+    start.x += alignment & MTextRight ? room : (room + 1) / 2;
 }
 
 int32_t MTextLayout::GetWidth(MFont& font, const MString& text) {

@@ -4,11 +4,11 @@
 #include "ui/geometry/MPoint.h"
 #include "ui/geometry/MRect.h"
 #include "ui/geometry/MTextAlignment.h"
+#include "ui/text/MTextPen.h"
 
 #include <cstdint>
 
 class MAlphaMask;
-class MFont;
 
 /// A glyph and where its top left pixel stands.
 struct MPlacedGlyph {
@@ -44,5 +44,6 @@ private:
     const MRect rect;
     const MTextAlignment alignment;
     int32_t index = 0;  ///< of the next unit
-    MPoint origin;      ///< of the next glyph, on the baseline
+    MPoint start;       ///< of the line, on the baseline
+    MTextPen pen;
 };

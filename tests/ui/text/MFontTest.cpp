@@ -1,45 +1,24 @@
 #include "streams/basic/MMemoryStream.h"
 #include "tests/support/MFaultyStreams.h"
 #include "tests/support/MScratch.h"
+#include "tests/support/MTestBytes.h"
 #include "tests/ui/text/TextFixture.h"
-#include "ui/text/MFontLibrary.h"
+#include "ui/text/MTextMeasure.h"
 
 #include <cmath>
 #include <limits>
 
 namespace {
 
-constexpr const char* Unknown = "0: Invalid file contents. Unknown font file format.";
-constexpr const char* Invalid = "0: Invalid file contents. Invalid font file format.";
-constexpr const char* Nameless = "0: Invalid font family name.";
+constexpr const char* BadSize = "0: Unable to accept required font size.";
 
 /// Two characters of 3 by 2 pixels, of which "A" has the corners and "B" has none.
-constexpr std::string_view BitmapFont = "STARTFONT 2.1\n"
-                                        "FONT -test-Corners-Medium-R-Normal--8-80-72-72-C-40-ISO10646-1\n"
-                                        "SIZE 8 72 72\n"
-                                        "FONTBOUNDINGBOX 3 2 0 0\n"
-                                        "STARTPROPERTIES 3\n"
-                                        "FAMILY_NAME \"Corners\"\n"
-                                        "FONT_ASCENT 7\n"
-                                        "FONT_DESCENT 1\n"
-                                        "ENDPROPERTIES\n"
-                                        "CHARS 2\n"
-                                        "STARTCHAR A\nENCODING 65\nSWIDTH 500 0\nDWIDTH 4 0\nBBX 3 2 0 0\n"
-                                        "BITMAP\nA0\n40\nENDCHAR\n"
-                                        "STARTCHAR B\nENCODING 66\nSWIDTH 500 0\nDWIDTH 4 0\nBBX 0 0 0 0\n"
-                                        "BITMAP\nENDCHAR\n"
-                                        "ENDFONT\n";
-
-std::string Read(const char* name) {
-    return MReadTestFile(SystemFont(name));
-}
-
-std::string FailureOfOpening(std::string_view bytes) {
-    MFont font;
-    const std::string failure = FailureOf([&] { font.Open(MakeBuffer(bytes)); });
-    EXPECT_EQ(font.IsOpen(), failure == "none");
-    return failure;
-}
+constexpr std::string_view BitmapFont =
+    "STARTFONT 2.1\nFONT -test-Corners-Medium-R-Normal--8-80-72-72-C-40-ISO10646-1\nSIZE 8 72 72\n"
+    "FONTBOUNDINGBOX 3 2 0 0\nSTARTPROPERTIES 3\nFAMILY_NAME \"Corners\"\nFONT_ASCENT 7\nFONT_DESCENT 1\n"
+    "ENDPROPERTIES\nCHARS 2\n"
+    "STARTCHAR A\nENCODING 65\nSWIDTH 500 0\nDWIDTH 4 0\nBBX 3 2 0 0\nBITMAP\nA0\n40\nENDCHAR\n"
+    "STARTCHAR B\nENCODING 66\nSWIDTH 500 0\nDWIDTH 4 0\nBBX 0 0 0 0\nBITMAP\nENDCHAR\nENDFONT\n";
 
 class MFontTest : public testing::Test {
 protected:
@@ -58,95 +37,53 @@ protected:
 
 }  // namespace
 
-TEST(MFontOpeningTest, AStyleThatIsNoneOfThreeIsPartOfTheFamily) {
-    const struct {
-        const char* file;
-        const char* family;
-        uint8_t flags;
-    } cases[] = {
-        {"liberation/LiberationSans-Regular.ttf", "Liberation Sans", 0},
-        {"liberation/LiberationSans-Bold.ttf", "Liberation Sans", MFont::Bold},
-        {"liberation/LiberationSans-Italic.ttf", "Liberation Sans", MFont::Italic},
-        {"liberation/LiberationSans-BoldItalic.ttf", "Liberation Sans Bold Italic",
-         MFont::Bold | MFont::Italic},
-        {"dejavu/DejaVuSans.ttf", "DejaVu Sans Book", 0},
-    };
-    for (const auto& expected : cases) {
-        MFont font;
-        font.LoadFromFile(SystemFont(expected.file));
-        EXPECT_EQ(Text(font.GetFamily()), expected.family);
-        EXPECT_EQ(font.GetFlags(), expected.flags) << expected.file;
-        EXPECT_EQ(Text(font.GetPath()), Text(SystemFont(expected.file)));
-    }
-}
-
 TEST(MFontOpeningTest, WhatIsNoFontIsRefusedWithItsText) {
-    EXPECT_EQ(FailureOfOpening(std::string(200, 'x')), Unknown);
-    EXPECT_EQ(FailureOfOpening("wOFF" + Read("dejavu/DejaVuSans.ttf").substr(4)), Unknown);
-    EXPECT_EQ(FailureOfOpening(""), Invalid);
-    std::string nameless = Read("liberation/LiberationMono-Bold.ttf");
+    std::string nameless = MReadTestFile(SystemFont("liberation/LiberationMono-Bold.ttf"));
     nameless.replace(nameless.find("name"), 4, "nbme");
-    EXPECT_EQ(FailureOfOpening(nameless), Nameless);
+    const std::pair<std::string, const char*> cases[] = {
+        {std::string(200, 'x'), "0: Invalid file contents. Unknown font file format."},
+        {"wOFF" + nameless.substr(4), "0: Invalid file contents. Unknown font file format."},
+        {"", "0: Invalid file contents. Invalid font file format."},
+        {nameless.substr(0, 1000), "0: Invalid file contents. Invalid font file format."},
+        {nameless, "0: Invalid font family name."},
+    };
     MFont font;
+    for (const auto& [bytes, failure] : cases)
+        EXPECT_EQ(FailureOf([&, &source = bytes] { font.Open(MakeBuffer(source)); }), failure);
+    EXPECT_FALSE(font.IsOpen());
     EXPECT_EQ(FailureOf([&] { font.LoadFromFile("/missing.ttf"); }).substr(0, 5), "101: ");
 }
 
-TEST(MFontOpeningTest, AFontCutShortIsRefusedOrShowsWhatItHas) {
-    const std::string whole = Read("liberation/LiberationSansNarrow-Bold.ttf");
-    int32_t refused = 0;
-    for (size_t length = 1; length < whole.size(); length = length * 9 / 8 + 1) {
-        MFont font;
-        const std::string failure = FailureOf([&] {
-            font.Open(MakeBuffer(whole.substr(0, length)));
-            font.SetSize(-20);
-            for (char32_t character = 0; character < 300; ++character) (void)font.GetGlyph(character);
-        });
-        if (failure != "none") ++refused;
-        EXPECT_TRUE(failure == "none" || failure == Unknown || failure == Invalid || failure == Nameless)
-            << length << " bytes: " << failure;
-    }
-    EXPECT_GT(refused, 10);
-}
-
-TEST(MFontOpeningTest, AFailureLeavesTheFontClosed) {
-    MFont font;
-    font.LoadFromFile(SystemFont("dejavu/DejaVuSans.ttf"));
-    MMemoryStream bytes(BitmapFont.data() + 10, 200);
-    EXPECT_EQ(FailureOf([&] { font.LoadFromStream(bytes); }), Unknown);
-    EXPECT_FALSE(font.IsOpen());
-    EXPECT_EQ(Text(font.GetFamily()), "");
-    EXPECT_EQ(FailureOf([&] { font.SetSize(-12); }), "0: Unable to accept required font size.");
-
-    const std::string whole = Read("dejavu/DejaVuSans.ttf");
-    MMemoryStream source(whole.data(), static_cast<int32_t>(whole.size()));
-    MFailingStream failing(&source, 1000);
-    EXPECT_EQ(FailureOf([&] { font.LoadFromStream(failing); }), "100: Injected failure.");
-    EXPECT_FALSE(font.IsOpen());
-}
-
-TEST(MFontOpeningTest, AStreamIsReadFromItsPositionAndNotNeededAfterwards) {
+TEST(MFontOpeningTest, StreamsAreReadFromTheirPositionAndAFailureLeavesTheFontClosed) {
+    const std::string bytes = "before" + MReadTestFile(SystemFont("dejavu/DejaVuSans.ttf"));
     MFont font;
     {
-        const std::string bytes = "before" + Read("dejavu/DejaVuSans.ttf");
-        MMemoryStream stream(bytes.data(), static_cast<int32_t>(bytes.size()));
+        MMemoryStream stream = MStreamOf(bytes);
         stream.Seek(6, MSeekOrigin::Begin);
         font.LoadFromStream(stream);
     }
     font.SetSize(-12);
     EXPECT_TRUE(font.GetGlyph('A').mask);
-    EXPECT_EQ(Text(font.GetPath()), "");
+
+    MMemoryStream source = MStreamOf(bytes);
+    MFailingStream failing(&source, 1000);
+    EXPECT_EQ(FailureOf([&] { font.LoadFromStream(failing); }), "100: Injected failure.");
+    EXPECT_FALSE(font.IsOpen());
+    EXPECT_FALSE(font.HasGlyph('A'));
+    EXPECT_EQ(Text(font.GetFamily()), "");
+    EXPECT_EQ(FailureOf([&] { font.SetSize(-12); }), BadSize);
 }
 
 TEST(MFontOpeningTest, ABitmapFontHasItsOwnSizeOnly) {
     MFont font;
     font.Open(MakeBuffer(BitmapFont));
-    EXPECT_EQ(FailureOf([&] { font.SetSize(-20); }), "0: Unable to accept required font size.");
+    EXPECT_EQ(FailureOf([&] { font.SetSize(-20); }), BadSize);
     EXPECT_EQ(Drawing(font.GetGlyph('A').mask.get()), "nothing");
     font.SetSize(-8);
     EXPECT_EQ(Drawing(font.GetGlyph('A').mask.get()), "# #\n # \n");
     EXPECT_EQ(font.GetGlyph('A').mask->GetRow(0)[0], 255);
-    EXPECT_EQ(Drawing(font.GetGlyph('B').mask.get()), "nothing");
-    EXPECT_EQ(font.GetGlyph('B').advance, 4);
+    EXPECT_FALSE(font.GetGlyph('B').mask);
+    EXPECT_EQ(font.GetTextWidth("BB"), 8);
     EXPECT_EQ(font.GetLineHeight(), 8);
 }
 
@@ -164,51 +101,27 @@ TEST_F(MFontTest, SizesBelowZeroArePixelsAndOthersPoints) {
     font.SetSize(12, -24);
     EXPECT_EQ(font.GetGlyph('g').height, 10);
     EXPECT_GE(font.GetGlyph('g').width, 12);
-}
-
-TEST_F(MFontTest, SizesThatCannotBeAreRefused) {
     for (const double size : {1e9, -1e9, std::nan(""), std::numeric_limits<double>::infinity()}) {
-        EXPECT_EQ(FailureOf([&] { font.SetSize(size); }), "0: Unable to accept required font size.");
+        EXPECT_EQ(FailureOf([&] { font.SetSize(size); }), BadSize);
         EXPECT_FALSE(font.GetGlyph('A').mask) << size;
         EXPECT_EQ(font.GetLineHeight(), 1);
     }
     // The largest that is accepted: glyphs that would take too much memory are empty.
     font.SetSize(-32767);
     EXPECT_FALSE(font.GetGlyph('A').mask);
-    EXPECT_FALSE(font.GetGlyph(0x3A9).mask);
 }
 
-TEST_F(MFontTest, AGlyphKnowsWhereItStands) {
-    EXPECT_EQ(Draw('L'), ".#     \n"
-                         ".#     \n"
-                         ".#     \n"
-                         ".#     \n"
-                         ".#     \n"
-                         ".#     \n"
-                         ".#     \n"
-                         ".#.....\n"
-                         ".#####.\n");
-    const MGlyph& glyph = font.GetGlyph('L');
-    EXPECT_EQ(glyph.width, 7);
-    EXPECT_EQ(glyph.height, 9);
-    EXPECT_EQ(glyph.top, 9);
-    EXPECT_EQ(glyph.left, 0);
-    EXPECT_EQ(glyph.advance, 6);
-    EXPECT_LT(font.GetGlyph('g').top, font.GetGlyph('g').height);
-}
-
-TEST_F(MFontTest, ASpaceHasAnAdvanceAndNoMask) {
-    EXPECT_FALSE(font.GetGlyph(' ').mask);
-    EXPECT_GT(font.GetGlyph(' ').advance, 0);
-    EXPECT_EQ(font.GetGlyph(' ').width, 0);
-}
-
-TEST_F(MFontTest, AMissingCharacterHasTheGlyphForThat) {
+TEST_F(MFontTest, AMissingCharacterHasTheGlyphForThatAndASpaceNone) {
     const std::string missing = Draw(0x4E00);
     EXPECT_NE(missing, "nothing");
-    EXPECT_EQ(Draw(0x10FFFD), missing);
-    EXPECT_EQ(Draw(0x7FFFFFFF), missing);
+    for (const char32_t character : {0x10FFFD, 0x7FFFFFFF}) {
+        EXPECT_EQ(Draw(character), missing);
+        EXPECT_FALSE(font.HasGlyph(character));
+    }
     EXPECT_NE(Draw(0x3A9), missing);
+    EXPECT_TRUE(font.HasGlyph(0x3A9));
+    EXPECT_FALSE(font.GetGlyph(' ').mask);
+    EXPECT_GT(font.GetGlyph(' ').advance, 0);
 }
 
 TEST_F(MFontTest, GlyphsAreRenderedOnceForEachSize) {
@@ -222,46 +135,53 @@ TEST_F(MFontTest, GlyphsAreRenderedOnceForEachSize) {
         EXPECT_EQ(Draw(character), small);
     }
     EXPECT_NE(Draw(0x100), Draw(0));
-}
-
-TEST_F(MFontTest, UpperCaseChangesLettersOfASCIIOnly) {
     const std::string upper = Draw('A');
-    const std::string lower = Draw(0xE9);
+    const std::string accented = Draw(0xE9);
     font.SetUpperCase(true);
     EXPECT_EQ(Draw('a'), upper);
-    EXPECT_EQ(Draw(0xE9), lower);
-    font.SetUpperCase(false);
-    EXPECT_NE(Draw('a'), upper);
+    EXPECT_EQ(Draw(0xE9), accented);
 }
 
-TEST_F(MFontTest, ASurrogatePairIsOneGlyph) {
-    const MString pair = MString::Copy(u"\U0001D538");
-    EXPECT_EQ(font.GetTextWidth(pair), font.GetGlyph(0x1D538).advance);
-    EXPECT_NE(Draw(0x1D538), Draw(0x10FFFD));
-    const char16_t lone[] = {0xD835, u'x', 0xDD38, 0};
-    EXPECT_EQ(font.GetTextWidth(MString::Copy(lone)),
-              2 * font.GetGlyph(0xFFFD).advance + font.GetGlyph('x').advance);
-    EXPECT_EQ(font.GetTextWidth(pair, 1), font.GetGlyph(0xFFFD).advance);
-}
-
-TEST_F(MFontTest, CharactersAreFoundByTheirPixel) {
+TEST_F(MFontTest, TextsAreMeasuredByCharacters) {
+    const auto advance = [&](char32_t character) { return font.GetGlyph(character).advance; };
     const MString text = MString::Copy(u"i\U0001D538\tW");
-    const int32_t second = font.GetAdvance('i');
-    const int32_t last = second + font.GetAdvance(0x1D538);
-    const int32_t end = last + font.GetAdvance('W');
+    const int32_t second = advance('i');
+    const int32_t last = second + advance(0x1D538);
+    const int32_t end = last + advance('W');
     EXPECT_EQ(font.GetTextWidth(text), end);
+    EXPECT_EQ(font.GetTextWidth(text, 2), advance(0xFFFD) + advance('W'));
+    EXPECT_EQ(font.GetTextWidth(text, 0, 1), second);
     const std::pair<int32_t, int32_t> cases[] = {{-5, 0},       {0, 0},    {second - 1, 0}, {second, 1},
                                                  {last - 1, 1}, {last, 4}, {end - 1, 4},    {end, 5}};
     for (const auto& [x, index] : cases) EXPECT_EQ(font.GetIndexAt(text, x), index) << x;
+    // Hinting has moved the first two apart and the others together.
+    font.LoadFromFile(SystemFont("liberation/LiberationSans-Regular.ttf"));
+    font.SetSize(-10);
+    EXPECT_EQ(font.GetTextWidth("ll"), 2 * advance('l') - 1);
+    EXPECT_EQ(font.GetTextWidth("os"), advance('o') + advance('s') + 1);
 }
 
-TEST_F(MFontTest, SpacesAreAddedToAdvancesAndLines) {
+TEST_F(MFontTest, InvisibleCharactersHaveNoBoxAndNoWidth) {
+    const int32_t width = font.GetTextWidth("ab");
+    for (const char16_t unit : {u'\n', u'\x7F', u'\x85', u'\xAD', u'\x200B', u'\x200D', u'\x2028', u'\x2029',
+                                u'\x2060', u'\xFE0F', u'\xFEFF'}) {
+        const char16_t text[] = {u'a', unit, u'b', 0};
+        EXPECT_EQ(font.GetTextWidth(Wide(text)), width) << int{unit};
+    }
+    for (const int32_t unit : {0x20, 0x7E, 0xA0, 0xAC, 0xAE, 0x2009, 0x2010, 0x2027, 0x202F, 0xFFFD})
+        EXPECT_FALSE(MIsInvisible(static_cast<char32_t>(unit))) << unit;
+}
+
+TEST_F(MFontTest, SpacesAreAddedBetweenCharactersAndToLines) {
     const int32_t width = font.GetTextWidth("abc");
     const int32_t lineHeight = font.GetLineHeight();
-    font.SetCharacterSpace(2);
     font.SetVerticalSpace(3);
-    EXPECT_EQ(font.GetTextWidth("abc"), width + 6);
     EXPECT_EQ(font.GetLineHeight(), lineHeight + 3);
-    font.SetCharacterSpace(0x7FFFFFFF);
+    const std::pair<double, int32_t> cases[] = {{2, 4}, {0.49, 0}, {0.5, 2}, {-1.5, -4}};
+    for (const auto& [space, added] : cases) {
+        font.SetCharacterSpace(space);
+        EXPECT_EQ(font.GetTextWidth("abc"), width + added) << space;
+    }
+    font.SetCharacterSpace(1e300);
     EXPECT_EQ(font.GetTextWidth("abc"), 1 << 30);
 }

@@ -32,19 +32,6 @@ protected:
 
 }  // namespace
 
-TEST_F(MTextLayoutTest, GlyphsStandOnTheBaselineAfterEachOther) {
-    const int32_t baseline = Room.top + font.GetAscent();
-    const int32_t advance = font.GetAdvance('x');
-    const auto expected = [&](int32_t column, char32_t character) {
-        const MGlyph& glyph = font.GetGlyph(character);
-        return MPoint{Room.left + column * advance + glyph.left, baseline - glyph.top};
-    };
-    EXPECT_EQ(Place("g j"), (std::vector{expected(0, 'g'), expected(2, 'j')}));
-    EXPECT_EQ(Place(MString::Copy(u"\tg\r\u03A9")), (std::vector{expected(0, 'g'), expected(1, 0x3A9)}));
-    EXPECT_TRUE(Place("").empty());
-    EXPECT_TRUE(Place(" \n ").empty());
-}
-
 TEST_F(MTextLayoutTest, EachAlignmentHasItsEdge) {
     const int32_t width = font.GetTextWidth("abcde");
     const int32_t height = font.GetAscent() + font.GetDescent();
@@ -63,7 +50,11 @@ TEST_F(MTextLayoutTest, EachAlignmentHasItsEdge) {
     for (const auto& [alignment, expected] : cases)
         EXPECT_EQ(PlaceFirst("abcde", alignment), expected) << alignment;
     font.SetVerticalShift(4);
-    EXPECT_EQ(PlaceFirst("abcde", MTextRight | MTextBottom), (MPoint{right, bottom + 4}));
+    font.SetCharacterSpace(2);
+    // The last letter stands at the edge: there is no space behind it.
+    EXPECT_EQ(PlaceFirst("abcde", MTextRight | MTextBottom), (MPoint{right - 8, bottom + 4}));
+    EXPECT_EQ(Place("x\r x")[1].x - Place("x")[0].x, 2 * (font.GetGlyph('x').advance + 2));
+    EXPECT_TRUE(Place(" \n ").empty());
 }
 
 TEST_F(MTextLayoutTest, WhatIsTooLargeBeginsAtTheLeftAndTopEdge) {
@@ -73,7 +64,7 @@ TEST_F(MTextLayoutTest, WhatIsTooLargeBeginsAtTheLeftAndTopEdge) {
 }
 
 TEST_F(MTextLayoutTest, EachLineIsAlignedByItself) {
-    const int32_t advance = font.GetAdvance('x');
+    const int32_t advance = font.GetGlyph('x').advance;
     const std::vector<MPoint> left = Place("xxx\nx\n\nx");
     const std::vector<MPoint> right = Place("xxx\nx\n\nx", MTextRight | MTextBottom);
     ASSERT_EQ(left.size(), 5u);

@@ -10,34 +10,38 @@ namespace {
 class SystemFontsTest : public testing::Test {
 protected:
     SystemFontsTest() {
-        Install("b/regular.ttf", "liberation/LiberationSans-Regular.ttf");
-        Install("a/bold.TTF", "liberation/LiberationSans-Bold.ttf");
-        Install("a/italic.otf", "liberation/LiberationSans-Italic.ttf");
-        Install("mono.ttf", "dejavu/DejaVuSansMono-Bold.ttf");
-        Install("hidden.dat", "liberation/LiberationSerif-Regular.ttf");
+        for (const char* font :
+             {"liberation/LiberationSans-Regular", "liberation/LiberationSans-Italic",
+              "liberation/LiberationSans-BoldItalic", "dejavu/DejaVuSansMono-Bold", "dejavu/DejaVuSans",
+              "dejavu/DejaVuSans-Bold", "dejavu/DejaVuSans-BoldOblique"})
+            Install(MString(font) + ".ttf");
+        scratch.WriteFile("fonts/sub/bold.OTF",
+                          MReadTestFile(SystemFont("liberation/LiberationSans-Bold.ttf")));
+        scratch.WriteFile("fonts/hidden.dat",
+                          MReadTestFile(SystemFont("liberation/LiberationSerif-Regular.ttf")));
         std::string cut = MReadTestFile(SystemFont("liberation/LiberationMono-Regular.ttf"));
         scratch.WriteFile("fonts/cut.ttf", cut.substr(0, 5000));
         cut.replace(cut.find("name"), 4, "nbme");
         scratch.WriteFile("fonts/nameless.ttf", cut);
         scratch.WriteFile("fonts/empty.otf", "");
         scratch.WriteFile("fonts/text.ttf", "no font");
-        folders.Add(scratch.Join("missing"));
-        folders.Add(scratch.Join("fonts"));
-        folders.Add("");
+        MFile::CreatePath(scratch.Join("user"));
+        for (const MString& folder : {scratch.Join("missing"), scratch.Join("fonts"), MString()})
+            folders.Add(folder);
     }
     ~SystemFontsTest() noexcept override = default;
 
-    void Install(const MString& name, const char* font) {
-        scratch.WriteFile("fonts/" + name, MReadTestFile(SystemFont(font)));
+    void Install(const MString& font) {
+        scratch.WriteFile("fonts/" + MFile::GetFileName(font), MReadTestFile(SystemFont(font)));
     }
-    /// Family, flags and path below the scratch folder, as a run of its own finds it.
-    std::string Find(const char* name, bool isBold, bool isItalic, bool isRequired = true) {
-        MSystemFonts fonts(folders, cachePath);
-        return Describe(fonts.GetDescriptor(name, isBold, isItalic, isRequired));
-    }
-    std::string Describe(const MFontDescriptor& font) const {
-        return Text(font.GetFamily()) + "|" + std::to_string(font.GetFlags()) + "|" +
-               Text(MFile::GetRelativePath(font.GetPath(), scratch.GetPath()));
+    /// The file that answers, as a run of its own finds it, or the failure.
+    std::string Find(const char* name, bool isBold = false, bool isItalic = false, bool isRequired = true) {
+        MString path;
+        const std::string failure = FailureOf([&] {
+            path =
+                MSystemFonts(folders, cachePath).GetDescriptor(name, isBold, isItalic, isRequired).GetPath();
+        });
+        return failure == "none" ? Text(MFile::GetBaseName(path)) : failure;
     }
 
     MScratch scratch;
@@ -48,84 +52,80 @@ protected:
 }  // namespace
 
 TEST_F(SystemFontsTest, GoodFontsAreFoundAmongBrokenOnes) {
-    MSystemFonts fonts(folders, cachePath);
     std::string list;
-    for (const MFontDescriptor& font : fonts.GetFonts()) list += Describe(font) + "\n";
-    EXPECT_EQ(list, "DejaVu Sans Mono|1|fonts/mono.ttf\n"
-                    "Liberation Sans|0|fonts/b/regular.ttf\n"
-                    "Liberation Sans|2|fonts/a/italic.otf\n"
-                    "Liberation Sans|1|fonts/a/bold.TTF\n");
-}
-
-TEST_F(SystemFontsTest, ARequestIsAnsweredByFamilyAndStyles) {
-    EXPECT_EQ(Find("Liberation Sans", false, false), "Liberation Sans|0|fonts/b/regular.ttf");
-    EXPECT_EQ(Find("LIBERATION sans", true, false), "Liberation Sans|1|fonts/a/bold.TTF");
-    EXPECT_EQ(Find("Liberation Sans", false, true), "Liberation Sans|2|fonts/a/italic.otf");
-    EXPECT_EQ(FailureOf([&] { Find("Liberation", false, false); }),
-              "0: Font Liberation was not found in the system.");
-    EXPECT_EQ(FailureOf([&] { Find("Liberation Sans", true, true); }),
-              "0: Font Liberation Sans was not found in the system with correct styles.");
-    EXPECT_EQ(Find("DejaVu Sans Mono", false, false, false), "DejaVu Sans Mono|1|fonts/mono.ttf");
-}
-
-TEST_F(SystemFontsTest, AnAnswerIsRememberedWithoutASearch) {
-    MFile::CreatePath(scratch.Join("user"));
-    Find("Liberation Sans", true, false);
-    Find("DejaVu Sans Mono", false, false, false);
-    const std::string cache = scratch.ReadFile("user/SystemFonts.cache");
-    EXPECT_NE(cache.find("<MSystemFontCache DejaVuSansMono00=\""), std::string::npos) << cache;
-    EXPECT_NE(cache.find(" LiberationSansB0=\"" + Text(scratch.Join("fonts/a/bold.TTF")) + "\""),
-              std::string::npos);
-    EXPECT_NE(cache.find("utf-8"), std::string::npos);
-
-    MFile::DeleteTree(scratch.Join("fonts"));
-    EXPECT_EQ(Find("liberation sans", true, false), "liberation sans|1|fonts/a/bold.TTF");
-    EXPECT_EQ(Find("DejaVu Sans Mono", false, false), "DejaVu Sans Mono|0|fonts/mono.ttf");
-    EXPECT_EQ(FailureOf([&] { Find("Liberation Sans", false, false); }),
-              "0: Font Liberation Sans was not found in the system.");
-    EXPECT_EQ(scratch.ReadFile("user/SystemFonts.cache"), cache);
-    MFont font;
-    EXPECT_EQ(FailureOf([&] { font.LoadFromFile(scratch.Join("fonts/a/bold.TTF")); }).substr(0, 5), "101: ");
-}
-
-TEST_F(SystemFontsTest, ACacheThatCannotBeReadOrWrittenIsNoFailure) {
-    // The folder of the cache is missing, and then the cache itself is one.
-    EXPECT_EQ(Find("Liberation Sans", false, false), "Liberation Sans|0|fonts/b/regular.ttf");
-    EXPECT_FALSE(MFile::Exists(cachePath));
-    MFile::CreatePath(cachePath);
-    EXPECT_EQ(Find("Liberation Sans", false, false), "Liberation Sans|0|fonts/b/regular.ttf");
-    MFile::RemoveDirectory(cachePath);
-    scratch.WriteFile("user/SystemFonts.cache", "<MSystemFontCache LiberationSans00=\"/old.ttf");
-    EXPECT_EQ(Find("Liberation Sans", false, false), "Liberation Sans|0|fonts/b/regular.ttf");
-    MFile::DeleteTree(scratch.Join("fonts"));
-    EXPECT_EQ(Find("Liberation Sans", false, false), "Liberation Sans|0|fonts/b/regular.ttf");
-}
-
-TEST_F(SystemFontsTest, FoldersAreSearchedOnceUnlessAskedTo) {
-    MFile::CreatePath(scratch.Join("user"));
     MSystemFonts fonts(folders, cachePath);
-    EXPECT_EQ(fonts.GetFonts().GetCount(), 4);
-    Install("serif.ttf", "liberation/LiberationSerif-Regular.ttf");
-    EXPECT_EQ(fonts.GetFonts().GetCount(), 4);
+    for (const MFontDescriptor& font : fonts.GetFonts())
+        list += Text(font.GetFamily()) + "|" + std::to_string(font.GetFlags()) + "\n";
+    EXPECT_EQ(list,
+              "DejaVu Sans|1\nDejaVu Sans Bold Oblique|3\nDejaVu Sans Book|0\nDejaVu Sans Mono|1\n"
+              "Liberation Sans|0\nLiberation Sans|2\nLiberation Sans|1\nLiberation Sans Bold Italic|3\n");
+    // The folders are searched once, unless asked to do it again.
+    Install("liberation/LiberationSerif-Regular.ttf");
     (void)fonts.GetDescriptor("Liberation Sans", false, false, true);
+    EXPECT_EQ(fonts.GetFonts().GetCount(), 8);
     EXPECT_TRUE(MFile::Exists(cachePath));
     fonts.ReScan();
     EXPECT_FALSE(MFile::Exists(cachePath));
-    EXPECT_EQ(fonts.GetFonts().GetCount(), 5);
+    EXPECT_EQ(fonts.GetFonts().GetCount(), 9);
+}
+
+TEST_F(SystemFontsTest, ARequestIsAnsweredByFamilyAndStyles) {
+    const char* const noStyle = "0: Font DejaVu Sans Mono was not found in the system with correct styles.";
+    const struct {
+        const char* name;
+        bool isBold, isItalic, isRequired;
+        const char* answer;
+    } cases[] = {
+        {"LIBERATION sans", false, false, true, "LiberationSans-Regular"},
+        {"Liberation Sans", true, false, true, "bold"},
+        {"Liberation Sans", false, true, true, "LiberationSans-Italic"},
+        {"Liberation Sans", true, true, true, "LiberationSans-BoldItalic"},
+        {"DejaVu Sans", false, false, true, "DejaVuSans"},
+        {"DejaVu Sans", true, true, true, "DejaVuSans-BoldOblique"},
+        {"DejaVu Sans", false, true, false, "DejaVuSans"},
+        {"DejaVu Sans Book", false, false, true, "DejaVuSans"},
+        {"DejaVu Sans Mono", false, false, true, noStyle},
+        {"DejaVu Sans Mono", false, false, false, "DejaVuSansMono-Bold"},
+        {"Liberation", false, false, false, "0: Font Liberation was not found in the system."},
+        {"Arial", true, true, true, "LiberationSans-BoldItalic"},
+        {"tahoma", false, false, true, "DejaVuSans"},
+    };
+    for (int32_t run = 1; run <= 2; ++run)
+        for (const auto& [name, isBold, isItalic, isRequired, answer] : cases) {
+            if (isRequired) MFile::DeleteTree(scratch.Join("user"));
+            EXPECT_EQ(Find(name, isBold, isItalic, isRequired), answer) << name << isBold << isItalic;
+            MFile::CreatePath(scratch.Join("user"));
+        }
+    MFile::DeleteTree(scratch.Join("user"));
+    MFile::Delete(scratch.Join("fonts/LiberationSans-Italic.ttf"));
+    EXPECT_EQ(Find("Arial", false, true), "0: Font Arial was not found in the system with correct styles.");
+    for (const char* name : {"LiberationSans-Regular.ttf", "LiberationSans-BoldItalic.ttf", "sub/bold.OTF"})
+        MFile::Delete(scratch.Join(MString("fonts/") + name));
+    EXPECT_EQ(Find("Arial", true), "DejaVuSans-Bold");
+}
+
+TEST_F(SystemFontsTest, AnAnswerIsRememberedWithoutASearchUnlessItIsWrong) {
+    EXPECT_EQ(Find("Liberation Sans", true), "bold");
+    EXPECT_EQ(scratch.ReadFile("user/SystemFonts.cache"),
+              "<?xml version=\"1.0\" encoding=\"utf-8\"?>\n<MSystemFontCache LiberationSansB0=\"" +
+                  Text(scratch.Join("fonts/sub/bold.OTF")) + "\"/>\n");
+    const auto entry = [&](const char* key, const char* file) {
+        return " " + std::string(key) + "=\"" + Text(scratch.Join("fonts") + "/" + file) + "\"";
+    };
+    const std::string entries = entry("DejaVuSans00", "DejaVuSans-Bold.ttf") +
+                                entry("Arial00", "DejaVuSans.ttf") + entry("LiberationSansB0", "gone.ttf");
+    scratch.WriteFile("user/SystemFonts.cache", "<MSystemFontCache" + entries + "/>");
+    EXPECT_EQ(Find("DejaVu Sans"), "DejaVuSans");
+    EXPECT_EQ(Find("arial"), "DejaVuSans");
+    EXPECT_EQ(Find("liberation sans", true), "gone");
+    scratch.WriteFile("user/SystemFonts.cache", "<MSystemFontCache" + entries);
+    EXPECT_EQ(Find("Arial"), "LiberationSans-Regular");
+    MFile::Delete(cachePath);
+    MFile::CreatePath(cachePath);
+    EXPECT_EQ(Find("Liberation Sans", true), "bold");
 }
 
 TEST(MSystemFontCacheTest, AKeyIsANameThatFamiliesDoNotShareWithoutNeed) {
     EXPECT_EQ(Text(MSystemFontCache::GetKey("A<b c>&\"'/=!? 9-_", true, false)), "Abc9-_B0");
     EXPECT_EQ(Text(MSystemFontCache::GetKey(MString::Copy(u"\u6E38 \u30B4"), false, true)), "\u6E38\u30B40I");
-}
-
-TEST(MFontDescriptorTest, TheOrderIsFamilyThenBoldThenItalic) {
-    const MFontDescriptor sorted[] = {{"alpha", "", true, true},   {"Beta", "1", false, false},
-                                      {"beta", "2", false, false}, {"beta", "", false, true},
-                                      {"BETA", "", true, false},   {"beta", "", true, true},
-                                      {"beta 2", "", false, false}};
-    for (const MFontDescriptor& left : sorted)
-        for (const MFontDescriptor& right : sorted)
-            EXPECT_EQ(MFontDescriptor::IsBefore(left, right), &left < &right)
-                << Text(left.GetFamily()) << " " << Text(right.GetFamily());
 }
