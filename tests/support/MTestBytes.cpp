@@ -61,5 +61,6 @@ void MLoadXML(MXMLItem& root, const std::string& text) {
 std::string MSaveXML(const MXMLItem& item) {
     MMemoryStream stream;
     item.Save(stream, true, "utf-8");
-    return MBytesOf(stream);
+    const std::string document = MBytesOf(stream);
+    return document.substr(document.find('\n') + 1);
 }

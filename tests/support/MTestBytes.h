@@ -24,6 +24,6 @@ class MXMLItem;
 /// The MD5 digest in hexadecimal digits.
 [[nodiscard]] std::string MTestDigest(const std::string& bytes);
 
-/// Reads an XML document into `root`, and gives an element on one line.
+/// Reads an XML document into `root`, and gives an element on one line, without the header.
 void MLoadXML(MXMLItem& root, const std::string& text);
 [[nodiscard]] std::string MSaveXML(const MXMLItem& item);

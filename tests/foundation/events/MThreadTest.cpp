@@ -1,10 +1,12 @@
 #include "foundation/events/MThread.h"
 
 #include "foundation/base/MException.h"
+#include "foundation/module/MModule.h"
 #include "tests/support/MTestText.h"
 
 #include <atomic>
 #include <chrono>
+#include <cstdlib>
 #include <functional>
 #include <gtest/gtest.h>
 #include <thread>
@@ -67,26 +69,26 @@ TEST(MThreadTest, StartIsFiredOnTheThreadAndFinishIsPostedToTheTarget) {
     }
 }
 
-TEST(MThreadTest, ARequestToStopWakesASleepingBody) {
-    std::atomic<bool> asleep = false;
-    TestThread thread([&](TestThread& self) {
-        asleep = true;
-        return self.SleepUntilStop(-1) ? 1 : 2;
-    });
-    thread.Start();
-    while (!asleep) std::this_thread::yield();
-    EXPECT_EQ(thread.GetResult(), MThread::NotFinished);
-    thread.RequestStop();
-    EXPECT_TRUE(thread.Wait());
-    EXPECT_EQ(thread.GetResult(), 1);
-}
-
-TEST(MThreadTest, AThreadThatWasNeverStartedEndsWithoutItsBody) {
+TEST(MThreadTest, ARequestToStopWakesASleepingBodyWhoeverWaits) {
+    for (int32_t round = 0; round < 100; ++round) {
+        std::atomic<bool> isRunning = false;
+        TestThread thread([&](TestThread& self) {
+            isRunning = true;
+            return self.SleepUntilStop(-1) ? 1 : 2;
+        });
+        thread.Start();
+        while (!isRunning) std::this_thread::yield();
+        EXPECT_EQ(thread.GetResult(), MThread::NotFinished);
+        std::thread other([&] { EXPECT_TRUE(thread.Wait()); });
+        thread.RequestStop();
+        EXPECT_TRUE(thread.Wait());
+        other.join();
+        ASSERT_EQ(thread.GetResult(), 1);
+    }
     std::atomic<bool> ran = false;
     {
-        TestThread thread([&](TestThread&) { return ran = true, 0; });
-        thread.Create();
-        thread.RequestStop();
+        TestThread neverStarted([&](TestThread&) { return ran = true, 0; });
+        neverStarted.Create();
     }
     EXPECT_FALSE(ran);
 }
@@ -125,36 +127,6 @@ TEST(MThreadTest, ASelfDeletingThreadGoesAtItsEndAndNoThreadWaitsForItself) {
     EXPECT_EQ(waitedForItself, 0);
 }
 
-TEST(MThreadTest, StartedStoppedAndWaitedForByManyAtOnce) {
-    using namespace std::chrono;
-    const auto end = steady_clock::now() + milliseconds(500);
-    int32_t rounds = 0;
-    for (; steady_clock::now() < end; ++rounds) {
-        std::atomic<int32_t> steps = 0;
-        TestThread thread([&](TestThread& self) {
-            while (!self.SleepUntilStop(0)) ++steps;
-            return 9;
-        });
-        thread.Start();
-        while (steps == 0) std::this_thread::yield();
-        std::thread other([&] { EXPECT_TRUE(thread.Wait()); });
-        thread.RequestStop();
-        EXPECT_TRUE(thread.Wait());
-        other.join();
-        ASSERT_EQ(thread.GetResult(), 9);
-    }
-    EXPECT_GT(rounds, 0);
-}
-
-TEST(MThreadTest, PrioritiesHaveNamesAndUnknownOnesAreIdle) {
-    using Names = MValueEnum<MThread::Priority>;
-    EXPECT_EQ(Names::FromName("critical"), MThread::Priority::Critical);
-    EXPECT_EQ(Names::FromName("Normal"), MThread::Priority::Normal);
-    EXPECT_EQ(Names::FromName(""), MThread::Priority::Idle);
-    EXPECT_EQ(Names::FromName("faster"), MThread::Priority::Idle);
-    EXPECT_EQ(Text(Names::ToName(MThread::Priority::Highest)), "Highest");
-}
-
 TEST(MThreadTest, WhileTheProcessEndsAThreadIsStoppedHardAndNotWaitedFor) {
     // The thread never ends, so what it has seen must outlive the test.
     static std::atomic<int64_t> steps = 0;
@@ -174,6 +146,18 @@ TEST(MThreadTest, WhileTheProcessEndsAThreadIsStoppedHardAndNotWaitedFor) {
         std::this_thread::sleep_for(std::chrono::milliseconds(20));
     }
     EXPECT_EQ(seen, steps);
+}
+
+TEST(MThreadDeathTest, AThreadThatNeverEndsDoesNotKeepTheProcess) {
+    const auto leave = [] {
+        static TestThread thread([](TestThread&) -> int32_t {
+            for (;;) std::this_thread::yield();
+        });
+        const MModule module;
+        thread.Start();
+        std::exit(7);
+    };
+    EXPECT_EXIT(leave(), testing::ExitedWithCode(7), "");
 }
 
 }  // namespace

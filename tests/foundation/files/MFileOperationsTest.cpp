@@ -1,13 +1,14 @@
 #include "foundation/MProductConstants.h"
 #include "foundation/files/MFile.h"
-#include "foundation/module/MPlatform.h"
-#include "streams/basic/MStdFileStream.h"
+#include "foundation/text/MStringFormatter.h"
 #include "tests/support/MScratch.h"
 #include "tests/support/MTestText.h"
 
 #include <algorithm>
 #include <atomic>
+#include <functional>
 #include <gtest/gtest.h>
+#include <sstream>
 #include <thread>
 #include <vector>
 
@@ -26,24 +27,19 @@ protected:
     MScratch scratch;
 };
 
-TEST_F(MFileOperations, TheEmptyPathExistsAndIsADirectory) {
-    EXPECT_TRUE(MFile::Exists(""));
-    EXPECT_TRUE(MFile::IsDirectory(""));
-    EXPECT_TRUE(MFile::IsValidDirectory(""));
-    EXPECT_FALSE(MFile::IsFile(""));
-}
-
 TEST_F(MFileOperations, FilesAndDirectoriesAreToldApart) {
-    const MString file = scratch.WriteFile("file", "x");
-    EXPECT_TRUE(MFile::IsFile(file));
-    EXPECT_FALSE(MFile::IsDirectory(file));
-    EXPECT_TRUE(MFile::IsDirectory(scratch.GetPath()));
-    EXPECT_TRUE(MFile::IsValidDirectory(scratch.GetPath()));
-    EXPECT_FALSE(MFile::IsValidDirectory(scratch.Join("missing")));
-    EXPECT_FALSE(MFile::Exists(scratch.Join("missing")));
-    EXPECT_TRUE(MFile::IsWritable(scratch.GetPath()));
-    EXPECT_FALSE(MFile::IsWritable(scratch.Join("missing")));
-    EXPECT_FALSE(MFile::IsInstallation(scratch.GetPath()));
+    scratch.WriteFile("file", "x");
+    using Question = bool (*)(const MString&);
+    const Question questions[] = {MFile::Exists,           MFile::IsFile,     MFile::IsDirectory,
+                                  MFile::IsValidDirectory, MFile::IsWritable, MFile::IsInstallation};
+    const std::pair<MString, const char*> cases[] = {
+        {scratch.Join("file"), "yynnyn"}, {scratch.GetPath(), "ynyyyn"}, {scratch.Join("missing"), "nnnnnn"}};
+    for (const auto& [path, expected] : cases) {
+        std::string answers;
+        for (const Question question : questions) answers += question(path) ? 'y' : 'n';
+        EXPECT_EQ(answers, expected) << Text(path);
+    }
+    EXPECT_TRUE(MFile::Exists("") && MFile::IsDirectory("") && MFile::IsValidDirectory(""));
     scratch.WriteFile("setup.state", "");
     EXPECT_TRUE(MFile::IsInstallation(scratch.GetPath()));
 }
@@ -60,99 +56,79 @@ TEST_F(MFileOperations, PathsAreCreatedWithAllThatLeadsToThem) {
 }
 
 TEST_F(MFileOperations, SeveralMayCreateTheSamePathAtOnce) {
-    for (int round = 0; round < 20; ++round) {
-        const MString path = scratch.Join(MDecodeUTF8Exact("race" + std::to_string(round) + "/x/y/z"));
+    for (const char* path : {"a/x/y/z", "b/x/y/z", "c/x/y/z", "d/x/y/z"}) {
         std::atomic<int> failures = 0;
         std::vector<std::thread> threads;
-        threads.reserve(4);
         for (int i = 0; i < 4; ++i)
-            threads.emplace_back([&] { failures += FailureOf([&] { MFile::CreatePath(path); }) != "none"; });
+            threads.emplace_back(
+                [&] { failures += FailureOf([&] { MFile::CreatePath(scratch.Join(path)); }) != "none"; });
         for (std::thread& thread : threads) thread.join();
         EXPECT_EQ(failures, 0);
-        EXPECT_TRUE(MFile::IsDirectory(path));
     }
 }
 
 TEST_F(MFileOperations, FailuresNameTheirPaths) {
     const MString missing = scratch.Join("missing");
-    const std::string name = "\"" + Text(missing) + "\"";
-    EXPECT_EQ(FailureOf([&] { MFile::Delete(missing); }), "0: Could not delete file " + name + ".");
-    EXPECT_EQ(FailureOf([&] { MFile::RemoveDirectory(missing); }),
-              "0: Could not remove directory " + name + ".");
-    EXPECT_EQ(FailureOf([&] { MFile::Rename(missing, "x"); }),
-              "0: Could not rename file " + name + " to \"x\".");
-    EXPECT_EQ(FailureOf([&] { (void)MFile::GetFileList(missing); }),
-              "0: Could not access path " + name + " to get file list.");
-    EXPECT_EQ(FailureOf([&] { (void)MFile::GetFileTime(missing); }),
-              "0: Cannot retrieve file time of  " + name + ".");
-    EXPECT_EQ(FailureOf([&] { MFile::SetFileTime(missing, 0); }),
-              "0: Could not set system times to " + Text(missing) + ".");
-    EXPECT_EQ(FailureOf([&] { (void)MFile::ResolvePath(missing); }),
-              "0: Could not resolve path " + Text(missing) + ".");
-    scratch.WriteFile("full/file", "");
-    EXPECT_EQ(FailureOf([&] { MFile::RemoveDirectory(scratch.Join("full")); }),
-              "0: Could not remove directory \"" + Text(scratch.Join("full")) + "\".");
+    const MString full = MFile::GetDirectory(scratch.WriteFile("full/file", ""));
+    const std::pair<std::function<void()>, MString> cases[] = {
+        {[&] { MFile::Delete(missing); }, "Could not delete file \"{0}\"."},
+        {[&] { MFile::RemoveDirectory(missing); }, "Could not remove directory \"{0}\"."},
+        {[&] { MFile::RemoveDirectory(full); }, "Could not remove directory \"{1}\"."},
+        {[&] { MFile::Rename(missing, "x"); }, "Could not rename file \"{0}\" to \"x\"."},
+        {[&] { (void)MFile::GetFileList(missing); }, "Could not access path \"{0}\" to get file list."},
+        {[&] { (void)MFile::GetFileTime(missing); }, "Cannot retrieve file time of  \"{0}\"."},
+        {[&] { MFile::SetFileTime(missing, 0); }, "Could not set system times to {0}."},
+        {[&] { (void)MFile::ResolvePath(missing); }, "Could not resolve path {0}."},
+    };
+    for (const auto& [operation, text] : cases)
+        EXPECT_EQ(FailureOf(operation), "0: " + Text(MFormat(text, missing, full)));
 }
 
-TEST_F(MFileOperations, RenamingNeverReplaces) {
+TEST_F(MFileOperations, RenamingNeverReplacesAndTimesKeepMicroseconds) {
     const MString from = scratch.WriteFile("from", "new");
     const MString to = scratch.WriteFile("to", "old");
-    EXPECT_EQ(FailureOf([&] { MFile::Rename(from, to); }),
-              "0: Could not rename file \"" + Text(from) + "\" to \"" + Text(to) + "\".");
+    EXPECT_THROW(MFile::Rename(from, to), MException);
     EXPECT_EQ(scratch.ReadFile("to"), "old");
     MFile::Delete(to);
     MFile::Rename(from, to);
-    EXPECT_EQ(scratch.ReadFile("to"), "new");
-    EXPECT_FALSE(MFile::Exists(from));
-}
-
-TEST_F(MFileOperations, FileTimesKeepMicrosecondsAlsoBefore1970) {
-    const MString file = scratch.WriteFile("file", "");
+    EXPECT_EQ(scratch.ListTree() + scratch.ReadFile("to"), "to\nnew");
     for (const int64_t time : {int64_t(1419344366123456), int64_t(0), int64_t(-1500000)}) {
-        MFile::SetFileTime(file, time);
-        EXPECT_EQ(MFile::GetFileTime(file), time);
+        MFile::SetFileTime(to, time);
+        EXPECT_EQ(MFile::GetFileTime(to), time);
     }
 }
 
-TEST_F(MFileOperations, FileListsTellNamesKindsAndFilter) {
+TEST_F(MFileOperations, ListsTellNamesKindsAndFilterAndGoBelow) {
     scratch.WriteFile("one.txt", "");
-    scratch.WriteFile("two.dat", "");
-    scratch.WriteFile("sub.txt/inner.txt", "");
-    const auto list = [&](const MString& filter) {
-        std::vector<std::string> names;
-        for (const MFileListEntry& entry : MFile::GetFileList(scratch.GetPath(), filter))
-            names.push_back(Text(entry.name) + (entry.isDirectory ? "/" : ""));
-        std::sort(names.begin(), names.end());
-        std::string joined;
-        for (const std::string& name : names) joined += name + " ";
-        return joined;
+    scratch.WriteFile("sub.txt/deep/inner.dat", "");
+    scratch.WriteFile("two.dat/refused", "");
+    const auto list = [&](const char* filter, bool isRecursive) {
+        std::string names;
+        const auto take = [&](const MString&, const MFileListEntry& entry) {
+            names += Text(entry.name) + (entry.isDirectory ? "/ " : " ");
+            return !(entry.name == "two.dat");
+        };
+        if (isRecursive)
+            MFile::GetFileListRecursed(scratch.GetPath(), filter, take);
+        else
+            for (const MFileListEntry& entry : MFile::GetFileList(scratch.GetPath(), filter)) take("", entry);
+        std::vector<std::string> words;
+        std::istringstream stream(names);
+        for (std::string word; stream >> word;) words.push_back(word);
+        std::sort(words.begin(), words.end());
+        names.clear();
+        for (const std::string& word : words) names += word + " ";
+        return names;
     };
-    EXPECT_EQ(list(""), "one.txt sub.txt/ two.dat ");
-    EXPECT_EQ(list("*.*"), "one.txt sub.txt/ two.dat ");
-    EXPECT_EQ(list("*.txt"), "one.txt sub.txt/ ");
-    EXPECT_EQ(list("tw?.dat"), "two.dat ");
-    EXPECT_EQ(list("*.none"), "");
+    EXPECT_EQ(list("", false), "one.txt sub.txt/ two.dat/ ");
+    EXPECT_EQ(list("*.*", false), "one.txt sub.txt/ two.dat/ ");
+    EXPECT_EQ(list("*.txt", false), "one.txt sub.txt/ ");
+    EXPECT_EQ(list("tw?.dat", false), "two.dat/ ");
+    EXPECT_EQ(list("*.none", false), "");
+    EXPECT_EQ(list("", true), "deep/ inner.dat one.txt sub.txt/ two.dat/ ");
+    EXPECT_NO_THROW(MFile::GetFileListRecursed("/missing", "", nullptr));
     EXPECT_EQ(MFile::GetFileList("").GetCount(), MFile::GetDrives().GetCount());
     EXPECT_GT(MFile::GetDrives().GetCount(), 0);
-}
-
-TEST_F(MFileOperations, RecursionPassesOverWhatTheCallbackRefuses) {
-    scratch.WriteFile("a/b/deep", "");
-    scratch.WriteFile("refused/deep", "");
-    std::vector<std::string> seen;
-    MFile::GetFileListRecursed(
-        scratch.GetPath(), "", [&](const MString& directory, const MFileListEntry& entry) {
-            seen.push_back(
-                Text(MFile::GetRelativePath(MFile::Join(directory, entry.name), scratch.GetPath())));
-            return !(entry.name == "refused");
-        });
-    std::sort(seen.begin(), seen.end());
-    EXPECT_EQ(seen, (std::vector<std::string>{"a", "a/b", "a/b/deep", "refused"}));
-    EXPECT_EQ(FailureOf([&] {
-                  MFile::GetFileListRecursed(scratch.Join("missing"), "",
-                                             [](const auto&, const auto&) { return true; });
-              }),
-              "none");
 }
 
 TEST_F(MFileOperations, TreesAreCopiedMovedAndDeleted) {
@@ -190,18 +166,14 @@ TEST_F(MFileOperations, ProgramsAndWorkingDirectories) {
     MFile::SetCurrentPath(before);
 }
 
-TEST_F(MFileOperations, InternetLinksAreTextFiles) {
-    const MString link = scratch.Join("Web");
-    MFile::CreateLink(link, "https://example.org/?a=%20", "", "");
+TEST_F(MFileOperations, InternetLinksAreTextFilesAndShellLinksNeedTheirTarget) {
+    MFile::CreateLink(scratch.Join("Web"), "https://example.org/?a=%20", "", "");
     EXPECT_EQ(scratch.ReadFile("Web.url"), "[InternetShortcut]\nURL=https://example.org/?a=%20\n");
-    MFile::DeleteLink(link);
+    MFile::DeleteLink(scratch.Join("Web"));
     EXPECT_EQ(scratch.ListTree(), "");
     const MString nowhere = scratch.Join("no/Web");
     ExpectSystemsWords(FailureOf([&] { MFile::CreateLink(nowhere, "a://b", "", ""); }),
                        "0: Could not create file link at \"" + Text(nowhere) + "\" to \"a://b\". ");
-}
-
-TEST_F(MFileOperations, ShellLinksNeedTheirTarget) {
     const MString target = scratch.WriteFile(MDecodeUTF8Exact("dir/\xC5\x99 program"), "x");
     const MString link = scratch.Join("Program");
     MFile::CreateLink(link, target, "uninstall", "Removes it");
@@ -213,6 +185,15 @@ TEST_F(MFileOperations, ShellLinksNeedTheirTarget) {
                            "0: Could not create file link at \"" + Text(link) + "\" to \"" + Text(missing) +
                                "\". ");
     EXPECT_EQ(scratch.ListTree().find("Program."), std::string::npos);
+}
+
+TEST_F(MFileOperations, TheUsersTemporaryFolderIsMadeWhenAskedForUnlessThereIsNoUser) {
+    MScratchFolders folders(scratch);
+    EXPECT_EQ(Text(MFile::GetSpecialPath(MSpecialFolderUserTemporary)), Text(scratch.Join("userdata/!temp")));
+    EXPECT_EQ(scratch.ListTree(), "userdata/\nuserdata/!temp/\n");
+    EXPECT_EQ(Text(MFile::GetSpecialPath(99)), "");
+    folders.SetPath(MSpecialFolderUserData, "");
+    EXPECT_EQ(Text(MFile::GetSpecialPath(MSpecialFolderUserTemporary)), "");
 }
 
 TEST_F(MFileOperations, InstallationsAreFoundBelowTheProgramFolder) {
@@ -228,14 +209,6 @@ TEST_F(MFileOperations, InstallationsAreFoundBelowTheProgramFolder) {
     EXPECT_EQ(Text(find()), Text(scratch.Join(MFile::Join(base, "No Such Product"))));
     scratch.WriteFile(MFile::Join(base, name + "/setup.state"), "");
     EXPECT_EQ(Text(find()), Text(scratch.Join(MFile::Join(base, name))));
-}
-
-TEST_F(MFileOperations, TheUsersTemporaryFolderIsMadeWhenAskedFor) {
-    const MScratchFolders folders(scratch);
-    const MString path = MFile::GetSpecialPath(MSpecialFolderUserTemporary);
-    EXPECT_EQ(Text(path), Text(scratch.Join("userdata/!temp")));
-    EXPECT_TRUE(MFile::IsDirectory(path));
-    EXPECT_EQ(Text(MFile::GetSpecialPath(99)), "");
 }
 
 }  // namespace

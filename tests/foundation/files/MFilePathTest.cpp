@@ -6,97 +6,70 @@
 
 namespace {
 
-struct PathCase {
-    const char* path;
-    const char* expected;
-};
-
-struct PairCase {
-    const char* first;
-    const char* second;
-    const char* expected;
-};
-
 TEST(MFilePath, NormalizeMakesPathsCanonical) {
     const std::string current = Text(MFile::GetCurrentPath());
-    EXPECT_EQ(Text(MFile::Normalize("")), "");
-    EXPECT_EQ(Text(MFile::Normalize("dir/")), current + "/dir");
-    EXPECT_EQ(Text(MFile::Normalize("a\\b")), current + "/a/b");
-    EXPECT_EQ(Text(MFile::Normalize("C:\\dir\\sub\\")), "C:/dir/sub");
-    EXPECT_EQ(Text(MFile::Normalize("C:\\")), "C:");
-    EXPECT_EQ(Text(MFile::Normalize("C:/a/../b")), "C:/a/../b");
     const bool hasRoot = MPlatform::HasRootDirectory();
-    EXPECT_EQ(Text(MFile::Normalize("/a\\b/")), hasRoot ? "/a/b" : current + "//a/b");
-    EXPECT_EQ(Text(MFile::Normalize("/")), hasRoot ? "/" : current + "/");
-}
-
-TEST(MFilePath, JoinWorksOffLeadingDots) {
-    const PairCase cases[] = {
-        {"C:/x", "../y", "C:/y"},
-        {"C:/x", "y", "C:/x/y"},
-        {"C:/x/", "/y/", "C:/x/y"},
-        {"C:/x", "./y", "C:/x/y"},
-        {"C:/x/z", "../../y", "C:/y"},
-        {"C:/x", "..", "C:"},
-        {"C:/x", "../..", "C:"},
-        {"C:/x", "..name", "C:/x/..name"},
-        {"C:/x", "a/../b", "C:/x/a/../b"},
-        {"", "y", "y"},
-        {"C:/x", "", "C:/x"},
-        {"/", "y", "/y"},
-        {"/x", "../../../y", "/y"},
-        {"x", "../y", "y"},
-        {"C:/x", ".././y", "C:/y"},
+    const std::pair<const char*, std::string> cases[] = {
+        {"", ""},
+        {"dir/", current + "/dir"},
+        {"a\\b", current + "/a/b"},
+        {"C:\\dir\\sub\\", "C:/dir/sub"},
+        {"C:\\", "C:"},
+        {"C:/a/../b", "C:/a/../b"},
+        {"/a\\b/", hasRoot ? "/a/b" : current + "//a/b"},
+        {"/", hasRoot ? "/" : current + "/"},
     };
-    for (const PairCase& entry : cases)
-        EXPECT_EQ(Text(MFile::Join(entry.first, entry.second)), entry.expected)
-            << entry.first << " + " << entry.second;
+    for (const auto& [path, expected] : cases) EXPECT_EQ(Text(MFile::Normalize(path)), expected);
+    EXPECT_EQ(Text(MFile::GetDirectory("/file")), hasRoot ? "/" : "");
 }
 
-TEST(MFilePath, PartsOfAPath) {
+TEST(MFilePath, PathsArePutTogetherAndTakenApart) {
+    using Operation = MString (*)(const MString&, const MString&);
     const struct {
-        const char* path;
-        const char* directory;
-        const char* name;
-        const char* base;
-        const char* extension;
+        Operation operation;
+        const char* first;
+        const char* second;
+        const char* expected;
     } cases[] = {
+        // Dots that lead a name are worked off, those inside stay.
+        {MFile::Join, "C:/x", "../y", "C:/y"},
+        {MFile::Join, "C:/x", "y", "C:/x/y"},
+        {MFile::Join, "C:/x/", "/y/", "C:/x/y"},
+        {MFile::Join, "C:/x/z", "../.././y", "C:/y"},
+        {MFile::Join, "C:/x", "..", "C:"},
+        {MFile::Join, "C:/x", "../..", "C:"},
+        {MFile::Join, "C:/x", "..name", "C:/x/..name"},
+        {MFile::Join, "C:/x", "a/../b", "C:/x/a/../b"},
+        {MFile::Join, "", "y", "y"},
+        {MFile::Join, "C:/x", "", "C:/x"},
+        {MFile::Join, "/", "y", "/y"},
+        {MFile::Join, "/x", "../../../y", "/y"},
+        {MFile::Join, "x", "../y", "y"},
+        {MFile::ChangeExtension, "a/b.txt", "dat", "a/b.dat"},
+        {MFile::ChangeExtension, "a.b/c", "dat", "a.b/c.dat"},
+        {MFile::ChangeExtension, "b.", "x", "b.x"},
+        // From the second to the first.
+        {MFile::GetRelativePath, "C:/a/b/c", "C:/a/d", "../b/c"},
+        {MFile::GetRelativePath, "C:/A/b", "c:/a", "b"},
+        {MFile::GetRelativePath, "C:/a", "C:/a/b/c", "../.."},
+        {MFile::GetRelativePath, "C:/a", "C:/a", ""},
+        {MFile::GetRelativePath, "/x/y", "/x/z/w", "../../y"},
+    };
+    for (const auto& [operation, first, second, expected] : cases)
+        EXPECT_EQ(Text(operation(first, second)), expected) << first << " " << second;
+    const char* const parts[][5] = {
         {"C:/dir/file.txt", "C:/dir", "file.txt", "file", "txt"},
         {"file", "", "file", "file", ""},
         {"a.b/file", "a.b", "file", "file", ""},
         {"a/b.tar.gz", "a", "b.tar.gz", "b.tar", "gz"},
         {"a\\b/c.d", "a", "b/c.d", "b/c", "d"},
         {"a/.hidden", "a", ".hidden", "", "hidden"},
-        {"a/", "a", "", "", ""},
         {"", "", "", "", ""},
     };
-    for (const auto& entry : cases) {
-        SCOPED_TRACE(entry.path);
-        EXPECT_EQ(Text(MFile::GetDirectory(entry.path)), entry.directory);
-        EXPECT_EQ(Text(MFile::GetFileName(entry.path)), entry.name);
-        EXPECT_EQ(Text(MFile::GetBaseName(entry.path)), entry.base);
-        EXPECT_EQ(Text(MFile::GetExtension(entry.path)), entry.extension);
-    }
-    EXPECT_EQ(Text(MFile::GetDirectory("/file")), MPlatform::HasRootDirectory() ? "/" : "");
-}
-
-TEST(MFilePath, ChangeExtensionLooksAtTheLastComponentOnly) {
-    const PairCase cases[] = {{"a/b.txt", "dat", "a/b.dat"},
-                              {"a.b/c", "dat", "a.b/c.dat"},
-                              {"b", "dat", "b.dat"},
-                              {"b.", "x", "b.x"}};
-    for (const PairCase& entry : cases)
-        EXPECT_EQ(Text(MFile::ChangeExtension(entry.first, entry.second)), entry.expected);
-}
-
-TEST(MFilePath, RelativePathLeadsFromTheSecondToTheFirst) {
-    const PairCase cases[] = {
-        {"C:/a/b/c", "C:/a/d", "../b/c"}, {"C:/A/b", "c:/a", "b"},
-        {"C:/a", "C:/a/b/c", "../.."},    {"C:/a", "C:/a", ""},
-        {"/x/y", "/x/z/w", "../../y"},
-    };
-    for (const PairCase& entry : cases)
-        EXPECT_EQ(Text(MFile::GetRelativePath(entry.first, entry.second)), entry.expected);
+    for (const auto& [path, directory, name, base, extension] : parts)
+        EXPECT_EQ(Text(MFile::GetDirectory(path) + "|" + MFile::GetFileName(path) + "|" +
+                       MFile::GetBaseName(path) + "|" + MFile::GetExtension(path)),
+                  std::string(directory) + "|" + name + "|" + base + "|" + extension);
 }
 
 }  // namespace

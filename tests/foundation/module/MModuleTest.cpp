@@ -39,12 +39,6 @@ TEST_F(MModuleTest, NothingThatIsThrownLeavesMain) {
     EXPECT_EQ(module.PerformMain_(), -1);
 }
 
-TEST_F(MModuleTest, KnowsItsFileAndTakesItsNameFromIt) {
-    module.Initialize();
-    EXPECT_TRUE(MFile::IsFile(module.GetFilePath()));
-    EXPECT_EQ(Text(module.GetName()), Text(MFile::GetBaseName(module.GetFilePath())));
-}
-
 TEST_F(MModuleTest, TheFirstServiceOfANameIsCalled) {
     int32_t value = 0;
     module.AddService("Known", ReturnArgument);
@@ -64,15 +58,22 @@ TEST_F(MModuleTest, TheSharedDirectoryStandsInForTheUsers) {
 }
 
 TEST_F(MModuleTest, AMissingFileOfTheUserIsCopiedFromTheSharedOne) {
-    scratch.WriteFile("data/sub/settings.xml", "shared");
-    const MString path = module.GetDataPath_File_User("settings.xml", "sub", false);
-    EXPECT_EQ(Text(path), Text(scratch.Join("userdata/sub/settings.xml")));
-    EXPECT_EQ(MReadTestFile(path), "shared");
-    MWriteTestFile(path, "own");
-    EXPECT_EQ(MReadTestFile(module.GetDataPath_File_User("settings.xml", "sub", false)), "own");
-}
+    module.Initialize();
+    EXPECT_TRUE(MFile::IsFile(module.GetFilePath()));
+    EXPECT_EQ(Text(module.GetName()), Text(MFile::GetBaseName(module.GetFilePath())));
+    EXPECT_EQ(MModule::GetHost(), &module);
 
-TEST_F(MModuleTest, DocumentationIsReadWholeAndMayBeMissing) {
+    scratch.WriteFile(MFile::Join("data", module.GetName() + "/deep/settings.xml"), "shared");
+    const auto find = [&] { return module.GetDataPath_File_User("deep/settings.xml", "sub", true); };
+    EXPECT_EQ(Text(find()), Text(scratch.Join("userdata/" + module.GetName() + "/deep/settings.xml")));
+    EXPECT_EQ(MReadTestFile(find()), "shared");
+    MWriteTestFile(find(), "own");
+    EXPECT_EQ(MReadTestFile(find()), "own");
+    const MString missing = module.GetDataPath_File_User("deep/none", "sub", false);
+    EXPECT_EQ(Text(missing), Text(scratch.Join("userdata/sub/deep/none")));
+    EXPECT_TRUE(MFile::IsDirectory(MFile::GetDirectory(missing)));
+    EXPECT_FALSE(MFile::Exists(missing));
+
     scratch.WriteFile("data/Data/Doc/help.txt", "one\ntwo");
     EXPECT_EQ(Text(module.LoadDocumentation("help")), "one\ntwo");
     EXPECT_EQ(Text(module.LoadDocumentation("missing")), "");

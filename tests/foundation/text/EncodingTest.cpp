@@ -3,6 +3,7 @@
 #include "foundation/text/MEncodingWriter.h"
 #include "streams/basic/MMemoryStream.h"
 
+#include "tests/support/MFaultyStreams.h"
 #include "tests/support/MTestBytes.h"
 #include "tests/support/MTestText.h"
 
@@ -163,7 +164,7 @@ TEST(EncodingTest, UTF16StreamsCarryASignature) {
     EXPECT_EQ(Text(codec.Decode("A\0\0\0B\0"sv)), "A");
 }
 
-TEST(EncodingTest, WriterFlushesWhatExceedsItsBuffer) {
+TEST(EncodingTest, WritersHandOnWhatTheyHoldAndTellIfThatFails) {
     MMemoryStream stream;
     std::string expected;
     {
@@ -175,27 +176,42 @@ TEST(EncodingTest, WriterFlushesWhatExceedsItsBuffer) {
         }
     }
     EXPECT_EQ(MBytesOf(stream), expected);
+    for (const bool isFailing : {false, true}) {
+        MFailingStream full(&stream, 0);
+        EXPECT_EQ(FailureOf([&] {
+                      MEncoding::Writer writer(full, "utf8");
+                      writer.WriteText("x");
+                      if (isFailing) MRaise(MExceptionGeneral, "first");
+                  }),
+                  isFailing ? "0: first" : "100: Injected failure.");
+    }
 }
 
-/// A stream on a full disk.
-class FullStream final : public MStream {
-public:
-    void Write(const void*, int32_t) override { MRaise(MExceptionStreamError, "full"); }
-};
+TEST(MUnicodeTest, AnyBytesSurviveTheWayThereAndBack) {
+    const std::string cases[] = {
+        "plain",
+        "\xC5\x99 \xE2\x82\xAC \xF0\x9F\x98\x80 ab",
+        "\xF4\x8F\xBF\xBF",  // the last code point
+        "\xF4\x90\x80\x80",  // the one behind it
+        "\xFF\xFE\x80",      // no UTF-8
+        "\xC0\xAF",          // a slash in a form that is too long
+        "\xED\xA0\x80",      // a surrogate
+        "\xE2\x82",          // cut off
+        "a\xC3",
+        "\xF4\x8F\xBA\x80",  // what stands for a raw byte in a text
+        std::string("a\0b", 3),
+    };
+    for (const std::string& bytes : cases) EXPECT_EQ(MEncodeUTF8Exact(MDecodeUTF8Exact(bytes)), bytes);
+    const MString text = MDecodeUTF8Exact("\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80\x80");
+    EXPECT_TRUE(text.IsExactly(MString::Copy(u"\u00E9\u20AC\U0001F600\U0010FE80")));
+}
 
-TEST(EncodingTest, WriterTellsOfAFailedFlushButNotDuringAnotherFailure) {
-    FullStream stream;
-    EXPECT_EQ(FailureOf([&] {
-                  MEncoding::Writer writer(stream, "utf8");
-                  writer.WriteText("x");
-              }),
-              "100: full");
-    EXPECT_EQ(FailureOf([&] {
-                  MEncoding::Writer writer(stream, "utf8");
-                  writer.WriteText("x");
-                  MRaise(MExceptionGeneral, "first");
-              }),
-              "0: first");
+TEST(MUnicodeTest, ASurrogateWithoutItsPairIsReplaced) {
+    const std::string replacement = "\xEF\xBF\xBD";
+    const char16_t high[] = {0xD800, u'a', 0};
+    const char16_t low[] = {0xDC00, 0xD801, 0};
+    EXPECT_EQ(MEncodeUTF8Exact(MString::Copy(high)), replacement + "a");
+    EXPECT_EQ(MEncodeUTF8Exact(MString::Copy(low)), replacement + replacement);
 }
 
 }  // namespace

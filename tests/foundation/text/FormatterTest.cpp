@@ -1,11 +1,9 @@
-#include "foundation/base/MRaise.h"
 #include "foundation/text/MStringFormatter.h"
 
 #include "tests/support/MTestText.h"
 
 #include <gtest/gtest.h>
 
-#include <clocale>
 #include <cmath>
 #include <limits>
 
@@ -25,12 +23,9 @@ TEST(FormatterTest, ValuesFillPlaceholdersByNumber) {
     EXPECT_EQ(Format("<{31}>"), "<>");
     EXPECT_EQ(Format("{0} of {0}", 3), " of 3");
     EXPECT_EQ(Format("{1}", "unused", "used"), "used");
-}
-
-TEST(FormatterTest, BracesAreLiteralWhenDoubledOrClosing) {
+    EXPECT_EQ(Format("{32}{999}{0}", "a", "b", "c"), "a");
     EXPECT_EQ(Format("{{{0}}}", "x"), "{x}");
-    EXPECT_EQ(Format("{{0}}", "x"), "{0}");
-    EXPECT_EQ(Format("a}b", "x"), "a}b");
+    EXPECT_EQ(Format("{{0}}a}b", "x"), "{0}a}b");
     EXPECT_EQ(Format("{0}}}{{", "{0}"), "{0}}{");
 }
 
@@ -56,29 +51,11 @@ TEST(FormatterTest, FloatingNumbersPrintAsTheRuntimeLibraryWould) {
     EXPECT_EQ(Format("{0}", -std::numeric_limits<double>::infinity()), "-inf");
 }
 
-TEST(FormatterTest, TheProcessLocaleDoesNotMatter) {
-    const std::string before = std::setlocale(LC_ALL, nullptr);
-    for (const char* name : {"de_DE.UTF-8", "cs_CZ.UTF-8", "C.UTF-8"}) std::setlocale(LC_ALL, name);
-    EXPECT_EQ(Format("{0.1}", 0.5), "0.5");
-    std::setlocale(LC_ALL, before.c_str());
-}
-
 TEST(FormatterTest, AnOpenPlaceholderRaises) {
     for (const char* format : {"}{", "{", "{0", "abc{12;0", "{{{"})
         EXPECT_EQ(FailureOf([&] { (void)MFormat(format, 1); }),
                   "0: Formatting string ends in an argument specification.")
             << format;
-}
-
-TEST(FormatterTest, NumbersBeyondTheTableAndSpareValuesAreIgnored) {
-    EXPECT_EQ(Format("{32}{999}{0}", "a", "b", "c"), "a");
-    EXPECT_EQ(Format("none", 1, 2, 3), "none");
-}
-
-TEST(FormatterTest, RaisingFillsTheText) {
-    EXPECT_EQ(
-        FailureOf([] { MRaise(MExceptionNotImplemented, "Service \"{0}\" is not implemented.", "flush"); }),
-        "1: Service \"flush\" is not implemented.");
 }
 
 }  // namespace

@@ -1,4 +1,5 @@
 #include "foundation/base/MList.h"
+#include "foundation/text/MCharFilter.h"
 #include "foundation/text/MString.h"
 
 #include "tests/support/MTestText.h"
@@ -18,39 +19,51 @@ TEST(MStringFindReplaceTest, FindsTextIgnoringCaseInEveryForm) {
         EXPECT_TRUE(text.StartsWith("XXa"));
         EXPECT_TRUE(text.EndsWith("CABC"));
         EXPECT_FALSE(text.EndsWith("xxxABCabc"));
+        EXPECT_EQ(text.FindChar('a', 3), 5);
+        EXPECT_EQ(text.FindChar('a', 9), MString::NotFound);
+        EXPECT_EQ(text.FindCharBackward('x'), 1);
+        EXPECT_EQ(text.FindCharBackward('x', 0), 0);
+        EXPECT_EQ(text.FindCharBackward('a', 4), MString::NotFound);
     }
-}
-
-TEST(MStringFindReplaceTest, FindsCharactersFromBothEnds) {
-    const MString path("a/b/c");
-    EXPECT_EQ(path.FindChar('/'), 1);
-    EXPECT_EQ(path.FindChar('/', 2), 3);
-    EXPECT_EQ(path.FindChar('/', 9), MString::NotFound);
-    EXPECT_EQ(path.FindCharBackward('/'), 3);
-    EXPECT_EQ(path.FindCharBackward('/', 2), 1);
-    EXPECT_EQ(path.FindCharBackward('/', 0), MString::NotFound);
 }
 
 TEST(MStringFindReplaceTest, ReplacesWithoutLookingAtWhatItInserted) {
     MString text("banana");
     EXPECT_EQ(text.Replace("A", "aa"), 3);
-    EXPECT_EQ(Text(text), "baanaanaa");
     EXPECT_EQ(text.Replace("x", "y"), 0);
     EXPECT_EQ(text.Replace("", "y"), 0);
     EXPECT_EQ(text.ReplaceChar('n', "nn"), 2);
+    EXPECT_EQ(text.ReplaceChar('N', "y"), 0);
     EXPECT_EQ(Text(text), "baannaannaa");
-}
-
-TEST(MStringFindReplaceTest, ListReplacementRepeatsUntilNothingChanges) {
+    // Lists are worked through again until nothing changes.
     MList<MString> texts;
     MList<MString> replacements;
-    texts.Add("{B}");
-    replacements.Add("end");
-    texts.Add("{A}");
-    replacements.Add("{b}/x");
-    MString text("{a} {A}");
+    for (const char* pattern : {"{B}", "{A}"}) texts.Add(pattern);
+    for (const char* replacement : {"end", "{b}/x"}) replacements.Add(replacement);
+    text = "{a} {A}";
     EXPECT_EQ(text.Replace(texts, replacements), 4);
     EXPECT_EQ(Text(text), "end/x end/x");
+}
+
+TEST(MStringFindReplaceTest, TrimsAndFiltersByCharacterClass) {
+    MString text(" \t a\x01 b\r\nc \n");
+    EXPECT_EQ(Text(text.Trimmed()), "a\x01 b\r\nc");
+    EXPECT_TRUE(MString(" \n\t ").Trimmed().IsEmpty());
+    text.TrimLeft();
+    EXPECT_EQ(Text(text), "a\x01 b\r\nc \n");
+    text.TrimRight();
+    text.RemoveNonTextControls();
+    EXPECT_EQ(Text(text), "a b\nc");
+    MString oneLine = text;
+    oneLine.RemoveNewlines();
+    EXPECT_EQ(Text(oneLine), "a bc");
+    text.ChangeBlanksToSpaces();
+    EXPECT_EQ(Text(text), "a b c");
+    text.RemoveBlanks();
+    EXPECT_EQ(Text(text), "abc");
+    const MList<MString> pieces = MString(",,a,,b,").Split(',');
+    ASSERT_EQ(pieces.GetCount(), 2);
+    EXPECT_EQ(Text(pieces[0] + "|" + pieces[1]), "a|b");
 }
 
 TEST(MStringFindReplaceTest, RangesAreClamped) {
@@ -70,28 +83,28 @@ TEST(MStringFindReplaceTest, RangesAreClamped) {
     EXPECT_EQ(Text(text), "<ab");
 }
 
-TEST(MStringFindReplaceTest, TrimsAndFiltersByCharacterClass) {
-    const char* const source = " \t a\x01 b\r\nc \n";
-    EXPECT_EQ(Text(MString(source).Trimmed()), "a\x01 b\r\nc");
-    EXPECT_TRUE(MString(" \n\t ").Trimmed().IsEmpty());
-    MString text(source);
-    text.TrimLeft();
-    EXPECT_EQ(Text(text), "a\x01 b\r\nc \n");
-    text.TrimRight();
-    text.RemoveNonTextControls();
-    EXPECT_EQ(Text(text), "a b\nc");
-    text.ChangeBlanksToSpaces();
-    EXPECT_EQ(Text(text), "a b c");
-    text.RemoveBlanks();
-    EXPECT_EQ(Text(text), "abc");
-}
-
-TEST(MStringFindReplaceTest, SplittingGivesNoEmptyPieces) {
-    const MList<MString> pieces = MString(",,a,,b,").Split(',');
-    ASSERT_EQ(pieces.GetCount(), 2);
-    EXPECT_EQ(Text(pieces[0]), "a");
-    EXPECT_EQ(Text(pieces[1]), "b");
-    EXPECT_TRUE(MString(",,").Split(',').IsEmpty());
+TEST(MCharFilterTest, EachFilterKeepsItsCharacters) {
+    const MString text = Wide(u"Az09-. _,fFgG\u00e9\u0131+");
+    struct Case {
+        const MCharFilter::Interface& filter;
+        const char* kept;
+        uint8_t flags;
+    };
+    const Case cases[] = {
+        {MCharFilter::AllFilter(), "Az09-. _,fFgG\u00e9\u0131+", 23},
+        {MCharFilter::LettersFilter(), "AzfFgG", 1},
+        {MCharFilter::AlphaStrictFilter(), "Az09fFgG", 3},
+        {MCharFilter::AlphaFilter(), "Az09-. fFgG", 7},
+        {MCharFilter::IntegerFilter(), "09-", 2},
+        {MCharFilter::IntegerHexaFilter(), "A09fF", 10},
+        {MCharFilter::FloatFilter(), "09-.", 6},
+    };
+    for (const Case& tested : cases) {
+        MString kept = text;
+        kept.KeepAccepted(tested.filter);
+        EXPECT_EQ(Text(kept), tested.kept);
+        EXPECT_EQ(tested.filter.GetFlags(), tested.flags) << tested.kept;
+    }
 }
 
 }  // namespace

@@ -5,35 +5,34 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <new>
-
 namespace {
 
-TEST(MStringSharingTest, NullGivesTheEmptyLiteral) {
+TEST(MStringSharingTest, LiteralsAndBlocksAreSharedUntilOneCopyChanges) {
+    const MString literal("setup");
+    MString copy = literal;
+    EXPECT_EQ(copy.GetLiteral(), literal.GetLiteral());
+    copy.SetChar(0, 'S');
+    EXPECT_EQ(Text(copy + literal), "Setupsetup");
+    MString first = copy;
+    EXPECT_EQ(first.GetUnits(), copy.GetUnits());
+    EXPECT_EQ(first.Substring(0, 99).GetUnits(), copy.GetUnits());
+    first.SetChar(0, 'P');
+    EXPECT_EQ(Text(first + copy), "PetupSetup");
     EXPECT_TRUE(MString(nullptr).IsLiteral());
     EXPECT_TRUE(MString::Copy(static_cast<const char*>(nullptr)).IsLiteral());
     EXPECT_TRUE(MString::Copy(static_cast<const char16_t*>(nullptr)).IsEmpty());
 }
 
-TEST(MStringSharingTest, ChangingACopyOfALiteralLeavesTheOtherOne) {
-    const MString original("setup");
-    MString copy = original;
-    EXPECT_EQ(copy.GetLiteral(), original.GetLiteral());
-    copy.Append("!");
-    EXPECT_EQ(Text(copy), "setup!");
-    EXPECT_EQ(Text(original), "setup");
-    EXPECT_FALSE(copy.IsLiteral());
-}
-
-TEST(MStringSharingTest, CopiesShareOneBlockUntilOneChanges) {
-    MString first = Heap("payload");
-    const MString second = first;
-    EXPECT_EQ(first.GetUnits(), second.GetUnits());
-    EXPECT_EQ(first.Substring(0, 99).GetUnits(), first.GetUnits());
-    first.SetChar(0, 'P');
-    EXPECT_EQ(Text(first), "Payload");
-    EXPECT_EQ(Text(second), "payload");
+TEST(MStringSharingTest, WhatIsAppendedOrPutInPlaceIsCopied) {
+    char bytes[] = "lent";
+    MString appended;
+    appended += bytes;
+    MString replaced("x");
+    replaced.Replace("X", bytes);
+    MString inserted;
+    inserted.Insert(0, bytes);
+    bytes[0] = 'b';
+    EXPECT_EQ(Text(appended + replaced + inserted), "lentlentlent");
 }
 
 TEST(MStringSharingTest, ReserveTruncatesSharedTextButNotPrivateText) {
@@ -50,14 +49,9 @@ TEST(MStringSharingTest, ReserveTruncatesSharedTextButNotPrivateText) {
     MString literal("abc");
     literal.Reserve(0);
     EXPECT_TRUE(literal.IsEmpty());
-}
-
-TEST(MStringSharingTest, AbsurdLengthsAreRefused) {
-    for (const int32_t length : {0x3FFFFFF1, 0x7FFFFFFE}) {
-        MString text = Heap("x");
-        EXPECT_EQ(FailureOf([&] { text.Reserve(length); }), "0: Out of memory.") << length;
-        EXPECT_EQ(Text(text), "x");
-    }
+    for (const int32_t length : {0x3FFFFFF1, 0x7FFFFFFE})
+        EXPECT_EQ(FailureOf([&] { alone.Reserve(length); }), "0: Out of memory.") << length;
+    EXPECT_EQ(Text(alone), "abcdef");
 }
 
 TEST(MStringSharingTest, AStringMayBePutIntoItself) {
@@ -72,16 +66,6 @@ TEST(MStringSharingTest, AStringMayBePutIntoItself) {
     EXPECT_EQ(Text(text), "aababbabab");
 }
 
-TEST(MStringSharingTest, NarrowBytesWidenBySignExtension) {
-    const MString text("\xE9");
-    EXPECT_EQ(static_cast<char16_t>(text[0]), 0xFFE9);
-    MString heap = text;
-    heap.Reserve(2);
-    EXPECT_EQ(heap.GetUnits()[0], 0xFFE9);
-    EXPECT_EQ(text.ToWide().Get()[0], 0xFFE9);
-    EXPECT_EQ(MBytesOf(heap.ToNarrow(false)), "\xE9");
-}
-
 TEST(MStringSharingTest, ConversionsAttachWhatTheyCan) {
     const MString literal("abc");
     EXPECT_EQ(literal.ToNarrow().Get(), literal.GetLiteral());
@@ -92,9 +76,12 @@ TEST(MStringSharingTest, ConversionsAttachWhatTheyCan) {
     EXPECT_EQ(MBytesOf(heap.ToNarrow(false)), "ce");
     EXPECT_EQ(MBytesOf(heap.ToUTF8Attached()), "\xC4\x8D"
                                                "e");
-}
-
-TEST(MStringSharingTest, BuffersGiveTextUpToTheirFirstZero) {
+    // A byte widens by sign extension in every form.
+    MString widened("\xE9");
+    EXPECT_EQ(widened.ToWide().Get()[0], 0xFFE9);
+    widened.Reserve(2);
+    EXPECT_EQ(widened.GetUnits()[0], 0xFFE9);
+    EXPECT_EQ(MBytesOf(widened.ToNarrow(false)), "\xE9");
     MCHARBuffer bytes;
     bytes.Attach("ab\0cd", 5);
     EXPECT_EQ(Text(MString(bytes)), "ab");

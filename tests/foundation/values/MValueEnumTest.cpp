@@ -1,4 +1,5 @@
 #include "foundation/values/MValueEnum.h"
+#include "foundation/events/MThread.h"
 #include "foundation/values/MValueList.h"
 #include "foundation/xml/MXMLItem.h"
 
@@ -36,7 +37,22 @@ TEST(MValueEnumTest, NamesAreReadIgnoringCaseAndUnknownOnesAreTheFirst) {
         EXPECT_EQ(MValueEnum<Season>::FromName(tested.text), tested.result) << tested.text;
         EXPECT_FALSE(value.SetText(tested.text)) << tested.text;
     }
-    EXPECT_EQ(Text(MValueEnum<Season>::ToName(Season::Autumn)), "Autumn");
+    EXPECT_EQ(Text(MValueEnum<MThread::Priority>::ToName(MThread::Priority::Highest)), "Highest");
+}
+
+TEST(MValueEnumTest, TheNameIsSavedAndWhatIsOutOfRangeMended) {
+    auto outside = static_cast<Season>(200);
+    MValueEnum<Season> value("season", Season::Autumn);
+    value.Bind(&outside);
+    MXMLItem item("state");
+    value.Save(item);
+    EXPECT_EQ(Text(item.GetAttribute("season")), "Winter");
+    value.Validate();
+    EXPECT_EQ(outside, Season::Winter);
+    value.Load(*item.AddSubItem("other"));
+    EXPECT_EQ(outside, Season::Autumn);
+    value.Load(item);
+    EXPECT_EQ(outside, Season::Winter);
 }
 
 TEST(MValueEnumTest, StepsAndPositionsMoveAmongTheNames) {
@@ -56,33 +72,14 @@ TEST(MValueEnumTest, StepsAndPositionsMoveAmongTheNames) {
     EXPECT_EQ(value.GetDiscreteIndex(), 3);
 }
 
-TEST(MValueEnumTest, TheNameIsSavedAndTheDefaultComesBack) {
-    MValueEnum<Season> value("season", Season::Autumn);
-    value.Set(Season::Winter);
-    MXMLItem item("state");
-    value.Save(item);
-    EXPECT_EQ(Text(item.GetAttribute("season")), "Winter");
-    value.Set(Season::Spring);
-    value.Load(item);
-    EXPECT_EQ(value.Get(), Season::Winter);
-    value.Load(*item.AddSubItem("other"));
-    EXPECT_EQ(value.Get(), Season::Autumn);
-}
-
-TEST(MValueEnumTest, AnOutsideVariableOutOfRangeIsShownAndMendedAsTheNearest) {
-    auto outside = static_cast<Season>(200);
-    MValueEnum<Season> value;
-    value.Bind(&outside);
-    EXPECT_EQ(Text(value.GetText()), "Winter");
-    value.Validate();
-    EXPECT_EQ(outside, Season::Winter);
-}
-
 TEST(MValueEnumTest, AListMayChangeAndBeEmpty) {
-    static constexpr const char* Drives[] = {"C", "D", "E"};
-    MValueNameList value("drive", Drives, 3);
+    static constexpr const char* Drives[] = {"C", "D", "E", "d"};
+    MValueNameList value("drive", Drives, 4);
     EXPECT_TRUE(value.SetText("e"));
     EXPECT_EQ(value.Get(), 2);
+    EXPECT_TRUE(value.SetText("d"));
+    EXPECT_EQ(value.Get(), 1);
+    value.SetDiscreteIndex(3);
     value.SetList(Drives, 2);
     EXPECT_EQ(Text(value.GetText()), "D");
     value.SetList(nullptr, 0);

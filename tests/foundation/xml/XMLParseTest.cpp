@@ -9,24 +9,17 @@
 #include <gtest/gtest.h>
 
 #include <string>
-#include <utility>
-#include <vector>
 
 namespace {
 
-void Load(MXMLItem& root, std::string_view text, MXMLLoadObserver* observer = nullptr) {
-    MMemoryStream stream(text.data(), static_cast<int32_t>(text.size()));
-    root.Load(stream, observer);
-}
-
-/// The compact form without its header, in which attributes are sorted: one line that says what was read.
-std::string Read(std::string_view text) {
-    MXMLItem root;
-    Load(root, text);
-    MMemoryStream saved;
-    root.Save(saved, true, "utf-8");
-    const std::string document = MBytesOf(saved);
-    return document.substr(document.find('\n') + 1);
+/// What was read on one line, with the attributes sorted. What the item held before is gone.
+std::string Read(const std::string& text) {
+    MXMLItem root("old");
+    root.SetAttribute("gone", 1);
+    root.AddSubItem("gone");
+    root.SetValue("gone");
+    MLoadXML(root, text);
+    return MSaveXML(root);
 }
 
 TEST(XMLParseTest, ReadsElementsTextAndAttributes) {
@@ -46,15 +39,10 @@ TEST(XMLParseTest, ReadsElementsTextAndAttributes) {
         {"<a b=\"\"/>", "<a b=\"\"/>"},
         {"<?xml version=\"1.0\"?><!DOCTYPE a><?style x=y?><a/>", "<a/>"},
         {"\n\xEF\xBB\xBF\n<a></A>", "<a/>"},
-        {"< a >< b / ></ b ></a>", nullptr},
         {"<a><![CDATA[ <b> & \n]] ]]></a>", "<a>&lt;b&gt; &amp; &#10;]]</a>"},
     };
-    for (const auto& c : cases) {
-        if (c.tree)
-            EXPECT_EQ(Read(c.source), c.tree) << c.source;
-        else
-            EXPECT_THROW(Read(c.source), MException) << c.source;
-    }
+    for (const auto& c : cases) EXPECT_EQ(Read(c.source), c.tree) << c.source;
+    EXPECT_THROW(Read("< a >< b / ></ b ></a>"), MException);
 }
 
 TEST(XMLParseTest, EntitiesAreReplacedOnceAndUnknownOnesStay) {
@@ -71,7 +59,7 @@ TEST(XMLParseTest, EntitiesAreReplacedOnceAndUnknownOnesStay) {
                        {"&#13;", "&#13;"}};
     for (const auto& c : cases) {
         MXMLItem root;
-        Load(root, std::string("<a v=\"") + c.source + "\">" + c.source + "</a>");
+        MLoadXML(root, std::string("<a v=\"") + c.source + "\">" + c.source + "</a>");
         EXPECT_EQ(Text(root.GetAttribute("v")), c.value);
         EXPECT_EQ(Text(root.GetValue()), c.value);
     }
@@ -81,7 +69,7 @@ TEST(XMLParseTest, TheHeaderChangesTheEncodingBehindItself) {
     const char* const header = "<?xml version=\"1.0\" encoding=\"windows-1250\"?>";
     for (const char* const between : {"\n", "", "<!-- \xC4\x8D> -->"}) {
         MXMLItem root;
-        Load(root, std::string(header) + between + "<a v=\"\xE8\">\xE8</a>");
+        MLoadXML(root, std::string(header) + between + "<a v=\"\xE8\">\xE8</a>");
         EXPECT_TRUE(root.GetValue().IsExactly(Wide(u"\u010D"))) << between;
         EXPECT_TRUE(root.GetAttribute("v").IsExactly(Wide(u"\u010D"))) << between;
     }
@@ -90,17 +78,18 @@ TEST(XMLParseTest, TheHeaderChangesTheEncodingBehindItself) {
     EXPECT_EQ(Read("<?other encoding=\"klingon\"?><a/>"), "<a/>");
 }
 
-TEST(XMLParseTest, LoadingReplacesWhatTheItemHeld) {
-    MXMLItem root("old");
-    root.SetAttribute("gone", 1);
-    root.AddSubItem("gone");
-    root.SetValue("gone");
-    Load(root, "<new><b/></new>");
-    EXPECT_EQ(Text(root.GetName()), "new");
-    EXPECT_FALSE(root.HasAttribute("gone"));
-    EXPECT_TRUE(root.GetValue().IsEmpty());
-    EXPECT_EQ(root.GetSubItemCount(), 1);
-    EXPECT_EQ(root.GetSubItem(0)->GetDepth(), 1);
+TEST(XMLParseTest, ObserversHearTheLineOfEachTag) {
+    struct Lines final : MXMLLoadObserver {
+        void OnItemOpened(const MXMLItem& item, int32_t line) override {
+            found += Text(item.GetName()) + std::to_string(line);
+        }
+        std::string found;
+    } lines;
+    MXMLItem root;
+    const std::string document = "\n<a>\n text\n <b x=\"1\n2\"/><c\n/>\r\n<d/></a>";
+    MMemoryStream stream = MStreamOf(document);
+    root.Load(stream, &lines);
+    EXPECT_EQ(lines.found, "a2b4c5d7");
 }
 
 TEST(XMLParseTest, ALineOfAnyLengthAndManyAttributesAreRead) {
@@ -109,26 +98,71 @@ TEST(XMLParseTest, ALineOfAnyLengthAndManyAttributesAreRead) {
     source += "<many";
     for (int i = 20000; i > 0; --i) source += " a" + std::to_string(i % 5000) + "=" + std::to_string(i);
     MXMLItem root;
-    Load(root, source + "/></a>");
-    EXPECT_EQ(root.CountSubItems("file"), 20000);
+    MLoadXML(root, source + "/></a>");
     EXPECT_EQ(Text(root.GetSubItem(19999)->GetAttribute("name")), "19999");
-    const MXMLItem* many = root.GetSubItem("many");
-    EXPECT_EQ(many->GetAttributes().GetCount(), 5000);
-    EXPECT_EQ(Text(many->GetAttribute("A4999")), "4999");
+    EXPECT_EQ(root.GetSubItem("many")->GetAttributes().GetCount(), 5000);
+    EXPECT_EQ(Text(root.GetSubItem("many")->GetAttribute("A4999")), "4999");
 }
 
-TEST(XMLParseTest, ObserversHearTheLineOfEachTag) {
-    class Lines final : public MXMLLoadObserver {
-    public:
-        void OnItemOpened(const MXMLItem& item, int32_t line) override {
-            found.emplace_back(Text(item.GetName()), line);
-        }
-        std::vector<std::pair<std::string, int32_t>> found;
-    } lines;
+std::string FailureOfLoading(const std::string& text) {
+    return FailureOf([&] {
+        MXMLItem root;
+        MLoadXML(root, text);
+    });
+}
+
+TEST(XMLParseTest, EachFaultHasItsText) {
+    struct {
+        const char* source;
+        const char* detail;
+    } const cases[] = {
+        {"<>", "No element name found."},
+        {"<=a>", "No element name found."},
+        {"<a \"x\">", "Special character found where attribute expected."},
+        {"<a b=>", "Special character found where attribute expected."},
+        {"<a b c=d>", "Invalid character found where attribute expected."},
+        {"<a/b>", "Invalid element finishing sequence."},
+        {"<a></a b>", "Invalid closing element syntax."},
+        {"<a></b>", "Invalid closing element name."},
+        {"<a><![DATA[x]]></a>", "Invalid special element sequence."},
+        {"<a>text", "No ending delimiter found."},
+        {"<a b=\"c>", "No ending delimiter found."},
+        {"<!-- -- >", "No ending delimiter found."},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(FailureOfLoading(c.source), std::string("100: Invalid file contents. ") + c.detail)
+            << c.source;
+    EXPECT_EQ(FailureOfLoading("text<a/>"), "0: Text outside of any element.");
+    EXPECT_EQ(FailureOfLoading("<![CDATA[x]]>"), "0: Text outside of any element.");
+    for (const char* empty : {"", " \n ", "<!-- only -->", "<?xml version=\"1.0\"?>\n"})
+        EXPECT_EQ(FailureOfLoading(empty), "0: The XML does not contain any elements.") << empty;
+}
+
+TEST(XMLParseTest, EveryTruncationRaises) {
+    const std::string document =
+        "<?xml version=\"1.0\" encoding=\"utf-8\"?>\n<!DOCTYPE a>\n<a b=\"c &amp; d\" e=f>\n"
+        "<!-- note -->text \xC4\x8D<![CDATA[<raw>]]><b\n/>more</a>";
+    for (size_t size = 0; size < document.size(); ++size)
+        EXPECT_NE(FailureOfLoading(document.substr(0, size)), "none") << size;
+    EXPECT_EQ(FailureOfLoading(document), "none");
+}
+
+TEST(XMLParseTest, NestingIsBoundedAndTheParserTellsTheLine) {
+    for (const int32_t excess : {0, 1, 100'000}) {
+        std::string document;
+        const int32_t levels = MLibraryInternals::MXMLParser::MaximumDepth + excess;
+        for (int32_t i = 0; i < levels; ++i) document += "<a>";
+        for (int32_t i = 0; i < levels; ++i) document += "</a>";
+        EXPECT_EQ(FailureOfLoading(document),
+                  excess == 0 ? "none" : "100: Invalid file contents. Elements are nested too deeply.");
+    }
+    const std::string document = "<a>\n<b/>\n<c></d>\n</a>";
     MXMLItem root;
-    Load(root, "\n<a>\n text\n <b x=\"1\n2\"/><c\n/>\r\n<d/></a>", &lines);
-    const std::vector<std::pair<std::string, int32_t>> expected{{"a", 2}, {"b", 4}, {"c", 5}, {"d", 7}};
-    EXPECT_EQ(lines.found, expected);
+    MMemoryStream stream = MStreamOf(document);
+    MLibraryInternals::MXMLParser parser(root);
+    EXPECT_THROW(parser.ParseDocument(stream), MException);
+    EXPECT_EQ(parser.GetLine(), 3);
+    EXPECT_EQ(root.GetSubItemCount(), 2);
 }
 
 }  // namespace
