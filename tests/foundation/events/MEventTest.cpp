@@ -4,10 +4,10 @@
 
 #include <array>
 #include <atomic>
-#include <chrono>
 #include <functional>
 #include <gtest/gtest.h>
 #include <memory>
+#include <numeric>
 #include <thread>
 #include <vector>
 
@@ -130,45 +130,35 @@ TEST(MEventTest, AdditionalsChooseWhatAHandlerGets) {
     EXPECT_EQ(recorder.numbers, Numbers{6});
 }
 
-/// Two threads post, a third makes, posts to and ends targets and events of its own, and this one dispatches:
-/// every value that was taken must arrive, and those of one thread in their order.
+/// Two threads post and this one dispatches: every value that was taken must arrive, and those of one thread in
+/// their order. Meanwhile targets and events with something posted come and go.
 TEST(MEventTest, HammeredFromSeveralThreadsNothingIsLost) {
-    using namespace std::chrono;
-    constexpr int32_t posters = 2;
+    constexpr int32_t Count = 20'000;
     MEventProcessor processor;
-    std::vector<NumberEvent> events(posters);
-    std::vector<Recorder> recorders(posters);
-    std::vector<int32_t> posted(posters);
-    const auto end = steady_clock::now() + milliseconds(500);
+    std::array<NumberEvent, 2> events;
+    std::array<Recorder, 2> recorders;
+    std::atomic<int32_t> running = 2;
     std::vector<std::thread> threads;
-    std::atomic<int32_t> running = posters + 1;
-    for (size_t i = 0; i < posters; ++i) {
+    for (size_t i = 0; i < events.size(); ++i) {
         events[i].Connect(&recorders[i], &Recorder::OnNumber);
         threads.emplace_back([&, i] {
-            for (; steady_clock::now() < end; std::this_thread::yield())
-                if (events[i].Post(&processor, posted[i])) ++posted[i];
+            for (int32_t number = 0; number < Count; ++number) {
+                events[i].Post(&processor, number);
+                // A target must not end within a handler; these additionals keep the handler from running.
+                MEvent<int32_t, OnlyAbove> event;
+                Recorder target;
+                event.Connect(&target, &Recorder::OnNumber, OnlyAbove{1});
+                event.Post(&processor, 0);
+            }
             --running;
         });
     }
-    threads.emplace_back([&] {
-        for (; steady_clock::now() < end; std::this_thread::yield()) {
-            // A target must not end within a handler; these additionals keep the handler from running.
-            MEvent<int32_t, OnlyAbove> event;
-            Recorder target;
-            event.Connect(&target, &Recorder::OnNumber, OnlyAbove{1});
-            event.Post(&processor, 0);
-        }
-        --running;
-    });
     while (running > 0) processor.DispatchPending();
     for (std::thread& thread : threads) thread.join();
     processor.DispatchPending();
-    for (size_t i = 0; i < posters; ++i) {
-        ASSERT_EQ(recorders[i].numbers.size(), static_cast<size_t>(posted[i]));
-        for (int32_t number = 0; number < posted[i]; ++number)
-            ASSERT_EQ(recorders[i].numbers[static_cast<size_t>(number)], number);
-        EXPECT_GT(posted[i], 10);
-    }
+    Numbers expected(Count);
+    std::iota(expected.begin(), expected.end(), 0);
+    for (const Recorder& recorder : recorders) EXPECT_TRUE(recorder.numbers == expected);
 }
 
 }  // namespace

@@ -1,12 +1,13 @@
 #include "foundation/events/MLock.h"
 
-#include "foundation/base/MException.h"
+#include "foundation/events/MERWLock.h"
+#include "foundation/events/MEmulatedLockGuard.h"
 #include "foundation/events/MLockGuard.h"
 #include "foundation/events/MMutex.h"
 #include "foundation/events/MSemaphore.h"
-#include "foundation/events/MThreadLocal.h"
 #include "tests/support/MTestText.h"
 
+#include <atomic>
 #include <chrono>
 #include <gtest/gtest.h>
 #include <thread>
@@ -58,6 +59,8 @@ TYPED_TEST(OwnedLockTest, TheOwnerLocksAgainAndUnlocksAsOften) {
 TYPED_TEST(OwnedLockTest, ATimeOutWaitsAsLongAsItSaysAndTheGuardRaises) {
     const MLockGuard guard(&this->lock);
     const MLockGuard none(nullptr, 0);
+    MLock free;
+    EXPECT_NE(free.Lock(-2), 0);
     EXPECT_GE(RefusedAfter(this->lock, 30), milliseconds(29));
     EXPECT_EQ(OnOtherThread([&] { return FailureOf([&] { const MLockGuard refused(&this->lock, 5); }); }),
               "0: Could not acquire lock.");
@@ -76,13 +79,6 @@ TYPED_TEST(OwnedLockTest, ThreadsThatHammerLoseNoCount) {
         });
     for (std::thread& worker : workers) worker.join();
     EXPECT_EQ(shared, 4 * Rounds);
-}
-
-TEST(MLockTest, BelowForeverFailsAtOnceEvenForAFreeLock) {
-    MLock lock;
-    EXPECT_NE(lock.Lock(-2), 0);
-    EXPECT_EQ(lock.Lock(0), 0);
-    lock.Unlock();
 }
 
 TEST(MMutexTest, WhatAnEndedOwnerLeftGoesToTheNext) {
@@ -107,19 +103,87 @@ TEST(MSemaphoreTest, CountsItsReleasesUnlessItResetsItself) {
     }
 }
 
-TEST(MThreadLocalTest, EachThreadHasAWordOfItsOwn) {
-    MThreadLocal slot;
-    MThreadLocal other;
-    int32_t here = 0;
-    slot.Set(&here);
-    EXPECT_EQ(OnOtherThread([&] {
-                  void* const before = slot.Get();
-                  slot.Set(&slot);
-                  return before;
-              }),
-              nullptr);
-    EXPECT_EQ(slot.Get(), &here);
-    EXPECT_EQ(other.Get(), nullptr);
+/// Enters in `mode` on a thread of its own and stays until it is told to leave.
+class Visitor {
+public:
+    Visitor(MERWLock& lock, int32_t mode)
+        : thread([this, &lock, mode] {
+              const MEmulatedLockGuard guard(&lock, mode);
+              inside = true;
+              while (!leaving) std::this_thread::yield();
+          }) {}
+    ~Visitor() {
+        Leave();
+        thread.join();
+    }
+
+    void Leave() { leaving = true; }
+
+    bool Enters() {
+        while (!inside) std::this_thread::yield();
+        return true;
+    }
+    bool StaysOutside() {
+        std::this_thread::sleep_for(std::chrono::milliseconds(50));
+        return !inside;
+    }
+
+private:
+    std::atomic<bool> inside = false;
+    std::atomic<bool> leaving = false;
+    std::thread thread;
+};
+
+TEST(MERWLockTest, ReadersGiveWayToAWaitingWriterUnlessTheyAreInside) {
+    MERWLock lock;
+    ASSERT_EQ(lock.Acquire(MERWLock::Read), 0);
+    Visitor writer(lock, MERWLock::Write);
+    EXPECT_TRUE(writer.StaysOutside());
+    Visitor newReader(lock, MERWLock::Read);
+    EXPECT_TRUE(newReader.StaysOutside());
+    EXPECT_EQ(lock.Acquire(MERWLock::Read), 0);
+    lock.Release(MERWLock::Read);
+    EXPECT_TRUE(writer.StaysOutside());
+    lock.Release(MERWLock::Read);
+    EXPECT_TRUE(writer.Enters());
+    EXPECT_TRUE(newReader.StaysOutside());
+    writer.Leave();
+    EXPECT_TRUE(newReader.Enters());
+}
+
+TEST(MERWLockTest, TheOnlyReaderBecomesTheWriterAndAWriterMayRead) {
+    MERWLock lock;
+    ASSERT_EQ(lock.Acquire(MERWLock::Read), 0);
+    for (const int32_t mode : {MERWLock::Write, MERWLock::Write, MERWLock::Read})
+        ASSERT_EQ(lock.Acquire(mode), 0);
+    Visitor reader(lock, MERWLock::Read);
+    EXPECT_TRUE(reader.StaysOutside());
+    lock.Release(MERWLock::Write);
+    EXPECT_TRUE(reader.StaysOutside());
+    lock.Release(MERWLock::Write);
+    EXPECT_TRUE(reader.Enters());
+    lock.Release(MERWLock::Read);
+    lock.Release(MERWLock::Read);
+}
+
+TEST(MERWLockTest, ReadersThatUpgradeAtOnceAreResolvedAndSeeNoHalfAChange) {
+    MERWLock lock;
+    int64_t halves[2] = {};
+    std::atomic<int64_t> torn = 0;
+    std::vector<std::thread> workers;
+    for (int32_t i = 0; i < 4; ++i)
+        workers.emplace_back([&, i] {
+            for (int32_t round = 0; round < 2000; ++round) {
+                const MEmulatedLockGuard reader(&lock, MERWLock::Read);
+                if (halves[0] != halves[1]) ++torn;
+                if (i == 0) continue;
+                const MEmulatedLockGuard writer(&lock, MERWLock::Write);
+                for (int64_t& half : halves) ++half;
+            }
+        });
+    for (std::thread& worker : workers) worker.join();
+    EXPECT_EQ(torn, 0);
+    EXPECT_EQ(halves[0], 6000);
 }
 
 }  // namespace

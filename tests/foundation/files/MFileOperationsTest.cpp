@@ -4,11 +4,10 @@
 #include "tests/support/MScratch.h"
 #include "tests/support/MTestText.h"
 
-#include <algorithm>
 #include <atomic>
 #include <functional>
 #include <gtest/gtest.h>
-#include <sstream>
+#include <set>
 #include <thread>
 #include <vector>
 
@@ -78,8 +77,7 @@ TEST_F(MFileOperations, FailuresNameTheirPaths) {
         {[&] { (void)MFile::GetFileList(missing); }, "Could not access path \"{0}\" to get file list."},
         {[&] { (void)MFile::GetFileTime(missing); }, "Cannot retrieve file time of  \"{0}\"."},
         {[&] { MFile::SetFileTime(missing, 0); }, "Could not set system times to {0}."},
-        {[&] { (void)MFile::ResolvePath(missing); }, "Could not resolve path {0}."},
-    };
+        {[&] { (void)MFile::ResolvePath(missing); }, "Could not resolve path {0}."}};
     for (const auto& [operation, text] : cases)
         EXPECT_EQ(FailureOf(operation), "0: " + Text(MFormat(text, missing, full)));
 }
@@ -102,30 +100,25 @@ TEST_F(MFileOperations, ListsTellNamesKindsAndFilterAndGoBelow) {
     scratch.WriteFile("one.txt", "");
     scratch.WriteFile("sub.txt/deep/inner.dat", "");
     scratch.WriteFile("two.dat/refused", "");
+    using Names = std::set<std::string>;
     const auto list = [&](const char* filter, bool isRecursive) {
-        std::string names;
+        Names names;
         const auto take = [&](const MString&, const MFileListEntry& entry) {
-            names += Text(entry.name) + (entry.isDirectory ? "/ " : " ");
-            return !(entry.name == "two.dat");
+            names.insert(Text(entry.name) + (entry.isDirectory ? "/" : ""));
+            return entry.name != "two.dat";
         };
         if (isRecursive)
             MFile::GetFileListRecursed(scratch.GetPath(), filter, take);
         else
             for (const MFileListEntry& entry : MFile::GetFileList(scratch.GetPath(), filter)) take("", entry);
-        std::vector<std::string> words;
-        std::istringstream stream(names);
-        for (std::string word; stream >> word;) words.push_back(word);
-        std::sort(words.begin(), words.end());
-        names.clear();
-        for (const std::string& word : words) names += word + " ";
         return names;
     };
-    EXPECT_EQ(list("", false), "one.txt sub.txt/ two.dat/ ");
-    EXPECT_EQ(list("*.*", false), "one.txt sub.txt/ two.dat/ ");
-    EXPECT_EQ(list("*.txt", false), "one.txt sub.txt/ ");
-    EXPECT_EQ(list("tw?.dat", false), "two.dat/ ");
-    EXPECT_EQ(list("*.none", false), "");
-    EXPECT_EQ(list("", true), "deep/ inner.dat one.txt sub.txt/ two.dat/ ");
+    EXPECT_EQ(list("", false), (Names{"one.txt", "sub.txt/", "two.dat/"}));
+    EXPECT_EQ(list("*.*", false), (Names{"one.txt", "sub.txt/", "two.dat/"}));
+    EXPECT_EQ(list("*.txt", false), (Names{"one.txt", "sub.txt/"}));
+    EXPECT_EQ(list("tw?.dat", false), (Names{"two.dat/"}));
+    EXPECT_EQ(list("*.none", false), (Names{}));
+    EXPECT_EQ(list("", true), (Names{"deep/", "inner.dat", "one.txt", "sub.txt/", "two.dat/"}));
     EXPECT_NO_THROW(MFile::GetFileListRecursed("/missing", "", nullptr));
     EXPECT_EQ(MFile::GetFileList("").GetCount(), MFile::GetDrives().GetCount());
     EXPECT_GT(MFile::GetDrives().GetCount(), 0);

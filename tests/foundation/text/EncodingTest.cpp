@@ -10,9 +10,11 @@
 #include <gtest/gtest.h>
 
 #include <string_view>
+#include <tuple>
 
 namespace {
 
+using namespace std::string_literals;
 using namespace std::string_view_literals;
 
 const MEncoding::Codec& UTF8() {
@@ -24,14 +26,26 @@ std::string Encoded(const char* encoding, const char16_t* text) {
 }
 
 TEST(EncodingTest, NamesLeadToCodecsIgnoringCase) {
-    EXPECT_EQ(&MEncoding::FindCodec("latin2"), &MEncoding::FindCodec("ISO-8859-2"));
-    EXPECT_EQ(&MEncoding::FindCodec("LATIN2"), &MEncoding::FindCodec("iso-ir-101"));
-    EXPECT_EQ(&MEncoding::FindCodec("utf-8"), &MEncoding::FindCodec("UTF8"));
-    EXPECT_EQ(Text(MEncoding::FindCodec("").GetName()), "ascii");
-    EXPECT_EQ(Text(MEncoding::FindCodec("UTF-16").GetName()), "utf16");
-    EXPECT_EQ(Text(MEncoding::FindCodec("iso-8859-1").GetName()), "windows-1252");
+    const std::pair<const char*, const char*> cases[] = {
+        {"LATIN2", "ISO-8859-2"},   {"utf-8", "utf8"},
+        {"UTF-16", "utf16"},        {"", "ascii"},
+        {"cp1252", "windows-1252"}, {"iso-8859-1", "windows-1252"}};
+    for (const auto& [name, codec] : cases) EXPECT_EQ(Text(MEncoding::FindCodec(name).GetName()), codec);
     EXPECT_EQ(FailureOf([] { (void)MEncoding::FindCodec("klingon"); }),
               "0: No codec found for encoding klingon.");
+}
+
+TEST(EncodingTest, TablesHoldThePublishedCharacters) {
+    const std::tuple<const char*, const char*, char16_t> cases[] = {
+        {"KOI8-R", "\xC1", 0x0430},      {"greek", "\xE1", 0x03B1},     {"hebrew", "\xE0", 0x05D0},
+        {"CP866", "\x80", 0x0410},       {"CP1250", "\xE8", 0x010D},    {"ISO-8859-1", "\x80", 0x20AC},
+        {"Apple Roman", "\x8A", 0x00E4}, {"hp-roman8", "\xA1", 0x00C0}, {"CP1252", "\x81", 0x0081}};
+    for (const auto& [encoding, byte, unit] : cases) {
+        const char16_t expected[] = {unit, 0};
+        EXPECT_EQ(Text(MEncoding::FindCodec(encoding).Decode(byte)), Text(Wide(expected))) << encoding;
+    }
+    EXPECT_EQ(Encoded("windows-1252", u"\u20AC\u4E00x"), "\x80x");
+    EXPECT_TRUE(MEncoding::FindCodec("arabic").Decode("\xA1").IsEmpty());
 }
 
 TEST(EncodingTest, EveryByteOfEveryTableComesBack) {
@@ -48,86 +62,42 @@ TEST(EncodingTest, EveryByteOfEveryTableComesBack) {
     }
 }
 
-TEST(EncodingTest, TablesHoldThePublishedCharacters) {
-    struct {
-        const char* encoding;
-        const char* byte;
-        char16_t unit;
-    } const cases[] = {
-        {"KOI8-R", "\xC1", 0x0430},       {"KOI8-RU", "\xA4", 0x0454},      {"ISO-8859-5", "\xB0", 0x0410},
-        {"greek", "\xE1", 0x03B1},        {"hebrew", "\xE0", 0x05D0},       {"CP850", "\x81", 0x00FC},
-        {"CP866", "\x80", 0x0410},        {"windows-1250", "\xE8", 0x010D}, {"ISO-8859-1", "\x80", 0x20AC},
-        {"CP1251", "\xE0", 0x0430},       {"Apple Roman", "\x8A", 0x00E4},  {"hp-roman8", "\xA1", 0x00C0},
-        {"latin10", "\xA4", 0x20AC},      {"IBM874", "\xA1", 0x0E01},       {"iso-celtic", "\xA1", 0x1E02},
-        {"windows-1252", "\x81", 0x0081},
-    };
-    for (const auto& c : cases) {
-        const MString text = MEncoding::FindCodec(c.encoding).Decode(c.byte);
-        ASSERT_EQ(text.GetLength(), 1) << c.encoding;
-        EXPECT_EQ(static_cast<char16_t>(text[0]), c.unit) << c.encoding;
-    }
-    EXPECT_EQ(Encoded("windows-1252", u"\u20AC\u4E00x"), "\x80x");
-    EXPECT_TRUE(MEncoding::FindCodec("arabic").Decode("\xA1").IsEmpty());
-}
-
 TEST(EncodingTest, UTF8DecodingForgivesInItsOwnWay) {
-    struct {
-        std::string_view bytes;
-        std::u16string_view units;
-    } const cases[] = {
-        {"\xEF\xBB\xBF"
-         "A",
-         u"A"},
-        {"\xC3"
-         "A",
-         u"\x01"},
-        {"\xC3"
-         "AB",
-         u"\x01"
-         "B"},
-        {"\x80\xBFx", u"x"},
-        {"\xF0\x9F\x98\x80", u"\U0001F600"},
-        {"\xC1\x81", u"A"},
-        {"\xE2\x82", u""},
-        {"\xFF\xFE"
-         "a",
-         u"a"},
+    const std::pair<std::string_view, std::u16string_view> cases[] = {
+        {"\357\273\277A", u"A"},
+        {"\303AB", u"\001B"},
+        {"\200\277x", u"x"},
+        {"\360\237\230\200", u"\U0001F600"},
+        {"\301\201", u"A"},
+        {"\342\202", u""},
+        {"\377\376a", u"a"},
         {"ab\0c"sv, u"ab"},
-        {"\xC3\0c"sv, u"\x01"
-                      "c"},
-        {"\xED\xA0\x80|\xF5\xA2\xA2\xA2|\xF4\x8F\xBF\xBF", u"\x01|\x01|\U0010FFFF"},
-        {"exactly sixteen.\xC3\xA9", u"exactly sixteen.\u00E9"},
-        {"a run of sixteen\0hidden"sv, u"a run of sixteen"},
-    };
-    for (const auto& c : cases) {
-        const MString text = UTF8().Decode(c.bytes);
-        EXPECT_TRUE(text.IsExactly(MString::Copy(c.units.data(), static_cast<int32_t>(c.units.size()))))
-            << c.bytes;
-    }
+        {"\303\0c"sv, u"\001c"},
+        {"\355\240\200|\365\242\242\242|\364\217\277\277", u"\001|\001|\U0010FFFF"},
+        {"exactly sixteen.\303\251", u"exactly sixteen.\u00E9"},
+        {"a run of sixteen\0hidden"sv, u"a run of sixteen"}};
+    for (const auto& [bytes, units] : cases)
+        EXPECT_EQ(Text(UTF8().Decode(bytes)), Text(Wide(std::u16string(units).c_str())));
 }
 
 TEST(EncodingTest, UTF8EncodingDropsWhatFollowsAPair) {
-    EXPECT_EQ(Encoded("utf8", u"\u00E9\u20AC"), "\xC3\xA9\xE2\x82\xAC");
-    EXPECT_EQ(Encoded("utf8", u"\U0001F600ab"), "\xF0\x9F\x98\x80"
-                                                "b");
-    EXPECT_EQ(Encoded("utf8", u"\U0001F600"), "\xF0\x9F\x98\x80");
     const char16_t loneHigh[] = {0xD83D, 'a', 'b', 0};
-    EXPECT_EQ(Encoded("utf8", loneHigh), "b");
     const char16_t loneLow[] = {'x', 0xDE00, 'a', 0xD83D, 0};
-    EXPECT_EQ(Encoded("utf8", loneLow), "xa");
-    EXPECT_EQ(Encoded("utf8", u"\U0010FEE9abc"), "\xE9"
-                                                 "c");
-    EXPECT_EQ(Encoded("utf8", u"\U0010FE00ab"), "\xF4\x8F\xB8\x80"
-                                                "b");
+    const std::pair<const char16_t*, const char*> cases[] = {{u"\u00E9\u20AC", "\303\251\342\202\254"},
+                                                             {u"\U0001F600ab", "\360\237\230\200b"},
+                                                             {u"\U0001F600", "\360\237\230\200"},
+                                                             {loneHigh, "b"},
+                                                             {loneLow, "xa"},
+                                                             {u"\U0010FEE9abc", "\351c"},
+                                                             {u"\U0010FE00ab", "\364\217\270\200b"}};
+    for (const auto& [text, bytes] : cases) EXPECT_EQ(Encoded("utf8", text), bytes);
     EXPECT_EQ(MBytesOf(UTF8().Encode("", true)), std::string(1, '\0'));
 }
 
 TEST(EncodingTest, ReaderSplitsLinesAcrossItsBuffer) {
     const std::string longLine(5000, 'x');
-    const std::string bytes = "\xEF\xBB\xBF"
-                              "first\r\n\n" +
-                              longLine + std::string("\0zero", 5) + "\n";
-    MMemoryStream stream(bytes.data(), static_cast<int32_t>(bytes.size()));
+    const std::string bytes = "\357\273\277first\r\n\n" + longLine + "\0zero\n"s;
+    MMemoryStream stream = MStreamOf(bytes);
     MEncoding::Reader reader(stream, "utf-8");
     MString line;
     for (const std::string& expected : {std::string("first"), std::string(), longLine, std::string("zero")}) {
@@ -145,9 +115,7 @@ TEST(EncodingTest, UTF16StreamsCarryASignature) {
         writer.WriteLine(Wide(u"a\u20AC"));
         writer.WriteText(MString("b"));
     }
-    EXPECT_EQ(MBytesOf(stream), std::string("\xFF\xFE"
-                                            "a\0\xAC\x20\n\0b\0",
-                                            10));
+    EXPECT_EQ(MBytesOf(stream), "\377\376a\0\254\040\n\0b\0"s);
     stream.Rewind();
     MEncoding::Reader reader(stream, "utf-16");
     MString line;
@@ -188,22 +156,15 @@ TEST(EncodingTest, WritersHandOnWhatTheyHoldAndTellIfThatFails) {
 }
 
 TEST(MUnicodeTest, AnyBytesSurviveTheWayThereAndBack) {
-    const std::string cases[] = {
-        "plain",
-        "\xC5\x99 \xE2\x82\xAC \xF0\x9F\x98\x80 ab",
-        "\xF4\x8F\xBF\xBF",  // the last code point
-        "\xF4\x90\x80\x80",  // the one behind it
-        "\xFF\xFE\x80",      // no UTF-8
-        "\xC0\xAF",          // a slash in a form that is too long
-        "\xED\xA0\x80",      // a surrogate
-        "\xE2\x82",          // cut off
-        "a\xC3",
-        "\xF4\x8F\xBA\x80",  // what stands for a raw byte in a text
-        std::string("a\0b", 3),
-    };
-    for (const std::string& bytes : cases) EXPECT_EQ(MEncodeUTF8Exact(MDecodeUTF8Exact(bytes)), bytes);
-    const MString text = MDecodeUTF8Exact("\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80\x80");
-    EXPECT_TRUE(text.IsExactly(MString::Copy(u"\u00E9\u20AC\U0001F600\U0010FE80")));
+    // The last code point and the one behind it, a form that is too long, a surrogate, one cut off, and what
+    // stands for a raw byte in a text.
+    std::string bytes("a\0\364\217\277\277\364\220\200\200\300\257\355\240\200\342\202\364\217\272\200", 21);
+    for (int first = 0; first < 256; ++first)
+        for (int second = 0; second < 256; ++second)
+            bytes += {static_cast<char>(first), static_cast<char>(second)};
+    EXPECT_EQ(MEncodeUTF8Exact(MDecodeUTF8Exact(bytes)), bytes);
+    EXPECT_TRUE(MDecodeUTF8Exact("\303\251\342\202\254\360\237\230\200\200")
+                    .IsExactly(Wide(u"\u00E9\u20AC\U0001F600\U0010FE80")));
 }
 
 TEST(MUnicodeTest, ASurrogateWithoutItsPairIsReplaced) {

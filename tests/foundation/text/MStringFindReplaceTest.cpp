@@ -90,15 +90,13 @@ TEST(MCharFilterTest, EachFilterKeepsItsCharacters) {
         const char* kept;
         uint8_t flags;
     };
-    const Case cases[] = {
-        {MCharFilter::AllFilter(), "Az09-. _,fFgG\u00e9\u0131+", 23},
-        {MCharFilter::LettersFilter(), "AzfFgG", 1},
-        {MCharFilter::AlphaStrictFilter(), "Az09fFgG", 3},
-        {MCharFilter::AlphaFilter(), "Az09-. fFgG", 7},
-        {MCharFilter::IntegerFilter(), "09-", 2},
-        {MCharFilter::IntegerHexaFilter(), "A09fF", 10},
-        {MCharFilter::FloatFilter(), "09-.", 6},
-    };
+    const Case cases[] = {{MCharFilter::AllFilter(), "Az09-. _,fFgG\u00e9\u0131+", 23},
+                          {MCharFilter::LettersFilter(), "AzfFgG", 1},
+                          {MCharFilter::AlphaStrictFilter(), "Az09fFgG", 3},
+                          {MCharFilter::AlphaFilter(), "Az09-. fFgG", 7},
+                          {MCharFilter::IntegerFilter(), "09-", 2},
+                          {MCharFilter::IntegerHexaFilter(), "A09fF", 10},
+                          {MCharFilter::FloatFilter(), "09-.", 6}};
     for (const Case& tested : cases) {
         MString kept = text;
         kept.KeepAccepted(tested.filter);

@@ -64,8 +64,7 @@ TEST(MCharTest, UnitsBelongToClasses) {
         {&MChar::IsNewline, "10-10 "},
         {&MChar::IsLetter, "65-90 97-122 "},
         {&MChar::IsAlphanumeric, "48-57 65-90 97-122 "},
-        {&MChar::IsUpperLetterOrDigit, "48-57 65-90 "},
-    };
+        {&MChar::IsUpperLetterOrDigit, "48-57 65-90 "}};
     for (const auto& [isOfClass, expected] : cases) {
         std::string ranges;
         const auto is = [&, test = isOfClass](int32_t unit) {

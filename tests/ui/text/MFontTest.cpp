@@ -45,8 +45,7 @@ TEST(MFontOpeningTest, WhatIsNoFontIsRefusedWithItsText) {
         {"wOFF" + nameless.substr(4), "0: Invalid file contents. Unknown font file format."},
         {"", "0: Invalid file contents. Invalid font file format."},
         {nameless.substr(0, 1000), "0: Invalid file contents. Invalid font file format."},
-        {nameless, "0: Invalid font family name."},
-    };
+        {nameless, "0: Invalid font family name."}};
     MFont font;
     for (const auto& [bytes, failure] : cases)
         EXPECT_EQ(FailureOf([&, &source = bytes] { font.Open(MakeBuffer(source)); }), failure);
@@ -68,8 +67,7 @@ TEST(MFontOpeningTest, StreamsAreReadFromTheirPositionAndAFailureLeavesTheFontCl
     MMemoryStream source = MStreamOf(bytes);
     MFailingStream failing(&source, 1000);
     EXPECT_EQ(FailureOf([&] { font.LoadFromStream(failing); }), "100: Injected failure.");
-    EXPECT_FALSE(font.IsOpen());
-    EXPECT_FALSE(font.HasGlyph('A'));
+    EXPECT_FALSE(font.IsOpen() || font.HasGlyph('A'));
     EXPECT_EQ(Text(font.GetFamily()), "");
     EXPECT_EQ(FailureOf([&] { font.SetSize(-12); }), BadSize);
 }
@@ -78,7 +76,7 @@ TEST(MFontOpeningTest, ABitmapFontHasItsOwnSizeOnly) {
     MFont font;
     font.Open(MakeBuffer(BitmapFont));
     EXPECT_EQ(FailureOf([&] { font.SetSize(-20); }), BadSize);
-    EXPECT_EQ(Drawing(font.GetGlyph('A').mask.get()), "nothing");
+    EXPECT_FALSE(font.GetGlyph('A').mask);
     font.SetSize(-8);
     EXPECT_EQ(Drawing(font.GetGlyph('A').mask.get()), "# #\n # \n");
     EXPECT_EQ(font.GetGlyph('A').mask->GetRow(0)[0], 255);
@@ -92,7 +90,6 @@ TEST_F(MFontTest, SizesBelowZeroArePixelsAndOthersPoints) {
     font.SetSize(12);
     EXPECT_EQ(Draw('g'), twelve);
     font.SetSize(-24);
-    EXPECT_NE(Draw('g'), twelve);
     EXPECT_NEAR(font.GetLineHeight(), 28, 1);
     font.SetScale(1, 0.5);
     font.SetSize(-24, -12);

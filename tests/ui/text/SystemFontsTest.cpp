@@ -11,37 +11,33 @@ class SystemFontsTest : public testing::Test {
 protected:
     SystemFontsTest() {
         for (const char* font :
-             {"liberation/LiberationSans-Regular", "liberation/LiberationSans-Italic",
-              "liberation/LiberationSans-BoldItalic", "dejavu/DejaVuSansMono-Bold", "dejavu/DejaVuSans",
-              "dejavu/DejaVuSans-Bold", "dejavu/DejaVuSans-BoldOblique"})
-            Install(MString(font) + ".ttf");
-        scratch.WriteFile("fonts/sub/bold.OTF",
-                          MReadTestFile(SystemFont("liberation/LiberationSans-Bold.ttf")));
-        scratch.WriteFile("fonts/hidden.dat",
-                          MReadTestFile(SystemFont("liberation/LiberationSerif-Regular.ttf")));
-        std::string cut = MReadTestFile(SystemFont("liberation/LiberationMono-Regular.ttf"));
-        scratch.WriteFile("fonts/cut.ttf", cut.substr(0, 5000));
-        cut.replace(cut.find("name"), 4, "nbme");
-        scratch.WriteFile("fonts/nameless.ttf", cut);
+             {"liberation/LiberationSans-Regular.ttf", "liberation/LiberationSans-Italic.ttf",
+              "liberation/LiberationSans-BoldItalic.ttf", "dejavu/DejaVuSansMono-Bold.ttf",
+              "dejavu/DejaVuSans.ttf", "dejavu/DejaVuSans-Bold.ttf", "dejavu/DejaVuSans-BoldOblique.ttf"})
+            Install(font, MFile::GetFileName(font));
+        Install("liberation/LiberationSans-Bold.ttf", "sub/bold.OTF");
+        Install("liberation/LiberationSerif-Regular.ttf", "hidden.dat");
+        const std::string mono = MReadTestFile(SystemFont("liberation/LiberationMono-Regular.ttf"));
+        scratch.WriteFile("fonts/cut.ttf", mono.substr(0, 5000));
         scratch.WriteFile("fonts/empty.otf", "");
-        scratch.WriteFile("fonts/text.ttf", "no font");
         MFile::CreatePath(scratch.Join("user"));
         for (const MString& folder : {scratch.Join("missing"), scratch.Join("fonts"), MString()})
             folders.Add(folder);
     }
     ~SystemFontsTest() noexcept override = default;
 
-    void Install(const MString& font) {
-        scratch.WriteFile("fonts/" + MFile::GetFileName(font), MReadTestFile(SystemFont(font)));
+    void Install(const char* font, const MString& name) {
+        scratch.WriteFile("fonts/" + name, MReadTestFile(SystemFont(font)));
     }
     /// The file that answers, as a run of its own finds it, or the failure.
     std::string Find(const char* name, bool isBold = false, bool isItalic = false, bool isRequired = true) {
-        MString path;
-        const std::string failure = FailureOf([&] {
-            path =
-                MSystemFonts(folders, cachePath).GetDescriptor(name, isBold, isItalic, isRequired).GetPath();
-        });
-        return failure == "none" ? Text(MFile::GetBaseName(path)) : failure;
+        try {
+            MSystemFonts fonts(folders, cachePath);
+            return Text(
+                MFile::GetBaseName(fonts.GetDescriptor(name, isBold, isItalic, isRequired).GetPath()));
+        } catch (const MException& failure) {
+            return Text(failure.GetMessage());
+        }
     }
 
     MScratch scratch;
@@ -60,7 +56,7 @@ TEST_F(SystemFontsTest, GoodFontsAreFoundAmongBrokenOnes) {
               "DejaVu Sans|1\nDejaVu Sans Bold Oblique|3\nDejaVu Sans Book|0\nDejaVu Sans Mono|1\n"
               "Liberation Sans|0\nLiberation Sans|2\nLiberation Sans|1\nLiberation Sans Bold Italic|3\n");
     // The folders are searched once, unless asked to do it again.
-    Install("liberation/LiberationSerif-Regular.ttf");
+    Install("liberation/LiberationSerif-Regular.ttf", "late.ttf");
     (void)fonts.GetDescriptor("Liberation Sans", false, false, true);
     EXPECT_EQ(fonts.GetFonts().GetCount(), 8);
     EXPECT_TRUE(MFile::Exists(cachePath));
@@ -70,26 +66,24 @@ TEST_F(SystemFontsTest, GoodFontsAreFoundAmongBrokenOnes) {
 }
 
 TEST_F(SystemFontsTest, ARequestIsAnsweredByFamilyAndStyles) {
-    const char* const noStyle = "0: Font DejaVu Sans Mono was not found in the system with correct styles.";
+    const char* const noStyle = "Font DejaVu Sans Mono was not found in the system with correct styles.";
     const struct {
         const char* name;
         bool isBold, isItalic, isRequired;
         const char* answer;
-    } cases[] = {
-        {"LIBERATION sans", false, false, true, "LiberationSans-Regular"},
-        {"Liberation Sans", true, false, true, "bold"},
-        {"Liberation Sans", false, true, true, "LiberationSans-Italic"},
-        {"Liberation Sans", true, true, true, "LiberationSans-BoldItalic"},
-        {"DejaVu Sans", false, false, true, "DejaVuSans"},
-        {"DejaVu Sans", true, true, true, "DejaVuSans-BoldOblique"},
-        {"DejaVu Sans", false, true, false, "DejaVuSans"},
-        {"DejaVu Sans Book", false, false, true, "DejaVuSans"},
-        {"DejaVu Sans Mono", false, false, true, noStyle},
-        {"DejaVu Sans Mono", false, false, false, "DejaVuSansMono-Bold"},
-        {"Liberation", false, false, false, "0: Font Liberation was not found in the system."},
-        {"Arial", true, true, true, "LiberationSans-BoldItalic"},
-        {"tahoma", false, false, true, "DejaVuSans"},
-    };
+    } cases[] = {{"LIBERATION sans", false, false, true, "LiberationSans-Regular"},
+                 {"Liberation Sans", true, false, true, "bold"},
+                 {"Liberation Sans", false, true, true, "LiberationSans-Italic"},
+                 {"Liberation Sans", true, true, true, "LiberationSans-BoldItalic"},
+                 {"DejaVu Sans", false, false, true, "DejaVuSans"},
+                 {"DejaVu Sans", true, true, true, "DejaVuSans-BoldOblique"},
+                 {"DejaVu Sans", false, true, false, "DejaVuSans"},
+                 {"DejaVu Sans Book", false, false, true, "DejaVuSans"},
+                 {"DejaVu Sans Mono", false, false, true, noStyle},
+                 {"DejaVu Sans Mono", false, false, false, "DejaVuSansMono-Bold"},
+                 {"Liberation", false, false, false, "Font Liberation was not found in the system."},
+                 {"Arial", true, true, true, "LiberationSans-BoldItalic"},
+                 {"tahoma", false, false, true, "DejaVuSans"}};
     for (int32_t run = 1; run <= 2; ++run)
         for (const auto& [name, isBold, isItalic, isRequired, answer] : cases) {
             if (isRequired) MFile::DeleteTree(scratch.Join("user"));
@@ -98,7 +92,7 @@ TEST_F(SystemFontsTest, ARequestIsAnsweredByFamilyAndStyles) {
         }
     MFile::DeleteTree(scratch.Join("user"));
     MFile::Delete(scratch.Join("fonts/LiberationSans-Italic.ttf"));
-    EXPECT_EQ(Find("Arial", false, true), "0: Font Arial was not found in the system with correct styles.");
+    EXPECT_EQ(Find("Arial", false, true), "Font Arial was not found in the system with correct styles.");
     for (const char* name : {"LiberationSans-Regular.ttf", "LiberationSans-BoldItalic.ttf", "sub/bold.OTF"})
         MFile::Delete(scratch.Join(MString("fonts/") + name));
     EXPECT_EQ(Find("Arial", true), "DejaVuSans-Bold");

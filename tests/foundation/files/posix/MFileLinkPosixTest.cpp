@@ -28,20 +28,18 @@ TEST_F(MFileLinkPosix, ProgramsOfAnyNameAreStartedWithTheirArguments) {
         const char* target;
         const char* arguments;
         const char* expected;
-    } cases[] = {
-        {"plain/tool", "", ""},
-        {"plain/tool", "uninstall", "[uninstall]\n"},
-        {"a b/\xC5\x99 'tool'.run", "  --mode  fast\t", "[--mode]\n[fast]\n"},
-        {"$HOME/`id`\\\"q\"", "$HOME `id` 'a b'", "[$HOME]\n[`id`]\n['a]\n[b']\n"},
-        {"100%/50%u.run", "50% %f %%", "[50%]\n[%f]\n[%%]\n"},
-        {"a=b/c=d", "e=f", "[e=f]\n"},
-        {"semi;colon/&|<>*?#()~!", "a;b & c|d > e", "[a;b]\n[&]\n[c|d]\n[>]\n[e]\n"},
-        {"plain/line\nbreak\ttab", "a\nb", "[a\nb]\n"},
-        // Quotation marks and backslashes as Windows reads them.
-        {"plain/tool", "\"two words\" \"\" a\"b c\"d", "[two words]\n[]\n[ab cd]\n"},
-        {"plain/tool", "C:\\dir\\ \"C:\\a b\\\\\" \\\"x\\\" \\\\\\\"y",
-         "[C:\\dir\\]\n[C:\\a b\\]\n[\"x\"]\n[\\\"y]\n"},
-    };
+    } cases[] = {{"plain/tool", "", ""},
+                 {"plain/tool", "uninstall", "[uninstall]\n"},
+                 {"a b/\xC5\x99 'tool'.run", "  --mode  fast\t", "[--mode]\n[fast]\n"},
+                 {"$HOME/`id`\\\"q\"", "$HOME `id` 'a b'", "[$HOME]\n[`id`]\n['a]\n[b']\n"},
+                 {"100%/50%u.run", "50% %f %%", "[50%]\n[%f]\n[%%]\n"},
+                 {"a=b/c=d", "e=f", "[e=f]\n"},
+                 {"semi;colon/&|<>*?#()~!", "a;b & c|d > e", "[a;b]\n[&]\n[c|d]\n[>]\n[e]\n"},
+                 {"plain/line\nbreak\ttab", "a\nb", "[a\nb]\n"},
+                 // Quotation marks and backslashes as Windows reads them.
+                 {"plain/tool", "\"two words\" \"\" a\"b c\"d", "[two words]\n[]\n[ab cd]\n"},
+                 {"plain/tool", "C:\\dir\\ \"C:\\a b\\\\\" \\\"x\\\" \\\\\\\"y",
+                  "[C:\\dir\\]\n[C:\\a b\\]\n[\"x\"]\n[\\\"y]\n"}};
     const MString link = scratch.Join("Entry");
     for (const auto& [target, arguments, expected] : cases) {
         SCOPED_TRACE(std::string(target) + " | " + arguments);
@@ -70,13 +68,11 @@ TEST_F(MFileLinkPosix, NamesAndDescriptionsAreAnyText) {
         const char* name;
         const char* description;
         const char* lines;
-    } cases[] = {
-        {"Plug-in 2.0", "", "Name=Plug-in 2.0\nExec="},
-        {"\xC5\x98\xC3\xA9verb", "a=b; c\\d [e] #f",
-         "Name=\xC5\x98\xC3\xA9verb\nComment=a=b; c\\\\d [e] #f\nExec="},
-        {" ends ", "First line\nsecond\tline ",
-         "Name=\\sends\\s\nComment=First line\\nsecond\\tline\\s\nExec="},
-    };
+    } cases[] = {{"Plug-in 2.0", "", "Name=Plug-in 2.0\nExec="},
+                 {"\xC5\x98\xC3\xA9verb", "a=b; c\\d [e] #f",
+                  "Name=\xC5\x98\xC3\xA9verb\nComment=a=b; c\\\\d [e] #f\nExec="},
+                 {" ends ", "First line\nsecond\tline ",
+                  "Name=\\sends\\s\nComment=First line\\nsecond\\tline\\s\nExec="}};
     for (const auto& [name, description, lines] : cases) {
         const MString link = scratch.Join(MDecodeUTF8Exact(name));
         MFile::CreateLink(link, program, "", MDecodeUTF8Exact(description));
@@ -98,13 +94,11 @@ TEST_F(MFileLinkPosix, WhatNoEntryCanHoldIsRefusedAndLeavesTheOldEntry) {
         MString target;
         const char* arguments;
         const char* reason;
-    } cases[] = {
-        {"", "", "No such file or directory"},
-        {scratch.Join("missing"), "", "No such file or directory"},
-        {WriteProgram(MDecodeUTF8Exact("caf\xE9")), "",
-         "A desktop entry cannot hold names that are no UTF-8."},
-        {scratch.Join("tool"), "a\x01", "A desktop entry cannot hold \"a\x01\"."},
-    };
+    } cases[] = {{"", "", "No such file or directory"},
+                 {scratch.Join("missing"), "", "No such file or directory"},
+                 {WriteProgram(MDecodeUTF8Exact("caf\xE9")), "",
+                  "A desktop entry cannot hold names that are no UTF-8."},
+                 {scratch.Join("tool"), "a\x01", "A desktop entry cannot hold \"a\x01\"."}};
     for (const auto& [target, arguments, reason] : cases)
         EXPECT_EQ(FailureOf([&, &target = target, &arguments = arguments] {
                       MFile::CreateLink(link, target, arguments, "");

@@ -36,18 +36,12 @@ TEST_F(SystemFontFoldersTest, TheMachinesFontsAndThoseOfTheMakerAreFound) {
     EXPECT_EQ(Text(MFile::GetFileName(found.GetPath())), "DejaVuSansMono-Bold.ttf");
     EXPECT_TRUE(MFile::Exists(scratch.Join("userdata/SystemFonts.cache")));
 
+    // Nobody ever writes into a pipe among the fonts.
+    ASSERT_EQ(mkfifo((home + "/data/Fonts/pipe.ttf").c_str(), 0600), 0);
     MFont::ReScanSystemFonts();
     EXPECT_FALSE(MFile::Exists(scratch.Join("userdata/SystemFonts.cache")));
-    std::string own;
+    int32_t own = 0;
     for (const MFontDescriptor& font : MSystemFonts::GetInstance().GetFonts())
-        if (font.GetPath().StartsWith(scratch.GetPath())) own += Text(font.GetFamily()) + "\n";
-    EXPECT_EQ(own, "Liberation Sans\n");
-}
-
-TEST_F(SystemFontFoldersTest, APipeAmongTheFontsIsNotWaitedFor) {
-    MFile::CreatePath(scratch.Join("fonts"));
-    ASSERT_EQ(mkfifo((home + "/fonts/pipe.ttf").c_str(), 0600), 0);
-    MList<MString> searched;
-    searched.Add(scratch.Join("fonts"));
-    EXPECT_EQ(MSystemFonts(searched, scratch.Join("cache")).GetFonts().GetCount(), 0);
+        own += font.GetPath().StartsWith(scratch.GetPath());
+    EXPECT_EQ(own, 1);
 }
