@@ -148,11 +148,13 @@ TEST(MThreadTest, WhileTheProcessEndsAThreadIsStoppedHardAndNotWaitedFor) {
 
 TEST(MThreadDeathTest, AThreadThatNeverEndsDoesNotKeepTheProcess) {
     const auto leave = [] {
+        static std::atomic<bool> isRunning = false;
         static TestThread thread([](TestThread&) -> int32_t {
-            for (;;) std::this_thread::yield();
+            for (;;) isRunning = true;
         });
         const MModule module;
         thread.Start();
+        while (!isRunning) std::this_thread::yield();
         std::exit(7);
     };
     EXPECT_EXIT(leave(), testing::ExitedWithCode(7), "");
