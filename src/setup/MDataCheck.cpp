@@ -2,11 +2,9 @@
 
 #include "foundation/base/MGuard.h"
 #include "foundation/base/MRaise.h"
-#include "streams/hashes/MMD5Stream.h"
+#include "streams/hashes/MMD5Text.h"
 
 namespace {
-
-constexpr int32_t PieceSize = 0x100000;
 
 [[noreturn]] void RaiseCorruptData() {
     MRaise(MExceptionGeneral, "Setup data file is corrupt. Please download it again or contact support.");
@@ -17,15 +15,8 @@ MString HashWithProgress(const MString& path, MUserDialogs& dialogs) {
     file.Open(path, MOpenRead);
     const auto maximum = static_cast<double>(file.GetSize());
     const auto progress = dialogs.OpenProgress(MTranslate("Checking installer integrity..."));
-    MMD5Stream hash;
-    MBuffer piece(PieceSize);
-    int32_t count;
-    while ((count = file.Read(piece.EditBlock(), PieceSize)) > 0) {
-        hash.Write(piece.GetBlock(), count);
-        progress->SetProgress(maximum, static_cast<double>(file.GetPosition()));
-    }
-    hash.Finish();
-    return hash.GetDigestText();
+    return MMD5OfStream(file,
+                        [&](int64_t done) { progress->SetProgress(maximum, static_cast<double>(done)); });
 }
 
 /// The digest that the companion file holds; empty if there is none.

@@ -1,7 +1,7 @@
 #include "setup/MMD5Tool.h"
 
 #include "foundation/base/MException.h"
-#include "streams/hashes/MMD5Stream.h"
+#include "streams/hashes/MMD5Text.h"
 
 namespace {
 
@@ -9,10 +9,7 @@ MString HashFile(const MString& name, MUserDialogs& dialogs) {
     MStdFileStream file;
     file.Open(name, MOpenRead);
     const auto progress = dialogs.OpenProgress(MTranslate("Generating MD5..."));
-    MMD5Stream hash;
-    file.CopyAllTo(hash);
-    hash.Finish();
-    return hash.GetDigestText();
+    return MMD5OfStream(file);
 }
 
 void WriteCompanion(const MString& name, const MString& digest) {

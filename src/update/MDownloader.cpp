@@ -9,7 +9,7 @@
 #include "foundation/module/MPlatform.h"
 #include "foundation/text/MByteSizeText.h"
 #include "foundation/xml/MXMLSubItems.h"
-#include "streams/hashes/MMD5Stream.h"
+#include "streams/hashes/MMD5Text.h"
 #include "update/MHTTPBody.h"
 
 #include <chrono>
@@ -112,10 +112,7 @@ bool MDownloader::FetchFile(MXMLItem& item) {
 
         view.SetText(MTranslate("Checking file integrity..."));
         file.Rewind();
-        MMD5Stream hash;
-        file.CopyAllToInLargePieces(hash);
-        hash.Finish();
-        if (hash.GetDigestText() == item.GetAttribute("md5")) break;
+        if (MMD5OfStream(file) == item.GetAttribute("md5")) break;
         view.SetText(MTranslate("Download failed, retrying..."));
         item.SetAttribute("NextPartIndex", 0);
         item.SetAttribute("NextPartSize", 0);
@@ -172,10 +169,8 @@ void MDownloader::FetchPart(const MString& name, const MString& digest, MMemoryS
             if (request.Send(0)) {
                 part.Reset();
                 MReadHTTPBody(request, part, limit);
-                MMD5Stream hash;
-                hash.Write(part.GetBuffer().GetBlock(), static_cast<int32_t>(part.GetSize()));
-                hash.Finish();
-                if (hash.GetDigestText() == digest) return;
+                const auto size = static_cast<int32_t>(part.GetSize());
+                if (MMD5OfBlock(part.GetBuffer().GetBlock(), size) == digest) return;
             }
         } catch (const MException&) {
             // As a part with a wrong digest: the next mirror may do better.

@@ -2,7 +2,7 @@
 
 #include "foundation/xml/MXMLItem.h"
 #include "streams/compression/MZLibStream.h"
-#include "streams/hashes/MMD5Stream.h"
+#include "streams/hashes/MMD5Text.h"
 #include "tests/support/MTestText.h"
 
 MMemoryStream MStreamOf(const std::string& bytes) {
@@ -47,10 +47,7 @@ std::string MDeflate(const std::string& bytes) {
 }
 
 std::string MTestDigest(const std::string& bytes) {
-    MMD5Stream hash;
-    hash.Write(bytes.data(), static_cast<int32_t>(bytes.size()));
-    hash.Finish();
-    return Text(hash.GetDigestText());
+    return Text(MMD5OfBlock(bytes.data(), static_cast<int32_t>(bytes.size())));
 }
 
 void MLoadXML(MXMLItem& root, const std::string& text) {

@@ -4,19 +4,11 @@
 #include "foundation/files/MFile.h"
 #include "payload/MPayloadFormat.h"
 #include "payload/MPayloadIndex.h"
+#include "streams/hashes/MMD5Text.h"
 
 namespace {
 
 constexpr int32_t BufferSize = 1 << 20;
-
-MString ComputeDigest(const MString& path) {
-    MStdFileStream source;
-    source.Open(path, MOpenRead);
-    MMD5Stream hash;
-    source.CopyAllToInLargePieces(hash);
-    hash.Finish();
-    return hash.GetDigestText();
-}
 
 MString ReadFirstLine(const MString& path) {
     MStdFileStream source;
@@ -81,7 +73,7 @@ bool MPayloadVerifier::VerifyCompanion() {
     const MString companion = file.GetPath() + ".md5";
     if (!MFile::IsFile(companion)) return true;
     const MString expected = ReadFirstLine(companion);
-    const MString computed = ComputeDigest(file.GetPath());
+    const MString computed = MMD5OfFile(file.GetPath());
     if (expected == computed) return true;
     output.Complain(MFormat("{0}: The digest is {1}, and the file's is {2}. Get both again, or pack again.",
                             companion, expected, computed));

@@ -5,7 +5,7 @@
 #include "install/presets/MPresetMerge.h"
 #include "streams/basic/MMemoryStream.h"
 #include "streams/basic/MOutputFile.h"
-#include "streams/hashes/MMD5Stream.h"
+#include "streams/hashes/MMD5Text.h"
 
 namespace {
 
@@ -13,10 +13,7 @@ namespace {
 constexpr int32_t InstalledIndex = 0;
 
 MString GetDigest(MMemoryStream& content) {
-    MMD5Stream hash;
-    hash.Write(content.GetBuffer().Get(), static_cast<int32_t>(content.GetSize()));
-    hash.Finish();
-    return hash.GetDigestText();
+    return MMD5OfBlock(content.GetBuffer().Get(), static_cast<int32_t>(content.GetSize()));
 }
 
 void ReadFile(const MString& path, MMemoryStream& content) {

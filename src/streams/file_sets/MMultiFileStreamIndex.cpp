@@ -3,7 +3,7 @@
 #include "foundation/files/MSafeName.h"
 #include "foundation/xml/MXMLSubItems.h"
 #include "streams/file_sets/MMultiFileStream.h"
-#include "streams/hashes/MMD5Stream.h"
+#include "streams/hashes/MMD5Text.h"
 
 #include <memory>
 
@@ -19,13 +19,6 @@ bool IsNumber(const MString& text) {
 /// Opening a pipe would wait for somebody to write into it.
 bool IsReadable(const MString& path) {
     return MFile::IsFile(path) && !MFile::IsDevice(path);
-}
-
-MString ComputeDigest(MStdFileStream& file) {
-    MMD5Stream hash;
-    file.CopyAllToInLargePieces(hash);
-    hash.Finish();
-    return hash.GetDigestText();
 }
 
 }  // namespace
@@ -134,7 +127,7 @@ void MMultiFileStream::WriteIndex() {
         MStdFileStream part;
         part.Open(item->GetFileName(), MOpenRead);
         item->element.SetAttribute("Size", part.GetSize());
-        item->element.SetAttribute("md5", ComputeDigest(part));
+        item->element.SetAttribute("md5", MMD5OfStream(part));
     }
     index.SaveFile(indexPath, false, "utf-8");
 }
@@ -163,5 +156,5 @@ bool MMultiFileStream::IsPartValid(int32_t part) const {
     MStdFileStream file;
     file.Open(item.GetFileName(), MOpenRead);
     if (file.GetSize() != GetStatedPartSize(part)) return false;
-    return ComputeDigest(file) == item.element.GetAttribute("md5", "");
+    return MMD5OfStream(file) == item.element.GetAttribute("md5", "");
 }
