@@ -1,5 +1,5 @@
-// Reads hostile lists of downloads. What passes the check names nothing outside of the target, and can be saved and
-// read again.
+// Reads hostile lists of downloads. What passes the check names nothing outside of the target, and can be
+// saved and read again.
 
 #include "foundation/base/MException.h"
 #include "foundation/files/MFile.h"

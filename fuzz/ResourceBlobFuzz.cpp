@@ -1,6 +1,6 @@
-// Reads the input as a resource blob, from memory and copied, and every item as far as a bound. Since hardly a
-// mutation of a compressed index is a sound one, the input is also taken for the parts of a blob: the data up
-// to the first "<", and from there on the index before it is compressed.
+// Reads the input as a resource blob, from memory and copied, and every item as far as a bound. Since hardly
+// a mutation of a compressed index is a sound one, the input is also taken for the parts of a blob: the data
+// up to the first "<", and from there on the index before it is compressed.
 
 #include "foundation/base/MException.h"
 #include "streams/basic/MDispatchStream.h"

@@ -54,5 +54,5 @@ void MDownloadIndex::Check() const {
 void MDownloadIndex::Save(const MString& path) const {
     MOutputFile file(path);
     root.SaveCompressed(file, "utf-8");
-    file.Commit(false);
+    file.Commit();
 }

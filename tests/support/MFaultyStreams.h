@@ -29,6 +29,17 @@ private:
     int64_t bytesLeft;
 };
 
+/// Gives what its source has and then -1, as a connection that breaks.
+class MBreakingStream : public MDispatchStream {
+public:
+    using MDispatchStream::MDispatchStream;
+
+    int32_t Read(void* block, int32_t size) override {
+        const int32_t count = MDispatchStream::Read(block, size);
+        return count > 0 ? count : -1;
+    }
+};
+
 /// Gives a single byte with each call, as a slow connection may.
 class MTricklingStream : public MDispatchStream {
 public:

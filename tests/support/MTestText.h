@@ -24,8 +24,8 @@ inline void PrintTo(const MString& text, std::ostream* out) {
     *out << '"' << Text(text) << '"';
 }
 
-/// The code, in hexadecimal, and the text with which `body` fails, as in "100: Could not perform file seek."; "none" if
-/// it does not fail.
+/// The code, in hexadecimal, and the text with which `body` fails, as in "100: Could not perform file seek.";
+/// "none" if it does not fail.
 template <class Body>
 std::string FailureOf(Body&& body) {
     try {

@@ -14,8 +14,8 @@ public:
     /// count.
     explicit MTreeSnapshot(const MList<MString>& roots, const MList<MString>& ignored = {});
 
-    /// Brings the roots back to what they were; touches only what differs. What is written belongs to the user
-    /// that test programs run as.
+    /// Brings the roots back to what they were; touches only what differs. What is written belongs to the
+    /// user that test programs run as.
     void Restore() const;
     /// A line for each path at which this snapshot and a later one differ; empty if there is none. Of shell
     /// links, which hold the times of their targets, only the sizes count.

@@ -102,5 +102,5 @@ void MBlobWriter::WriteFile(const MString& path) {
     library.Assign(root, data.GetBuffer());
     MOutputFile file(target);
     library.Save(file);
-    file.Commit(false);
+    file.Commit();
 }

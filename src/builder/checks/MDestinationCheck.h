@@ -7,12 +7,13 @@
 #include <unordered_map>
 #include <vector>
 
-/// Looks for two files, or a file and a directory, that would land in one place, in the eyes of a file system that ignores case.
+/// Looks for two files, or a file and a directory, that would land in one place, in the eyes of a file system
+/// that ignores case.
 ///
 /// A `files` element and each `copy` in it is one pass over the files. Destinations are compared as texts,
 /// with their macros unexpanded. Two passes never meet if they are for different platforms, or if both name
-/// `configurations` and share none; every other two can be ticked together. Two passes that bring the same file of the maker's disk to one place
-/// do no harm.
+/// `configurations` and share none; every other two can be ticked together. Two passes that bring the same
+/// file of the maker's disk to one place do no harm.
 class MDestinationCheck {
 public:
     /// Nothing is owned.

@@ -5,17 +5,17 @@
 #include "builder/downloads/MDownloadSetSources.h"
 #include "builder/output/MBuilderOutput.h"
 
-/// Writes all that a maker publishes for a download (docs/download.md): what mirrors offer, and the definition
-/// that users start with, behind a copy of the setup program or in a data file. It comes into being whole or not
-/// at all.
+/// Writes all that a maker publishes for a download (docs/download.md): what mirrors offer, and the
+/// definition that users start with, behind a copy of the setup program or in a data file. It comes into
+/// being whole or not at all.
 class MDownloadSetCommand {
 public:
     /// Nothing is owned.
     MDownloadSetCommand(const MBuilderOptions& options, MBuilderOutput& output)
         : options(options), output(output) {}
 
-    /// Gives the exit code: problems are told, all at once, and then nothing is written. Raises what reading the
-    /// sources and writing the output raise.
+    /// Gives the exit code: problems are told, all at once, and then nothing is written. Raises what reading
+    /// the sources and writing the output raise.
     [[nodiscard]] int32_t Run();
 
 private:

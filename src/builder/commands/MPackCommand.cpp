@@ -66,7 +66,7 @@ void MPackCommand::WriteExecutable() {
     MCopySetupProgram(options.stub, file);
     WritePayload(file);
     const int64_t size = file.GetPosition();
-    file.Commit(true);
+    file.CommitProgram();
     TellResult(size);
 }
 
@@ -77,8 +77,8 @@ void MPackCommand::WriteData() {
     MOutputFile companion(file.GetPath() + ".md5");
     companion.WriteLine(hashing.GetDigestText());
     const int64_t size = file.GetPosition();
-    file.Commit(false);
-    companion.Commit(false);
+    file.Commit();
+    companion.Commit();
     TellResult(size);
 }
 

@@ -3,8 +3,8 @@
 #include "builder/commands/MBuilderOptions.h"
 #include "builder/downloads/MDownloadSetSources.h"
 
-/// Tests what a maker asks for before anything is written. Each fault becomes a problem that says what is wrong,
-/// where and what to do.
+/// Tests what a maker asks for before anything is written. Each fault becomes a problem that says what is
+/// wrong, where and what to do.
 class MDownloadSetCheck {
 public:
     /// What the set may have at most, so that a 32-bit program can hold the index in memory.

@@ -3,8 +3,8 @@
 #include "foundation/base/MList.h"
 #include "foundation/text/MString.h"
 
-/// A directory that is filled whole or not at all. Everything is written into a directory inside it, named after
-/// the set with ".unfinished", and takes its place at the end.
+/// A directory that is filled whole or not at all. Everything is written into a directory inside it, named
+/// after the set with ".unfinished", and takes its place at the end.
 class MDownloadSetOutput {
 public:
     /// Makes the directory, with those around it that are missing, and the one inside it. What an earlier run

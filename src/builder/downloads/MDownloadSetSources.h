@@ -21,9 +21,9 @@ struct MDownloadSetSources {
     [[nodiscard]] int64_t CountParts(int64_t partSize) const;
 };
 
-/// Looks through the directory, in an order that is the same on every platform. What cannot be offered gives a
-/// problem that says what is wrong, where and what to do: no directory or no files in it; names that Windows does
-/// not allow, that differ in case only, that the index cannot hold, or that the downloader needs for itself;
-/// links to directories; and what is no plain file or cannot be read.
+/// Looks through the directory, in an order that is the same on every platform. What cannot be offered gives
+/// a problem that says what is wrong, where and what to do: no directory or no files in it; names that
+/// Windows does not allow, that differ in case only, that the index cannot hold, or that the downloader needs
+/// for itself; links to directories; and what is no plain file or cannot be read.
 [[nodiscard]] MDownloadSetSources MCollectDownloadSetSources(const MString& directory,
                                                              MList<MString>& problems);

@@ -8,8 +8,8 @@
 
 #include <functional>
 
-/// Writes what mirrors offer (docs/download.md): the files cut into parts, and the index that names them. Files
-/// are streamed. The same sources give the same bytes on every platform.
+/// Writes what mirrors offer (docs/download.md): the files cut into parts, and the index that names them.
+/// Files are streamed. The same sources give the same bytes on every platform.
 class MDownloadSetWriter {
 public:
     /// Hears how many more bytes were written.
@@ -18,8 +18,8 @@ public:
     /// Writes into an existing directory, parts of at most `partSize` bytes.
     MDownloadSetWriter(const MString& directory, int64_t partSize, Progress progress);
 
-    /// Writes everything. Raises "\"{0}\" changed while it was being read. ..." (0), and what reading and writing
-    /// raise.
+    /// Writes everything. Raises "\"{0}\" changed while it was being read. ..." (0), and what reading and
+    /// writing raise.
     void Write(const MDownloadSetSources& sources);
 
     [[nodiscard]] int64_t GetPartCount() const { return partCount; }

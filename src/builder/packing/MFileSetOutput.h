@@ -19,8 +19,8 @@ public:
 
     [[nodiscard]] MMultiFileStream& GetStream() { return *set; }
     /// Ends the set, puts its files into their places, and deletes the parts that an older, larger set of the
-    /// same name has left. Gives the number of parts. Raises "The output \"{0}\" is a directory. Remove it, or
-    /// choose another name." (0) and what writing raises while an older set is still whole, then what
+    /// same name has left. Gives the number of parts. Raises "The output \"{0}\" is a directory. Remove it,
+    /// or choose another name." (0) and what writing raises while an older set is still whole, then what
     /// deleting and renaming files raise.
     int32_t Commit();
 

@@ -9,6 +9,6 @@
 /// with the code of what reading raised, and what writing raises with that text in front.
 void MCopySetupProgram(const MString& path, MStream& target);
 
-/// The extension that it has where it runs, without a dot: "exe" for a Windows program, else "run". Raises what
-/// reading raises.
+/// The extension that it has where it runs, without a dot: "exe" for a Windows program, else "run". Raises
+/// what reading raises.
 [[nodiscard]] MString MGetSetupProgramExtension(const MString& path);

@@ -10,6 +10,6 @@
 /// Raises what opening the file and `MMultiFileStream::Open` raise.
 [[nodiscard]] std::unique_ptr<MMultiFileStream> MOpenFileSet(const MString& path);
 
-/// If the file at `path` is an index, tests its parts, tells of each one that is bad, and gives false if there
-/// are any. Raises as `MOpenFileSet`.
+/// If the file at `path` is an index, tests its parts, tells of each one that is bad, and gives false if
+/// there are any. Raises as `MOpenFileSet`.
 [[nodiscard]] bool MVerifyFileSet(const MString& path, MBuilderOutput& output);

@@ -53,7 +53,8 @@ void MPayloadVerifier::ReadItem(int64_t start, int64_t size) {
     if (start < 0 || size < 0 || start > end || (!isCompressed && size > end - start))
         MRaise(MExceptionGeneral, "It lies outside of the items. Pack again.");
     file.GetStream().Seek(start, MSeekOrigin::Begin);
-    // A decompressor that has come to its end may ask for more all the same: the last item needs the index behind it.
+    // A decompressor that has come to its end may ask for more all the same: the last item needs the index
+    // behind it.
     MSizeStream stored(&file.GetStream(), isCompressed ? file.GetPayloadSize() - start : size, true, false);
     const std::unique_ptr<MStream> plain =
         isCompressed ? MOpenDecompressor(stored, file.GetFlags()) : nullptr;

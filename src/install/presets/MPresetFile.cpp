@@ -31,7 +31,7 @@ void MakeBackup(const MString& path) {
     file.Open(path, MOpenRead);
     MOutputFile copy(backup);
     file.CopyAllToInLargePieces(copy);
-    copy.Commit(false);
+    copy.Commit();
 }
 
 void WriteResult(const MString& path, MMemoryStream& result) {
@@ -40,7 +40,7 @@ void WriteResult(const MString& path, MMemoryStream& result) {
     result.CopyAllToInLargePieces(file);
     file.Flush();
     MGuard("Rename current preset as backup", [&] { MakeBackup(path); });
-    file.Commit(false);
+    file.Commit();
 }
 
 void Merge(const MString& path, MMemoryStream& existing, MMemoryStream& source, MPresetJournal& journal) {

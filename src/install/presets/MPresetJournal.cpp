@@ -69,5 +69,5 @@ void MPresetJournal::Rewrite() const {
     for (const MPresetMergeRecord& record : records) text += FormatRecord(record);
     MOutputFile journal(file);
     journal.Write(text.data(), static_cast<int32_t>(text.size()));
-    journal.Commit(false);
+    journal.Commit();
 }

@@ -34,7 +34,7 @@ void CopySetup(const MString& setupPath) {
     MFile::CreatePath(MFile::GetDirectory(setupPath));
     MOutputFile copy(setupPath);
     program.OpenExecutable()->CopyAllToInLargePieces(copy);
-    copy.Commit(true);
+    copy.CommitProgram();
 }
 
 }  // namespace
@@ -79,5 +79,5 @@ void MInstallRun::SaveState() {
     definition.SetAttribute("adminrights", session.AdminRights ? "1" : "0");
     MOutputFile state(MGetStatePath(mainPath));
     definition.Save(state, false, "utf-8");
-    state.Commit(false);
+    state.Commit();
 }

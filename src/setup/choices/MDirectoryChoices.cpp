@@ -45,7 +45,7 @@ void MDefaultPaths::Save() {
     MFile::CreatePath(MFile::GetDirectory(file));
     MOutputFile output(file);
     paths.Save(output, false, "utf-8");
-    output.Commit(false);
+    output.Commit();
 }
 
 namespace {

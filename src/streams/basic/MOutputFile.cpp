@@ -16,9 +16,13 @@ MOutputFile::~MOutputFile() {
     MGuard("MOutputFile", [this] { MFile::Delete(GetFileName()); });
 }
 
-void MOutputFile::Commit(bool isExecutable) {
+void MOutputFile::CommitProgram() {
+    MFile::MakeExecutable(GetFileName());
+    Commit();
+}
+
+void MOutputFile::Commit() {
     Close();
-    if (isExecutable) MFile::MakeExecutable(GetFileName());
     MSyncFile(GetFileName());
     MReplaceFile(GetFileName(), path);
     isCommitted = true;

@@ -14,7 +14,10 @@ public:
     [[nodiscard]] const MString& GetPath() const { return path; }
     /// Closes, and puts the file into its place. Raises what `MStdFileStream::Close`, `MSyncFile` and
     /// `MReplaceFile` raise.
-    void Commit(bool isExecutable);
+    void Commit();
+    /// As `Commit`, and gives the file the right to be executed. Raises what `MFile::MakeExecutable` raises
+    /// too.
+    void CommitProgram();
 
 private:
     MString path;

@@ -38,7 +38,7 @@ int32_t MSizeStream::Read(void* block, int32_t count) {
     const int32_t available = Clamp(count);
     if (available == 0) return 0;
     const int32_t read = source->Read(block, available);
-    position += read;
+    position += std::max(read, 0);
     return read;
 }
 
@@ -51,8 +51,9 @@ void MSizeStream::Seek(int64_t offset, MSeekOrigin origin) {
     case MSeekOrigin::End: start = size; break;
     default: MRaise(MExceptionInvalidArgument, "Invalid seek origin.");
     }
-    position = std::clamp(offset, -start, size - start) + start;
-    source->Seek(startOffset + position, MSeekOrigin::Begin);
+    const int64_t target = std::clamp(offset, -start, size - start) + start;
+    source->Seek(startOffset + target, MSeekOrigin::Begin);
+    position = target;
 }
 
 void MSizeStream::Flush() {

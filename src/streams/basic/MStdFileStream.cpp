@@ -9,8 +9,8 @@
 
 namespace {
 
-/// Large enough that the filters, which read by a few KiB, cost few calls of the system. The runtime library of
-/// Linux takes a size only together with the memory.
+/// Large enough that the filters, which read by a few KiB, cost few calls of the system. The runtime library
+/// of Linux takes a size only together with the memory.
 constexpr size_t BufferSize = 1 << 16;
 
 constexpr const char* WriteErrorText = "Error writing to file \"{0}\". Probably disk full.";

@@ -15,10 +15,6 @@ constexpr int32_t SmallCopySize = 4096;
 constexpr int32_t LargeCopySize = 1 << 20;
 constexpr int32_t MaximumWireSize = 65535;
 
-[[noreturn]] void RaiseNotImplemented(const char* service) {
-    MRaise(MExceptionNotImplemented, "Service \"{0}\" is not implemented.", service);
-}
-
 void CopyInPieces(MStream& source, MStream& target, void* piece, int32_t size) {
     int32_t count;
     do {
@@ -28,6 +24,10 @@ void CopyInPieces(MStream& source, MStream& target, void* piece, int32_t size) {
 }
 
 }  // namespace
+
+void MStream::RaiseNotImplemented(const char* service) {
+    MRaise(MExceptionNotImplemented, "Service \"{0}\" is not implemented.", service);
+}
 
 MStream* MStream::GetSubStream() {
     RaiseNotImplemented("return substream");

@@ -28,7 +28,8 @@ public:
     virtual void Write(const void* block, int32_t size);
     /// Writes `count` bytes of unspecified content, in pieces; nothing for 0 or below.
     virtual void WriteFill(int32_t count);
-    /// Reads at most `size` bytes and returns their number, which is short only at the end of data.
+    /// Reads at most `size` bytes and returns their number, which is short only at the end of data. A
+    /// connection that broke before any byte came gives -1, which a filter takes for the end of data.
     virtual int32_t Read(void* block, int32_t size);
     /// Reads a line of at most `size` - 1 characters into a buffer that always gets a terminating 0.
     /// Byte 13 is dropped; byte 10 and byte 0 end the line and are not stored.
@@ -84,6 +85,10 @@ public:
     /// Copies from this stream's position to its end; the large form works in pieces of 1 MiB.
     void CopyAllTo(MStream& target);
     void CopyAllToInLargePieces(MStream& target);
+
+protected:
+    /// Raises "Service \"{0}\" is not implemented." (1).
+    [[noreturn]] static void RaiseNotImplemented(const char* service);
 
 private:
     template <class Value>

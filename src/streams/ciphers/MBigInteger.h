@@ -6,11 +6,13 @@
 #include <span>
 #include <vector>
 
-/// A number of zero or above with as many 32-bit words as were asked for, lowest first. It never grows by itself:
-/// what goes beyond its words is lost, and told by the carry. Sizes are in bytes and rounded up to words.
+/// A number of zero or above with as many 32-bit words as were asked for, lowest first. It never grows by
+/// itself: what goes beyond its words is lost, and told by the carry. Sizes are in bytes and rounded up to
+/// words.
 ///
-/// Every operation on or with a number that has no words raises "Big integer object has not been initialized."
-/// (0). The time that an operation takes depends on the values: this is no shield against who can measure it.
+/// Every operation on or with a number that has no words raises "Big integer object has not been
+/// initialized." (0). The time that an operation takes depends on the values: this is no shield against who
+/// can measure it.
 class MBigInteger {
 public:
     static constexpr int32_t WordSize = 4;
@@ -63,8 +65,8 @@ public:
     void ShiftRight(int32_t bits);
     /// The product has the words of both factors together.
     [[nodiscard]] MBigInteger Multiply(const MBigInteger& other) const;
-    /// The quotient has the words of this number, the remainder those of the divisor. D. E. Knuth, "The Art of
-    /// Computer Programming", volume 2, algorithm D. Raises "Big integer division by zero." (0).
+    /// The quotient has the words of this number, the remainder those of the divisor. D. E. Knuth, "The Art
+    /// of Computer Programming", volume 2, algorithm D. Raises "Big integer division by zero." (0).
     [[nodiscard]] MBigInteger Divide(const MBigInteger& divisor, MBigInteger& remainder) const;
     [[nodiscard]] MBigInteger Modulo(const MBigInteger& modulus) const;
     /// The divisor is not 0.
@@ -73,15 +75,15 @@ public:
     /// The power of this number by the exponent, with the words of the modulus, which must be odd.
     /// Raises "Big integer modulus is not odd." (0).
     [[nodiscard]] MBigInteger PowerModulo(const MBigInteger& exponent, const MBigInteger& modulus) const;
-    /// The number by which this one must be multiplied to give 1 modulo `modulus`, with the words of the modulus;
-    /// 0 if there is none. Euclid's extended algorithm. Raises "Big integer division by zero." (0).
+    /// The number by which this one must be multiplied to give 1 modulo `modulus`, with the words of the
+    /// modulus; 0 if there is none. Euclid's extended algorithm. Raises "Big integer division by zero." (0).
     [[nodiscard]] MBigInteger InvertModulo(const MBigInteger& modulus) const;
 
-    /// Tests by Miller and Rabin with as many random bases as there are rounds, each of which lets one in four
-    /// composite numbers pass at most. Raises "Random bytes are not available. {0}" (0).
+    /// Tests by Miller and Rabin with as many random bases as there are rounds, each of which lets one in
+    /// four composite numbers pass at most. Raises "Random bytes are not available. {0}" (0).
     [[nodiscard]] bool IsProbablePrime(int32_t rounds) const;
-    /// Becomes a random probable prime with the two highest bits of its size set, so that the product of two has
-    /// all its bits. Raises as `IsProbablePrime` does.
+    /// Becomes a random probable prime with the two highest bits of its size set, so that the product of two
+    /// has all its bits. Raises as `IsProbablePrime` does.
     void SetRandomPrime(int32_t rounds);
 
 private:

@@ -56,8 +56,8 @@ void AddBack(std::span<uint32_t> part, std::span<const uint32_t> divisor) {
     part[divisor.size()] += LowWord(carry);
 }
 
-/// A word of the quotient from the three highest words at hand and the two highest of the divisor; it is at most
-/// one too large.
+/// A word of the quotient from the three highest words at hand and the two highest of the divisor; it is at
+/// most one too large.
 uint32_t EstimateQuotient(std::span<const uint32_t> part, std::span<const uint32_t> divisor) {
     const size_t n = divisor.size();
     const uint64_t high = uint64_t(part[n]) << MBigInteger::WordBits | part[n - 1];

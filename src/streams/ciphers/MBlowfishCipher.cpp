@@ -3,8 +3,9 @@
 namespace {
 
 constexpr int32_t RoundCount = MBlowfishTables::WordCount - 2;
-/// Blocks that are deciphered side by side: they do not wait for each other, so the processor overlaps them. It
-/// can where the compiler writes the loops over them out, which it does at every level of optimization when told.
+/// Blocks that are deciphered side by side: they do not wait for each other, so the processor overlaps them.
+/// It can where the compiler writes the loops over them out, which it does at every level of optimization
+/// when told.
 constexpr int32_t Lanes = 4;
 
 uint32_t LoadWord(const uint8_t* bytes) {

@@ -5,10 +5,10 @@
 
 #include <array>
 
-/// Blowfish in CBC form with a first chain block of zeros; the data keep their length. A last block of less than
-/// 8 bytes is only masked, with the plain block before it, so it is hidden from nobody who knows that block.
-/// There is one key of 56 bytes, and the flags of the key services mean nothing. Until a key is set the cipher
-/// works with its initial tables, which protect nothing.
+/// Blowfish in CBC form with a first chain block of zeros; the data keep their length. A last block of less
+/// than 8 bytes is only masked, with the plain block before it, so it is hidden from nobody who knows that
+/// block. There is one key of 56 bytes, and the flags of the key services mean nothing. Until a key is set
+/// the cipher works with its initial tables, which protect nothing.
 class MBlowfishStream : public MCryptoStream {
 public:
     static constexpr int32_t KeySize = 56;

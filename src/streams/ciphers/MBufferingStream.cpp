@@ -41,9 +41,13 @@ void MBufferingStream::RequireInitialized() const {
         MRaise(MExceptionStreamNotInitialized, "Buffering stream has not been initialized.");
 }
 
-void MBufferingStream::Write(const void* block, int32_t size) {
+void MBufferingStream::RequireWritable() const {
     RequireInitialized();
-    if (!isEncoding) MStream::Write(block, size);
+    if (!isEncoding) RaiseNotImplemented("write to stream");
+}
+
+void MBufferingStream::Write(const void* block, int32_t size) {
+    RequireWritable();
     const auto* bytes = static_cast<const uint8_t*>(block);
     while (size > 0) {
         const int32_t count = std::min(size, inputSize - fillCount);
@@ -69,13 +73,13 @@ void MBufferingStream::WriteBlock() {
 }
 
 void MBufferingStream::FinishBlock() {
-    MBufferingStream::Write(nullptr, 0);
+    RequireWritable();
     if (fillCount > 0) WriteBlock();
 }
 
 int32_t MBufferingStream::Read(void* block, int32_t size) {
     RequireInitialized();
-    if (isEncoding) MStream::Read(block, size);
+    if (isEncoding) RaiseNotImplemented("read from stream");
     auto* bytes = static_cast<uint8_t*>(block);
     int32_t total = 0;
     while (total < size && (GetWaitingCount() > 0 || ReadBlock())) {

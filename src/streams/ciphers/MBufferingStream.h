@@ -6,9 +6,9 @@
 #include <memory>
 #include <span>
 
-/// A filter that cuts what passes into blocks of a fixed size and changes each: what is written is encoded into
-/// the source, what is read is decoded from it. A deriving class has the two block functions; an object that can
-/// be exchanged works on each block before and after them. All sizes are in bytes.
+/// A filter that cuts what passes into blocks of a fixed size and changes each: what is written is encoded
+/// into the source, what is read is decoded from it. A deriving class has the two block functions; an object
+/// that can be exchanged works on each block before and after them. All sizes are in bytes.
 ///
 /// Use: construct, `Open`, write and `FinishBlock`, or read. The source belongs to the caller.
 class MBufferingStream : public MStream {
@@ -28,12 +28,12 @@ public:
     void Open(MStream* newSource, bool encode);
     bool IsOpen() override { return source != nullptr; }
     MStream* GetSubStream() override { return source; }
-    /// Takes ownership of the object, deletes the one before and starts over at a first block. Null installs a
-    /// plain one.
+    /// Takes ownership of the object, deletes the one before and starts over at a first block. Null installs
+    /// a plain one.
     void SetModification(BlockModificationProcessor* object);
 
-    /// Both raise "Buffering stream has not been initialized." (0x102) if there are no block sizes or no source,
-    /// and not-implemented for the direction that the stream was not opened for.
+    /// Both raise "Buffering stream has not been initialized." (0x102) if there are no block sizes or no
+    /// source, and not-implemented for the direction that the stream was not opened for.
     void Write(const void* block, int32_t size) override;
     int32_t Read(void* block, int32_t size) override;
     /// Flushes the source. Bytes of a block that is not full stay.
@@ -65,6 +65,7 @@ protected:
 private:
     void StartOver();
     void RequireInitialized() const;
+    void RequireWritable() const;
     void WriteBlock();
     /// Makes the next decoded bytes wait; false at the end of the source.
     bool ReadBlock();
@@ -77,7 +78,8 @@ private:
     MBufferT<uint8_t> outputBlock;
     int32_t fillCount = 0;
     int32_t readIndex = 0;
-    /// Where the bytes stand that wait to be taken: the input block, or the output block if nothing was decoded.
+    /// Where the bytes stand that wait to be taken: the input block, or the output block if nothing was
+    /// decoded.
     const uint8_t* readBlock = nullptr;
     std::unique_ptr<BlockModificationProcessor> modification;
 };
@@ -91,8 +93,8 @@ public:
 
     /// Starts over at a first block.
     virtual void Init(int32_t newInputSize, int32_t newOutputSize);
-    /// `size` of the plain block's bytes count. True if the block is to be encoded; with false the first `size`
-    /// bytes go to the source as they are.
+    /// `size` of the plain block's bytes count. True if the block is to be encoded; with false the first
+    /// `size` bytes go to the source as they are.
     virtual bool BeforeEncode(uint8_t* block, int32_t& size);
     /// Returns how many bytes of the encoded block go to the source.
     virtual int32_t AfterEncode(uint8_t* block);

@@ -1,15 +1,5 @@
 #include "streams/ciphers/MCryptoStream.h"
 
-#include "foundation/base/MRaise.h"
-
-namespace {
-
-[[noreturn]] void RaiseNotImplemented(const char* service) {
-    MRaise(MExceptionNotImplemented, "Service \"{0}\" is not implemented.", service);
-}
-
-}  // namespace
-
 void MCryptoStream::SetKeyLength(int32_t /*bits*/) {
     RaiseNotImplemented("set crypto key length");
 }

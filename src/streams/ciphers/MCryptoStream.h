@@ -3,8 +3,8 @@
 #include "streams/ciphers/MBufferingStream.h"
 
 /// A cipher as a stream: it encrypts what is written and decrypts what is read. A cipher implements the key
-/// services that it has; every other one raises "Service \"{0}\" is not implemented." (1). A key is set before
-/// the stream is opened.
+/// services that it has; every other one raises "Service \"{0}\" is not implemented." (1). A key is set
+/// before the stream is opened.
 class MCryptoStream : public MBufferingStream {
 public:
     /// Starts over with keys of a length in bits.

@@ -41,8 +41,8 @@ MMontgomery::MMontgomery(const MBigInteger& modulus) : modulus(modulus) {
     scratch.resize(static_cast<size_t>(count) + 1);
 }
 
-/// Adds, for each word of `b`, its product with `a` and the multiple of the modulus that makes the lowest word 0,
-/// which then falls away.
+/// Adds, for each word of `b`, its product with `a` and the multiple of the modulus that makes the lowest
+/// word 0, which then falls away.
 void MMontgomery::MultiplyWords(const uint32_t* a, const uint32_t* b, uint32_t* result) const {
     const uint32_t* m = modulus.GetWords().data();
     const size_t count = modulus.GetWords().size();

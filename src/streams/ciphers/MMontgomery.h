@@ -2,9 +2,9 @@
 
 #include "streams/ciphers/MBigInteger.h"
 
-/// Multiplication modulo a fixed odd number without divisions (P. L. Montgomery, "Modular Multiplication Without
-/// Trial Division", 1985). Numbers take part in a form of their own, with the words of the modulus; in it,
-/// multiplying, comparing and raising to a power mean what they mean outside.
+/// Multiplication modulo a fixed odd number without divisions (P. L. Montgomery, "Modular Multiplication
+/// Without Trial Division", 1985). Numbers take part in a form of their own, with the words of the modulus;
+/// in it, multiplying, comparing and raising to a power mean what they mean outside.
 class MMontgomery {
 public:
     /// Raises "Big integer modulus is not odd." (0).

@@ -18,13 +18,13 @@ public:
     /// Of the modulus, in bytes.
     [[nodiscard]] int32_t GetKeySize() const { return keySize; }
 
-    /// Makes a pair of keys; the flag asks for a random exponent instead of 0x10001, which takes several times
-    /// as long. Raises "Random bytes are not available. {0}" (0).
+    /// Makes a pair of keys; the flag asks for a random exponent instead of 0x10001, which takes several
+    /// times as long. Raises "Random bytes are not available. {0}" (0).
     void GenerateKeys(bool isExponentRandom) override;
     /// The modulus, then the private or the public exponent, each of the key size, lowest byte first.
     void GetKey(MStream& target, bool isPrivate) override;
-    /// Raises "Cryptographic key is not valid." (0) for a modulus that is even or 1, and "Could not read required
-    /// data from stream." (0x100); the old key stays then.
+    /// Raises "Cryptographic key is not valid." (0) for a modulus that is even or 1, and "Could not read
+    /// required data from stream." (0x100); the old key stays then.
     void SetKey(MStream& keySource, bool isPrivate) override;
 
 protected:

@@ -2,6 +2,7 @@
 
 #include "foundation/base/MException.h"
 
+#include <algorithm>
 #include <bzlib.h>
 
 struct MBZIPStream::State : bz_stream {
@@ -43,7 +44,7 @@ void MBZIPStream::Write(const void* /*block*/, int32_t size) {
 void MBZIPStream::Decompress() {
     if (state->avail_in == 0) {
         state->next_in = reinterpret_cast<char*>(inputArea);
-        state->avail_in = static_cast<unsigned>(source->Read(inputArea, InputAreaSize));
+        state->avail_in = static_cast<unsigned>(std::max(source->Read(inputArea, InputAreaSize), 0));
     }
     const bool hadInput = state->avail_in > 0;
     const unsigned room = state->avail_out;

@@ -40,9 +40,9 @@ public:
     /// at `path` stays until `Close` replaces it.
     /// Raises "Parts cannot be {0} bytes long." (2) unless there is at least one, and what `Close` raises.
     void Create(const MString& path, int64_t partSize);
-    /// After writing computes the digests of the parts and saves the index, unless a `Write` has failed: a set
-    /// with a gap gets none. Raises what reading the parts and writing the files raise; the stream is closed
-    /// all the same.
+    /// After writing computes the digests of the parts and saves the index, unless a `Write` has failed: a
+    /// set with a gap gets none. Raises what reading the parts and writing the files raise; the stream is
+    /// closed all the same.
     void Close();
 
     /// Where the part of a number, from 1, lies in a new set with its index at `indexPath`.

@@ -3,6 +3,7 @@
 #include "tests/support/MScratch.h"
 #include "tests/support/MTestText.h"
 
+#include <functional>
 #include <gtest/gtest.h>
 
 namespace {
@@ -15,25 +16,21 @@ protected:
     MStdFileStream stream;
 };
 
-std::string OpenFailure(const MString& path, MOpenFlags flags) {
-    return FailureOf([&] {
-        MStdFileStream stream;
-        stream.Open(path, flags);
-    });
-}
-
 TEST_F(MStdFileStreamTest, EveryOperationNeedsAnOpenFile) {
-    const std::string expected = "102: File stream is not initialized.";
     char byte = 0;
-    EXPECT_EQ(FailureOf([&] { stream.Write(&byte, 1); }), expected);
-    EXPECT_EQ(FailureOf([&] { stream.Read(&byte, 1); }), expected);
-    EXPECT_EQ(FailureOf([&] { stream.ReadLine(&byte, 1); }), expected);
-    EXPECT_EQ(FailureOf([&] { stream.Rewind(); }), expected);
-    EXPECT_EQ(FailureOf([&] { (void)stream.GetPosition(); }), expected);
-    EXPECT_EQ(FailureOf([&] { stream.Flush(); }), expected);
-    EXPECT_EQ(FailureOf([&] { (void)stream.IsEnd(); }), expected);
-    EXPECT_EQ(FailureOf([&] { stream.Truncate(); }), expected);
-    EXPECT_EQ(FailureOf([&] { (void)stream.GetSize(); }), expected);
+    const std::function<void()> operations[] = {
+        [&] { stream.Write(&byte, 1); },
+        [&] { stream.Read(&byte, 1); },
+        [&] { stream.ReadLine(&byte, 1); },
+        [&] { stream.Rewind(); },
+        [&] { stream.Flush(); },
+        [&] { (void)stream.IsEnd(); },
+        [&] { (void)stream.GetPosition(); },
+        [&] { stream.Truncate(); },
+        [&] { (void)stream.GetSize(); },
+    };
+    for (const auto& operation : operations)
+        EXPECT_EQ(FailureOf(operation), "102: File stream is not initialized.");
     EXPECT_FALSE(stream.IsOpen());
     EXPECT_EQ(FailureOf([&] { stream.Close(); }), "none");
 }
@@ -46,11 +43,7 @@ TEST_F(MStdFileStreamTest, FlagsDecideWhatBecomesOfTheContents) {
     EXPECT_EQ(scratch.ReadFile("a"), "NEW contents");
 
     stream.Open(path, MOpenRead);
-    EXPECT_NE(FailureOf([&] {
-                  stream.Write("x", 1);
-                  stream.Flush();
-              }),
-              "none");
+    EXPECT_THROW((stream.Write("x", 1), stream.Flush()), MException);
     stream.Close();
 
     stream.Open(path, MOpenWrite | MOpenCreate);
@@ -61,18 +54,25 @@ TEST_F(MStdFileStreamTest, FlagsDecideWhatBecomesOfTheContents) {
 
 TEST_F(MStdFileStreamTest, AFileThatCannotBeOpenedIsNamed) {
     const MString missing = scratch.Join("no/such");
-    const std::string notOpen = "101: File \"" + Text(missing) + "\" could not be open. Make sure it exists.";
-    EXPECT_EQ(OpenFailure(missing, MOpenRead), notOpen);
-    EXPECT_EQ(OpenFailure(missing, MOpenWrite), notOpen);
-    EXPECT_EQ(OpenFailure(missing, MOpenWrite | MOpenCreate),
-              "101: File \"" + Text(missing) +
-                  "\" could not be created. Make sure there is no write-protected file already existing.");
-    const MString present = scratch.WriteFile("present", "x");
-    EXPECT_EQ(OpenFailure(present, MOpenFlags{}),
-              "101: File \"" + Text(present) + "\" could not be open. Make sure it exists.");
-    EXPECT_EQ(OpenFailure("", MOpenRead), "101: File \"\" could not be open. Make sure it exists.");
-    EXPECT_EQ(OpenFailure(scratch.GetPath(), MOpenRead),
-              "101: File \"" + Text(scratch.GetPath()) + "\" could not be open. Make sure it exists.");
+    const char* const notOpen = "could not be open. Make sure it exists.";
+    const struct {
+        MString path;
+        MOpenFlags flags;
+        const char* text;
+    } cases[] = {
+        {missing, MOpenRead, notOpen},
+        {missing, MOpenWrite, notOpen},
+        {missing, MOpenWrite | MOpenCreate,
+         "could not be created. Make sure there is no write-protected file already existing."},
+        {scratch.WriteFile("present", "x"), MOpenFlags{}, notOpen},
+        {"", MOpenRead, notOpen},
+        {scratch.GetPath(), MOpenRead, notOpen},
+    };
+    for (const auto& [path, flags, text] : cases) {
+        MStdFileStream file;
+        EXPECT_EQ(FailureOf([&, to = path, how = flags] { file.Open(to, how); }),
+                  "101: File \"" + Text(path) + "\" " + text);
+    }
 }
 
 TEST_F(MStdFileStreamTest, AnEmptyNameOpensTheLastFileAgain) {

@@ -1,4 +1,5 @@
-#include "streams/basic/MMemoryStream.h"
+#include "tests/support/MFaultyStreams.h"
+#include "tests/support/MTestBytes.h"
 #include "tests/support/MTestText.h"
 
 #include <functional>
@@ -9,13 +10,6 @@ namespace {
 /// What has been written, as hexadecimal digits.
 std::string Hex(MMemoryStream& stream) {
     return Text(stream.LoadHexText());
-}
-
-MMemoryStream StreamOf(std::string_view bytes) {
-    MMemoryStream stream;
-    stream.Write(bytes.data(), static_cast<int32_t>(bytes.size()));
-    stream.Rewind();
-    return stream;
 }
 
 TEST(MStreamTypedForms, IntegersAreLittleEndian) {
@@ -35,7 +29,7 @@ TEST(MStreamTypedForms, IntegersAreLittleEndian) {
 
 TEST(MStreamTypedForms, ReadingBeyondTheEndFails) {
     const std::string expected = "100: Could not read required data from stream.";
-    MMemoryStream stream = StreamOf("abc");
+    MMemoryStream stream("abc", 3);
     EXPECT_EQ(FailureOf([&] { (void)stream.ReadInt32(); }), expected);
     char block[10];
     EXPECT_EQ(FailureOf([&] { stream.ReadBlock10(block); }), expected);
@@ -45,11 +39,10 @@ TEST(MStreamTypedForms, ReadingBeyondTheEndFails) {
 
 TEST(MStreamTypedForms, WireStringIsCountedUTF8CutAt65535Bytes) {
     MMemoryStream stream;
-    const MString text = MDecodeUTF8Exact("h\xC3\xA9");
-    stream.WriteWireString(text);
+    stream.WriteWireString(Wide(u"h\u00E9"));
     EXPECT_EQ(Hex(stream), "030068C3A9");
     stream.Rewind();
-    EXPECT_TRUE(stream.ReadWireString().IsExactly(text));
+    EXPECT_EQ(stream.ReadWireString(), Wide(u"h\u00E9"));
 
     stream.Reset();
     MString longText;
@@ -70,39 +63,38 @@ TEST(MStreamTypedForms, WriteStringLosesTheTailOfMultiByteText) {
 }
 
 TEST(MStreamTypedForms, HexadecimalTextGoesBothWays) {
-    MMemoryStream stream;
-    stream.StoreHexText("00ff4aB");
-    EXPECT_EQ(Hex(stream), "00FF4A");
-    EXPECT_EQ(FailureOf([&] { stream.StoreHexText("4G"); }),
-              "0: Invalid character to be converted to a number.");
-
     std::string digits;
     for (int i = 0; i < 300; ++i) digits += "A5";
-    stream.Reset();
-    stream.StoreHexText(MDecodeUTF8Exact(digits));
-    EXPECT_EQ(Hex(stream), digits);
+    for (const auto& [text, stored] :
+         {std::pair("00ff4aB", std::string("00FF4A")), {digits.c_str(), digits}}) {
+        MMemoryStream stream;
+        stream.StoreHexText(Heap(text));
+        EXPECT_EQ(Hex(stream), stored);
+    }
+    MMemoryStream stream;
+    EXPECT_EQ(FailureOf([&] { stream.StoreHexText("4G"); }),
+              "0: Invalid character to be converted to a number.");
 }
 
 TEST(MStreamTypedForms, LoadTextTurnsZerosIntoLinesAndDropsControls) {
     std::string bytes("a\0b\r\x01\tc", 7);
     bytes.append(400, 'x');
-    EXPECT_EQ(Text(StreamOf(bytes).LoadText(true)), "a\nb\tc" + std::string(400, 'x'));
-    MMemoryStream stream = StreamOf("abc");
-    (void)stream.ReadInt8();
-    EXPECT_EQ(Text(stream.LoadText(false)), "bc");
+    MMemoryStream stream = MStreamOf(bytes);
+    stream.Seek(3, MSeekOrigin::Begin);
+    EXPECT_EQ(Text(stream.LoadText(false)), "\tc" + std::string(400, 'x'));
+    EXPECT_EQ(Text(stream.LoadText(true)), "a\nb\tc" + std::string(400, 'x'));
 }
 
 TEST(MStreamTypedForms, CopyingTakesEveryByteInEitherForm) {
-    for (const int32_t size : {0, 1, 4095, 4096, 4097, 1 << 20, (1 << 20) + 1}) {
-        std::string bytes(static_cast<size_t>(size), 0);
-        for (size_t i = 0; i < bytes.size(); ++i) bytes[i] = static_cast<char>(i * 7 + i / 256);
-        MMemoryStream source = StreamOf(bytes);
+    for (const size_t size : {0, 1, 4095, 4096, 4097, 1 << 20, (1 << 20) + 1}) {
+        const std::string bytes = MTestNoise(size);
+        MMemoryStream source = MStreamOf(bytes);
+        MBreakingStream breaking(&source);
         MMemoryStream small, large;
-        source.CopyAllTo(small);
+        breaking.CopyAllTo(small);
         source.Rewind();
-        source.CopyAllToInLargePieces(large);
-        EXPECT_EQ(std::string(small.GetBuffer().Get(), static_cast<size_t>(small.GetSize())), bytes);
-        EXPECT_EQ(std::string(large.GetBuffer().Get(), static_cast<size_t>(large.GetSize())), bytes);
+        breaking.CopyAllToInLargePieces(large);
+        EXPECT_TRUE(MBytesOf(small) == bytes && MBytesOf(large) == bytes) << size;
     }
 }
 
@@ -131,29 +123,29 @@ TEST(MStreamTypedForms, ServicesThatAMediumLacksSayWhich) {
     EXPECT_EQ(FailureOf([&] { stream.WriteFill(0); }), "none");
 }
 
-/// The seek of the base class on what can only be read forward.
-class ForwardStream : public MStream {
+/// With the seek of the base class.
+class ForwardStream : public MBreakingStream {
 public:
-    explicit ForwardStream(MMemoryStream& source) : source(source) {}
-    int32_t Read(void* block, int32_t size) override { return source.Read(block, size); }
-    int64_t GetPosition() override { return source.GetPosition(); }
-    int64_t GetSize() override { return source.GetSize(); }
-
-private:
-    MMemoryStream& source;
+    using MBreakingStream::MBreakingStream;
+    void Seek(int64_t offset, MSeekOrigin origin) override { MStream::Seek(offset, origin); }
 };
 
 TEST(MStreamTypedForms, BaseSeekReadsForwardAndStopsAtTheEnd) {
-    MMemoryStream memory = StreamOf(std::string(5000, 'x'));
-    ForwardStream stream(memory);
-    stream.Seek(3000, MSeekOrigin::Begin);
-    EXPECT_EQ(stream.GetPosition(), 3000);
-    stream.Seek(500, MSeekOrigin::Current);
-    EXPECT_EQ(stream.GetPosition(), 3500);
-    stream.Seek(-100, MSeekOrigin::End);
-    EXPECT_EQ(stream.GetPosition(), 4900);
-    stream.Seek(1 << 20, MSeekOrigin::Begin);
-    EXPECT_EQ(stream.GetPosition(), 5000);
+    const std::string bytes(5000, 'x');
+    MMemoryStream memory = MStreamOf(bytes);
+    ForwardStream stream(&memory);
+    const struct {
+        int64_t offset;
+        MSeekOrigin origin;
+        int64_t position;
+    } cases[] = {{3000, MSeekOrigin::Begin, 3000},
+                 {500, MSeekOrigin::Current, 3500},
+                 {-100, MSeekOrigin::End, 4900},
+                 {1 << 20, MSeekOrigin::Begin, 5000}};
+    for (const auto& [offset, origin, position] : cases) {
+        stream.Seek(offset, origin);
+        EXPECT_EQ(stream.GetPosition(), position);
+    }
     EXPECT_EQ(FailureOf([&] { stream.Rewind(); }),
               "1: Service \"backward seek in a stream\" is not implemented.");
 }

@@ -4,8 +4,8 @@
 
 #include <string>
 
-/// A desktop that reads and starts link files: the validator of the desktop-file-utils and the launcher of GLib,
-/// as whoever may use the programs of a test. The program that opens documents is a recorder.
+/// A desktop that reads and starts link files: the validator of the desktop-file-utils and the launcher of
+/// GLib, as whoever may use the programs of a test. The program that opens documents is a recorder.
 class MTestDesktop {
 public:
     /// Everything lies in `directory`, which is there. With `asOrdinaryUser` it must be open for everybody.

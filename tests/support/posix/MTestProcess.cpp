@@ -32,8 +32,8 @@ void BecomeOrdinaryUser() {
         _exit(126);
 }
 
-/// Makes the calls that sync a file succeed at once, where the system allows that. They take most of the time of
-/// an installation, and only a machine that loses its power could tell the difference.
+/// Makes the calls that sync a file succeed at once, where the system allows that. They take most of the time
+/// of an installation, and only a machine that loses its power could tell the difference.
 void SkipSyncing() {
     sock_filter steps[] = {
         BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr)),

@@ -17,8 +17,8 @@ public:
                  const MString& home, bool asOrdinaryUser, void (*prepare)());
 
     [[nodiscard]] pid_t GetId() const { return id; }
-    /// What it has left, when it has ended with a status of `waitpid`. The exit code of a program that a signal
-    /// has ended is the negative number of the signal.
+    /// What it has left, when it has ended with a status of `waitpid`. The exit code of a program that a
+    /// signal has ended is the negative number of the signal.
     [[nodiscard]] MProgramResult GetResult(int status) const;
 
 private:

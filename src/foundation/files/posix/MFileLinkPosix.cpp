@@ -45,6 +45,6 @@ bool MWriteShellLink(const MString& path, const MString& target, const MString& 
 
     MOutputFile file(path);
     file.Write(text.data(), static_cast<int32_t>(text.size()));
-    file.Commit(true);
+    file.CommitProgram();
     return true;
 }

@@ -91,7 +91,7 @@ private:
         return MGuard("MRegistryKey::SetValue", [&] {
             MOutputFile file(GetValueFile(name));
             file.Write(content.data(), static_cast<int32_t>(content.size()));
-            file.Commit(false);
+            file.Commit();
         });
     }
 
