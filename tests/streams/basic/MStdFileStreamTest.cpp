@@ -1,6 +1,6 @@
 #include "streams/basic/MStdFileStream.h"
-#include "foundation/files/MFile.h"
 #include "tests/support/MScratch.h"
+#include "tests/support/MTestBytes.h"
 #include "tests/support/MTestText.h"
 
 #include <functional>
@@ -19,16 +19,8 @@ protected:
 TEST_F(MStdFileStreamTest, EveryOperationNeedsAnOpenFile) {
     char byte = 0;
     const std::function<void()> operations[] = {
-        [&] { stream.Write(&byte, 1); },
-        [&] { stream.Read(&byte, 1); },
-        [&] { stream.ReadLine(&byte, 1); },
-        [&] { stream.Rewind(); },
-        [&] { stream.Flush(); },
-        [&] { (void)stream.IsEnd(); },
-        [&] { (void)stream.GetPosition(); },
-        [&] { stream.Truncate(); },
-        [&] { (void)stream.GetSize(); },
-    };
+        [&] { stream.Write(&byte, 1); }, [&] { stream.Read(&byte, 1); }, [&] { stream.Rewind(); },
+        [&] { stream.Flush(); },         [&] { stream.Truncate(); },     [&] { stream.GetSize(); }};
     for (const auto& operation : operations)
         EXPECT_EQ(FailureOf(operation), "102: File stream is not initialized.");
     EXPECT_FALSE(stream.IsOpen());
@@ -54,32 +46,17 @@ TEST_F(MStdFileStreamTest, FlagsDecideWhatBecomesOfTheContents) {
 
 TEST_F(MStdFileStreamTest, AFileThatCannotBeOpenedIsNamed) {
     const MString missing = scratch.Join("no/such");
-    const char* const notOpen = "could not be open. Make sure it exists.";
-    const struct {
-        MString path;
-        MOpenFlags flags;
-        const char* text;
-    } cases[] = {
-        {missing, MOpenRead, notOpen},
-        {missing, MOpenWrite, notOpen},
-        {missing, MOpenWrite | MOpenCreate,
-         "could not be created. Make sure there is no write-protected file already existing."},
-        {scratch.WriteFile("present", "x"), MOpenFlags{}, notOpen},
-        {"", MOpenRead, notOpen},
-        {scratch.GetPath(), MOpenRead, notOpen},
-    };
-    for (const auto& [path, flags, text] : cases) {
-        MStdFileStream file;
-        EXPECT_EQ(FailureOf([&, to = path, how = flags] { file.Open(to, how); }),
-                  "101: File \"" + Text(path) + "\" " + text);
-    }
-}
-
-TEST_F(MStdFileStreamTest, AnEmptyNameOpensTheLastFileAgain) {
-    stream.Open(scratch.WriteFile("a", "abc"), MOpenRead);
-    stream.Open("", MOpenRead);
-    EXPECT_EQ(stream.ReadInt8(), 'a');
-    EXPECT_TRUE(stream.GetFileName().IsExactly(scratch.Join("a")));
+    const std::pair<MString, MOpenFlags> cases[] = {{"", MOpenRead},
+                                                    {missing, MOpenRead},
+                                                    {missing, MOpenWrite},
+                                                    {scratch.WriteFile("present", "x"), MOpenFlags{}},
+                                                    {scratch.GetPath(), MOpenRead}};
+    for (const auto& [path, flags] : cases)
+        EXPECT_EQ(FailureOf([&, to = path, how = flags] { stream.Open(to, how); }),
+                  "101: File \"" + Text(path) + "\" could not be open. Make sure it exists.");
+    EXPECT_EQ(FailureOf([&] { stream.Open(missing, MOpenWrite | MOpenCreate); }),
+              "101: File \"" + Text(missing) +
+                  "\" could not be created. Make sure there is no write-protected file already existing.");
 }
 
 TEST_F(MStdFileStreamTest, ReadingAndWritingMayAlternate) {
@@ -106,36 +83,23 @@ TEST_F(MStdFileStreamTest, SizesAndTheEnd) {
     EXPECT_TRUE(stream.IsEnd());
     EXPECT_EQ(stream.GetSize(), 11);
     EXPECT_EQ(stream.GetPosition(), 11);
+    // What the runtime library's buffer held beyond the cut was still read afterwards.
     stream.Seek(4, MSeekOrigin::Begin);
     stream.Truncate();
-    EXPECT_EQ(stream.GetSize(), 4);
+    stream.Rewind();
+    EXPECT_EQ(MReadAll(stream), "0123");
     stream.Write("!", 1);
     EXPECT_EQ(FailureOf([&] { stream.Seek(-1, MSeekOrigin::Begin); }), "100: Could not perform file seek.");
-    stream.Close();
-    EXPECT_EQ(scratch.ReadFile("a"), "0123!");
-}
-
-// Seeking fills the runtime library's buffer; what it held beyond the cut was still read afterwards.
-TEST_F(MStdFileStreamTest, WhatIsCutAwayIsNotReadAnyMore) {
-    stream.Open(scratch.WriteFile("a", "good bytes, bad bytes"), MOpenWrite);
-    stream.Seek(10, MSeekOrigin::Begin);
-    stream.Truncate();
-    stream.Rewind();
-    char bytes[32];
-    EXPECT_EQ(stream.Read(bytes, sizeof(bytes)), 10);
+    stream.Open("", MOpenRead);
+    EXPECT_EQ(MReadAll(stream), "0123!") << "an empty name opens the last file again";
 }
 
 TEST_F(MStdFileStreamTest, NamesMayBeLongAndOfAnyCharacters) {
-    const MString name = MDecodeUTF8Exact("\xC5\xBElu\xC5\xA5 \xF0\x9F\x98\x80 ab.txt");
-    scratch.WriteFile(name, "x");
-    EXPECT_EQ(scratch.ListTree(), Text(name) + "\n");
-
-    MString longName;
-    for (int i = 0; i < 4; ++i)
-        longName += MString("/") + MDecodeUTF8Exact(std::string(90, static_cast<char>('a' + i)));
-    ASSERT_GT(longName.GetLength(), 260);
-    scratch.WriteFile(longName, "deep");
-    EXPECT_EQ(scratch.ReadFile(longName), "deep");
+    const std::string part = "\xC5\xBElu\xC5\xA5 \xF0\x9F\x98\x80 " + std::string(100, 'a');
+    const MString name = MDecodeUTF8Exact(part + "/" + part + "/" + part);
+    ASSERT_GT(name.GetLength(), 260);
+    scratch.WriteFile(name, "deep");
+    EXPECT_EQ(scratch.ListTree(), part + "/\n" + part + "/" + part + "/\n" + Text(name) + "\n");
 }
 
 TEST_F(MStdFileStreamTest, PositionsGoBeyond32Bits) {
@@ -147,8 +111,7 @@ TEST_F(MStdFileStreamTest, PositionsGoBeyond32Bits) {
     stream.Open("", MOpenRead);
     stream.Seek(-3, MSeekOrigin::End);
     EXPECT_EQ(stream.GetPosition(), far);
-    EXPECT_EQ(stream.ReadInt8(), 'e');
-    EXPECT_EQ(MFile::GetFileSize(scratch.Join("sparse")), far + 3);
+    EXPECT_EQ(MReadAll(stream), "end");
 }
 
 }  // namespace

@@ -6,7 +6,6 @@
 
 #include <bzlib.h>
 #include <gtest/gtest.h>
-#include <zlib.h>
 
 namespace {
 
@@ -22,21 +21,14 @@ std::string MakeText(size_t size) {
     return text;
 }
 
-/// The two formats behind one interface: what the library packs, and what our reader makes of it.
+/// The two formats behind one interface: what the library packs, our reader, and how it tells the end of its
+/// source.
 struct ZLib {
-    static std::string Pack(const std::string& text) {
-        uLongf size = compressBound(text.size());
-        std::string packed(size, 0);
-        compress(reinterpret_cast<Bytef*>(packed.data()), &size, reinterpret_cast<const Bytef*>(text.data()),
-                 text.size());
-        packed.resize(size);
-        return packed;
-    }
+    static std::string Pack(const std::string& text) { return MDeflate(text); }
     explicit ZLib(MStream& source) { reader.Open(&source, false); }
 
-    /// Without the check sum at its end all of the text is there.
-    static constexpr size_t SpareBytes = 4;
     static inline const std::string CutOff = SourceEnded;
+    static constexpr size_t SpareBytes = 4;  ///< without the check sum at the end all of the text is there
     MZLibStream reader;
 };
 
@@ -51,28 +43,29 @@ struct Bzip2 {
     }
     explicit Bzip2(MStream& source) { reader.Open(&source); }
 
-    static constexpr size_t SpareBytes = 0;
     static inline const std::string CutOff = InvalidContent;
+    static constexpr size_t SpareBytes = 0;
     MBZIPStream reader;
 };
+
+/// Reads as many bytes of a compressed text, in pieces; a failure is given instead of the text.
+template <class Format>
+std::string Unpack(MStream& source, size_t size, size_t piece = 1 << 20) {
+    std::string text(size, 0);
+    const std::string failure = FailureOf([&] {
+        Format format(source);
+        for (size_t done = 0; done < size; done += piece) {
+            EXPECT_EQ(format.reader.GetPosition(), static_cast<int64_t>(done));
+            format.reader.ReadRequired(&text[done], static_cast<int32_t>(std::min(piece, size - done)));
+        }
+    });
+    return failure == "none" ? text : failure;
+}
 
 template <class Format>
 class MCompressionStream : public testing::Test {
 protected:
     ~MCompressionStream() noexcept override = default;
-
-    /// Reads as many bytes of a compressed text, in pieces; a failure is given instead of the text.
-    static std::string Unpack(MStream& source, size_t size, size_t piece = 1 << 20) {
-        std::string text(size, 0);
-        const std::string failure = FailureOf([&] {
-            Format format(source);
-            for (size_t done = 0; done < size; done += piece) {
-                EXPECT_EQ(format.reader.GetPosition(), static_cast<int64_t>(done));
-                format.reader.ReadRequired(&text[done], static_cast<int32_t>(std::min(piece, size - done)));
-            }
-        });
-        return failure == "none" ? text : failure;
-    }
 };
 
 using Formats = testing::Types<ZLib, Bzip2>;
@@ -86,10 +79,10 @@ TYPED_TEST(MCompressionStream, ReadsWhatTheLibraryPacksInPiecesOfAnySize) {
         const std::string text = MakeText(size);
         const std::string packed = TypeParam::Pack(text);
         MMemoryStream source = MStreamOf(packed);
-        EXPECT_TRUE(this->Unpack(source, size, piece) == text) << size << " by " << piece;
+        EXPECT_TRUE(Unpack<TypeParam>(source, size, piece) == text) << size << " by " << piece;
         source.Rewind();
         MTricklingStream slow(&source);
-        EXPECT_TRUE(this->Unpack(slow, size, piece) == text) << size << " by " << piece;
+        EXPECT_TRUE(Unpack<TypeParam>(slow, size, piece) == text) << size << " by " << piece;
     }
 }
 
@@ -100,10 +93,10 @@ TYPED_TEST(MCompressionStream, AStreamThatIsCutOrBreaksAnywhereFailsAndNeverHang
     for (size_t length = 0; length + TypeParam::SpareBytes < packed.size(); ++length) {
         const std::string cut = packed.substr(0, length);
         MMemoryStream source = MStreamOf(cut);
-        EXPECT_EQ(this->Unpack(source, text.size() + 1), TypeParam::CutOff) << length;
+        EXPECT_EQ(Unpack<TypeParam>(source, text.size() + 1), TypeParam::CutOff) << length;
         source.Rewind();
         MBreakingStream breaking(&source);
-        EXPECT_EQ(this->Unpack(breaking, text.size() + 1), TypeParam::CutOff) << length;
+        EXPECT_EQ(Unpack<TypeParam>(breaking, text.size() + 1), TypeParam::CutOff) << length;
     }
 }
 

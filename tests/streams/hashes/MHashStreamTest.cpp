@@ -57,17 +57,6 @@ TEST(MHashStream, PiecesAndTheWholeGiveTheSame) {
     }
 }
 
-TEST(MHashStream, AClassThatSetsNoBlockSizeCannotBeWritten) {
-    struct Bare : MHashStream {
-        void Finish() override {}
-        int32_t GetDigestSize() const override { return 0; }
-        std::span<const uint8_t> GetDigest() const override { return {}; }
-        void ProcessBlock(const uint8_t*) override {}
-    } bare;
-    EXPECT_EQ(FailureOf([&] { bare.Write("x", 1); }),
-              "0: Cryptographic hash stream has not been initialized.");
-}
-
 TEST(MHashStream, AFileAndTheRestOfAStreamAreReadToTheirEndWithProgress) {
     const MScratch scratch;
     const std::string bytes = MTestNoise((1 << 21) + 5);

@@ -31,41 +31,30 @@ private:
     void (*previousHandler)(int);
 };
 
-TEST(MStdFileStreamDiskFull, EveryWayToTheDiskTells) {
+TEST(MStdFileStreamDiskFull, EveryWayToTheDiskTellsOnce) {
     const MScratch scratch;
     const MString path = scratch.Join("full");
-    const std::string expected = "100: Error writing to file \"" + Text(path) + "\". Probably disk full.";
     const std::string large(1 << 20, 'x');
     const FileSizeLimit limit(4096);
-    MStdFileStream stream;
-    const auto writeLittle = [&] {
-        stream.Open(path, MOpenWrite | MOpenCreate);
-        stream.Write(large.data(), 5000);
+    // Of a little that stays in the buffer, only what empties that comes upon the full disk.
+    const std::pair<int32_t, void (*)(MStdFileStream&)> ways[] = {
+        {1 << 20, nullptr},
+        {5000, [](MStdFileStream& stream) { stream.Flush(); }},
+        {5000, [](MStdFileStream& stream) { stream.Close(); }},
+        {5000, [](MStdFileStream& stream) { stream.Rewind(); }},
+        {5000, [](MStdFileStream& stream) { stream.Open("", MOpenRead); }},
     };
-    EXPECT_EQ(FailureOf([&] {
-                  stream.Open(path, MOpenWrite | MOpenCreate);
-                  stream.Write(large.data(), 1 << 20);
-              }),
-              expected);
-    EXPECT_EQ(FailureOf([&] { stream.Close(); }), "none") << "told twice";
-    EXPECT_FALSE(stream.IsOpen());
-
-    // A little stays in the buffer, and only what empties that comes upon the full disk.
-    EXPECT_EQ(FailureOf(writeLittle), "none");
-    EXPECT_EQ(FailureOf([&] { stream.Flush(); }), expected);
-    EXPECT_EQ(FailureOf([&] { stream.Close(); }), "none") << "told twice";
-    EXPECT_EQ(FailureOf(writeLittle), "none");
-    EXPECT_EQ(FailureOf([&] { stream.Close(); }), expected);
-    EXPECT_EQ(FailureOf(writeLittle), "none");
-    EXPECT_EQ(FailureOf([&] { stream.Rewind(); }), expected);
-    EXPECT_EQ(FailureOf(writeLittle), "none");
-    EXPECT_EQ(FailureOf([&] { stream.Open("", MOpenRead); }), expected);
-    EXPECT_EQ(FailureOf([&] {
-                  MStdFileStream silent;
-                  silent.Open(path, MOpenWrite | MOpenCreate);
-                  silent.Write(large.data(), 5000);
-              }),
-              "none");
+    for (const auto& [size, way] : ways) {
+        MStdFileStream stream;
+        stream.Open(path, MOpenWrite | MOpenCreate);
+        EXPECT_EQ(FailureOf([&, count = size, empty = way] {
+                      stream.Write(large.data(), count);
+                      empty(stream);
+                  }),
+                  "100: Error writing to file \"" + Text(path) + "\". Probably disk full.");
+        EXPECT_EQ(FailureOf([&] { stream.Close(); }), "none") << "told twice";
+        EXPECT_FALSE(stream.IsOpen());
+    }
 }
 
 TEST(MStdFileStreamDevice, ADeviceIsWrittenThroughAndNotReplaced) {
