@@ -42,9 +42,7 @@ void MLargeResourceLibrary::Attach(MStream* stream) {
 
     text.CopyAllTo(hash);
     hash.Finish();
-    MMemoryStream computed;
-    hash.WriteDigest(computed);
-    if (std::memcmp(computed.GetBuffer().GetBlock(), digest.GetBlock(), static_cast<size_t>(digestSize)) != 0)
+    if (std::memcmp(hash.GetDigest().data(), digest.GetBlock(), static_cast<size_t>(digestSize)) != 0)
         MRaise(MExceptionStreamError, "Resource library file is corrupt.");
     text.Rewind();
     Load(text);

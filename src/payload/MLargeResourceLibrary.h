@@ -23,7 +23,6 @@ public:
     [[nodiscard]] std::unique_ptr<MStream> OpenItem(MXMLItem* item);
 
     [[nodiscard]] bool AreItemsCompressed() const { return itemsCompressed; }
-    [[nodiscard]] bool IsBzip2Used() const { return useBzip2; }
 
 private:
     MStream* library = nullptr;

@@ -16,7 +16,7 @@
 /// file of the maker's disk to one place do no harm.
 class MDestinationCheck {
 public:
-    /// Nothing is owned.
+    /// The definition and the problems outlive the check.
     MDestinationCheck(const MDefinition& definition, MProblemList& problems)
         : definition(definition), problems(problems) {}
 

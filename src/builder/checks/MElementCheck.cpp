@@ -1,10 +1,89 @@
 #include "builder/checks/MElementCheck.h"
 
-#include "builder/checks/MElementRule.h"
 #include "builder/checks/MPlatforms.h"
 #include "foundation/text/MStringFormatter.h"
 
+#include <algorithm>
+#include <iterator>
+#include <string_view>
+
 namespace {
+
+/// What a definition says of an element. Lists are words with single blanks between them.
+struct ElementRule {
+    std::string_view name;
+    /// Elements that it stands in; none for the root.
+    std::string_view parents;
+    std::string_view required;
+    /// Of several in one parent only the first would be read.
+    bool isSingle = false;
+
+    /// The rule of an element where it stands, or null.
+    [[nodiscard]] static const ElementRule* Find(const MXMLItem& item);
+    /// Whether an attribute is read as a number.
+    [[nodiscard]] static bool IsNumber(const MString& attribute);
+    /// Whether a list has a word, ignoring case.
+    [[nodiscard]] static bool HasWord(std::string_view list, const MString& word);
+
+    /// Calls `visit(MString)` for each word of a list.
+    template <class Visitor>
+    static void ForEachWord(std::string_view list, Visitor visit) {
+        while (!list.empty()) {
+            const size_t blank = std::min(list.find(' '), list.size());
+            visit(MString::Copy(list.data(), static_cast<int32_t>(blank)));
+            list.remove_prefix(std::min(blank + 1, list.size()));
+        }
+    }
+};
+
+constexpr std::string_view Pages = "onstart onsuccess onerror onabort";
+
+constexpr ElementRule Rules[] = {
+    {"install", "", "name", true},
+    {"uninstall", "install", "", false},
+    {"topimage", "install", "name", true},
+    {"leftimage", "install", "name", true},
+    {"onstart", "install", "", true},
+    {"licence", "install", "name", true},
+    {"configuration", "install", "id name", false},
+    {"directory", "install", "id name default", false},
+    {"files", "install", "destination", false},
+    {"executeupdate", "install", "", true},
+    {"shortcutdirectory", "install shortcutdirectory", "name", false},
+    {"shortcut", "install shortcutdirectory", "name", false},
+    {"onsuccess", "install", "", true},
+    {"onerror", "install", "", true},
+    {"onabort", "install", "", true},
+    {"info", Pages, "", false},
+    {"execute", Pages, "destination", false},
+    {"default", "directory", "", false},
+    {"copy", "files", "destination", false},
+    {"extension", "copy", "src dst", false},
+    {"dir", "files dir", "name", false},
+    {"file", "files dir", "name", false},
+};
+
+constexpr std::string_view Numbers = "update wait enabled windows linux setup x64 Hidden StoreSystemDefaults "
+                                     "required rewritable uninstall createpath ignoresubdirs desktop";
+
+const ElementRule* ElementRule::Find(const MXMLItem& item) {
+    const MString parent = item.GetParent() ? item.GetParent()->GetName() : MString();
+    const auto* const found = std::find_if(std::begin(Rules), std::end(Rules), [&](const ElementRule& rule) {
+        const bool isPlaced = item.GetParent() ? HasWord(rule.parents, parent) : rule.parents.empty();
+        return isPlaced && HasWord(rule.name, item.GetName());
+    });
+    return found == std::end(Rules) ? nullptr : found;
+}
+
+bool ElementRule::IsNumber(const MString& attribute) {
+    return HasWord(Numbers, attribute);
+}
+
+bool ElementRule::HasWord(std::string_view list, const MString& word) {
+    bool isFound = false;
+    ForEachWord(list, [&](const MString& candidate) { isFound = isFound || candidate == word; });
+    return isFound;
+}
 
 bool HasAttribute(const MXMLItem& item, const MString& name) {
     for (const MAttribute* attribute : item.GetAttributes())
@@ -34,15 +113,15 @@ void MElementCheck::Run() {
 }
 
 void MElementCheck::CheckItem(const MXMLItem& item) {
-    const MElementRule* rule = MElementRule::Find(item);
+    const ElementRule* rule = ElementRule::Find(item);
     if (!rule) {
         problems.AddWarning(
             definition.GetLine(item),
             MFormat("Nothing reads an element \"{0}\" here. Correct its name or move it.", item.GetName()));
         return;
     }
-    MElementRule::ForEachWord(rule->required,
-                              [&](const MString& attribute) { CheckRequired(item, attribute); });
+    ElementRule::ForEachWord(rule->required,
+                             [&](const MString& attribute) { CheckRequired(item, attribute); });
     CheckConditional(item);
     CheckNumbers(item);
     if (rule->isSingle) CheckSingle(item);
@@ -71,7 +150,7 @@ void MElementCheck::CheckConditional(const MXMLItem& item) {
 
 void MElementCheck::CheckNumbers(const MXMLItem& item) {
     for (const MAttribute* attribute : item.GetAttributes())
-        if (MElementRule::IsNumber(attribute->name) && !IsNumberText(attribute->value))
+        if (ElementRule::IsNumber(attribute->name) && !IsNumberText(attribute->value))
             problems.AddWarning(
                 definition.GetLine(item),
                 MFormat("\"{0}\" is \"{1}\", which counts as 0 or as the digits it begins with. "

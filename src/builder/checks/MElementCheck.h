@@ -5,7 +5,7 @@
 /// Looks for elements that nothing reads, missing elements and attributes, and numbers that are none.
 class MElementCheck {
 public:
-    /// Nothing is owned.
+    /// The definition and the problems outlive the check.
     MElementCheck(const MDefinition& definition, MProblemList& problems)
         : definition(definition), problems(problems) {}
 

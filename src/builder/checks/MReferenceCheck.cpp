@@ -1,8 +1,9 @@
 #include "builder/checks/MReferenceCheck.h"
 
-#include "builder/checks/MMacroNames.h"
 #include "builder/checks/MPlatforms.h"
+#include "foundation/files/MSpecialFolders.h"
 #include "foundation/text/MStringFormatter.h"
+#include "install/definition/MPathMacros.h"
 
 namespace {
 
@@ -12,6 +13,16 @@ bool IsTwin(const MXMLItem& first, const MXMLItem& second) {
     return !id.IsEmpty() && first.GetName() == second.GetName() && first.GetAttribute("id", "") == id &&
            MPlatforms(first).Meets(MPlatforms(second)) &&
            first.GetInt32Attribute("x64", 0) == second.GetInt32Attribute("x64", 0);
+}
+
+/// A macro without its braces that every definition can use: a folder of the machine, with or without "32" or
+/// "64" behind it.
+bool IsFolderMacro(const MString& name) {
+    const bool hasSuffix = name.EndsWith("32") || name.EndsWith("64");
+    const MString folder = hasSuffix ? name.Substring(0, name.GetLength() - 2) : name;
+    for (int32_t i = 0; i < MSpecialFolderCount; ++i)
+        if (folder == MPathMacros::GetFolderName(i)) return true;
+    return false;
 }
 
 }  // namespace
@@ -74,8 +85,8 @@ void MReferenceCheck::CheckMacros(const MXMLItem& item, const MString& path, boo
 void MReferenceCheck::CheckMacro(const MXMLItem& item, const MString& name, bool knowsDirectories) {
     const bool isDirectory = definition.GetRoot().FindSubItem("directory", "id", name) != nullptr;
     const int32_t line = definition.GetLine(item);
-    if (MMacroNames::IsFolder(name)) {
-        if (MMacroNames::IsX64Only(name) && !isDirectory && !HasX64Configuration())
+    if (IsFolderMacro(name)) {
+        if (name.EndsWith("64") && !isDirectory && !HasX64Configuration())
             problems.AddWarning(line,
                                 MFormat("{{{0}}} exists only in a configuration with x64=\"1\", and there is "
                                         "none. Add one, or write {{{1}}}.",

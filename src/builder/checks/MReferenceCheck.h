@@ -7,7 +7,7 @@
 /// Looks for ids that nothing defines: in `configurations`, and as `{macros}` of paths.
 class MReferenceCheck {
 public:
-    /// Nothing is owned.
+    /// The definition and the problems outlive the check.
     MReferenceCheck(const MDefinition& definition, MProblemList& problems)
         : definition(definition), problems(problems) {}
 

@@ -10,7 +10,7 @@
 /// being whole or not at all.
 class MDownloadSetCommand {
 public:
-    /// Nothing is owned.
+    /// The options and the output outlive the command.
     MDownloadSetCommand(const MBuilderOptions& options, MBuilderOutput& output)
         : options(options), output(output) {}
 

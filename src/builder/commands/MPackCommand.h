@@ -9,7 +9,7 @@
 /// Packs a definition and the files that it names. The output comes into being whole or not at all.
 class MPackCommand {
 public:
-    /// Nothing is owned.
+    /// The options and the output outlive the command.
     MPackCommand(const MBuilderOptions& options, MBuilderOutput& output);
 
     /// Gives the exit code: a definition with errors is told and refused. Raises what reading the sources and

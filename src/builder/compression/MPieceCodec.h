@@ -1,17 +1,53 @@
 #pragma once
 
-#include "builder/compression/MPiece.h"
 #include "foundation/base/MObject.h"
 #include "streams/basic/MStream.h"
 
+#include <algorithm>
+#include <cstdint>
 #include <memory>
 #include <span>
+#include <vector>
+
+/// A stretch of an item that is compressed by itself, so that several can be worked on at once.
+struct MPiece {
+    /// Bytes of the item: first `dictionarySize` bytes that the piece before ends with, then its own.
+    std::vector<uint8_t> plain;
+    uint32_t dictionarySize = 0;
+    bool isFirst = false;
+    bool isLast = false;
+
+    /// What compressing gave; how it is laid out is between a codec's compressor and its joiner.
+    std::vector<uint8_t> packed;
+    /// For codecs whose pieces do not end at a byte.
+    uint64_t bitCount = 0;
+    /// The codec's check sum of the plain bytes.
+    uint32_t checksum = 0;
+
+    [[nodiscard]] const uint8_t* GetOwnBytes() const { return plain.data() + dictionarySize; }
+    [[nodiscard]] uint32_t GetOwnSize() const { return static_cast<uint32_t>(plain.size()) - dictionarySize; }
+};
 
 /// Tells where a piece ends, while its bytes come in.
 class MPieceMeter : public MObject {
 public:
     /// How many of these bytes, which follow those taken before, still belong to the piece.
     virtual size_t Take(std::span<const uint8_t> bytes) = 0;
+};
+
+/// Ends a piece after a fixed number of bytes.
+class MFixedPieceMeter final : public MPieceMeter {
+public:
+    explicit MFixedPieceMeter(size_t size) : left(size) {}
+
+    size_t Take(std::span<const uint8_t> bytes) override {
+        const size_t count = std::min(left, bytes.size());
+        left -= count;
+        return count;
+    }
+
+private:
+    size_t left;
 };
 
 /// Puts the compressed pieces of an item together, in their order.

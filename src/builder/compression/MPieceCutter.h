@@ -7,7 +7,7 @@
 /// an empty stream.
 class MPieceCutter {
 public:
-    /// The stream gives exactly `size` bytes; `name` is for messages. Nothing is owned.
+    /// The stream gives exactly `size` bytes; `name` is for messages. Stream and codec outlive the cutter.
     MPieceCutter(MStream& source, int64_t size, const MString& name, const MPieceCodec& codec);
 
     /// The next piece, or false after the last. Raises "\"{0}\" changed while it was being packed. Pack

@@ -1,7 +1,5 @@
 #include "builder/compression/MPlainPieces.h"
 
-#include "builder/compression/MFixedPieceMeter.h"
-
 namespace {
 
 class PlainJoiner final : public MPieceJoiner {

@@ -1,7 +1,5 @@
 #include "builder/compression/MZLibPieces.h"
 
-#include "builder/compression/MFixedPieceMeter.h"
-#include "builder/compression/MZLibJoiner.h"
 #include "foundation/base/MException.h"
 #include "payload/MPayloadFormat.h"
 
@@ -49,6 +47,45 @@ private:
     z_stream stream = {};
 };
 
+/// Method and window of 32 KiB, then the level's class and what makes the 16 bits a multiple of 31.
+void WriteHeader(int32_t level, MStream& target) {
+    const int32_t levelClass = level < 2 ? 0 : level < 6 ? 1 : level == 6 ? 2 : 3;
+    uint32_t header = 0x7800u | static_cast<uint32_t>(levelClass) << 6;
+    header += 31 - header % 31;
+    const uint8_t bytes[] = {static_cast<uint8_t>(header >> 8), static_cast<uint8_t>(header)};
+    target.Write(bytes, sizeof bytes);
+}
+
+void WriteChecksum(uint32_t checksum, MStream& target) {
+    const uint8_t bytes[] = {static_cast<uint8_t>(checksum >> 24), static_cast<uint8_t>(checksum >> 16),
+                             static_cast<uint8_t>(checksum >> 8), static_cast<uint8_t>(checksum)};
+    target.Write(bytes, sizeof bytes);
+}
+
+/// Makes one zlib stream of deflated pieces: the header in front of the first, and the
+/// Adler-32 of the whole item behind the last.
+class Joiner final : public MPieceJoiner {
+public:
+    explicit Joiner(int32_t level) : level(level) {}
+
+    void Add(const MPiece& piece, MStream& target) override;
+
+private:
+    int32_t level;
+    uint32_t checksum = 0;
+};
+
+void Joiner::Add(const MPiece& piece, MStream& target) {
+    if (piece.isFirst) {
+        checksum = static_cast<uint32_t>(adler32(0, nullptr, 0));
+        WriteHeader(level, target);
+    }
+    checksum = static_cast<uint32_t>(
+        adler32_combine(checksum, piece.checksum, static_cast<z_off_t>(piece.GetOwnSize())));
+    target.Write(piece.packed.data(), static_cast<int32_t>(piece.packed.size()));
+    if (piece.isLast) WriteChecksum(checksum, target);
+}
+
 }  // namespace
 
 uint32_t MZLibPieces::GetFlags() const {
@@ -60,7 +97,7 @@ std::unique_ptr<MPieceMeter> MZLibPieces::MakeMeter() const {
 }
 
 std::unique_ptr<MPieceJoiner> MZLibPieces::MakeJoiner() const {
-    return std::make_unique<MZLibJoiner>(level);
+    return std::make_unique<Joiner>(level);
 }
 
 void MZLibPieces::Compress(MPiece& piece) const {

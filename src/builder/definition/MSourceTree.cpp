@@ -1,6 +1,6 @@
 #include "builder/definition/MSourceTree.h"
 
-#include "builder/definition/MFileTimeText.h"
+#include "builder/definition/MDefinitionText.h"
 #include "builder/definition/MSortedFileList.h"
 #include "foundation/files/MFile.h"
 #include "foundation/text/MStringFormatter.h"

@@ -1,7 +1,16 @@
 #pragma once
 
 #include "builder/definition/MDefinition.h"
-#include "builder/definition/MSourceItem.h"
+#include "foundation/base/MList.h"
+
+/// An element of a definition that stands for stored data, and the file that its data come from.
+struct MSourceItem {
+    MXMLItem* element = nullptr;
+    MString path;
+    int64_t size = 0;  ///< in bytes
+};
+
+using MSourceItemList = MList<MSourceItem>;
 
 /// Finds the files that a definition names, and fills its `files` elements from disk.
 ///
@@ -16,7 +25,7 @@
 /// one, `time` and, unless they have it, `update` "0".
 class MSourceTree {
 public:
-    /// Nothing is owned.
+    /// The definition and the problems outlive the tree.
     MSourceTree(MDefinition& definition, MProblemList& problems)
         : definition(definition), problems(problems) {}
 

@@ -10,7 +10,7 @@ public:
     /// What the set may have at most, so that a 32-bit program can hold the index in memory.
     static constexpr int64_t MaximumPartCount = 100'000;
 
-    /// Nothing is owned.
+    /// The options and the problems outlive the check.
     MDownloadSetCheck(const MBuilderOptions& options, MList<MString>& problems)
         : options(options), problems(problems) {}
 

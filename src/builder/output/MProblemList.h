@@ -11,24 +11,22 @@ enum class MSeverity { Warning, Error };
 /// What is wrong in a definition, each with its line.
 class MProblemList {
 public:
-    struct Problem {
-        int32_t line = 0;
-        MSeverity severity = MSeverity::Error;
-        MString text;
-    };
-
     /// The text says what is wrong and what to do. Lines count from 1.
     void AddError(int32_t line, const MString& text);
     void AddWarning(int32_t line, const MString& text);
 
     [[nodiscard]] int32_t GetErrorCount() const { return errorCount; }
     [[nodiscard]] int32_t GetWarningCount() const { return problems.GetCount() - errorCount; }
-    /// In the order in which they were added.
-    [[nodiscard]] const MList<Problem>& GetProblems() const { return problems; }
     /// Writes "file:line: error: text" for each, in the order of lines.
     void Print(const MString& file, MBuilderOutput& output) const;
 
 private:
+    struct Problem {
+        int32_t line = 0;
+        MSeverity severity = MSeverity::Error;
+        MString text;
+    };
+
     MList<Problem> problems;
     int32_t errorCount = 0;
 };

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "builder/definition/MSourceItem.h"
+#include "builder/definition/MSourceTree.h"
 
 #include <vector>
 

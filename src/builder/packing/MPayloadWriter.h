@@ -1,13 +1,13 @@
 #pragma once
 
 #include "builder/compression/MParallelCompressor.h"
-#include "builder/definition/MSourceItem.h"
+#include "builder/definition/MSourceTree.h"
 #include "foundation/xml/MXMLItem.h"
 
 /// Writes a payload (see payload/MPayloadFormat.h) into a stream, from the stream's position on.
 class MPayloadWriter {
 public:
-    /// Nothing is owned. `threads` work on compressing.
+    /// The target and the codec outlive the writer. `threads` work on compressing.
     MPayloadWriter(const MPieceCodec& codec, int32_t threads, MStream& target);
 
     /// Writes the items' contents, equal ones once, and gives each element its `filestart` and `filesize`.

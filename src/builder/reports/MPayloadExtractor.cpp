@@ -1,7 +1,6 @@
 #include "builder/reports/MPayloadExtractor.h"
 
 #include "builder/definition/MDefinitionText.h"
-#include "builder/definition/MFileTimeText.h"
 #include "foundation/base/MGuard.h"
 #include "foundation/base/MRaise.h"
 #include "foundation/files/MFile.h"

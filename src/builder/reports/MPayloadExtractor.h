@@ -8,7 +8,7 @@
 /// images, and "definition.xml", from which it can be packed again.
 class MPayloadExtractor {
 public:
-    /// Nothing is owned.
+    /// The file and the output outlive the object.
     MPayloadExtractor(MPayloadFile& file, MBuilderOutput& output) : file(file), output(output) {}
 
     /// The directory is created; one that is there must be empty. Raises "\"{0}\" is not empty. ..." and

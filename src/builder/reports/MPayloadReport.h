@@ -6,7 +6,7 @@
 /// Shows what a payload holds.
 class MPayloadReport {
 public:
-    /// Nothing is owned.
+    /// The file and the output outlive the object.
     MPayloadReport(MPayloadFile& file, MBuilderOutput& output) : file(file), output(output) {}
 
     /// Form, sizes, flags and digest, then tables of parts, components, directories and items.

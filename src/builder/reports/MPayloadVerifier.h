@@ -11,7 +11,7 @@
 /// there, the companion with the digest of the whole file.
 class MPayloadVerifier {
 public:
-    /// Nothing is owned.
+    /// The file and the output outlive the object.
     MPayloadVerifier(MPayloadFile& file, MBuilderOutput& output);
 
     /// Tells what is bad, each item on a line, and true if nothing is.
