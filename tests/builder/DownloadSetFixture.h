@@ -1,8 +1,8 @@
 #pragma once
 
 #include "foundation/xml/MXMLItem.h"
-#include "streams/basic/MMemoryStream.h"
 #include "tests/builder/BuilderFixture.h"
+#include "tests/support/MTestBytes.h"
 
 /// Files to offer in "files", and the set that is made of them in "out".
 class DownloadSetFixture : public BuilderFixture {
@@ -26,9 +26,7 @@ protected:
     }
 
     static void LoadTree(const std::string& bytes, MXMLItem& root) {
-        MMemoryStream stream;
-        stream.Write(bytes.data(), static_cast<int32_t>(bytes.size()));
-        stream.Rewind();
+        MMemoryStream stream = MStreamOf(bytes);
         root.LoadCompressed(stream);
     }
 };

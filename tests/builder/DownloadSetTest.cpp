@@ -3,7 +3,6 @@
 #include "payload/MLargeResourceLibrary.h"
 #include "payload/MPayloadFormat.h"
 #include "payload/MSfx.h"
-#include "streams/hashes/MMD5Stream.h"
 #include "tests/builder/DownloadSetFixture.h"
 
 using testing::ElementsAre;
@@ -11,26 +10,11 @@ using testing::HasSubstr;
 
 namespace {
 
-std::string GetDigest(const std::string& bytes) {
-    MMD5Stream hash;
-    hash.Write(bytes.data(), static_cast<int32_t>(bytes.size()));
-    hash.Finish();
-    return Text(hash.GetDigestText());
-}
-
-/// Bytes of which no kilobyte is like another.
-std::string MakeContent(size_t size) {
-    std::string content;
-    while (content.size() < size) content += std::to_string(content.size() * 7919) + ";";
-    content.resize(size);
-    return content;
-}
-
 class DownloadSetTest : public DownloadSetFixture {
 protected:
     void WriteSmallSet() {
         scratch.WriteFile("files/a.txt", "hello");
-        scratch.WriteFile("files/b/c.bin", MakeContent(1500));
+        scratch.WriteFile("files/b/c.bin", MTestNoise(1500));
     }
 
     void LoadIndex(MXMLItem& index) { LoadTree(scratch.ReadFile("out/Tamborel-8.1/INDEX.ZIP"), index); }
@@ -41,11 +25,11 @@ protected:
         for (const MXMLItem* part : file.GetSubItems()) {
             const MString name = file.GetAttribute("ID") + "." + part->GetValue() + ".zip";
             const std::string bytes = scratch.ReadFile("out/Tamborel-8.1/" + name);
-            EXPECT_EQ(Text(part->GetAttribute("md5")), GetDigest(bytes)) << Text(name);
+            EXPECT_EQ(Text(part->GetAttribute("md5")), MTestDigest(bytes)) << Text(name);
             sizes.push_back(bytes.size());
             content += bytes;
         }
-        EXPECT_EQ(Text(file.GetAttribute("md5")), GetDigest(content));
+        EXPECT_EQ(Text(file.GetAttribute("md5")), MTestDigest(content));
         return content;
     }
 
@@ -92,7 +76,7 @@ TEST_F(DownloadSetTest, IndexAndPartsGiveTheDirectoryBack) {
         {"sub/least.txt", 1023, {1023}},
         {"\xC3\xA4/b", 1025, {1024, 1}},
     };
-    for (const File& file : files) scratch.WriteFile("files/" + Name(file.name), MakeContent(file.size));
+    for (const File& file : files) scratch.WriteFile("files/" + Name(file.name), MTestNoise(file.size));
     MFile::CreatePath(scratch.Join("files/void/inner"));
     ASSERT_EQ(MakeSet({"--part-size", "1K"}), MBuilderExitDone) << JoinComplaints();
     EXPECT_THAT(output.told,
@@ -113,7 +97,7 @@ TEST_F(DownloadSetTest, IndexAndPartsGiveTheDirectoryBack) {
         const File& file = files[found++];
         std::vector<size_t> sizes;
         EXPECT_EQ(Text(item->GetValue()), file.name);
-        EXPECT_EQ(JoinParts(*item, sizes), MakeContent(file.size)) << file.name;
+        EXPECT_EQ(JoinParts(*item, sizes), MTestNoise(file.size)) << file.name;
         EXPECT_EQ(sizes, file.parts) << file.name;
     }
     EXPECT_EQ(found, files.size());
@@ -127,7 +111,8 @@ TEST_F(DownloadSetTest, TheSameFilesGiveTheseBytes) {
                                   "out/Tamborel-8.1/1.1.zip\nout/Tamborel-8.1/2.1.zip\n"
                                   "out/Tamborel-8.1/2.2.zip\nout/Tamborel-8.1/INDEX.ZIP\n"
                                   "out/setup.dat\nout/setup.dat.md5\nstub\n");
-    EXPECT_EQ(GetDigest(scratch.ReadFile("out/Tamborel-8.1/INDEX.ZIP")), "9828C12729B337624D0C2CC2AFA4644E");
+    EXPECT_EQ(MTestDigest(scratch.ReadFile("out/Tamborel-8.1/INDEX.ZIP")),
+              "9C21B550FC3F9CA6B8ADACE36604600B");
     EXPECT_EQ(scratch.ReadFile("out/setup.dat.md5"), "54B10060CAB58D0175ACF3A1F6CB8C57\n");
 }
 
@@ -163,7 +148,7 @@ TEST_F(DownloadSetTest, WithoutAProgramTheDefinitionIsADataFileWithItsDigest) {
     MXMLItem root;
     LoadTree(scratch.ReadFile("out/setup.dat"), root);
     ExpectDefinition(root);
-    EXPECT_EQ(scratch.ReadFile("out/setup.dat.md5"), GetDigest(scratch.ReadFile("out/setup.dat")) + "\n");
+    EXPECT_EQ(scratch.ReadFile("out/setup.dat.md5"), MTestDigest(scratch.ReadFile("out/setup.dat")) + "\n");
     EXPECT_THAT(output.told, HasSubstr("out/setup.dat and "));
 }
 

@@ -1,6 +1,7 @@
 #include "foundation/files/MFile.h"
 #include "streams/file_sets/MMultiFileStream.h"
 #include "tests/builder/BuilderFixture.h"
+#include "tests/support/MTestBytes.h"
 
 #include <functional>
 
@@ -10,10 +11,7 @@ class FileSetTest : public BuilderFixture {
 protected:
     /// A product of `size` bytes that do not compress.
     void WriteProduct(size_t size = 200000) {
-        std::string noise(size, '\0');
-        uint32_t state = 1;
-        for (char& byte : noise) byte = static_cast<char>((state = state * 214013 + 2531011) >> 16);
-        scratch.WriteFile("noise", noise);
+        scratch.WriteFile("noise", MTestNoise(size));
         WriteDefinition("<files name=\"N\" path=\"noise\" destination=\"{data}\"/>");
     }
     int32_t PackSet(std::vector<std::string> more = {}) {

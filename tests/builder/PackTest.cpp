@@ -1,9 +1,8 @@
 #include "foundation/files/MFile.h"
 #include "payload/MLargeResourceLibrary.h"
 #include "payload/MSfx.h"
-#include "streams/basic/MMemoryStream.h"
-#include "streams/hashes/MMD5Stream.h"
 #include "tests/builder/BuilderFixture.h"
+#include "tests/support/MTestBytes.h"
 
 namespace {
 
@@ -114,11 +113,7 @@ TEST_F(PackTest, EqualContentsAreStoredOnce) {
 TEST_F(PackTest, DataFileHasItsCompanion) {
     WriteProduct();
     ASSERT_EQ(Pack("setup.dat", {"--define", "KEPT=x", "--form", "dat"}), 0);
-    const std::string data = scratch.ReadFile("setup.dat");
-    MMD5Stream hash;
-    hash.Write(data.data(), static_cast<int32_t>(data.size()));
-    hash.Finish();
-    EXPECT_EQ(scratch.ReadFile("setup.dat.md5"), Text(hash.GetDigestText()) + "\n");
+    EXPECT_EQ(scratch.ReadFile("setup.dat.md5"), MTestDigest(scratch.ReadFile("setup.dat")) + "\n");
     EXPECT_EQ(Run({"verify", "@setup.dat"}), 0);
     scratch.WriteFile("setup.dat.md5", std::string(32, '0') + "\n");
     EXPECT_EQ(Run({"verify", "@setup.dat"}), MBuilderExitFailed);
@@ -131,10 +126,7 @@ TEST_F(PackTest, StubWithPayloadIsStripped) {
     ASSERT_EQ(Pack("second.run", {"--define", "KEPT=x", "--stub", "@first.run"}), 0) << JoinComplaints();
     EXPECT_TRUE(scratch.ReadFile("first.run") == scratch.ReadFile("second.run"));
     MSfx sfx(scratch.Join("second.run"));
-    MMemoryStream program;
-    sfx.OpenExecutable()->CopyAllTo(program);
-    EXPECT_EQ(std::string(program.GetBuffer().Get(), static_cast<size_t>(program.GetSize())),
-              scratch.ReadFile("stub"));
+    EXPECT_EQ(MReadAll(*sfx.OpenExecutable()), scratch.ReadFile("stub"));
 }
 
 TEST_F(PackTest, FailureLeavesWhatWasThere) {

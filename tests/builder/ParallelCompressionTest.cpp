@@ -2,8 +2,8 @@
 #include "builder/compression/MParallelCompressor.h"
 #include "builder/compression/MPlainPieces.h"
 #include "builder/compression/MZLibPieces.h"
-#include "streams/basic/MMemoryStream.h"
 #include "tests/support/MFaultyStreams.h"
+#include "tests/support/MTestBytes.h"
 #include "tests/support/MTestText.h"
 
 #include <bzlib.h>
@@ -15,13 +15,6 @@
 #include <vector>
 
 namespace {
-
-std::string MakeNoise(size_t size, uint32_t seed) {
-    std::mt19937 random(seed);
-    std::string bytes(size, 0);
-    for (char& byte : bytes) byte = static_cast<char>(random());
-    return bytes;
-}
 
 /// Runs of the lengths at which a block's run coding changes, of two bytes in turn and of one.
 std::string MakeRuns(size_t size) {
@@ -35,7 +28,7 @@ std::string MakeRuns(size_t size) {
 
 /// Data that fill a block of the lowest level to within a few bytes, then a run across its end.
 std::string MakeFullBlock(size_t noise, size_t run) {
-    std::string bytes = MakeNoise(noise, 11);
+    std::string bytes = MTestNoise(noise, 11);
     // No byte equals the one before it, so each takes one place.
     for (size_t i = 1; i < noise; ++i)
         if (bytes[i] == bytes[i - 1]) bytes[i] = static_cast<char>(bytes[i] + 1);
@@ -43,20 +36,14 @@ std::string MakeFullBlock(size_t noise, size_t run) {
 }
 
 std::vector<std::string> MakeItems() {
-    std::vector<std::string> items{"",
-                                   "x",
-                                   "",
-                                   "aaaa",
-                                   MakeNoise(1, 1),
-                                   MakeRuns(400000),
-                                   MakeNoise(350000, 2),
-                                   std::string(2500000, 'z')};
+    std::vector<std::string> items{"", "x", "", "aaaa"};
+    items.insert(items.end(), {MakeRuns(400000), MTestNoise(350000, 2), std::string(2500000, 'z')});
     constexpr size_t blockSize = 100000 - 19;
     for (const size_t left : {0u, 1u, 3u, 4u, 5u})
         for (const size_t run : {4u, 5u, 256u, 259u}) items.push_back(MakeFullBlock(blockSize - left, run));
     items.emplace_back(MZLibPieces::PieceSize, 'p');
-    items.push_back(MakeNoise(MZLibPieces::PieceSize + 1, 3));
-    items.push_back(MakeNoise(MPlainPieces::PieceSize, 4) + MakeRuns(100000));
+    items.push_back(MTestNoise(MZLibPieces::PieceSize + 1, 3));
+    items.push_back(MTestNoise(MPlainPieces::PieceSize, 4) + MakeRuns(100000));
     return items;
 }
 
@@ -71,64 +58,46 @@ Packed Compress(const MPieceCodec& codec, int32_t threads, const std::vector<std
     MParallelCompressor compressor(codec, threads, target, [&](int64_t bytes) { heard += bytes; });
     int64_t total = 0;
     for (const std::string& item : items) {
-        MMemoryStream source(item.data(), static_cast<int32_t>(item.size()));
+        MMemoryStream source = MStreamOf(item);
         compressor.AddItem(source, source.GetSize(), "item");
         total += source.GetSize();
     }
     compressor.Finish();
     EXPECT_EQ(heard, total);
-    return {std::string(target.GetBuffer().Get(), static_cast<size_t>(target.GetSize())),
-            compressor.GetStarts()};
+    return {MBytesOf(target), compressor.GetStarts()};
 }
 
-/// Decodes exactly one stream that takes all of `bytes`, by the bare library.
-std::string DecodeBzip2(std::string bytes) {
-    bz_stream stream = {};
-    BZ2_bzDecompressInit(&stream, 0, 0);
-    std::string plain;
-    std::vector<char> area(1 << 20);
-    stream.next_in = bytes.data();
-    stream.avail_in = static_cast<unsigned>(bytes.size());
-    int result = BZ_OK;
-    while (result == BZ_OK) {
-        stream.next_out = area.data();
-        stream.avail_out = static_cast<unsigned>(area.size());
-        result = BZ2_bzDecompress(&stream);
-        plain.append(area.data(), area.size() - stream.avail_out);
-        if (result == BZ_OK && stream.avail_in == 0 && stream.avail_out > 0) break;
-    }
-    BZ2_bzDecompressEnd(&stream);
-    EXPECT_EQ(result, BZ_STREAM_END);
-    EXPECT_EQ(stream.avail_in, 0u);
+/// Decodes one stream that takes all of `bytes`, by the bare library.
+std::string DecodeBzip2(std::string bytes, size_t size) {
+    std::string plain(size + 1, 0);
+    auto room = static_cast<unsigned>(plain.size());
+    auto count = static_cast<unsigned>(bytes.size());
+    EXPECT_EQ(BZ2_bzBuffToBuffDecompress(plain.data(), &room, bytes.data(), count - 1, 0, 0),
+              BZ_UNEXPECTED_EOF);
+    room = static_cast<unsigned>(plain.size());
+    EXPECT_EQ(BZ2_bzBuffToBuffDecompress(plain.data(), &room, bytes.data(), count, 0, 0), BZ_OK);
+    plain.resize(room);
     return plain;
 }
 
-std::string DecodeZLib(std::string bytes) {
-    z_stream stream = {};
-    inflateInit(&stream);
-    std::string plain;
-    std::vector<char> area(1 << 20);
-    stream.next_in = reinterpret_cast<Bytef*>(bytes.data());
-    stream.avail_in = static_cast<uInt>(bytes.size());
-    int result = Z_OK;
-    while (result == Z_OK) {
-        stream.next_out = reinterpret_cast<Bytef*>(area.data());
-        stream.avail_out = static_cast<uInt>(area.size());
-        result = inflate(&stream, Z_NO_FLUSH);
-        plain.append(area.data(), area.size() - stream.avail_out);
-    }
-    inflateEnd(&stream);
-    EXPECT_EQ(result, Z_STREAM_END);
-    EXPECT_EQ(stream.avail_in, 0u);
+std::string DecodeZLib(std::string bytes, size_t size) {
+    std::string plain(size + 1, 0);
+    auto room = static_cast<uLongf>(plain.size());
+    auto count = static_cast<uLong>(bytes.size());
+    EXPECT_EQ(uncompress2(reinterpret_cast<Bytef*>(plain.data()), &room,
+                          reinterpret_cast<const Bytef*>(bytes.data()), &count),
+              Z_OK);
+    EXPECT_EQ(count, bytes.size());
+    plain.resize(room);
     return plain;
 }
 
-std::string DecodePlain(std::string bytes) {
+std::string DecodePlain(std::string bytes, size_t /*size*/) {
     return bytes;
 }
 
 /// Compresses by several numbers of threads and decodes each item.
-void CheckCodec(const MPieceCodec& codec, std::string (*decode)(std::string)) {
+void CheckCodec(const MPieceCodec& codec, std::string (*decode)(std::string, size_t)) {
     const std::vector<std::string> items = MakeItems();
     const Packed packed = Compress(codec, 1, items);
     for (const int32_t threads : {2, 7}) {
@@ -141,7 +110,8 @@ void CheckCodec(const MPieceCodec& codec, std::string (*decode)(std::string)) {
         const auto start = static_cast<size_t>(packed.starts[i]);
         const size_t end =
             i + 1 < items.size() ? static_cast<size_t>(packed.starts[i + 1]) : packed.bytes.size();
-        EXPECT_TRUE(decode(packed.bytes.substr(start, end - start)) == items[i]) << "item " << i;
+        EXPECT_TRUE(decode(packed.bytes.substr(start, end - start), items[i].size()) == items[i])
+            << "item " << i;
     }
 }
 
@@ -174,7 +144,7 @@ TEST(ParallelCompressionTest, PlainItemsStayAsTheyAre) {
 }
 
 TEST(ParallelCompressionTest, PiecesCostHardlyAnySize) {
-    const std::string item = MakeRuns(3000000) + MakeNoise(1000000, 5);
+    const std::string item = MakeRuns(3000000) + MTestNoise(1000000, 5);
     uLong whole = compressBound(static_cast<uLong>(item.size()));
     std::string area(whole, 0);
     compress2(reinterpret_cast<Bytef*>(area.data()), &whole, reinterpret_cast<const Bytef*>(item.data()),
@@ -184,9 +154,9 @@ TEST(ParallelCompressionTest, PiecesCostHardlyAnySize) {
 
 TEST(ParallelCompressionTest, SourceThatChangesIsRefused) {
     const MZLibPieces codec(6);
-    const std::string item = MakeNoise(1000, 6);
+    const std::string item = MTestNoise(1000, 6);
     for (const int64_t size : {999, 1001}) {
-        MMemoryStream source(item.data(), 1000);
+        MMemoryStream source = MStreamOf(item);
         MMemoryStream target;
         MParallelCompressor compressor(codec, 2, target);
         EXPECT_EQ(FailureOf([&] { compressor.AddItem(source, size, "a.dll"); }),
@@ -195,9 +165,9 @@ TEST(ParallelCompressionTest, SourceThatChangesIsRefused) {
 }
 
 TEST(ParallelCompressionTest, FailuresOfThreadsAndStreamsComeOut) {
-    const std::string item = MakeNoise(9 << 20, 8);
+    const std::string item = MTestNoise(9 << 20, 8);
     const auto run = [&](const MPieceCodec& codec, int64_t readable, int64_t writable) {
-        MMemoryStream memory(item.data(), static_cast<int32_t>(item.size()));
+        MMemoryStream memory = MStreamOf(item);
         MFailingStream source(&memory, readable);
         MMemoryStream written;
         MFailingStream target(&written, writable);

@@ -1,29 +1,11 @@
 #include "tests/support/MTestPayload.h"
 
 #include "payload/MPayloadFormat.h"
-#include "streams/basic/MMemoryStream.h"
 #include "streams/hashes/MMD5Stream.h"
+#include "tests/support/MTestBytes.h"
 
 #include <bzlib.h>
 #include <zlib.h>
-
-namespace {
-
-template <class Integer>
-std::string Bytes(Integer value) {
-    return {reinterpret_cast<const char*>(&value), sizeof value};
-}
-
-std::string Digest(const std::string& text) {
-    MMD5Stream hash;
-    hash.Write(text.data(), static_cast<int32_t>(text.size()));
-    hash.Finish();
-    MMemoryStream digest;
-    hash.WriteDigest(digest);
-    return {digest.GetBuffer().Get(), static_cast<size_t>(digest.GetSize())};
-}
-
-}  // namespace
 
 std::string MTestPayload::Add(const std::string& content) {
     const std::string attributes = " filestart=\"" + std::to_string(items.size()) + "\" filesize=\"" +
@@ -34,11 +16,16 @@ std::string MTestPayload::Add(const std::string& content) {
 
 std::string MTestPayload::Finish(const std::string& xml) const {
     const std::string index = flags & MPayloadFormat::IndexCompressed ? Compress(xml) : xml;
-    return items + index + Digest(xml) + Bytes(static_cast<int64_t>(index.size())) + Bytes(flags);
+    MMD5Stream hash;
+    hash.Write(xml.data(), static_cast<int32_t>(xml.size()));
+    hash.Finish();
+    MMemoryStream digest;
+    hash.WriteDigest(digest);
+    return items + index + MBytesOf(digest) + MWordOf(static_cast<int64_t>(index.size()), 8) + MWordOf(flags);
 }
 
 std::string MTestPayload::MakeTrailer(const std::string& payload) {
-    return "MSFXMSFX" + Bytes(static_cast<int64_t>(payload.size()));
+    return "MSFXMSFX" + MWordOf(static_cast<int64_t>(payload.size()), 8);
 }
 
 std::string MTestPayload::Compress(const std::string& content) const {

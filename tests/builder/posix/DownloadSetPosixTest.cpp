@@ -1,8 +1,7 @@
 #include "foundation/files/posix/MNativePath.h"
 #include "tests/builder/DownloadSetFixture.h"
+#include "tests/support/posix/MTestFileSizeLimit.h"
 
-#include <csignal>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -54,14 +53,8 @@ TEST_F(DownloadSetPosixTest, AnOutputThatALinkLeadsInsideIsRefused) {
 TEST_F(DownloadSetPosixTest, AFullDiskLeavesNothing) {
     scratch.WriteFile("files/a", std::string(5000, 'x'));
     scratch.WriteFile("files/b", std::string(50000, 'x'));
-    void (*const handler)(int) = std::signal(SIGXFSZ, SIG_IGN);
-    rlimit previous;
-    getrlimit(RLIMIT_FSIZE, &previous);
-    const rlimit limit = {20000, previous.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &limit);
+    const MTestFileSizeLimit limit(20000);
     ExpectRefused("Probably disk full.", {"--output", "@new/deep"});
-    setrlimit(RLIMIT_FSIZE, &previous);
-    std::signal(SIGXFSZ, handler);
 }
 
 /// A file of this kind tells a page as its size and holds less.

@@ -3,39 +3,19 @@
 #include "streams/basic/MStdFileStream.h"
 #include "tests/support/MScratch.h"
 #include "tests/support/MTestText.h"
+#include "tests/support/posix/MTestFileSizeLimit.h"
 
-#include <csignal>
 #include <fcntl.h>
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 #include <unistd.h>
 
 namespace {
-
-/// No file of the process may grow beyond a size, as long as the object lives.
-class FileSizeLimit {
-public:
-    explicit FileSizeLimit(rlim_t size) {
-        previousHandler = std::signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &previous);
-        const rlimit limit = {size, previous.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~FileSizeLimit() {
-        setrlimit(RLIMIT_FSIZE, &previous);
-        std::signal(SIGXFSZ, previousHandler);
-    }
-
-private:
-    rlimit previous;
-    void (*previousHandler)(int);
-};
 
 TEST(MStdFileStreamDiskFull, EveryWayToTheDiskTellsOnce) {
     const MScratch scratch;
     const MString path = scratch.Join("full");
     const std::string large(1 << 20, 'x');
-    const FileSizeLimit limit(4096);
+    const MTestFileSizeLimit limit(4096);
     // Of a little that stays in the buffer, only what empties that comes upon the full disk.
     const std::pair<int32_t, void (*)(MStdFileStream&)> ways[] = {
         {1 << 20, nullptr},
