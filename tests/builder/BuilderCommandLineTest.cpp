@@ -1,49 +1,32 @@
 #include "builder/commands/MBuilderCommandLine.h"
 #include "tests/builder/BuilderFixture.h"
 
+#include <sstream>
+
 using BuilderCommandLineTest = BuilderFixture;
 
 TEST_F(BuilderCommandLineTest, WrongUsageIsTwo) {
-    const std::vector<std::vector<std::string>> lines = {
-        {},
-        {"bake"},
-        {"pack"},
-        {"pack", "a.xml"},
-        {"pack", "a.xml", "--output"},
-        {"pack", "a.xml", "--output", "b", "--level", "0"},
-        {"pack", "a.xml", "--output", "b", "--level", "10"},
-        {"pack", "a.xml", "--output", "b", "--threads", "0"},
-        {"pack", "a.xml", "--output", "b", "--compression", "lzma"},
-        {"pack", "a.xml", "--output", "b", "--form", "zip"},
-        {"pack", "a.xml", "--output", "b", "--form", "dat", "--stub", "c"},
-        {"pack", "a.xml", "--output", "b", "--form", "multi", "--stub", "c"},
-        {"pack", "a.xml", "--output", "b", "--form", "dat", "--part-size", "1M"},
-        {"pack", "a.xml", "--output", "b", "--part-size", "1M"},
-        {"pack", "a.xml", "--output", "b", "--form", "multi", "--part-size", "65535"},
-        {"pack", "a.xml", "--output", "b", "--form", "multi", "--part-size", "63K"},
-        {"pack", "a.xml", "--output", "b", "--form", "multi", "--part-size", "-1M"},
-        {"pack", "a.xml", "--output", "b", "--form", "multi", "--part-size", "1X"},
-        {"pack", "a.xml", "--output", "b", "--form", "multi", "--part-size", "99999999999G"},
-        {"check", "a.xml", "b.xml"},
-        {"extract", "a.run"},
-        {"verify", "a.run", "--xml"},
-        {"blob"},
-        {"blob", "a", "b.xml"},
-        {"blob", "a", "--output", "c"},
-        {"blob", "a", "", "--output", "c"},
-        {"blob", "a", "b.xml", "c.xml", "--output", "d"},
-        {"download-set", "a", "--id", "b", "--mirror", "c"},
-        {"download-set", "a", "--id", "b", "--output", "d"},
-        {"download-set", "a", "--mirror", "c", "--output", "d"},
-        {"download-set", "a", "--id", "b", "--mirror", "c", "--output", ""},
-        {"download-set", "a", "--id", "b", "--mirror", "c", "--output", "d", "--stub", ""},
-        {"download-set", "a", "--id", "b", "--mirror", "c", "--output", "d", "--part-size", "1023"},
-        {"download-set", "a", "--id", "b", "--mirror", "c", "--output", "d", "--part-size", "257M"},
-    };
-    for (const auto& line : lines) {
-        EXPECT_EQ(Run(line), MBuilderExitWrongUsage) << testing::PrintToString(line);
-        EXPECT_EQ(output.told, "");
-        EXPECT_FALSE(output.complaints.empty());
+    // A beginning and what may follow it, with blanks between the words; '' is an empty one.
+    const std::pair<std::string, std::vector<std::string>> lines[] = {
+        {"", {"", "bake", "check a.xml b.xml", "extract a.run", "verify a.run --xml"}},
+        {"pack", {"", " a.xml", " a.xml --output"}},
+        {"pack a.xml --output b ",
+         {"--level 0", "--level 10", "--threads 0", "--compression lzma", "--form zip", "--form dat --stub c",
+          "--form multi --stub c", "--form dat --part-size 1M", "--part-size 1M"}},
+        {"pack a.xml --output b --form multi --part-size ", {"65535", "63K", "-1M", "1X", "99999999999G"}},
+        {"blob", {"", " a b.xml", " a --output c", " a '' --output c", " a b.xml c.xml --output d"}},
+        {"download-set a ", {"--id b --mirror c", "--id b --output d", "--mirror c --output d"}},
+        {"download-set a --id b --mirror c --output ",
+         {"''", "d --stub ''", "d --part-size 1023", "d --part-size 257M"}}};
+    for (const auto& [begin, ends] : lines) {
+        for (const std::string& end : ends) {
+            std::vector<std::string> words;
+            std::istringstream stream(begin + end);
+            for (std::string word; stream >> word;) words.push_back(word == "''" ? "" : word);
+            EXPECT_EQ(Run(words), MBuilderExitWrongUsage) << begin << end;
+            EXPECT_EQ(output.told, "");
+            EXPECT_FALSE(output.complaints.empty());
+        }
     }
 }
 

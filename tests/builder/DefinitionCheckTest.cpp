@@ -19,13 +19,9 @@ protected:
     std::vector<std::string> CheckGroups(const std::string& first, const std::string& second) {
         scratch.WriteFile("one/A.dll", "1");
         scratch.WriteFile("two/a.DLL", "2");
-        return Check(
-            MakeDefinition("<configuration id=\"x\" name=\"X\"/><configuration id=\"y\" name=\"Y\"/>\n"
-                           "<files name=\"F\" path=\"one\" " +
-                           first +
-                           "</files>\n"
-                           "<files name=\"S\" path=\"two\" " +
-                           second + "</files>\n"));
+        return Check(MakeDefinition(
+            "<configuration id=\"x\" name=\"X\"/><configuration id=\"y\" name=\"Y\"/>\n<files name=\"F\" path=\"one\" " +
+            first + "</files>\n<files name=\"S\" path=\"two\" " + second + "</files>\n"));
     }
 
     int32_t exitCode = -1;
@@ -101,19 +97,15 @@ TEST_F(DefinitionCheckTest, MalformedXMLHasItsLine) {
 
 TEST_F(DefinitionCheckTest, NamesThatSomePlatformRefuses) {
     scratch.WriteFile("x", "x");
+    const auto check = [this](const std::string& name) {
+        return Check(MakeDefinition("<files name=\"F\" destination=\"{data}\"><file op=\"delete\" name=\"" +
+                                    name + "\"/></files>\n"));
+    };
     for (const char* name : {"../x", "a/../../x", "/x", "C:/x", "CON", "con.txt", "nul .txt", "Lpt9.dll",
                              "COM\xC2\xB2", "a.", "a ", "a&lt;b", "a|b", "a\\b", "a?", "a\x01"})
-        EXPECT_THAT(
-            Check(MakeDefinition("<files name=\"F\" destination=\"{data}\"><file op=\"delete\" name=\"" +
-                                 std::string(name) + "\"/></files>\n")),
-            ElementsAre(StartsWith("2: error: The name \"")))
-            << name;
+        EXPECT_THAT(check(name), ElementsAre(StartsWith("2: error: The name \""))) << name;
     for (const char* name : {"console", "COM10", "com", ".hidden", "a/b.c", "C\xC3\x93N", "\xF0\x9F\x98\x80"})
-        EXPECT_THAT(
-            Check(MakeDefinition("<files name=\"F\" destination=\"{data}\"><file op=\"delete\" name=\"" +
-                                 std::string(name) + "\"/></files>\n")),
-            IsEmpty())
-            << name;
+        EXPECT_THAT(check(name), IsEmpty()) << name;
     EXPECT_THAT(Check(MakeDefinition(
                     "<files name=\"F\" path=\"x\" destination=\"{data}\"><copy destination=\"{user}\">"
                     "<extension src=\"a\" dst=\"../b\"/></copy></files>\n")),
@@ -128,28 +120,29 @@ TEST_F(DefinitionCheckTest, NamesThatAreNoUnicode) {
 }
 
 TEST_F(DefinitionCheckTest, TwoFilesForOneDestination) {
-    const auto clash = ElementsAre(HasSubstr("Two items would become"));
-    EXPECT_THAT(CheckGroups("destination=\"{data}/P\">", "destination=\"{data}/p\">"), clash);
-    EXPECT_THAT(CheckGroups("destination=\"{data}/P\">", "destination=\"{data}/q\">"), IsEmpty());
-    // Files that are never installed together.
-    EXPECT_THAT(CheckGroups("destination=\"{data}\" configurations=\"x\">",
-                            "destination=\"{data}\" configurations=\"y\">"),
-                IsEmpty());
-    EXPECT_THAT(CheckGroups("destination=\"{data}\" configurations=\"x\">",
-                            "destination=\"{data}\" configurations=\"y,x\">"),
-                clash);
-    EXPECT_THAT(CheckGroups("destination=\"{data}\" windows=\"0\" linux=\"1\">",
-                            "destination=\"{data}\" linux=\"0\">"),
-                IsEmpty());
-    // A copy, and one whose files get other extensions.
-    EXPECT_THAT(
-        CheckGroups("destination=\"{data}\"><copy destination=\"{user}\"/>", "destination=\"{user}\">"),
-        clash);
-    EXPECT_THAT(
-        CheckGroups(
-            "destination=\"{data}\"><copy destination=\"{user}\"><extension src=\"dll\" dst=\"vst3\"/></copy>",
-            "destination=\"{user}\">"),
-        IsEmpty());
+    const struct {
+        const char* first;
+        const char* second;
+        bool isClash;
+    } cases[] = {
+        {"destination=\"{data}/P\">", "destination=\"{data}/p\">", true},
+        {"destination=\"{data}/P\">", "destination=\"{data}/q\">", false},
+        // Files that are never installed together.
+        {"destination=\"{data}\" configurations=\"x\">", "destination=\"{data}\" configurations=\"y\">",
+         false},
+        {"destination=\"{data}\" configurations=\"x\">", "destination=\"{data}\" configurations=\"y,x\">",
+         true},
+        {"destination=\"{data}\" windows=\"0\" linux=\"1\">", "destination=\"{data}\" linux=\"0\">", false},
+        // A copy, and one whose files get other extensions.
+        {"destination=\"{data}\"><copy destination=\"{user}\"/>", "destination=\"{user}\">", true},
+        {"destination=\"{data}\"><copy destination=\"{user}\"><extension src=\"dll\" dst=\"vst3\"/></copy>",
+         "destination=\"{user}\">", false},
+    };
+    for (const auto& [first, second, isClash] : cases) {
+        const std::vector<std::string> found = CheckGroups(first, second);
+        ASSERT_EQ(found.size(), isClash ? 1u : 0u) << first << second;
+        if (isClash) EXPECT_THAT(found[0], HasSubstr("Two items would become"));
+    }
 }
 
 TEST_F(DefinitionCheckTest, IdsOfOnePlatformAreUnique) {

@@ -18,12 +18,8 @@ protected:
         more.insert(more.end(), {"--form", "multi", "--part-size", "64K"});
         return Pack("set/setup.multi", more);
     }
-    std::string ReadPart(int number) {
-        return scratch.ReadFile("set/setup.multi" + MNumberToText(number) + ".cab");
-    }
-    void WritePart(int number, const std::string& content) {
-        scratch.WriteFile("set/setup.multi" + MNumberToText(number) + ".cab", content);
-    }
+    static MString Part(int number) { return "set/setup.multi" + MNumberToText(number) + ".cab"; }
+    std::string ReadPart(int number) { return scratch.ReadFile(Part(number)); }
     [[nodiscard]] std::string ListSet() const {
         std::string names;
         std::string tree = scratch.ListTree();
@@ -124,19 +120,20 @@ TEST_F(FileSetTest, EveryBadPartIsTold) {
         std::function<void()> damage;
         std::vector<std::string> told;
     } cases[] = {
-        {[&] { WritePart(2, withWrongByte(parts[1])); }, {"setup.multi2.cab: Its MD5 is not the one"}},
-        {[&] { WritePart(2, parts[1].substr(1)); },
+        {[&] { scratch.WriteFile(Part(2), withWrongByte(parts[1])); },
+         {"setup.multi2.cab: Its MD5 is not the one"}},
+        {[&] { scratch.WriteFile(Part(2), parts[1].substr(1)); },
          {"setup.multi2.cab: It has 65535 bytes, and the index tells 65536."}},
         // The last part holds the end of the payload, without which nothing else can be read.
         {[&] {
-             WritePart(1, "");
-             WritePart(4, parts[3] + "more");
+             scratch.WriteFile(Part(1), "");
+             scratch.WriteFile(Part(4), parts[3] + "more");
          },
          {"setup.multi1.cab: It has 0 bytes", "setup.multi4.cab: It has ", "cannot be read as an installer"}},
         {[&] { MFile::Delete(scratch.Join("set/setup.multi3.cab")); }, {"Could not find file"}},
     };
     for (const auto& [damage, told] : cases) {
-        for (int i = 0; i < 4; ++i) WritePart(i + 1, parts[i]);
+        for (int i = 0; i < 4; ++i) scratch.WriteFile(Part(i + 1), parts[i]);
         damage();
         EXPECT_EQ(Run({"verify", "@set/setup.multi"}), MBuilderExitFailed);
         for (const std::string& line : told) EXPECT_THAT(JoinComplaints(), testing::HasSubstr(line));

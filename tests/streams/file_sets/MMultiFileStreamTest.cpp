@@ -159,11 +159,12 @@ TEST_F(MMultiFileStreamTest, ComparesPartsWithTheIndexWithoutMoving) {
 }
 
 TEST_F(MMultiFileStreamTest, LooksForPartsInTheDirectoriesAbove) {
-    scratch.WriteFile("deep/er/beside", "1");
-    scratch.WriteFile("deep/beside", "not this one");
-    scratch.WriteFile("deep/er/above/directory", "");
-    scratch.WriteFile("deep/above", "2");
-    scratch.WriteFile("far above", "3");
+    for (const auto& [name, content] : {std::pair("deep/er/beside", "1"),
+                                        {"deep/beside", "not this one"},
+                                        {"deep/er/above/directory", ""},
+                                        {"deep/above", "2"},
+                                        {"far above", "3"}})
+        scratch.WriteFile(name, content);
     set.Open(WriteIndex(File("beside") + File("above") + File("far above") + File("beside")));
     EXPECT_EQ(Read(10), "1231");
     const MString index = WriteIndex(File("beside") + File("corvanth-missing.cab"));

@@ -154,9 +154,7 @@ TEST(MResourceLibrary, AnIndexHasALimit) {
     EXPECT_EQ(LoadFailure(MakeBlob(makeDocument(1), "")), InvalidFormat);
 
     MXMLItem root("m");
-    MString value;
-    value.Append(MChar('x'), MResourceLibrary::MaximumIndexSize);
-    root.SetValue(value);
+    root.SetValue(Heap(std::string(MResourceLibrary::MaximumIndexSize, 'x').c_str()));
     MResourceLibrary library;
     library.Assign(root, MBuffer());
     MMemoryStream target;
