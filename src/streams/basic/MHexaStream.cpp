@@ -29,7 +29,7 @@ int32_t MHexaStream::Read(void* block, int32_t size) {
     int32_t total = 0;
     while (total < size) {
         const int32_t wanted = std::min(size - total, PieceSize);
-        const int32_t count = std::max(source->Read(digits, 2 * wanted), 0) / 2;
+        const int32_t count = source->Read(digits, 2 * wanted) / 2;
         for (int32_t i = 0; i < count; ++i) {
             const int32_t high = MChar(digits[2 * i]).ToHexDigit();
             bytes[total + i] = static_cast<uint8_t>(high << 4 | MChar(digits[2 * i + 1]).ToHexDigit());
