@@ -3,26 +3,17 @@
 
 #include <gtest/gtest.h>
 
-namespace {
-
-constexpr int64_t GiB = 1024 * 1024 * 1024;
-constexpr int64_t PartSize = 5 * GiB;
-
-/// A sparse part with its number at the end.
-void MakePart(const MString& path, int32_t number) {
-    MStdFileStream part;
-    part.Open(path, MOpenWrite | MOpenCreate);
-    part.Seek(PartSize - 4, MSeekOrigin::Begin);
-    part.WriteInt32(number);
-    part.Close();
-}
-
-}  // namespace
-
 TEST(LargeMultiFileTest, PositionsGoBeyond4GiBInAPartAndInTheSet) {
     const MScratch scratch;
-    MakePart(scratch.Join("1.cab"), 1);
-    MakePart(scratch.Join("2.cab"), 2);
+    constexpr int64_t PartSize = int64_t(5) << 30;
+    for (const int32_t number : {1, 2}) {
+        // Sparse, with the number at its end.
+        MStdFileStream part;
+        part.Open(scratch.Join(MNumberToText(number) + ".cab"), MOpenWrite | MOpenCreate);
+        part.Seek(PartSize - 4, MSeekOrigin::Begin);
+        part.WriteInt32(number);
+        part.Close();
+    }
     const std::string part = ".cab\" Size=\"" + std::to_string(PartSize) + "\"/>";
     MMultiFileStream set;
     set.Open(scratch.WriteFile("set", "<Set PartSize=\"5368709120\"><File Name=\"1" + part +

@@ -87,7 +87,7 @@ TEST(MHTTPStream, SendsRequestsByteForByte) {
     }
 }
 
-TEST(MHTTPStream, TellsWhatTheServerAnswers) {
+TEST(MHTTPStream, TellsWhatTheServerAnswersToOneRequestAfterTheOther) {
     MTestServer server([](const std::string& request) -> MTestReply {
         if (MTestServer::GetPath(request) == "/empty") return "HTTP/1.0 204\n\n";
         return "HTTP/1.1 404 Not here\r\nServer: test\r\nContent-length: 4\r\n\r\nnone";
@@ -98,11 +98,7 @@ TEST(MHTTPStream, TellsWhatTheServerAnswers) {
     EXPECT_EQ(404, stream.GetStatus());
     EXPECT_EQ("Not here", Text(stream.GetStatusText()));
     EXPECT_EQ("test", Text(stream.GetHeader("SERVER")));
-    EXPECT_EQ("201: Requested HTTP header not found.", FailureOf([&] { (void)stream.GetHeader("Date"); }));
-    EXPECT_EQ(4, stream.GetSize());
     EXPECT_EQ("none", MReadAll(stream));
-
-    // The same stream serves for the next request.
     stream.Get(server.GetURL("/empty"));
     EXPECT_TRUE(stream.Send(5));
     EXPECT_EQ(204, stream.GetStatus());
