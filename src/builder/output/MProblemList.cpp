@@ -5,12 +5,12 @@
 #include <algorithm>
 
 void MProblemList::AddError(int32_t line, const MString& text) {
-    problems.Add({line, MSeverity::Error, text});
+    problems.Add({line, Severity::Error, text});
     ++errorCount;
 }
 
 void MProblemList::AddWarning(int32_t line, const MString& text) {
-    problems.Add({line, MSeverity::Warning, text});
+    problems.Add({line, Severity::Warning, text});
 }
 
 void MProblemList::Print(const MString& file, MBuilderOutput& output) const {
@@ -18,7 +18,7 @@ void MProblemList::Print(const MString& file, MBuilderOutput& output) const {
     std::stable_sort(sorted.begin(), sorted.end(),
                      [](const Problem& left, const Problem& right) { return left.line < right.line; });
     for (const Problem& problem : sorted) {
-        const char* severity = problem.severity == MSeverity::Error ? "error" : "warning";
+        const char* severity = problem.severity == Severity::Error ? "error" : "warning";
         output.Complain(MFormat("{0}:{1}: {2}: {3}", file, problem.line, severity, problem.text));
     }
 }

@@ -6,8 +6,6 @@
 
 #include <cstdint>
 
-enum class MSeverity { Warning, Error };
-
 /// What is wrong in a definition, each with its line.
 class MProblemList {
 public:
@@ -21,9 +19,10 @@ public:
     void Print(const MString& file, MBuilderOutput& output) const;
 
 private:
+    enum class Severity { Warning, Error };
     struct Problem {
         int32_t line = 0;
-        MSeverity severity = MSeverity::Error;
+        Severity severity = Severity::Error;
         MString text;
     };
 
