@@ -1,9 +1,11 @@
 #include "tests/support/MTestBytes.h"
 
 #include "foundation/xml/MXMLItem.h"
-#include "streams/compression/MZLibStream.h"
 #include "streams/hashes/MMD5Text.h"
 #include "tests/support/MTestText.h"
+
+#include <bzlib.h>
+#include <zlib.h>
 
 MMemoryStream MStreamOf(const std::string& bytes) {
     return {bytes.data(), static_cast<int32_t>(bytes.size())};
@@ -38,12 +40,21 @@ std::string MWordOf(int64_t value, size_t size) {
 }
 
 std::string MDeflate(const std::string& bytes) {
-    MMemoryStream packed;
-    MZLibStream writer;
-    writer.Open(&packed, true);
-    writer.Write(bytes.data(), static_cast<int32_t>(bytes.size()));
-    writer.Finish();
-    return MBytesOf(packed);
+    auto size = compressBound(static_cast<uLong>(bytes.size()));
+    std::string packed(size, 0);
+    compress2(reinterpret_cast<Bytef*>(packed.data()), &size, reinterpret_cast<const Bytef*>(bytes.data()),
+              static_cast<uLong>(bytes.size()), 9);
+    packed.resize(size);
+    return packed;
+}
+
+std::string MBzip2(const std::string& bytes) {
+    auto size = static_cast<unsigned>(bytes.size() + bytes.size() / 100 + 600);
+    std::string packed(size, 0);
+    BZ2_bzBuffToBuffCompress(packed.data(), &size, const_cast<char*>(bytes.data()),
+                             static_cast<unsigned>(bytes.size()), 9, 0, 0);
+    packed.resize(size);
+    return packed;
 }
 
 std::string MTestDigest(const std::string& bytes) {

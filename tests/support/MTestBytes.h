@@ -19,8 +19,9 @@ class MXMLItem;
 [[nodiscard]] std::string MTestNoise(size_t size, uint32_t seed = 7);
 /// A number as `size` bytes, little-endian.
 [[nodiscard]] std::string MWordOf(int64_t value, size_t size = 4);
-/// The bytes as a zlib stream (RFC 1950).
+/// The bytes as a zlib stream (RFC 1950) and as a bzip2 stream, by the bare libraries.
 [[nodiscard]] std::string MDeflate(const std::string& bytes);
+[[nodiscard]] std::string MBzip2(const std::string& bytes);
 /// The MD5 digest in hexadecimal digits.
 [[nodiscard]] std::string MTestDigest(const std::string& bytes);
 

@@ -4,9 +4,6 @@
 #include "streams/hashes/MMD5Stream.h"
 #include "tests/support/MTestBytes.h"
 
-#include <bzlib.h>
-#include <zlib.h>
-
 std::string MTestPayload::Add(const std::string& content) {
     const std::string attributes = " filestart=\"" + std::to_string(items.size()) + "\" filesize=\"" +
                                    std::to_string(content.size()) + "\" ";
@@ -29,17 +26,5 @@ std::string MTestPayload::MakeTrailer(const std::string& payload) {
 }
 
 std::string MTestPayload::Compress(const std::string& content) const {
-    std::string stored(content.size() * 2 + 1000, '\0');
-    if (flags & MPayloadFormat::UseBzip2) {
-        auto size = static_cast<unsigned>(stored.size());
-        BZ2_bzBuffToBuffCompress(stored.data(), &size, const_cast<char*>(content.data()),
-                                 static_cast<unsigned>(content.size()), 9, 0, 0);
-        stored.resize(size);
-        return stored;
-    }
-    auto size = static_cast<uLongf>(stored.size());
-    compress(reinterpret_cast<Bytef*>(stored.data()), &size, reinterpret_cast<const Bytef*>(content.data()),
-             static_cast<uLong>(content.size()));
-    stored.resize(size);
-    return stored;
+    return flags & MPayloadFormat::UseBzip2 ? MBzip2(content) : MDeflate(content);
 }
