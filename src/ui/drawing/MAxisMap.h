@@ -15,6 +15,8 @@ public:
                                          int32_t length);
 
     [[nodiscard]] bool IsScaled() const { return step != OneToOne; }
+    /// How many pixels of the source there are.
+    [[nodiscard]] int32_t GetLength() const { return length; }
     /// The pixel of the source for a pixel of the destination.
     [[nodiscard]] int32_t GetSource(int32_t target) const;
     /// As `GetSource`, in 16.16 fixed point from the beginning of the axis.

@@ -1,23 +1,18 @@
 #include "ui/drawing/MCoverage.h"
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
 #include <cstdlib>
+#include <utility>
 
 namespace {
-
-constexpr int32_t UnitBits = 20;
-constexpr int32_t Unit = 1 << UnitBits;
 
 /// What lies right of a line from x0 to x1 (x0 <= x1) in a band of height 1, left of `x`.
 double GetAreaLeftOf(double x, double x0, double x1) {
     if (x <= x0) return 0;
     if (x >= x1) return x - (x0 + x1) / 2;
     return (x - x0) * (x - x0) / (2 * (x1 - x0));
-}
-
-int32_t ToUnits(double area) {
-    return static_cast<int32_t>(std::floor(area * Unit + 0.5));
 }
 
 /// Outlines may lead far away; what is beyond this counts as being there.
@@ -30,11 +25,14 @@ double Limit(double value) {
 
 MCoverage::MCoverage(const MRect& area)
     : area(area),
-      steps(area.IsEmpty() ? 0
-                           : static_cast<size_t>(area.GetWidth()) * static_cast<size_t>(area.GetHeight())) {}
+      blocksPerRow(static_cast<size_t>(std::max(area.GetWidth(), 0)) / Block::Width + 1),
+      blockNumbers(area.IsEmpty() ? 0 : blocksPerRow * static_cast<size_t>(area.GetHeight()), None) {
+    // Most rows have a left and a right edge.
+    blocks.reserve(area.IsEmpty() ? 0 : 2 * static_cast<size_t>(area.GetHeight()));
+}
 
 void MCoverage::AddOutline(std::span<const MPointF> points) {
-    if (steps.empty() || points.empty()) return;
+    if (area.IsEmpty() || points.empty()) return;
     MPointF last = points.back();
     for (const MPointF& point : points) {
         // A point that is nowhere cannot be reached; the whole outline would fall apart.
@@ -70,24 +68,40 @@ void MCoverage::AddSpan(int32_t row, double x0, double x1, double height) {
     const auto first = static_cast<int32_t>(std::max(std::floor(x0), double(area.left)));
     const auto last =
         static_cast<int32_t>(std::min(std::max(std::floor(x1) + 1, double(area.left)), double(area.right)));
-    int32_t* rowSteps =
-        &steps[static_cast<size_t>(row - area.top) * static_cast<size_t>(area.GetWidth())] - area.left;
     int32_t before = 0;
     for (int32_t x = first; x <= last; ++x) {
         const double share = GetAreaLeftOf(x + 1.0, x0, x1) - GetAreaLeftOf(x, x0, x1);
-        const int32_t units = ToUnits(share * height);
-        rowSteps[x] += units - before;
+        const int32_t units = static_cast<int32_t>(std::floor(share * height * Unit + 0.5));
+        if (units != before) AddStep(x - area.left, row - area.top, units - before);
         before = units;
     }
 }
 
-void MCoverage::GetRow(int32_t y, uint8_t* mask) const {
-    const auto width = static_cast<size_t>(area.GetWidth());
-    const int32_t* rowSteps = &steps[static_cast<size_t>(y - area.top) * width];
-    int64_t sum = 0;
-    for (size_t i = 0; i < width; ++i) {
-        sum += rowSteps[i];
-        const int64_t units = std::min<int64_t>(std::abs(sum), Unit);
-        mask[i] = static_cast<uint8_t>((units * 255 + Unit / 2) >> UnitBits);
+void MCoverage::AddStep(int32_t x, int32_t y, int32_t units) {
+    int32_t& number = blockNumbers[GetIndex(x, y)];
+    if (number == None) {
+        number = static_cast<int32_t>(blocks.size());
+        blocks.emplace_back();
     }
+    Block& block = blocks[static_cast<size_t>(number)];
+    block.steps[x % Block::Width] += units;
+    block.marks |= uint32_t{1} << x % Block::Width;
+}
+
+int32_t MCoverage::GetStep(int32_t x, int32_t y) const {
+    return blocks[static_cast<size_t>(blockNumbers[GetIndex(x, y)])].steps[x % Block::Width];
+}
+
+int32_t MCoverage::FindStep(int32_t x, int32_t y) const {
+    for (; x < area.GetWidth(); x = (x / Block::Width + 1) * Block::Width) {
+        const int32_t number = blockNumbers[GetIndex(x, y)];
+        if (number == None) continue;
+        const uint32_t marks = blocks[static_cast<size_t>(number)].marks >> x % Block::Width;
+        if (marks != 0) return x + std::countr_zero(marks);
+    }
+    return area.GetWidth();
+}
+
+uint8_t MCoverage::ToShare(int64_t units) {
+    return static_cast<uint8_t>((std::min<int64_t>(std::abs(units), Unit) * 255 + Unit / 2) >> UnitBits);
 }

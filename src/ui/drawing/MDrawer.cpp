@@ -1,17 +1,13 @@
 #include "ui/drawing/MDrawer.h"
 
+#include "ui/text/MTextLayout.h"
+
 int32_t MDrawer::GetWidth() {
-    return useOwnSize || !target ? width : target->GetWidth();
+    return width != 0 || !target ? width : target->GetWidth();
 }
 
 int32_t MDrawer::GetHeight() {
-    return useOwnSize || !target ? height : target->GetHeight();
-}
-
-void MDrawer::SetSize(int32_t newWidth, int32_t newHeight) {
-    width = newWidth;
-    height = newHeight;
-    useOwnSize = newWidth != 0 || newHeight != 0;
+    return height != 0 || !target ? height : target->GetHeight();
 }
 
 MBitmap* MDrawer::GetStdIcon(int32_t index) {
@@ -26,8 +22,9 @@ MFontTable* MDrawer::GetFontTable() {
     return target ? target->GetFontTable() : nullptr;
 }
 
-MFont* MDrawer::GetFont(int32_t fontIndex, int32_t colorIndex, MColor& color) {
-    return target ? target->GetFont(fontIndex, colorIndex, color) : nullptr;
+MFont* MDrawer::GetFont(int32_t fontIndex, int32_t colorIndex, bool isInverted, uint8_t drawState,
+                        MColor& color) {
+    return target ? target->GetFont(fontIndex, colorIndex, isInverted, drawState, color) : nullptr;
 }
 
 MColor MDrawer::GetTextColor(int32_t index, bool isInverted) {
@@ -194,6 +191,24 @@ void MDrawer::Flush() {
     if (target) target->Flush();
 }
 
+void MDrawer::PaintGlyph(const MPlacedGlyph& glyph, MColor color) {
+    if (target) target->PaintGlyph({glyph.mask, Shift(glyph.point)}, color);
+}
+
+void MDrawer::PatBltPart(const MRect& rect, const MBitmap& bitmap, const MRect& source, uint8_t alpha,
+                         MDrawMode mode) {
+    if (target) target->PatBltPart(Shift(rect), bitmap, source, alpha, mode);
+}
+
+void MDrawer::FillOutlines(std::span<const MOutlines::Outline> outlines, MColor color, MDrawMode mode) {
+    if (target) target->FillOutlines(Shift(outlines), color, mode);
+}
+
+void MDrawer::FillOutlinesGradient(std::span<const MOutlines::Outline> outlines, const MRect& rect,
+                                   MColor from, MColor to, MGradientDirection direction, MDrawMode mode) {
+    if (target) target->FillOutlinesGradient(Shift(outlines), Shift(rect), from, to, direction, mode);
+}
+
 MDrawer::PointList MDrawer::Shift(const PointList& points) const {
     PointList shifted = points;
     for (MPointF& point : shifted) point = Shift(point);
@@ -203,5 +218,12 @@ MDrawer::PointList MDrawer::Shift(const PointList& points) const {
 MDrawer::ValueList MDrawer::ShiftY(const ValueList& values) const {
     ValueList shifted = values;
     for (double& value : shifted) value += translation.y;
+    return shifted;
+}
+
+std::vector<MOutlines::Outline> MDrawer::Shift(std::span<const MOutlines::Outline> outlines) const {
+    std::vector<MOutlines::Outline> shifted(outlines.begin(), outlines.end());
+    for (MOutlines::Outline& outline : shifted)
+        for (MPointF& point : outline) point = Shift(point);
     return shifted;
 }

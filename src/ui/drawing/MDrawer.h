@@ -3,15 +3,18 @@
 #include "foundation/base/MList.h"
 #include "foundation/base/MObject.h"
 #include "ui/drawing/MGradient.h"
+#include "ui/drawing/MOutlines.h"
 #include "ui/geometry/MTextAlignment.h"
 #include "ui/image/MBitmap.h"
 #include "ui/image/MColorOp.h"
 
 #include <cstdint>
+#include <span>
 
 class MAlphaMask;
 class MFont;
 class MFontTable;
+struct MPlacedGlyph;
 
 /// The only way by which anything reaches a pixel. A drawer works in coordinates of its own; this class shifts them and
 /// hands every operation on to a target, whose last one paints.
@@ -20,15 +23,19 @@ class MFontTable;
 /// An operation with a mode combines by it, others as is right for the target. A source rectangle is cut to its bitmap.
 /// No operation raises but `PaintBitmapPart` and `PaintCornered`: what fails is reported to the diagnostics, and
 /// painting goes on. A drawer belongs to the one paint in progress.
+///
+/// What is shown on a screen, the buffer of a window or the bitmap of a control, is opaque: all of its pixels have an
+/// alpha of 255. It begins as that (`MBitmap::CreateOpaque`) and stays so in every mode but `Copy`, which there is for
+/// opaque colours and pictures only.
 class MDrawer : public MObject {
 public:
     using PointList = MList<MPointF>;
     using ValueList = MList<double>;
 
-    /// The target outlives the drawer; null for one that paints itself.
+    /// The target outlives the drawer. Without one nothing is painted; what paints by itself is an `MDrawerTarget`.
     explicit MDrawer(MDrawer* target = nullptr) : target(target) {}
 
-    /// The size that was set, else that of the target.
+    /// What was set, else that of the target.
     [[nodiscard]] virtual int32_t GetWidth();
     [[nodiscard]] virtual int32_t GetHeight();
 
@@ -36,8 +43,10 @@ public:
     [[nodiscard]] virtual MBitmap* GetStdIcon(int32_t index);
     [[nodiscard]] virtual MBitmap* GetStdBitmap(int32_t index);
     [[nodiscard]] virtual MFontTable* GetFontTable();
-    /// A font of the table; `color` becomes the one to use it with.
-    [[nodiscard]] virtual MFont* GetFont(int32_t fontIndex, int32_t colorIndex, MColor& color);
+    /// A font of the table, for a control in a state (the bits of its `GetDrawState`). `color` becomes the one to use it
+    /// with: what `GetTextColor` gives, its alpha scaled by that of the state.
+    [[nodiscard]] virtual MFont* GetFont(int32_t fontIndex, int32_t colorIndex, bool isInverted,
+                                         uint8_t drawState, MColor& color);
     static constexpr int32_t BackgroundIndex = -1;
     [[nodiscard]] virtual MColor GetTextColor(int32_t index, bool isInverted);
     [[nodiscard]] virtual int32_t GetStdSize(int32_t index);
@@ -47,7 +56,7 @@ public:
     virtual void SetBackgroundColor(MColor color);
     [[nodiscard]] virtual MColor GetBackgroundColor();
 
-    /// In this drawer's coordinates.
+    /// What may be painted, in this drawer's coordinates.
     [[nodiscard]] virtual MRect GetClip();
     virtual void SetClip(const MRect& rect);
 
@@ -76,12 +85,14 @@ public:
                                 MTextAlignment alignment);
 
     // Points and lines. The forms with doubles have smooth edges; their lines are a pixel wide.
+    /// Puts the colour in the place of the pixel's, without blending; see `MDrawerToMBitmap` for its alpha.
     virtual void SetPixel(MPoint point, MColor color);
     /// Both ends are painted.
     virtual void Line(MPoint from, MPoint to, MColor color);
     /// A square of a pixel's size around the point.
     virtual void SetPixelF(MPointF point, MColor color);
     virtual void LineF(MPointF from, MPointF to, MColor color);
+    /// `SetPixel` and `Line` paint as they do in the beginning; see `MDrawerToMBitmap`.
     virtual void ResetPixelEffect();
 
     // Shapes. A radius is in pixels; an outline is a pixel wide and lies inside of what filling would paint.
@@ -110,6 +121,17 @@ public:
     /// Puts everything on the screen that waits to be.
     virtual void Flush();
 
+    /// A glyph of a text layout, in the mode that is right for text on the target.
+    virtual void PaintGlyph(const MPlacedGlyph& glyph, MColor color);
+    /// Tiles a part of a bitmap over `rect`, beginning at its top left pixel.
+    virtual void PatBltPart(const MRect& rect, const MBitmap& bitmap, const MRect& source, uint8_t alpha,
+                            MDrawMode mode);
+    /// Shapes of any kind, with smooth edges: what lies inside of outlines (see MOutlines.h), as wide frames and rings.
+    virtual void FillOutlines(std::span<const MOutlines::Outline> outlines, MColor color, MDrawMode mode);
+    /// The same by the colours that `FillRectangleGradient` would give `rect`.
+    virtual void FillOutlinesGradient(std::span<const MOutlines::Outline> outlines, const MRect& rect,
+                                      MColor from, MColor to, MGradientDirection direction, MDrawMode mode);
+
     /// Text as styles draw it: where shadows are on, the inverted colour a pixel to the right and below first.
     void DrawText(const MRect& rect, MFont& font, const MString& text, MColor color,
                   MTextAlignment alignment);
@@ -121,19 +143,30 @@ public:
     void PaintBitmapPart(const MRect& rect, const MBitmap& bitmap, const MRect& source, int32_t flags,
                          uint8_t alpha, MDrawMode mode);
     /// Paints a frame of nine parts: corners of `cornerSize` as they are, edges and centre by their flags,
-    /// as in `PaintBitmapPart`.
+    /// as in `PaintBitmapPart`. Corners that do not fit are cut at their inner sides.
+    ///
+    /// An edge differs from its source in one direction only, so `edgeFlags` tells both how the upper and lower edges
+    /// are filled from left to right and how the left and right ones are from top to bottom:
+    ///
+    ///                                 left and right scaled    left and right tiled
+    ///     upper and lower scaled      Stretch                  HPattern
+    ///     upper and lower tiled       VPattern                 Pattern
     void PaintCornered(const MRect& rect, const MBitmap& bitmap, const MRect& source, MPoint cornerSize,
                        int32_t edgeFlags, int32_t centerFlags, uint8_t alpha, MDrawMode mode);
 
-    /// Writes the colour itself, alpha included, so that painting a point twice is as painting it once.
+    /// Writes the colour itself, alpha included and whatever the pixel effect, so that painting a point twice is as
+    /// painting it once.
     void SetPixelOnce(MPoint point, MColor color) {
         FillRectangle({point.x, point.y, point.x, point.y}, color, MDrawMode::Copy);
     }
     /// Where this drawer's origin lies in the target.
     void SetTranslation(int32_t x, int32_t y) { translation = {x, y}; }
     [[nodiscard]] MPoint GetTranslation() const { return translation; }
-    /// The size to answer in place of the target's.
-    void SetSize(int32_t newWidth, int32_t newHeight);
+    /// The size to answer in place of the target's; where it is 0, the target is asked.
+    void SetSize(int32_t newWidth, int32_t newHeight) {
+        width = newWidth;
+        height = newHeight;
+    }
     void SetTarget(MDrawer* newTarget) { target = newTarget; }
 
     /// How strong the shadow of text is; 0 for none.
@@ -149,16 +182,11 @@ protected:
     [[nodiscard]] MRect Shift(const MRect& rect) const { return rect.Shifted(translation); }
     [[nodiscard]] PointList Shift(const PointList& points) const;
     [[nodiscard]] ValueList ShiftY(const ValueList& values) const;
+    [[nodiscard]] std::vector<MOutlines::Outline> Shift(std::span<const MOutlines::Outline> outlines) const;
 
-private:
-    void TilePart(const MRect& rect, const MBitmap& bitmap, const MRect& source, uint8_t alpha,
-                  MDrawMode mode);
-
-protected:
     MDrawer* target;
     MPoint translation;
     int32_t width = 0;
     int32_t height = 0;
-    bool useOwnSize = false;
     MColor backgroundColor;
 };

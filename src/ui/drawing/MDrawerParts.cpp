@@ -30,22 +30,9 @@ void MDrawer::PaintBitmapPart(const MRect& rect, const MBitmap& bitmap, const MR
     case MBitmapFill::Stretch: return StretchBlt(rect, bitmap, source, alpha, mode);
     case MBitmapFill::HPattern: return StretchBltH(rect, bitmap, source, alpha, mode);
     case MBitmapFill::VPattern: return StretchBltV(rect, bitmap, source, alpha, mode);
-    case MBitmapFill::Pattern: return TilePart(rect, bitmap, source, alpha, mode);
+    case MBitmapFill::Pattern: return PatBltPart(rect, bitmap, source, alpha, mode);
     }
     MRaise(MExceptionGeneral, "Invalid bitmap layout flags specified for processing.");
-}
-
-void MDrawer::TilePart(const MRect& rect, const MBitmap& bitmap, const MRect& source, uint8_t alpha,
-                       MDrawMode mode) {
-    if (source == bitmap.GetRect()) return PatBlt(rect, bitmap, {}, alpha, mode);
-    for (int32_t y = rect.top; y <= rect.bottom; y += source.GetHeight()) {
-        for (int32_t x = rect.left; x <= rect.right; x += source.GetWidth()) {
-            const MPoint end{source.left + rect.right - x, source.top + rect.bottom - y};
-            const MRect tile{source.left, source.top, std::min(source.right, end.x),
-                             std::min(source.bottom, end.y)};
-            BitBlt(tile, bitmap, {x, y}, alpha, mode);
-        }
-    }
 }
 
 namespace {

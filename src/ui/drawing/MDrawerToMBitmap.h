@@ -1,23 +1,23 @@
 #pragma once
 
+#include "foundation/base/MGuard.h"
 #include "ui/drawing/MAxisMap.h"
 #include "ui/drawing/MCoverage.h"
-#include "ui/drawing/MDrawer.h"
-#include "ui/drawing/MOutlines.h"
+#include "ui/drawing/MDrawerTarget.h"
 #include "ui/image/pixels/MPixelRows.h"
-
-#include <span>
 
 /// Paints into a bitmap, by the processor alone. All bytes are the same on every platform.
 ///
 /// Without a bitmap, or with an empty or a paletted one, nothing is painted. Operations without a mode blend, and where
-/// the bitmap's alpha counts fill what is transparent: "Overlay", else "Alphablend".
-class MDrawerToMBitmap : public MDrawer {
+/// the bitmap's alpha counts fill what is transparent: "Overlay", else "Alphablend". What a mask or a shape does not
+/// cover stays as it is; only `AlphaMask` in the mode "Copy" writes all pixels.
+class MDrawerToMBitmap : public MDrawerTarget {
 public:
     MDrawerToMBitmap() = default;
     explicit MDrawerToMBitmap(MBitmap& bitmap) { SetBitmap(&bitmap); }
 
-    /// Not owned; null for none. The clip becomes the whole bitmap.
+    /// The bitmap outlives the drawer; null for none. The clip becomes the whole bitmap, and the alpha of one that is
+    /// opaque does not count.
     void SetBitmap(MBitmap* newBitmap);
 
     [[nodiscard]] int32_t GetWidth() override;
@@ -64,22 +64,34 @@ public:
     void PaintHorizontalGraph(int32_t firstX, const ValueList& values, double baseY, MColor color) override;
     void PaintHorizontalGraph(int32_t firstX, const ValueList& upper, const ValueList& lower,
                               MColor color) override;
+    void Flush() override {}
 
-    /// Whether the bitmap's alpha counts.
+    void PaintGlyph(const MPlacedGlyph& glyph, MColor color) override;
+    void PatBltPart(const MRect& rect, const MBitmap& source, const MRect& part, uint8_t alpha,
+                    MDrawMode mode) override;
+    void FillOutlines(std::span<const MOutlines::Outline> outlines, MColor color, MDrawMode mode) override;
+    void FillOutlinesGradient(std::span<const MOutlines::Outline> outlines, const MRect& rect, MColor from,
+                              MColor to, MGradientDirection direction, MDrawMode mode) override;
+
+    /// Whether the bitmap's alpha counts, as that of a picture does. It does not on what is shown (see `MDrawer`).
     bool hasAlphaChannel = true;
-    /// Below 1 `SetPixel` and `Line` blend; from 1 on they add, so that lines that cross glow.
+    /// Below 1 `SetPixel` writes its colour as it is, with its alpha if that counts, else with 255, and `Line` blends;
+    /// from 1 on both add, so that lines that cross glow.
     int32_t pixelEffect = 0;
 
 private:
     /// Runs a primitive behind its boundary, if there is something to paint on.
     template <class Body>
-    void Paint(const char* name, Body body);
+    void Paint(const char* name, Body body) {
+        MGuard(name, [&] {
+            if (PrepareBitmap()) body();
+        });
+    }
     [[nodiscard]] bool PrepareBitmap();
     [[nodiscard]] MRect GetPaintable(const MRect& rect) const;
     [[nodiscard]] MDrawMode GetBlendMode() const {
         return hasAlphaChannel ? MDrawMode::Overlay : MDrawMode::Alphablend;
     }
-    [[nodiscard]] MDrawMode GetPixelMode() const { return pixelEffect < 1 ? GetBlendMode() : MDrawMode::Add; }
 
     void PaintPicture(const MBitmap& source, const MAxisMap& columns, const MAxisMap& rows, uint8_t alpha,
                       MDrawMode mode);
@@ -88,8 +100,9 @@ private:
                    MapAxis mapColumns, MapAxis mapRows, uint8_t alpha, MDrawMode mode);
     void FillPart(const MRect& rect, MColor color, MDrawMode mode);
     void PaintMask(const MRect& part, const MAlphaMask& mask, MPoint point, MColor color, MDrawMode mode);
-    void FillOutlines(std::span<const MOutlines::Outline> outlines, MColor color, MDrawMode mode);
-    void PaintCoverage(const MCoverage& coverage, MColor color, MDrawMode mode);
+    [[nodiscard]] MCoverage GetCoverage(std::span<const MOutlines::Outline> outlines) const;
+    void FillShape(std::span<const MOutlines::Outline> outlines, MColor color, MDrawMode mode);
+    void PaintRun(const MPixelRows& operations, const MCoverageRun& run, MColor color);
 
     MBitmap* bitmap = nullptr;
     MColor* pixels = nullptr;  ///< the bitmap's, while a primitive paints

@@ -1,5 +1,4 @@
 #include "ui/drawing/MDrawerToMBitmap.h"
-#include "ui/drawing/MPaintGuard.h"
 
 #include <algorithm>
 
@@ -29,7 +28,7 @@ void MDrawerToMBitmap::FillVerticalColumn(int32_t x, double top, double bottom, 
         const MPointF start = Shift(MPointF{double(x), std::min(top, bottom)});
         const Outline column =
             MOutlines::GetRectangle(start.x - 0.5, start.y, start.x + 0.5, start.y + std::abs(bottom - top));
-        FillOutlines({&column, 1}, color, GetBlendMode());
+        FillShape({&column, 1}, color, GetBlendMode());
     });
 }
 
@@ -38,7 +37,7 @@ void MDrawerToMBitmap::FillHorizontalRow(int32_t y, double left, double right, M
         const MPointF start = Shift(MPointF{std::min(left, right), double(y)});
         const Outline row =
             MOutlines::GetRectangle(start.x, start.y - 0.5, start.x + std::abs(right - left), start.y + 0.5);
-        FillOutlines({&row, 1}, color, GetBlendMode());
+        FillShape({&row, 1}, color, GetBlendMode());
     });
 }
 
@@ -46,7 +45,7 @@ void MDrawerToMBitmap::PaintPolyLine(const PointList& points, MColor color) {
     Paint("MDrawerToMBitmap::PaintPolyLine", [&] {
         Outline shifted;
         for (const MPointF& point : points) shifted.push_back(Shift(point));
-        FillOutlines(GetLines(shifted), color, GetBlendMode());
+        FillShape(GetLines(shifted), color, GetBlendMode());
     });
 }
 
@@ -54,14 +53,14 @@ void MDrawerToMBitmap::PaintPolygon(const PointList& points, MColor color) {
     Paint("MDrawerToMBitmap::PaintPolygon", [&] {
         Outline outline;
         for (const MPointF& point : points) outline.push_back(Shift(point));
-        FillOutlines({&outline, 1}, color, GetBlendMode());
+        FillShape({&outline, 1}, color, GetBlendMode());
     });
 }
 
 void MDrawerToMBitmap::PaintHorizontalPolyLine(int32_t firstX, const ValueList& values, MColor color) {
     Paint("MDrawerToMBitmap::PaintHorizontalPolyLine", [&] {
         const Outline curve = GetCurve(Shift(MPoint{firstX, 0}), values, values.GetCount());
-        FillOutlines(GetLines(curve), color, GetBlendMode());
+        FillShape(GetLines(curve), color, GetBlendMode());
     });
 }
 
@@ -80,6 +79,6 @@ void MDrawerToMBitmap::PaintHorizontalGraph(int32_t firstX, const ValueList& upp
         Outline outline = GetCurve(first, upper, count);
         const Outline back = MOutlines::GetReversed(GetCurve(first, lower, count));
         outline.insert(outline.end(), back.begin(), back.end());
-        FillOutlines({&outline, 1}, color, GetBlendMode());
+        FillShape({&outline, 1}, color, GetBlendMode());
     });
 }

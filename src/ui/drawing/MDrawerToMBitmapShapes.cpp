@@ -1,5 +1,4 @@
 #include "ui/drawing/MDrawerToMBitmap.h"
-#include "ui/drawing/MPaintGuard.h"
 
 #include <algorithm>
 #include <cmath>
@@ -15,6 +14,19 @@ constexpr double Far = 1 << 29;
 
 int32_t ToPixel(double value) {
     return static_cast<int32_t>(std::floor(std::clamp(value, -Far, Far) + 0.5));
+}
+
+/// An alpha of which a part is covered, as painting through a mask has it.
+uint8_t Scale(uint8_t share, uint8_t alpha) {
+    return static_cast<uint8_t>(((share + 1) * alpha) >> 8);
+}
+
+/// The colours of the columns of `visible` in a gradient over `area`.
+std::vector<MColor> GetColumnColors(const MGradient& gradient, const MRect& area, const MRect& visible) {
+    std::vector<MColor> colors;
+    for (int32_t x = visible.left; x <= visible.right; ++x)
+        colors.push_back(gradient.GetColor(x - area.left));
+    return colors;
 }
 
 /// The pixels that outlines can touch.
@@ -76,34 +88,59 @@ void MDrawerToMBitmap::FillPart(const MRect& rect, MColor color, MDrawMode mode)
         operations.fill(pixels + int64_t{bitmap->GetWidth()} * y + visible.left, visible.GetWidth(), color);
 }
 
-void MDrawerToMBitmap::FillOutlines(std::span<const Outline> outlines, MColor color, MDrawMode mode) {
+MCoverage MDrawerToMBitmap::GetCoverage(std::span<const Outline> outlines) const {
     MCoverage coverage(GetPaintable(GetBounds(outlines)));
     for (const Outline& outline : outlines) coverage.AddOutline(outline);
-    PaintCoverage(coverage, color, mode);
+    return coverage;
 }
 
-void MDrawerToMBitmap::PaintCoverage(const MCoverage& coverage, MColor color, MDrawMode mode) {
-    const MRect& area = coverage.GetArea();
-    if (area.IsEmpty()) return;
+void MDrawerToMBitmap::PaintRun(const MPixelRows& operations, const MCoverageRun& run, MColor color) {
+    MColor* row = pixels + int64_t{bitmap->GetWidth()} * run.start.y + run.start.x;
+    if (run.shares)
+        operations.mask(row, run.shares, run.count, color);
+    else
+        operations.fill(row, run.count, color.WithAlpha(Scale(run.share, color.alpha)));
+}
+
+void MDrawerToMBitmap::FillShape(std::span<const Outline> outlines, MColor color, MDrawMode mode) {
     const MPixelRows& operations = MGetPixelRows(mode);
-    std::vector<uint8_t> mask(static_cast<size_t>(area.GetWidth()));
-    for (int32_t y = area.top; y <= area.bottom; ++y) {
-        coverage.GetRow(y, mask.data());
-        MColor* row = pixels + int64_t{bitmap->GetWidth()} * y + area.left;
-        // Some modes change a pixel even where the shape covers nothing of it.
-        const auto isCovered = [](uint8_t share) { return share != 0; };
-        for (auto run = mask.begin(); (run = std::find_if(run, mask.end(), isCovered)) != mask.end();) {
-            const auto end = std::find(run, mask.end(), uint8_t{0});
-            operations.mask(row + (run - mask.begin()), &*run, static_cast<int32_t>(end - run), color);
-            run = end;
-        }
-    }
+    GetCoverage(outlines).ForEachRun([&](const MCoverageRun& run) { PaintRun(operations, run, color); });
+}
+
+void MDrawerToMBitmap::FillOutlines(std::span<const Outline> outlines, MColor color, MDrawMode mode) {
+    Paint("MDrawerToMBitmap::FillOutlines", [&] { FillShape(Shift(outlines), color, mode); });
+}
+
+void MDrawerToMBitmap::FillOutlinesGradient(std::span<const Outline> outlines, const MRect& rect, MColor from,
+                                            MColor to, MGradientDirection direction, MDrawMode mode) {
+    Paint("MDrawerToMBitmap::FillOutlinesGradient", [&] {
+        const MRect area = Shift(rect);
+        const MGradient gradient(from, to, direction, area);
+        const MPixelRows& operations = MGetPixelRows(mode);
+        const MCoverage coverage = GetCoverage(Shift(outlines));
+        if (!gradient.IsHorizontal())
+            return coverage.ForEachRun([&](const MCoverageRun& run) {
+                PaintRun(operations, run, gradient.GetColor(run.start.y - area.top));
+            });
+        const std::vector<MColor> colors = GetColumnColors(gradient, area, coverage.GetArea());
+        std::vector<MColor> covered;
+        coverage.ForEachRun([&](const MCoverageRun& run) {
+            const MColor* first = &colors[static_cast<size_t>(run.start.x - coverage.GetArea().left)];
+            covered.assign(first, first + run.count);
+            for (int32_t i = 0; i < run.count; ++i)
+                covered[static_cast<size_t>(i)].alpha = Scale(run.GetShare(i), first[i].alpha);
+            operations.blit(pixels + int64_t{bitmap->GetWidth()} * run.start.y + run.start.x, covered.data(),
+                            run.count, 255);
+        });
+    });
 }
 
 void MDrawerToMBitmap::SetPixel(MPoint point, MColor color) {
     Paint("MDrawerToMBitmap::SetPixel", [&] {
         const MPoint place = Shift(point);
-        FillPart({place.x, place.y, place.x, place.y}, color, GetPixelMode());
+        const MColor written = hasAlphaChannel ? color : color.WithAlpha(255);
+        FillPart({place.x, place.y, place.x, place.y}, pixelEffect < 1 ? written : color,
+                 pixelEffect < 1 ? MDrawMode::Copy : MDrawMode::Add);
     });
 }
 
@@ -111,9 +148,10 @@ void MDrawerToMBitmap::Line(MPoint from, MPoint to, MColor color) {
     Paint("MDrawerToMBitmap::Line", [&] {
         const LineWalk walk(Shift(from), Shift(to));
         const auto [first, last] = walk.GetStepsIn(GetPaintable(bitmap->GetRect()));
+        const MDrawMode mode = pixelEffect < 1 ? GetBlendMode() : MDrawMode::Add;
         for (int32_t step = first; step <= last; ++step) {
             const MPoint place = walk.GetPlace(step);
-            FillPart({place.x, place.y, place.x, place.y}, color, GetPixelMode());
+            FillPart({place.x, place.y, place.x, place.y}, color, mode);
         }
     });
 }
@@ -123,14 +161,14 @@ void MDrawerToMBitmap::SetPixelF(MPointF point, MColor color) {
         const MPointF place = Shift(point);
         const Outline square =
             MOutlines::GetRectangle(place.x - 0.5, place.y - 0.5, place.x + 0.5, place.y + 0.5);
-        FillOutlines({&square, 1}, color, GetBlendMode());
+        FillShape({&square, 1}, color, GetBlendMode());
     });
 }
 
 void MDrawerToMBitmap::LineF(MPointF from, MPointF to, MColor color) {
     Paint("MDrawerToMBitmap::LineF", [&] {
         const Outline line = MOutlines::GetLine(Shift(from), Shift(to));
-        FillOutlines({&line, 1}, color, GetBlendMode());
+        FillShape({&line, 1}, color, GetBlendMode());
     });
 }
 
@@ -155,15 +193,13 @@ void MDrawerToMBitmap::FillRectangleGradient(const MRect& rect, MColor from, MCo
         const MRect area = Shift(rect);
         const MRect visible = GetPaintable(area);
         if (visible.IsEmpty()) return;
-        const bool isHorizontal = direction >= MGradientDirection::Horizontal;
-        const MGradient gradient(from, to, direction, isHorizontal ? area.GetWidth() : area.GetHeight());
+        const MGradient gradient(from, to, direction, area);
         std::vector<MColor> colors;
-        for (int32_t x = visible.left; isHorizontal && x <= visible.right; ++x)
-            colors.push_back(gradient.GetColor(x - area.left));
+        if (gradient.IsHorizontal()) colors = GetColumnColors(gradient, area, visible);
         const MPixelRows& operations = MGetPixelRows(mode);
         for (int32_t y = visible.top; y <= visible.bottom; ++y) {
             MColor* row = pixels + int64_t{bitmap->GetWidth()} * y + visible.left;
-            if (isHorizontal)
+            if (gradient.IsHorizontal())
                 operations.blit(row, colors.data(), visible.GetWidth(), 255);
             else
                 operations.fill(row, visible.GetWidth(), gradient.GetColor(y - area.top));
@@ -172,43 +208,32 @@ void MDrawerToMBitmap::FillRectangleGradient(const MRect& rect, MColor from, MCo
 }
 
 void MDrawerToMBitmap::RoundRectangle(const MRect& rect, double radius, MColor color, MDrawMode mode) {
-    Paint("MDrawerToMBitmap::RoundRectangle", [&] {
-        const MRect outer = Shift(rect);
-        const Outline outlines[] = {
-            MOutlines::GetRoundRectangle(outer, radius, 0),
-            MOutlines::GetReversed(MOutlines::GetRoundRectangle(outer, radius, 1)),
-        };
-        FillOutlines(outlines, color, mode);
-    });
+    Paint("MDrawerToMBitmap::RoundRectangle",
+          [&] { FillShape(MOutlines::GetRoundFrame(Shift(rect), radius, 1), color, mode); });
 }
 
 void MDrawerToMBitmap::FillRoundRectangle(const MRect& rect, double radius, MColor color, MDrawMode mode) {
     Paint("MDrawerToMBitmap::FillRoundRectangle", [&] {
         const Outline outline = MOutlines::GetRoundRectangle(Shift(rect), radius, 0);
-        FillOutlines({&outline, 1}, color, mode);
+        FillShape({&outline, 1}, color, mode);
     });
 }
 
 void MDrawerToMBitmap::Circle(MPointF center, double radius, MColor color, MDrawMode mode) {
-    Paint("MDrawerToMBitmap::Circle", [&] {
-        const Outline outlines[] = {
-            MOutlines::GetCircle(Shift(center), radius),
-            MOutlines::GetReversed(MOutlines::GetCircle(Shift(center), radius - 1)),
-        };
-        FillOutlines(outlines, color, mode);
-    });
+    Paint("MDrawerToMBitmap::Circle",
+          [&] { FillShape(MOutlines::GetRing(Shift(center), radius, 1), color, mode); });
 }
 
 void MDrawerToMBitmap::FillCircle(MPointF center, double radius, MColor color, MDrawMode mode) {
     Paint("MDrawerToMBitmap::FillCircle", [&] {
         const Outline outline = MOutlines::GetCircle(Shift(center), radius);
-        FillOutlines({&outline, 1}, color, mode);
+        FillShape({&outline, 1}, color, mode);
     });
 }
 
 void MDrawerToMBitmap::FillTriangle(MPointF p1, MPointF p2, MPointF p3, MColor color, MDrawMode mode) {
     Paint("MDrawerToMBitmap::FillTriangle", [&] {
         const Outline outline = {Shift(p1), Shift(p2), Shift(p3)};
-        FillOutlines({&outline, 1}, color, mode);
+        FillShape({&outline, 1}, color, mode);
     });
 }

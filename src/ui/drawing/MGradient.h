@@ -1,6 +1,7 @@
 #pragma once
 
 #include "foundation/values/MValueEnum.h"
+#include "ui/geometry/MRect.h"
 #include "ui/image/MColor.h"
 
 #include <cstdint>
@@ -24,13 +25,14 @@ inline constexpr const char* MGradientDirectionNames[] = {
 template <>
 inline constexpr std::span<const char* const> MEnumNames<MGradientDirection> = MGradientDirectionNames;
 
-/// The colours of a gradient over a length in pixels.
+/// The colours of a gradient over an area.
 class MGradient {
 public:
-    MGradient(MColor from, MColor to, MGradientDirection direction, int32_t length);
+    MGradient(MColor from, MColor to, MGradientDirection direction, const MRect& area);
 
     [[nodiscard]] bool IsHorizontal() const { return isHorizontal; }
-    /// The colour of a pixel, counted from the top or the left; each channel is rounded to the nearest.
+    /// The colour of a pixel, counted from the top or the left; each channel is rounded to the nearest. What lies
+    /// outside has the colour of the nearest end.
     [[nodiscard]] MColor GetColor(int32_t position) const;
 
 private:

@@ -53,6 +53,14 @@ MOutlines::Outline MOutlines::GetRoundRectangle(const MRect& rect, double radius
     return outline;
 }
 
+std::vector<MOutlines::Outline> MOutlines::GetRoundFrame(const MRect& rect, double radius, double lineWidth) {
+    return {GetRoundRectangle(rect, radius, 0), GetReversed(GetRoundRectangle(rect, radius, lineWidth))};
+}
+
+std::vector<MOutlines::Outline> MOutlines::GetRing(MPointF center, double radius, double lineWidth) {
+    return {GetCircle(center, radius), GetReversed(GetCircle(center, radius - lineWidth))};
+}
+
 MOutlines::Outline MOutlines::GetLine(MPointF from, MPointF to) {
     const double length = std::sqrt((to.x - from.x) * (to.x - from.x) + (to.y - from.y) * (to.y - from.y));
     // A point has no direction; it becomes a square.

@@ -26,6 +26,7 @@ void MAlphaMask::Create(int32_t newWidth, int32_t newHeight) {
 }
 
 void MAlphaMask::CreateUnfilled(int32_t newWidth, int32_t newHeight) {
+    MarkModified();
     width = height = 0;
     bytes = MBufferT<uint8_t>();
     if (newWidth < 1 || newHeight < 1) return;

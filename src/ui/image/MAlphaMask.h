@@ -27,7 +27,10 @@ public:
     /// The plane, or one row of it; null if empty. Editing makes it private.
     [[nodiscard]] const uint8_t* GetBytes() const { return bytes.Get(); }
     [[nodiscard]] const uint8_t* GetRow(int32_t y) const { return GetBytes() + int64_t{width} * y; }
-    [[nodiscard]] uint8_t* EditBytes() { return bytes.Edit(); }
+    [[nodiscard]] uint8_t* EditBytes() {
+        MarkModified();
+        return bytes.Edit();
+    }
     [[nodiscard]] uint8_t* EditRow(int32_t y) { return EditBytes() + int64_t{width} * y; }
 
     /// Replaces the plane. Raises "Alphamask stream content is invalid." (0) if the first word is another or

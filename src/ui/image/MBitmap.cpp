@@ -14,7 +14,9 @@ MBitmap::MBitmap(int32_t width, int32_t height) {
     Create(width, height);
 }
 
-MBitmap::MBitmap(const MBitmap& other) : MBaseBitmap(other), paletted(other.paletted), block(other.block) {}
+MBitmap::MBitmap(const MBitmap& other) : MBaseBitmap(other) {
+    TakePixels(other);
+}
 
 MBitmap& MBitmap::operator=(const MBitmap& other) {
     Assign(other);
@@ -32,6 +34,24 @@ void MBitmap::CreateUnfilled(int32_t newWidth, int32_t newHeight) {
     CreateBlock(newWidth, newHeight, sizeof(MColor), 0);
 }
 
+void MBitmap::CreateOpaque(int32_t newWidth, int32_t newHeight) {
+    CreateUnfilled(newWidth, newHeight);
+    std::fill_n(EditPixels(), CountPixels(), MColor());
+    opaque = true;
+}
+
+void MBitmap::CreateSurface(int32_t newWidth, int32_t newHeight) {
+    Clear();
+    if (CheckSize(newWidth, newHeight, sizeof(MColor), 0))
+        sharedMemory = MSysBitmap::TryToCreate(newWidth, newHeight);
+    if (!sharedMemory) return CreateOpaque(newWidth, newHeight);
+    sharedPixels = sharedMemory->GetPixels();
+    width = newWidth;
+    height = newHeight;
+    std::fill_n(sharedPixels, CountPixels(), MColor());
+    opaque = true;
+}
+
 void MBitmap::CreatePaletted(int32_t newWidth, int32_t newHeight) {
     CreateBlock(newWidth, newHeight, 1, PaletteSize);
     if (IsEmpty()) return;
@@ -40,14 +60,18 @@ void MBitmap::CreatePaletted(int32_t newWidth, int32_t newHeight) {
     paletted = true;
 }
 
-void MBitmap::CreateBlock(int32_t newWidth, int32_t newHeight, int32_t pixelSize, int32_t headSize) {
-    DropSystemBitmaps();
-    width = height = 0;
-    paletted = false;
-    block = MBuffer();
-    if (newWidth < 1 || newHeight < 1) return;
+bool MBitmap::CheckSize(int32_t newWidth, int32_t newHeight, int32_t pixelSize, int32_t headSize) {
+    if (newWidth < 1 || newHeight < 1) return false;
     const int64_t room = std::numeric_limits<int32_t>::max() - headSize;
     if (int64_t{newWidth} * newHeight > room / pixelSize) MRaise(MExceptionGeneral, "Out of memory.");
+    return true;
+}
+
+void MBitmap::CreateBlock(int32_t newWidth, int32_t newHeight, int32_t pixelSize, int32_t headSize) {
+    MarkModified();
+    TakePixels(MBitmap());
+    width = height = 0;
+    if (!CheckSize(newWidth, newHeight, pixelSize, headSize)) return;
     block = MBuffer(newWidth * newHeight * pixelSize + headSize);
     width = newWidth;
     height = newHeight;
@@ -55,11 +79,20 @@ void MBitmap::CreateBlock(int32_t newWidth, int32_t newHeight, int32_t pixelSize
 
 void MBitmap::Assign(const MBitmap& other) {
     if (this == &other) return;
+    MBaseBitmap::operator=(other);
+    TakePixels(other);
+}
+
+void MBitmap::TakePixels(const MBitmap& other) {
     DropSystemBitmaps();
-    width = other.width;
-    height = other.height;
+    sharedPixels = nullptr;
+    sharedMemory.reset();
     paletted = other.paletted;
+    opaque = false;
     block = other.block;
+    if (!other.sharedPixels) return;
+    block = MBuffer(static_cast<int32_t>(other.CountPixels() * int64_t{sizeof(MColor)}));
+    std::memcpy(block.EditBlock(), other.sharedPixels, static_cast<size_t>(block.GetSize()));
 }
 
 void MBitmap::ToAlphaMask(MAlphaMask& mask) const {
@@ -84,6 +117,7 @@ MBitmap MBitmap::ToDirect() const {
 }
 
 MSysBitmap& MBitmap::CreateSystemBitmap() {
+    if (sharedMemory) return *sharedMemory;
     if (!systemBitmap) systemBitmap = std::make_unique<MSysBitmap>(*this, MSysBitmap::Form::Opaque);
     return *systemBitmap;
 }
@@ -105,11 +139,13 @@ void MBitmap::DropSystemBitmaps() {
 
 MColor* MBitmap::EditPixels() {
     ReleaseSystemBitmap();
-    return static_cast<MColor*>(block.EditBlock());
+    MarkModified();
+    return sharedPixels ? sharedPixels : static_cast<MColor*>(block.EditBlock());
 }
 
 uint8_t* MBitmap::EditIndices() {
     ReleaseSystemBitmap();
+    MarkModified();
     return static_cast<uint8_t*>(block.EditBlock()) + PaletteSize;
 }
 

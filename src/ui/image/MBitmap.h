@@ -5,6 +5,7 @@
 #include "ui/image/MBaseBitmap.h"
 #include "ui/image/MColor.h"
 
+#include <algorithm>
 #include <memory>
 
 class MAlphaMask;
@@ -36,6 +37,11 @@ public:
     void Clear() { Create(0, 0); }
     /// As `Create`, for those who write every pixel: what the pixels hold is unspecified.
     void CreateUnfilled(int32_t newWidth, int32_t newHeight);
+    /// As `Create` with opaque black pixels, for what is shown: its alpha stays 255 (see `MDrawer`).
+    void CreateOpaque(int32_t newWidth, int32_t newHeight);
+    /// As `CreateOpaque`, for the buffer of a window: in memory that the window system reads as well, so that nothing
+    /// has to be transferred to show it; in plain memory where the system has none to share. Copies are in plain memory.
+    void CreateSurface(int32_t newWidth, int32_t newHeight);
 
     /// Takes size, mode and pixels of another one.
     virtual void Assign(const MBitmap& other);
@@ -44,22 +50,36 @@ public:
     /// The picture in direct form: itself if it has that, else with the colours of its palette.
     [[nodiscard]] MBitmap ToDirect() const;
     /// What the window system shows of the pixels, made on first need and dropped when they change. Owned by
-    /// the bitmap. Raise what making one raises (MSysBitmap.h).
+    /// the bitmap. Raise what making one raises (MSysBitmap.h). Of a surface in shared memory, `CreateSystemBitmap`
+    /// gives that memory, which stays.
     virtual MSysBitmap& CreateSystemBitmap();
     virtual MSysBitmap& CreateSystemBitmapWithAlpha();
     virtual void ReleaseSystemBitmap();
 
+    /// The memory of a surface that the window system reads as well, owned by the bitmap; null if there is none, and
+    /// the pixels have to be transferred.
+    [[nodiscard]] MSysBitmap* GetSharedMemory() const { return sharedMemory.get(); }
+
     [[nodiscard]] bool IsPaletted() const { return paletted; }
-    [[nodiscard]] MRect GetRect() const { return MRect::FromSize(0, 0, width, height); }
+    /// Whether the bitmap was made opaque, for being shown.
+    [[nodiscard]] bool IsOpaque() const { return opaque; }
 
     /// Of a direct bitmap; null if it is empty. Editing makes the pixels private and drops the system's
-    /// bitmaps.
-    [[nodiscard]] const MColor* GetPixels() const { return static_cast<const MColor*>(block.GetBlock()); }
+    /// bitmaps; those of a surface may only be edited when the window system has done with reading them.
+    [[nodiscard]] const MColor* GetPixels() const {
+        return sharedPixels ? sharedPixels : static_cast<const MColor*>(block.GetBlock());
+    }
     [[nodiscard]] const MColor* GetRow(int32_t y) const { return GetPixels() + int64_t{width} * y; }
     [[nodiscard]] MColor* EditPixels();
     [[nodiscard]] MColor* EditRow(int32_t y) { return EditPixels() + int64_t{width} * y; }
     /// Of a bitmap of either form, inside its size.
     [[nodiscard]] MColor GetPixel(int32_t x, int32_t y) const;
+    /// Puts `change(color)` in the place of each colour: of the pixels, or of the palette.
+    template <class Function>
+    void ChangeColors(Function change) {
+        MColor* const colors = EditPixels();
+        std::transform(colors, colors + (paletted ? PaletteCount : CountPixels()), colors, change);
+    }
 
     /// Of a paletted bitmap: 256 colours, and the indices.
     [[nodiscard]] const MColor* GetPalette() const { return GetPixels(); }
@@ -91,13 +111,21 @@ public:
     void SavePNG(MStream& stream) const;
 
 private:
+    /// True if a size can be; raises "Out of memory." (0) if it is too large.
+    [[nodiscard]] static bool CheckSize(int32_t newWidth, int32_t newHeight, int32_t pixelSize,
+                                        int32_t headSize);
     void CreateBlock(int32_t newWidth, int32_t newHeight, int32_t pixelSize, int32_t headSize);
+    /// Takes the pixels over, those in shared memory as a copy.
+    void TakePixels(const MBitmap& other);
     void DropSystemBitmaps();
     void LoadBy(void (*read)(MStream&, MBitmap&), MStream& stream);
     [[nodiscard]] int64_t CountPixels() const { return int64_t{width} * height; }
 
     bool paletted = false;
+    bool opaque = false;
     MBuffer block;
+    std::unique_ptr<MSysBitmap> sharedMemory;
+    MColor* sharedPixels = nullptr;  ///< those of the shared memory, in place of the block
     std::unique_ptr<MSysBitmap> systemBitmap;
     std::unique_ptr<MSysBitmap> systemBitmapWithAlpha;
 };

@@ -4,6 +4,7 @@
 #include "ui/image/MBitmap.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -18,16 +19,17 @@ MColor Premultiplied(MColor color) {
 
 }  // namespace
 
-MSysBitmap::MSysBitmap(int32_t width, int32_t height, Form form)
-    : width(std::max(width, 1)), height(std::max(height, 1)), form(form) {
-    if (CreateShared()) return;
-    MRaise(MExceptionGDI, form == Form::WithAlpha ? "Could not create system bitmap with alpha."
-                                                  : "Could not create system bitmap with direct access.");
+MSysBitmap::MSysBitmap(const MBitmap& bitmap, Form form)
+    : MSysBitmap(std::max(bitmap.GetWidth(), 1), std::max(bitmap.GetHeight(), 1), form) {
+    if (!CreateShared())
+        MRaise(MExceptionGDI, form == Form::WithAlpha ? "Could not create system bitmap with alpha."
+                                                      : "Could not create system bitmap with direct access.");
+    Fill(bitmap);
 }
 
-MSysBitmap::MSysBitmap(const MBitmap& bitmap, Form form)
-    : MSysBitmap(bitmap.GetWidth(), bitmap.GetHeight(), form) {
-    Fill(bitmap);
+std::unique_ptr<MSysBitmap> MSysBitmap::TryToCreate(int32_t width, int32_t height) {
+    std::unique_ptr<MSysBitmap> created(new MSysBitmap(width, height, Form::Opaque));
+    return created->CreateShared() ? std::move(created) : nullptr;
 }
 
 void MSysBitmap::Fill(const MBitmap& bitmap) {
