@@ -1,15 +1,18 @@
 #pragma once
 
+#include "tests/support/MTestBytes.h"
 #include "ui/drawing/MDrawerToMBitmap.h"
 #include "ui/image/MAlphaMask.h"
 
-#include <functional>
+#include <cstring>
 #include <gtest/gtest.h>
 #include <random>
 #include <string>
-#include <vector>
 
-/// Numbers that are the same in each run and on each platform.
+constexpr MColor White{255, 255, 255, 255};
+constexpr uint8_t Opaque = 255;
+
+/// Arguments that are the same in each run and on each platform.
 class MTestRandom {
 public:
     explicit MTestRandom(uint32_t seed) : engine(seed) {}
@@ -18,10 +21,10 @@ public:
     [[nodiscard]] int32_t Get(int32_t least, int32_t most) {
         return least + static_cast<int32_t>(engine() % static_cast<uint32_t>(most - least + 1));
     }
-    [[nodiscard]] uint8_t GetByte() { return static_cast<uint8_t>(Get(0, 255)); }
     [[nodiscard]] double GetDouble(int32_t least, int32_t most) {
         return Get(least * 1000, most * 1000) / 1000.0;
     }
+    [[nodiscard]] uint8_t GetByte() { return static_cast<uint8_t>(Get(0, 255)); }
     [[nodiscard]] MColor GetColor() { return {GetByte(), GetByte(), GetByte(), GetByte()}; }
     [[nodiscard]] MDrawMode GetMode() { return static_cast<MDrawMode>(Get(0, MColorOpCount - 1)); }
     [[nodiscard]] MPoint GetPoint() { return {Get(-20, 80), Get(-20, 60)}; }
@@ -35,19 +38,17 @@ private:
     std::mt19937 engine;
 };
 
-/// A bitmap in which no two pixels are likely to be the same.
+/// Bitmaps and masks in which no two pixels are likely to be the same.
 inline MBitmap MMakeNoise(int32_t width, int32_t height, uint32_t seed) {
-    MTestRandom random(seed);
+    const std::string bytes = MTestNoise(static_cast<size_t>(width * height) * sizeof(MColor), seed);
     MBitmap bitmap(width, height);
-    MColor* pixels = bitmap.EditPixels();
-    for (int32_t i = 0; i < width * height; ++i) pixels[i] = random.GetColor();
+    std::memcpy(bitmap.EditPixels(), bytes.data(), bytes.size());
     return bitmap;
 }
-
 inline MAlphaMask MMakeMask(int32_t width, int32_t height, uint32_t seed) {
-    MTestRandom random(seed);
+    const std::string bytes = MTestNoise(static_cast<size_t>(width * height), seed);
     MAlphaMask mask(width, height);
-    for (int32_t i = 0; i < width * height; ++i) mask.EditBytes()[i] = random.GetByte();
+    std::memcpy(mask.EditBytes(), bytes.data(), bytes.size());
     return mask;
 }
 
@@ -60,16 +61,10 @@ inline std::string MFindDifference(const MBitmap& left, const MBitmap& right, co
                 return "at " + std::to_string(x) + ", " + std::to_string(y);
     return "";
 }
-
 inline std::string MFindDifference(const MBitmap& left, const MBitmap& right) {
     return MFindDifference(left, right, left.GetRect(), true);
 }
 
-/// A primitive with arguments by chance.
-struct MTestPrimitive {
-    const char* name;
-    std::function<void(MDrawer&, MTestRandom&)> paint;
-};
-
-/// All primitives of a drawer but text.
-[[nodiscard]] const std::vector<MTestPrimitive>& MGetTestPrimitives();
+/// All primitives but text, by a number, with arguments by chance.
+constexpr int32_t MTestPrimitiveCount = 31;
+void MPaintTestPrimitive(int32_t number, MDrawer& drawer, MTestRandom& random);

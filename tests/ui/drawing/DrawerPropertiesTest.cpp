@@ -7,7 +7,7 @@ namespace {
 
 constexpr int32_t Width = 61;
 constexpr int32_t Height = 43;
-constexpr uint32_t Rounds = 400;
+const MRect All = MRect::FromSize(0, 0, Width, Height);
 
 /// The noise that everything is painted on.
 MBitmap MakeGround() {
@@ -15,58 +15,55 @@ MBitmap MakeGround() {
 }
 
 /// Paints a primitive within each of some clips; the seed decides about its arguments.
-MBitmap Paint(const MTestPrimitive& primitive, uint32_t seed, std::initializer_list<MRect> clips) {
+MBitmap Paint(int32_t primitive, uint32_t seed, std::initializer_list<MRect> clips) {
     MBitmap bitmap = MakeGround();
     for (const MRect& clip : clips) {
         MDrawerToMBitmap drawer(bitmap);
         drawer.SetClip(clip);
         MTestRandom random(seed);
-        primitive.paint(drawer, random);
+        MPaintTestPrimitive(primitive, drawer, random);
     }
     return bitmap;
 }
 
 template <class Check>
 void ForAll(Check check) {
-    for (const MTestPrimitive& primitive : MGetTestPrimitives())
-        for (uint32_t seed = 0; seed < Rounds && !testing::Test::HasFailure(); ++seed) {
-            SCOPED_TRACE(primitive.name + std::string(" with seed ") + std::to_string(seed));
+    for (int32_t primitive = 0; primitive < MTestPrimitiveCount; ++primitive)
+        for (uint32_t seed = 0; seed < PRIMITIVE_ROUNDS && !testing::Test::HasFailure(); ++seed) {
+            SCOPED_TRACE(testing::Message() << "primitive " << primitive << ", seed " << seed);
             check(primitive, seed);
         }
 }
-
-const MRect All = MRect::FromSize(0, 0, Width, Height);
 
 }  // namespace
 
 TEST(DrawerPropertiesTest, NothingOutsideTheClipChanges) {
     const MBitmap ground = MakeGround();
-    ForAll([&](const MTestPrimitive& primitive, uint32_t seed) {
-        MTestRandom random(seed + 1000);
-        const MRect clip = random.GetRect();
+    ForAll([&](int32_t primitive, uint32_t seed) {
+        const MRect clip = MTestRandom(seed + 1000).GetRect();
         EXPECT_EQ(MFindDifference(Paint(primitive, seed, {clip}), ground, clip, false), "");
     });
 }
 
 TEST(DrawerPropertiesTest, PaintingInPiecesEqualsPaintingOnce) {
-    ForAll([&](const MTestPrimitive& primitive, uint32_t seed) {
+    ForAll([&](int32_t primitive, uint32_t seed) {
         MTestRandom random(seed + 2000);
         const int32_t x = random.Get(-3, Width + 3);
         const int32_t y = random.Get(-3, Height + 3);
-        const MBitmap whole = Paint(primitive, seed, {All});
         const MBitmap pieces =
             Paint(primitive, seed,
                   {{-99, -99, x, y}, {x + 1, -99, 999, y}, {-99, y + 1, x, 999}, {x + 1, y + 1, 999, 999}});
-        EXPECT_EQ(MFindDifference(whole, pieces), "");
+        EXPECT_EQ(MFindDifference(Paint(primitive, seed, {All}), pieces), "");
     });
 }
 
-// What is handed on by a chain of drawers arrives where their origins lie together.
+// What is handed on by a chain of drawers arrives where their origins lie together, within the clip of the chain.
 TEST(DrawerPropertiesTest, TranslationsOfAChainAddUp) {
-    ForAll([&](const MTestPrimitive& primitive, uint32_t seed) {
+    ForAll([&](int32_t primitive, uint32_t seed) {
         MTestRandom where(seed + 3000);
         const MPoint first = where.GetPoint();
         const MPoint second = where.GetPoint();
+        const MRect clip = where.GetRect();
         MBitmap chained = MakeGround();
         MDrawerToMBitmap target(chained);
         MDrawer middle(&target);
@@ -74,15 +71,32 @@ TEST(DrawerPropertiesTest, TranslationsOfAChainAddUp) {
         MDrawer inner(&middle);
         inner.SetTranslation(second.x, second.y);
         EXPECT_EQ(inner.GetClip(), All.Shifted(MPoint() - first - second));
+        inner.SetClip(clip);
         MTestRandom random(seed);
-        primitive.paint(inner, random);
+        MPaintTestPrimitive(primitive, inner, random);
 
         MBitmap direct = MakeGround();
         MDrawerToMBitmap shifted(direct);
+        shifted.SetClip(clip.Shifted(first + second));
         shifted.SetTranslation(first.x + second.x, first.y + second.y);
+        EXPECT_EQ(shifted.GetClip(), clip);
+        shifted.SetClip(clip);
         MTestRandom again(seed);
-        primitive.paint(shifted, again);
+        MPaintTestPrimitive(primitive, shifted, again);
         EXPECT_EQ(MFindDifference(chained, direct), "");
+    });
+}
+
+TEST(DrawerPropertiesTest, WhatIsOpaqueStaysSoInAllModesButCopy) {
+    ForAll([&](int32_t primitive, uint32_t seed) {
+        if (MTestRandom(seed).GetMode() == MDrawMode::Copy) return;
+        MBitmap bitmap;
+        bitmap.CreateOpaque(Width, Height);
+        MDrawerToMBitmap drawer(bitmap);
+        MTestRandom random(seed);
+        MPaintTestPrimitive(primitive, drawer, random);
+        EXPECT_TRUE(std::all_of(bitmap.GetPixels(), bitmap.GetPixels() + Width * Height,
+                                [](MColor pixel) { return pixel.alpha == 255; }));
     });
 }
 
@@ -95,9 +109,9 @@ TEST(DrawerPropertiesTest, WithoutABitmapNothingHappens) {
     MDrawerToMBitmap onPaletted(paletted);
     MDrawer withoutTarget;
     for (MDrawer* drawer : std::initializer_list<MDrawer*>{&nowhere, &onEmpty, &onPaletted, &withoutTarget})
-        for (const MTestPrimitive& primitive : MGetTestPrimitives()) {
+        for (int32_t primitive = 0; primitive < MTestPrimitiveCount; ++primitive) {
             MTestRandom random(4);
-            primitive.paint(*drawer, random);
+            MPaintTestPrimitive(primitive, *drawer, random);
         }
     EXPECT_EQ(paletted.GetIndices()[3 * 8 + 3], 0);
 }
@@ -114,4 +128,24 @@ TEST(DrawerPropertiesTest, AClipScopeNarrowsAndBringsBack) {
         EXPECT_TRUE(inner.Intersect({0, 0, 14, 100}));
     }
     EXPECT_EQ(drawer.GetClip(), All);
+}
+
+TEST(DrawerPropertiesTest, ASizeOfZeroIsThatOfTheTarget) {
+    MBitmap bitmap = MakeGround();
+    MDrawerToMBitmap target(bitmap);
+    MDrawer chained(&target);
+    for (MDrawer* drawer : {&chained, static_cast<MDrawer*>(&target)})
+        for (const auto& [own, answered] : {std::pair{MPoint{30, 0}, MPoint{30, Height}},
+                                            {MPoint{0, 20}, MPoint{Width, 20}},
+                                            {MPoint{0, 0}, MPoint{Width, Height}}}) {
+            drawer->SetSize(own.x, own.y);
+            EXPECT_EQ((MPoint{drawer->GetWidth(), drawer->GetHeight()}), answered);
+        }
+}
+
+TEST(DrawerPropertiesTest, RectanglesUniteAroundWhatIsNotEmpty) {
+    const MRect rect{2, 3, 4, 5};
+    EXPECT_EQ(rect.United({-1, 4, 9, 4}), (MRect{-1, 3, 9, 5}));
+    EXPECT_EQ(rect.United({-9, -9, -10, 99}), rect);
+    EXPECT_EQ(MRect().United(rect), rect);
 }

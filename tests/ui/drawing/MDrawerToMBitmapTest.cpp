@@ -3,26 +3,39 @@
 #include "tests/support/MTestText.h"
 #include "tests/ui/drawing/DrawerFixture.h"
 #include "ui/drawing/MBitmapFill.h"
+#include "ui/text/MFont.h"
+#include "ui/text/MTextLayout.h"
 
 #include <cmath>
+#include <functional>
 #include <limits>
 
 namespace {
 
-constexpr MColor White{255, 255, 255, 255};
-constexpr uint8_t Opaque = 255;
+constexpr double Pi = 3.14159265358979;
+constexpr MDrawMode Blend = MDrawMode::Overlay;
 
-int32_t Floor(int64_t number, int64_t divisor) {
+int32_t Wrap(int64_t number, int64_t divisor) {
     return static_cast<int32_t>(((number % divisor) + divisor) % divisor);
 }
 
-/// The sum of a channel's differences to black, in pixels.
+/// What is covered, in pixels.
 double SumOf(const MBitmap& bitmap) {
     double sum = 0;
     for (int32_t y = 0; y < bitmap.GetHeight(); ++y)
         for (int32_t x = 0; x < bitmap.GetWidth(); ++x) sum += bitmap.GetPixel(x, y).alpha / 255.0;
     return sum;
 }
+
+/// Notes with what alpha text is painted where, as "255 at 3".
+class TextRecorder : public MDrawer {
+public:
+    void AlignedTextOut(const MRect& rect, MFont&, const MString&, MColor color, MTextAlignment) override {
+        notes += std::to_string(color.alpha) + " at " + std::to_string(rect.left) + "; ";
+    }
+
+    std::string notes;
+};
 
 }  // namespace
 
@@ -35,15 +48,32 @@ protected:
     const MBitmap picture = MMakeNoise(23, 17, 5);
 };
 
-TEST_F(MDrawerToMBitmapTest, TilesInTheRightPhase) {
-    for (const MPoint offset : {MPoint{0, 0}, MPoint{5, 3}, MPoint{-1, -40}, MPoint{1000, -100000}}) {
-        drawer.PatBlt({2, 3, 60, 40}, picture, offset, Opaque, MDrawMode::Copy);
-        for (int32_t y = 3; y <= 40; ++y)
-            for (int32_t x = 2; x <= 60; ++x)
-                ASSERT_EQ(bitmap.GetPixel(x, y), picture.GetPixel(Floor(x - 2 + int64_t{offset.x}, 23),
-                                                                  Floor(y - 3 + int64_t{offset.y}, 17)))
-                    << x << ", " << y;
+// Narrow tiles are put together before they are painted, wide ones are not.
+TEST_F(MDrawerToMBitmapTest, TilesInTheRightPhaseUpToTheEdge) {
+    const MBitmap source = MMakeNoise(80, 17, 8);
+    const MRect all = source.GetRect();
+    const MRect rect{2, 3, 181, 40};
+    const std::pair<MRect, MPoint> cases[] = {{all, {0, 0}},          {all, {5, 3}},
+                                              {all, {-1, -40}},       {all, {1000, -100000}},
+                                              {{3, 2, 3, 2}, {0, 0}}, {{70, 5, 75, 8}, {0, 0}},
+                                              {{1, 1, 64, 9}, {0, 0}}};
+    for (const auto& [part, offset] : cases) {
+        MBitmap target(190, 48), expected(190, 48);
+        MDrawerToMBitmap onTarget(target);
+        if (part == all)
+            onTarget.PatBlt(rect, source, offset, Opaque, MDrawMode::Copy);
+        else
+            onTarget.PatBltPart(rect, source, part, Opaque, MDrawMode::Copy);
+        for (int32_t y = rect.top; y <= rect.bottom; ++y)
+            for (int32_t x = rect.left; x <= rect.right; ++x)
+                expected.EditRow(y)[x] =
+                    source.GetPixel(part.left + Wrap(x - rect.left + int64_t{offset.x}, part.GetWidth()),
+                                    part.top + Wrap(y - rect.top + int64_t{offset.y}, part.GetHeight()));
+        EXPECT_EQ(MFindDifference(target, expected), "") << part.left << ", " << offset.x;
     }
+    // Only what is seen of a huge one takes time.
+    for (int32_t i = 0; i < 1000; ++i)
+        drawer.PatBltPart({0, 0, 2000000, 2000000}, source, {3, 2, 3, 2}, Opaque, MDrawMode::Copy);
 }
 
 TEST_F(MDrawerToMBitmapTest, StretchesToTheNearestPixel) {
@@ -52,15 +82,15 @@ TEST_F(MDrawerToMBitmapTest, StretchesToTheNearestPixel) {
          {MRect{0, 0, 63, 47}, MRect{5, 5, 9, 8}, MRect{-30, -20, 90, 70}, MRect{7, 7, 7, 7}}) {
         bitmap.Create(64, 48);
         drawer.StretchBlt(rect, picture, part, Opaque, MDrawMode::Copy);
+        EXPECT_EQ(MFindDifference(bitmap, MBitmap(64, 48), rect, false), "");
         const MRect visible = rect.Intersected(bitmap.GetRect());
         for (int32_t y = visible.top; y <= visible.bottom; ++y)
             for (int32_t x = visible.left; x <= visible.right; ++x) {
                 // The centre of the pixel, seen in the source.
                 const double sourceX = part.left + (x - rect.left + 0.5) * part.GetWidth() / rect.GetWidth();
                 const double sourceY = part.top + (y - rect.top + 0.5) * part.GetHeight() / rect.GetHeight();
-                const double toEdgeX = std::abs(sourceX - std::round(sourceX));
-                const double toEdgeY = std::abs(sourceY - std::round(sourceY));
-                if (toEdgeX < 0.01 || toEdgeY < 0.01) continue;
+                if (std::abs(sourceX - std::round(sourceX)) < 0.01) continue;
+                if (std::abs(sourceY - std::round(sourceY)) < 0.01) continue;
                 ASSERT_EQ(bitmap.GetPixel(x, y),
                           picture.GetPixel(static_cast<int32_t>(sourceX), static_cast<int32_t>(sourceY)))
                     << x << ", " << y;
@@ -69,12 +99,28 @@ TEST_F(MDrawerToMBitmapTest, StretchesToTheNearestPixel) {
 }
 
 TEST_F(MDrawerToMBitmapTest, PaintsABitmapOntoItselfAsItWas) {
-    MBitmap noise = MMakeNoise(40, 30, 6);
-    const MBitmap before = noise;
-    MDrawerToMBitmap onNoise(noise);
-    onNoise.BitBlt({0, 0, 34, 24}, noise, {5, 5}, Opaque, MDrawMode::Copy);
-    for (int32_t y = 5; y < 30; ++y)
-        for (int32_t x = 5; x < 40; ++x) ASSERT_EQ(noise.GetPixel(x, y), before.GetPixel(x - 5, y - 5));
+    const MRect rect{5, 4, 39, 29};
+    const MPoint offset{37, 27};
+    const std::function<void(MDrawer&, const MBitmap&)> paints[] = {
+        [&](MDrawer& d, const MBitmap& b) { d.BitBlt(rect, b, MPoint(), Opaque, MDrawMode::Copy); },
+        [&](MDrawer& d, const MBitmap& b) { d.BitBltWhole(b, offset, Opaque, MDrawMode::Copy); },
+        [&](MDrawer& d, const MBitmap& b) { d.PatBlt(rect, b, offset, Opaque, MDrawMode::Copy); },
+        [&](MDrawer& d, const MBitmap& b) { d.StretchBltWhole(rect, b, Opaque, MDrawMode::Copy); },
+    };
+    for (const auto& paint : paints) {
+        const MBitmap before = MMakeNoise(40, 30, 6);
+        MBitmap ordinary = before;
+        MBitmap expected = before;
+        MBitmap surface;
+        surface.CreateSurface(40, 30);
+        MDrawerToMBitmap onSurface(surface), onOrdinary(ordinary), onExpected(expected);
+        onSurface.BitBltWhole(before, {0, 0}, Opaque, MDrawMode::Copy);
+        paint(onSurface, surface);
+        paint(onOrdinary, ordinary);
+        paint(onExpected, before);
+        EXPECT_EQ(MFindDifference(ordinary, expected), "");
+        EXPECT_EQ(MFindDifference(surface, expected), "");
+    }
 }
 
 TEST_F(MDrawerToMBitmapTest, PaintsPalettedPicturesInTheirColors) {
@@ -87,83 +133,64 @@ TEST_F(MDrawerToMBitmapTest, PaintsPalettedPicturesInTheirColors) {
     EXPECT_EQ(bitmap.GetPixel(0, 0), paletted.GetPalette()[0]);
 }
 
-TEST_F(MDrawerToMBitmapTest, GradientsReachTheirColorsAtTheEdges) {
+TEST_F(MDrawerToMBitmapTest, GradientsReachTheirColorsAtTheEdgesAndFillShapesAsRectangles) {
     const MColor from = MColor::FromRGB(0, 100, 200, 10);
     const MColor to = MColor::FromRGB(255, 50, 0, 250);
-    for (int32_t direction = 0; direction < 8; ++direction) {
-        drawer.FillRectangleGradient({0, 0, 63, 47}, from, to, static_cast<MGradientDirection>(direction),
-                                     MDrawMode::Copy);
-        const bool isInverted = direction % 2 != 0;
-        const bool isDouble = direction / 2 % 2 != 0;
-        const MPoint middle = direction >= 4 ? MPoint{31, 5} : MPoint{5, 23};
-        EXPECT_EQ(bitmap.GetPixel(0, 0), isInverted ? to : from) << direction;
-        EXPECT_EQ(bitmap.GetPixel(63, 47), isInverted == isDouble ? to : from) << direction;
-        if (!isDouble) continue;
-        EXPECT_EQ(bitmap.GetPixel(middle.x, middle.y), isInverted ? from : to) << direction;
+    const std::vector<MOutlines::Outline> frame = MOutlines::GetRoundFrame({5, 5, 44, 34}, 0, 4);
+    for (int32_t i = 0; i < 8; ++i) {
+        const auto direction = static_cast<MGradientDirection>(i);
+        drawer.FillRectangleGradient({0, 0, 63, 47}, from, to, direction, MDrawMode::Copy);
+        const bool isInverted = i % 2 != 0;
+        const bool isDouble = i / 2 % 2 != 0;
+        const MPoint middle = i >= 4 ? MPoint{31, 5} : MPoint{5, 23};
+        EXPECT_EQ(bitmap.GetPixel(0, 0), isInverted ? to : from) << i;
+        EXPECT_EQ(bitmap.GetPixel(63, 47), isInverted == isDouble ? to : from) << i;
+        EXPECT_EQ(bitmap.GetPixel(middle.x, middle.y) == (isInverted ? from : to), isDouble) << i;
+
+        MBitmap shape(64, 48);
+        MDrawerToMBitmap onShape(shape);
+        onShape.FillOutlinesGradient(frame, {0, 0, 63, 47}, from, to, direction, MDrawMode::Copy);
+        EXPECT_EQ(MFindDifference(shape, MBitmap(64, 48), {9, 9, 40, 30}, true), "");
+        EXPECT_EQ(MFindDifference(shape, MBitmap(64, 48), {5, 5, 44, 34}, false), "");
+        drawer.FillRectangle({9, 9, 40, 30}, MColor::FromWord(0), MDrawMode::Copy);
+        EXPECT_EQ(MFindDifference(shape, bitmap, {5, 5, 44, 34}, true), "") << i;
     }
 }
 
 TEST_F(MDrawerToMBitmapTest, ShapesCoverTheirArea) {
-    const double Pi = 3.14159265358979;
-    const std::pair<const char*, std::pair<double, std::function<void()>>> shapes[] = {
-        {"circle",
-         {Pi * 100,
-          [&] {
-              drawer.FillCircle({30.3, 24.7}, 10, White, MDrawMode::Overlay);
-          }}},
-        {"ring",
-         {Pi * (400 - 361),
-          [&] {
-              drawer.Circle({30, 24}, 20, White, MDrawMode::Overlay);
-          }}},
-        {"small circle",
-         {Pi * 0.16,
-          [&] {
-              drawer.FillCircle({30.3, 24.7}, 0.4, White, MDrawMode::Overlay);
-          }}},
-        {"round rectangle",
-         {40 * 30 - 36 * (4 - Pi),
-          [&] {
-              drawer.FillRoundRectangle({5, 5, 44, 34}, 6, White, MDrawMode::Overlay);
-          }}},
-        {"round frame",
-         {40 * 30 - 36 * (4 - Pi) - (38 * 28 - 25 * (4 - Pi)),
-          [&] {
-              drawer.RoundRectangle({5, 5, 44, 34}, 6, White, MDrawMode::Overlay);
-          }}},
-        {"rectangle",
-         {2 * 40 + 2 * 28,
-          [&] {
-              drawer.Rectangle({5, 5, 44, 34}, White, MDrawMode::Overlay);
-          }}},
-        {"triangle",
-         {0.5 * 20 * 30,
-          [&] {
-              drawer.FillTriangle({10, 10}, {30, 10}, {25, 40}, White, MDrawMode::Overlay);
-          }}},
-        {"line",
-         {std::sqrt(20.0 * 20 + 9 * 9) + 1,
-          [&] {
-              drawer.LineF({10, 10}, {30, 19}, White);
-          }}},
-        {"point",
-         {1,
-          [&] {
-              drawer.SetPixelF({10.25, 10.7}, White);
-          }}},
-        {"column", {12.5, [&] { drawer.FillVerticalColumn(7, 3.25, 15.75, White); }}},
-        {"graph",
-         {0.5 * 4 * 2,
-          [&] {
-              MDrawer::ValueList values;
-              for (const double value : {20.0, 21.0, 22.0, 21.0, 20.0}) values.Add(value);
-              drawer.PaintHorizontalGraph(10, values, 20, White);
-          }}},
+    const MRect box{5, 5, 44, 34};
+    const MRect odd{5, 5, 39, 35};
+    const MPointF center{30.3, 24.7};
+    const MPointF points[] = {{10, 10}, {30, 10}, {25, 40}, {30, 19}};
+    const auto wideRing = MOutlines::GetRing(center, 20, 10);
+    const auto wideFrame = MOutlines::GetRoundFrame(box, 6, 3);
+    const double cut = 4 - Pi;  // of the four corners of a radius of 1
+    MDrawer::ValueList values;
+    for (const double value : {20.0, 21.0, 22.0, 21.0, 20.0}) values.Add(value);
+    const struct {
+        const char* name;
+        double area;
+        std::function<void()> paint;
+    } shapes[] = {
+        {"circle", Pi * 100, [&] { drawer.FillCircle(center, 10, White, Blend); }},
+        {"ring", Pi * 39, [&] { drawer.Circle(center, 20, White, Blend); }},
+        {"wide ring", Pi * 300, [&] { drawer.FillOutlines(wideRing, White, Blend); }},
+        {"small circle", Pi * 0.16, [&] { drawer.FillCircle(center, 0.4, White, Blend); }},
+        {"round box", 1200 - 36 * cut, [&] { drawer.FillRoundRectangle(box, 6, White, Blend); }},
+        {"round frame", 136 - 11 * cut, [&] { drawer.RoundRectangle(box, 6, White, Blend); }},
+        {"wide frame", 384 - 27 * cut, [&] { drawer.FillOutlines(wideFrame, White, Blend); }},
+        {"half", 35 * 31 - 240.25 * cut, [&] { drawer.FillRoundRectangle(odd, 99, White, Blend); }},
+        {"rectangle", 2 * 40 + 2 * 28, [&] { drawer.Rectangle(box, White, Blend); }},
+        {"triangle", 300, [&] { drawer.FillTriangle(points[0], points[1], points[2], White, Blend); }},
+        {"line", std::sqrt(20.0 * 20 + 9 * 9) + 1, [&] { drawer.LineF(points[0], points[3], White); }},
+        {"point", 1, [&] { drawer.SetPixelF(center, White); }},
+        {"column", 12.5, [&] { drawer.FillVerticalColumn(7, 3.25, 15.75, White); }},
+        {"graph", 0.5 * 4 * 2, [&] { drawer.PaintHorizontalGraph(10, values, 20, White); }},
     };
-    for (const auto& [name, shape] : shapes) {
+    for (const auto& shape : shapes) {
         bitmap.Create(64, 48);
-        shape.second();
-        EXPECT_NEAR(SumOf(bitmap), shape.first, std::max(0.06, shape.first * 0.003)) << name;
+        shape.paint();
+        EXPECT_NEAR(SumOf(bitmap), shape.area, std::max(0.06, shape.area * 0.003)) << shape.name;
     }
 }
 
@@ -189,34 +216,85 @@ TEST_F(MDrawerToMBitmapTest, LinesMeetTheirEndsAndAreTheSameInEightDirections) {
     }
 }
 
-TEST_F(MDrawerToMBitmapTest, WhatIsCoveredTwiceIsPaintedOnce) {
+TEST_F(MDrawerToMBitmapTest, WhatIsCoveredTwiceIsPaintedOnceAndWhatIsNotStays) {
     const MColor half = White.WithAlpha(128);
     MDrawer::PointList points;
     for (const MPointF point : {MPointF{5, 20}, MPointF{30, 20}, MPointF{5, 20}}) points.Add(point);
     drawer.PaintPolyLine(points, half);
     EXPECT_EQ(bitmap.GetPixel(20, 20).alpha, 128);
-    drawer.SetPixelOnce({1, 1}, half);
-    drawer.SetPixelOnce({1, 1}, half);
-    EXPECT_EQ(bitmap.GetPixel(1, 1), half);
-}
 
-TEST_F(MDrawerToMBitmapTest, CopyingAShapeLeavesWhatIsBesideIt) {
     drawer.FillRectangle({0, 0, 63, 47}, White, MDrawMode::Copy);
     drawer.FillCircle({30, 24}, 10, MColor{1, 2, 3, 4}, MDrawMode::Copy);
     EXPECT_EQ(bitmap.GetPixel(21, 15), White);
     EXPECT_EQ(bitmap.GetPixel(30, 24), (MColor{1, 2, 3, 4}));
 }
 
+// Text over a blended ground once came out as boxes, since a mask gave its colour to what it did not cover.
+TEST_F(MDrawerToMBitmapTest, GlyphsLeaveWhatTheyDoNotCover) {
+    MAlphaMask mask(3, 1);
+    mask.EditBytes()[1] = 128;
+    mask.EditBytes()[2] = 255;
+    MBitmap shown;
+    shown.CreateOpaque(9, 1);
+    MDrawerToMBitmap onShown(shown);
+    const MColor ground = MColor::FromRGB(10, 20, 30);
+    for (MDrawerToMBitmap* target : {&onShown, &drawer}) {
+        target->FillRectangle({0, 0, 8, 0}, ground, MDrawMode::Alphablend);
+        target->PaintGlyph({&mask, {4, 0}}, White);
+    }
+    EXPECT_EQ(shown.GetPixel(4, 0), shown.GetPixel(3, 0));
+    EXPECT_EQ(shown.GetPixel(5, 0), MColor::FromRGB(131, 136, 141));
+    EXPECT_EQ(shown.GetPixel(6, 0), MColor::FromRGB(254, 254, 254));
+    EXPECT_EQ(bitmap.GetPixel(4, 0), bitmap.GetPixel(3, 0));
+    EXPECT_EQ(bitmap.GetPixel(5, 0), White.WithAlpha(128));
+}
+
+TEST_F(MDrawerToMBitmapTest, APixelIsWrittenAsItIsUnlessAnEffectAdds) {
+    MBitmap shown;
+    shown.CreateOpaque(2, 1);
+    MDrawerToMBitmap onShown(shown);
+    const MColor half{100, 200, 0, 128};
+    onShown.SetPixel({0, 0}, half);
+    EXPECT_EQ(shown.GetPixel(0, 0), half.WithAlpha(255));
+    drawer.SetPixel({0, 0}, half);
+    drawer.SetPixel({0, 0}, half);
+    EXPECT_EQ(bitmap.GetPixel(0, 0), half);
+    drawer.pixelEffect = 1;
+    drawer.SetPixel({0, 0}, half);
+    EXPECT_EQ(bitmap.GetPixel(0, 0), (MColor{150, 255, 0, 128}));
+    drawer.SetPixelOnce({0, 0}, half);
+    EXPECT_EQ(bitmap.GetPixel(0, 0), half);
+    drawer.ResetPixelEffect();
+    drawer.SetPixel({0, 0}, White);
+    EXPECT_EQ(bitmap.GetPixel(0, 0), White);
+}
+
+TEST_F(MDrawerToMBitmapTest, ShadowsOfTextFromAnAlphaOfElevenOn) {
+    MFont font;
+    const struct {
+        uint8_t alpha;
+        uint8_t shadowAlpha;
+        const char* notes;
+    } cases[] = {{255, 11, "11 at 4; 255 at 3; "}, {255, 10, "255 at 3; "}, {0, 255, ""},
+                 {128, 54, "27 at 4; 128 at 3; "}, {51, 54, "51 at 3; "},   {52, 54, "11 at 4; 52 at 3; "}};
+    for (const auto& row : cases) {
+        TextRecorder recorder;
+        recorder.textShadowAlpha = row.shadowAlpha;
+        recorder.DrawText({3, 3, 9, 9}, font, "text", White.WithAlpha(row.alpha), MTextLeft);
+        EXPECT_EQ(recorder.notes, row.notes);
+    }
+}
+
 TEST_F(MDrawerToMBitmapTest, PlacesThatAreNoneOrFarAwayDoNoHarm) {
     const double nan = std::numeric_limits<double>::quiet_NaN();
     const double infinity = std::numeric_limits<double>::infinity();
     for (const double value : {nan, infinity, -infinity, 1e300, -1e18}) {
-        drawer.FillCircle({value, 3}, 5, White, MDrawMode::Overlay);
-        drawer.FillCircle({3, 3}, value, White, MDrawMode::Overlay);
-        drawer.FillTriangle({value, 3}, {3, value}, {20, 20}, White, MDrawMode::Overlay);
+        drawer.FillCircle({value, 3}, 5, White, Blend);
+        drawer.FillCircle({3, 3}, value, White, Blend);
+        drawer.FillTriangle({value, 3}, {3, value}, {20, 20}, White, Blend);
         drawer.LineF({value, 3}, {20, 20}, White);
         drawer.FillVerticalColumn(3, value, 10, White);
-        drawer.RoundRectangle({0, 0, 20, 20}, value, White, MDrawMode::Overlay);
+        drawer.RoundRectangle({0, 0, 20, 20}, value, White, Blend);
     }
     drawer.FillTriangle({-1e9, -1e9}, {1e9, -1e9}, {0, 1e9}, White, MDrawMode::Copy);
     EXPECT_EQ(bitmap.GetPixel(30, 24), White);
@@ -234,47 +312,56 @@ protected:
         bitmap.Create(64, 48);
         drawer.PaintCornered(rect, picture, picture.GetRect(), corner, static_cast<int32_t>(edges),
                              static_cast<int32_t>(center), Opaque, MDrawMode::Copy);
+        EXPECT_EQ(MFindDifference(bitmap, MBitmap(64, 48), rect, false), "");
+    }
+    /// Whether a part of the bitmap at `place` is that of the picture at `source`.
+    void ExpectPart(MPoint place, MPoint source, MPoint size) {
+        for (int32_t y = 0; y < size.y; ++y)
+            for (int32_t x = 0; x < size.x; ++x)
+                ASSERT_EQ(bitmap.GetPixel(place.x + x, place.y + y),
+                          picture.GetPixel(source.x + x, source.y + y));
     }
 };
 
 TEST_F(PaintCorneredTest, CornersStayEdgesAndCenterAreFilled) {
     Paint({2, 1, 60, 44}, {5, 4}, MBitmapFill::Pattern, MBitmapFill::Pattern);
-    for (int32_t y = 0; y < 4; ++y)
-        for (int32_t x = 0; x < 5; ++x) {
-            ASSERT_EQ(bitmap.GetPixel(2 + x, 1 + y), picture.GetPixel(x, y));
-            ASSERT_EQ(bitmap.GetPixel(60 - x, 44 - y), picture.GetPixel(22 - x, 16 - y));
-        }
-    // The middle of 13 columns and 9 rows repeats itself.
-    for (int32_t y = 5; y <= 40; ++y) {
-        for (int32_t x = 7; x <= 55; ++x)
-            ASSERT_EQ(bitmap.GetPixel(x, y), picture.GetPixel(5 + (x - 7) % 13, 4 + (y - 5) % 9));
-        ASSERT_EQ(bitmap.GetPixel(2, y), picture.GetPixel(0, 4 + (y - 5) % 9));
-    }
+    ExpectPart({2, 1}, {0, 0}, {5, 4});
+    ExpectPart({56, 1}, {18, 0}, {5, 4});
+    ExpectPart({2, 41}, {0, 13}, {5, 4});
+    ExpectPart({56, 41}, {18, 13}, {5, 4});
+    // The middle of 13 columns and 9 rows repeats itself, and ends where the corners begin.
+    for (const int32_t y : {5, 14, 23, 32})
+        for (const int32_t x : {7, 20, 33}) ExpectPart({x, y}, {5, 4}, {13, 9});
+    ExpectPart({46, 5}, {5, 4}, {10, 9});
+    ExpectPart({2, 14}, {0, 4}, {5, 9});
     Paint({2, 1, 60, 44}, {5, 4}, MBitmapFill::Stretch, MBitmapFill::Stretch);
     EXPECT_EQ(bitmap.GetPixel(7, 20), picture.GetPixel(5, 4 + (20 - 5) * 9 / 36));
     EXPECT_EQ(bitmap.GetPixel(55, 1), picture.GetPixel(17, 0));
+    // One flag for the edges: these scale from left to right and tile from top to bottom.
+    Paint({2, 1, 60, 44}, {5, 4}, MBitmapFill::HPattern, MBitmapFill::Stretch);
+    EXPECT_EQ(bitmap.GetPixel(55, 1), picture.GetPixel(17, 0));
+    ExpectPart({2, 14}, {0, 4}, {5, 9});
 }
 
-TEST_F(PaintCorneredTest, OfTheSameSizeItIsTheWholePictureAndSmallerOnesKeepTheOuterCorners) {
+TEST_F(PaintCorneredTest, CornersThatDoNotFitAreCutInside) {
     Paint({3, 3, 25, 19}, {5, 4}, MBitmapFill::Stretch, MBitmapFill::Stretch);
-    for (int32_t y = 0; y < 17; ++y)
-        for (int32_t x = 0; x < 23; ++x) ASSERT_EQ(bitmap.GetPixel(3 + x, 3 + y), picture.GetPixel(x, y));
-    Paint({10, 10, 12, 11}, {5, 4}, MBitmapFill::Stretch, MBitmapFill::Stretch);
-    EXPECT_EQ(bitmap.GetPixel(10, 10), picture.GetPixel(0, 0));
-    EXPECT_EQ(bitmap.GetPixel(12, 11), picture.GetPixel(22, 16));
-    EXPECT_EQ(SumOf(bitmap) > 0, true);
-    EXPECT_EQ(bitmap.GetPixel(13, 11), MColor::FromWord(0));
-    EXPECT_EQ(bitmap.GetPixel(12, 12), MColor::FromWord(0));
+    ExpectPart({3, 3}, {0, 0}, {23, 17});
+    // Of an odd size the left and the upper corners have the pixel in the middle.
+    Paint({10, 10, 16, 14}, {5, 4}, MBitmapFill::Stretch, MBitmapFill::Stretch);
+    ExpectPart({10, 10}, {0, 0}, {4, 3});
+    ExpectPart({14, 10}, {20, 0}, {3, 3});
+    ExpectPart({10, 13}, {0, 15}, {4, 2});
+    ExpectPart({14, 13}, {20, 15}, {3, 2});
 }
 
 TEST_F(PaintCorneredTest, KeptPartsAreLeftAndUnknownFillsAreRefused) {
     drawer.FillRectangle({0, 0, 63, 47}, White, MDrawMode::Copy);
-    drawer.PaintBitmapPart({0, 0, 9, 9}, picture, picture.GetRect(), MDrawer::PartKept, Opaque,
-                           MDrawMode::Copy);
-    drawer.PaintBitmapPart({0, 0, 9, 9}, MBitmap(), {0, 0, 3, 3}, 0, Opaque, MDrawMode::Copy);
+    const MRect rect{0, 0, 9, 9};
+    drawer.PaintBitmapPart(rect, picture, picture.GetRect(), MDrawer::PartKept, Opaque, MDrawMode::Copy);
+    drawer.PaintBitmapPart(rect, MBitmap(), {0, 0, 3, 3}, 0, Opaque, MDrawMode::Copy);
     for (const int32_t flags : {8, -1 & ~MDrawer::PartKept})
         EXPECT_EQ(FailureOf([&] {
-                      drawer.PaintBitmapPart({0, 0, 9, 9}, picture, picture.GetRect(), flags, Opaque,
+                      drawer.PaintBitmapPart(rect, picture, picture.GetRect(), flags, Opaque,
                                              MDrawMode::Copy);
                   }),
                   "0: Invalid bitmap layout flags specified for processing.");

@@ -2,6 +2,9 @@
 #include "ui/image/MAlphaMask.h"
 #include "ui/image/MSysBitmap.h"
 
+#include <functional>
+#include <vector>
+
 namespace {
 
 MBitmap MakePaletted() {
@@ -34,54 +37,81 @@ TEST(MBitmapTest, AssignedBitmapsDoNotChangeTogether) {
     EXPECT_EQ(MPixelText(paletted), PalettedPixels);
     second.Assign(second);
     EXPECT_EQ(second.GetPixel(0, 0).red, 7);
+
+    MAlphaMask mask(4, 3);
+    const MAlphaMask copy = mask;
+    mask.EditRow(2)[3] = 9;
+    EXPECT_EQ(copy.GetRow(2)[3], 0);
+    EXPECT_EQ(mask.GetBytes()[11], 9);
 }
 
 TEST(MBitmapTest, SizesThatCannotBeGiveAnEmptyBitmap) {
     MBitmap bitmap(2, 2);
-    for (const auto& [width, height] : {std::pair{0, 5}, {5, 0}, {-1, 5}, {-5, -5}}) {
-        bitmap.Create(width, height);
-        EXPECT_TRUE(bitmap.IsEmpty());
-        EXPECT_EQ(bitmap.GetWidth(), 0);
-    }
-    constexpr std::pair<int32_t, int32_t> TooLarge[] = {
-        {1 << 15, 1 << 14}, {1 << 16, 1 << 16}, {0x7FFFFFFF, 0x7FFFFFFF}, {1, 1 << 29}};
-    for (const auto& size : TooLarge) {
-        bitmap.Create(1, 1);
-        EXPECT_EQ(FailureOf([&] { bitmap.Create(size.first, size.second); }), "0: Out of memory.");
-        EXPECT_TRUE(bitmap.IsEmpty());
+    for (const auto create : {&MBitmap::Create, &MBitmap::CreateOpaque, &MBitmap::CreateSurface}) {
+        for (const auto& [width, height] : {std::pair{0, 5}, {5, 0}, {-1, 5}, {-5, -5}}) {
+            (bitmap.*create)(width, height);
+            EXPECT_TRUE(bitmap.IsEmpty());
+            EXPECT_EQ(bitmap.GetWidth(), 0);
+        }
+        for (const auto& [width, height] :
+             {std::pair{1 << 15, 1 << 14}, {1 << 16, 1 << 16}, {0x7FFFFFFF, 0x7FFFFFFF}, {1, 1 << 29}}) {
+            bitmap.Create(1, 1);
+            EXPECT_EQ(FailureOf([&, size = MPoint{width, height}] { (bitmap.*create)(size.x, size.y); }),
+                      "0: Out of memory.");
+            EXPECT_TRUE(bitmap.IsEmpty());
+        }
     }
     EXPECT_EQ(FailureOf([&] { bitmap.CreatePaletted(0x7FFFFFFF - 1027, 1); }), "0: Out of memory.");
     EXPECT_FALSE(bitmap.IsPaletted());
 }
 
 TEST(MBitmapTest, PalettedBitmapBecomesDirect) {
-    const MBitmap paletted = MakePaletted();
+    MBitmap paletted = MakePaletted();
     EXPECT_EQ(MPixelText(paletted), PalettedPixels);
-    const MBitmap direct = paletted.ToDirect();
-    EXPECT_FALSE(direct.IsPaletted());
-    EXPECT_EQ(MPixelText(direct), PalettedPixels);
-
-    MBitmap created;
-    created.CreatePaletted(2, 1);
-    EXPECT_EQ(MPixelText(created), "000000FF 000000FF\n");
-    created.Create(2, 1);
-    EXPECT_EQ(MPixelText(created), "00000000 00000000\n");
+    EXPECT_EQ(MPixelText(paletted.ToDirect()), PalettedPixels);
+    EXPECT_FALSE(paletted.ToDirect().IsPaletted());
+    paletted.ChangeColors([](MColor color) { return color.Inverted(); });
+    EXPECT_EQ(paletted.GetPixel(2, 1), MColor::FromRGB(5, 255, 254, 5));
+    paletted.CreatePaletted(2, 1);
+    EXPECT_EQ(MPixelText(paletted), "000000FF 000000FF\n");
+    paletted.Create(2, 1);
+    EXPECT_EQ(MPixelText(paletted), "00000000 00000000\n");
 }
 
 TEST(MBitmapTest, MaskIsTheAlphaOrTheIndices) {
     MAlphaMask mask(9, 9);
-    const MBitmap picture = MMakePicture(5, 4);
-    picture.ToAlphaMask(mask);
-    ASSERT_EQ(mask.GetWidth(), 5);
-    ASSERT_EQ(mask.GetHeight(), 4);
+    MMakePicture(5, 4).ToAlphaMask(mask);
+    EXPECT_EQ(mask.GetRect(), (MRect{0, 0, 4, 3}));
     EXPECT_EQ(mask.GetRow(3)[2], 250);
-
     MakePaletted().ToAlphaMask(mask);
-    ASSERT_EQ(mask.GetWidth(), 3);
+    EXPECT_EQ(mask.GetRect(), (MRect{0, 0, 2, 1}));
     EXPECT_EQ(mask.GetRow(1)[1], 200);
-
     MBitmap().ToAlphaMask(mask);
     EXPECT_TRUE(mask.IsEmpty());
+}
+
+TEST(MBitmapTest, ChangesAreMarkedAndATextureStaysWithItsBitmap) {
+    MBitmap bitmap(2, 2);
+    bitmap.SetTexture(std::make_unique<MObject>());
+    uint32_t mark = bitmap.GetModificationMark();
+    const std::function<void()> changes[] = {
+        [&] { bitmap.EditRow(1)[1] = MColor(); }, [&] { bitmap = MBitmap(2, 2); },
+        [&] { bitmap = MakePaletted(); },         [&] { bitmap.EditIndices()[0] = 1; },
+        [&] { bitmap.CreateSurface(3, 3); },      [&] { bitmap.Clear(); }};
+    for (const auto& change : changes) {
+        change();
+        EXPECT_NE(bitmap.GetModificationMark(), mark);
+        mark = bitmap.GetModificationMark();
+    }
+    const MBitmap copy = bitmap;
+    EXPECT_EQ(bitmap.GetModificationMark(), mark);
+    EXPECT_NE(bitmap.GetTexture(), nullptr);
+    EXPECT_EQ(copy.GetTexture(), nullptr);
+
+    MAlphaMask mask(2, 2);
+    mark = mask.GetModificationMark();
+    mask.EditBytes()[0] = 1;
+    EXPECT_NE(mask.GetModificationMark(), mark);
 }
 
 TEST(MBitmapTest, SystemBitmapsShowThePixelsUntilTheseChange) {
@@ -107,12 +137,36 @@ TEST(MBitmapTest, SystemBitmapsShowThePixelsUntilTheseChange) {
     EXPECT_EQ(bitmap.CreateSystemBitmap().GetPixels()[5], MColor::FromRGB(250, 0, 1, 5));
     bitmap.Clear();
     EXPECT_EQ(bitmap.CreateSystemBitmap().GetWidth(), 1);
+    // Far more than the system has room for, were any of them kept.
+    for (int32_t i = 0; i < 12000; ++i) MBitmap(1, 1).CreateSystemBitmap();
 }
 
-TEST(MBitmapTest, SystemBitmapsGoWithTheirBitmap) {
-    // Far more than the system has room for, were any of them kept.
-    for (int32_t i = 0; i < 12000; ++i) {
-        MBitmap bitmap(1, 1);
-        bitmap.CreateSystemBitmap();
+TEST(MBitmapTest, ASurfaceIsItsOwnSystemBitmapAndItsCopiesAreOrdinary) {
+    MBitmap surface;
+    surface.CreateSurface(3, 2);
+    EXPECT_TRUE(surface.IsOpaque());
+    EXPECT_EQ(MPixelText(surface), "000000FF 000000FF 000000FF\n000000FF 000000FF 000000FF\n");
+    const MSysBitmap& shown = surface.CreateSystemBitmap();
+    EXPECT_EQ(&shown, surface.GetSharedMemory());
+    surface.EditRow(1)[2] = MColor{1, 2, 3, 255};
+    EXPECT_EQ(&surface.CreateSystemBitmap(), &shown);
+    EXPECT_EQ(shown.GetPixels()[5], (MColor{1, 2, 3, 255}));
+    EXPECT_EQ(surface.CreateSystemBitmapWithAlpha().GetPixels()[5], (MColor{1, 2, 3, 255}));
+
+    MBitmap copy = surface;
+    surface.EditRow(1)[2] = MColor();
+    EXPECT_EQ(copy.GetPixel(2, 1), (MColor{1, 2, 3, 255}));
+    EXPECT_EQ(copy.GetSharedMemory(), nullptr);
+    EXPECT_FALSE(copy.IsOpaque());
+    surface = MakePaletted();
+    EXPECT_EQ(surface.GetSharedMemory(), nullptr);
+    EXPECT_EQ(MPixelText(surface), PalettedPixels);
+
+    // Where the system refuses at last, the surface is in plain memory.
+    std::vector<MBitmap> many(5000);
+    for (MBitmap& bitmap : many) {
+        bitmap.CreateSurface(1, 1);
+        bitmap.EditPixels()->red = 9;
     }
+    for (const MBitmap& bitmap : many) ASSERT_EQ(bitmap.GetPixel(0, 0), MColor::FromRGB(9, 0, 0));
 }

@@ -1,7 +1,9 @@
 #pragma once
 
+#include "tests/support/MTestBytes.h"
 #include "ui/image/pixels/MPixelRows.h"
 
+#include <cstring>
 #include <vector>
 
 /// The forms of the rows that this processor can run.
