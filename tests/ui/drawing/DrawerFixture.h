@@ -53,16 +53,13 @@ inline MAlphaMask MMakeMask(int32_t width, int32_t height, uint32_t seed) {
 }
 
 /// Where two bitmaps of one size differ inside a rectangle or, with false, outside of it: the first place, or nothing.
-inline std::string MFindDifference(const MBitmap& left, const MBitmap& right, const MRect& rect,
-                                   bool inside) {
+inline std::string MFindDifference(const MBitmap& left, const MBitmap& right,
+                                   const MRect& rect = {0, 0, 999, 999}, bool inside = true) {
     for (int32_t y = 0; y < left.GetHeight(); ++y)
         for (int32_t x = 0; x < left.GetWidth(); ++x)
             if (rect.Contains({x, y}) == inside && left.GetPixel(x, y) != right.GetPixel(x, y))
                 return "at " + std::to_string(x) + ", " + std::to_string(y);
     return "";
-}
-inline std::string MFindDifference(const MBitmap& left, const MBitmap& right) {
-    return MFindDifference(left, right, left.GetRect(), true);
 }
 
 /// All primitives but text, by a number, with arguments by chance.

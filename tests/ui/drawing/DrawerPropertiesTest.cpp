@@ -26,45 +26,33 @@ MBitmap Paint(int32_t primitive, uint32_t seed, std::initializer_list<MRect> cli
     return bitmap;
 }
 
-template <class Check>
-void ForAll(Check check) {
-    for (int32_t primitive = 0; primitive < MTestPrimitiveCount; ++primitive)
-        for (uint32_t seed = 0; seed < PRIMITIVE_ROUNDS && !testing::Test::HasFailure(); ++seed) {
-            SCOPED_TRACE(testing::Message() << "primitive " << primitive << ", seed " << seed);
-            check(primitive, seed);
-        }
-}
-
 }  // namespace
 
-TEST(DrawerPropertiesTest, NothingOutsideTheClipChanges) {
+TEST(DrawerPropertiesTest, HoldForAllPrimitives) {
     const MBitmap ground = MakeGround();
-    ForAll([&](int32_t primitive, uint32_t seed) {
-        const MRect clip = MTestRandom(seed + 1000).GetRect();
-        EXPECT_EQ(MFindDifference(Paint(primitive, seed, {clip}), ground, clip, false), "");
-    });
-}
+    for (int32_t i = 0; i < MTestPrimitiveCount * PRIMITIVE_ROUNDS && !HasFailure(); ++i) {
+        const int32_t primitive = i / PRIMITIVE_ROUNDS;
+        const auto seed = static_cast<uint32_t>(i % PRIMITIVE_ROUNDS);
+        SCOPED_TRACE(testing::Message() << "primitive " << primitive << ", seed " << seed);
+        MTestRandom where(seed + 1000);
 
-TEST(DrawerPropertiesTest, PaintingInPiecesEqualsPaintingOnce) {
-    ForAll([&](int32_t primitive, uint32_t seed) {
-        MTestRandom random(seed + 2000);
-        const int32_t x = random.Get(-3, Width + 3);
-        const int32_t y = random.Get(-3, Height + 3);
+        // Nothing outside of the clip changes.
+        const MRect clip = where.GetRect();
+        const MBitmap clipped = Paint(primitive, seed, {clip});
+        EXPECT_EQ(MFindDifference(clipped, ground, clip, false), "");
+
+        // Painting in pieces equals painting once.
+        const int32_t x = where.Get(-3, Width + 3);
+        const int32_t y = where.Get(-3, Height + 3);
         const MBitmap pieces =
             Paint(primitive, seed,
                   {{-99, -99, x, y}, {x + 1, -99, 999, y}, {-99, y + 1, x, 999}, {x + 1, y + 1, 999, 999}});
         EXPECT_EQ(MFindDifference(Paint(primitive, seed, {All}), pieces), "");
-    });
-}
 
-// What is handed on by a chain of drawers arrives where their origins lie together, within the clip of the chain.
-TEST(DrawerPropertiesTest, TranslationsOfAChainAddUp) {
-    ForAll([&](int32_t primitive, uint32_t seed) {
-        MTestRandom where(seed + 3000);
+        // What a chain of drawers hands on arrives where their origins lie together, within the clip of the chain.
         const MPoint first = where.GetPoint();
         const MPoint second = where.GetPoint();
-        const MRect clip = where.GetRect();
-        MBitmap chained = MakeGround();
+        MBitmap chained = ground;
         MDrawerToMBitmap target(chained);
         MDrawer middle(&target);
         middle.SetTranslation(first.x, first.y);
@@ -74,30 +62,26 @@ TEST(DrawerPropertiesTest, TranslationsOfAChainAddUp) {
         inner.SetClip(clip);
         MTestRandom random(seed);
         MPaintTestPrimitive(primitive, inner, random);
-
-        MBitmap direct = MakeGround();
+        MBitmap direct = ground;
         MDrawerToMBitmap shifted(direct);
-        shifted.SetClip(clip.Shifted(first + second));
         shifted.SetTranslation(first.x + second.x, first.y + second.y);
-        EXPECT_EQ(shifted.GetClip(), clip);
         shifted.SetClip(clip);
+        EXPECT_EQ(shifted.GetClip(), clip);
         MTestRandom again(seed);
         MPaintTestPrimitive(primitive, shifted, again);
         EXPECT_EQ(MFindDifference(chained, direct), "");
-    });
-}
+        EXPECT_EQ(MFindDifference(direct, ground, clip.Shifted(first + second), false), "");
 
-TEST(DrawerPropertiesTest, WhatIsOpaqueStaysSoInAllModesButCopy) {
-    ForAll([&](int32_t primitive, uint32_t seed) {
-        if (MTestRandom(seed).GetMode() == MDrawMode::Copy) return;
-        MBitmap bitmap;
-        bitmap.CreateOpaque(Width, Height);
-        MDrawerToMBitmap drawer(bitmap);
-        MTestRandom random(seed);
-        MPaintTestPrimitive(primitive, drawer, random);
-        EXPECT_TRUE(std::all_of(bitmap.GetPixels(), bitmap.GetPixels() + Width * Height,
+        // What is opaque stays so in all modes but one.
+        if (MTestRandom(seed).GetMode() == MDrawMode::Copy) continue;
+        MBitmap opaque;
+        opaque.CreateOpaque(Width, Height);
+        MDrawerToMBitmap onOpaque(opaque);
+        MTestRandom third(seed);
+        MPaintTestPrimitive(primitive, onOpaque, third);
+        EXPECT_TRUE(std::all_of(opaque.GetPixels(), opaque.GetPixels() + Width * Height,
                                 [](MColor pixel) { return pixel.alpha == 255; }));
-    });
+    }
 }
 
 TEST(DrawerPropertiesTest, WithoutABitmapNothingHappens) {
