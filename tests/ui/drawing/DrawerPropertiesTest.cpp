@@ -2,8 +2,115 @@
 
 #include "tests/ui/drawing/DrawerFixture.h"
 #include "ui/drawing/MClipScope.h"
+#include "ui/image/MAlphaMask.h"
+
+#include <random>
 
 namespace {
+
+/// Arguments that are the same in each run and on each platform.
+class Random {
+public:
+    explicit Random(uint32_t seed) : engine(seed) {}
+
+    /// Both ends are included.
+    [[nodiscard]] int32_t Get(int32_t least, int32_t most) {
+        return least + static_cast<int32_t>(engine() % static_cast<uint32_t>(most - least + 1));
+    }
+    [[nodiscard]] double GetDouble(int32_t least, int32_t most) {
+        return Get(least * 1000, most * 1000) / 1000.0;
+    }
+    [[nodiscard]] uint8_t GetByte() { return static_cast<uint8_t>(Get(0, 255)); }
+    [[nodiscard]] MColor GetColor() { return {GetByte(), GetByte(), GetByte(), GetByte()}; }
+    [[nodiscard]] MDrawMode GetMode() { return static_cast<MDrawMode>(Get(0, MColorOpCount - 1)); }
+    [[nodiscard]] MPoint GetPoint() { return {Get(-20, 80), Get(-20, 60)}; }
+    [[nodiscard]] MPointF GetPointF() { return {GetDouble(-20, 80), GetDouble(-20, 60)}; }
+    [[nodiscard]] MRect GetRect() {
+        const MPoint first = GetPoint();
+        return MRect::FromSize(first.x, first.y, Get(0, 60), Get(0, 40));
+    }
+
+private:
+    std::mt19937 engine;
+};
+
+MAlphaMask MakeMask() {
+    MAlphaMask mask;
+    MMakeNoise(19, 29, 2).ToAlphaMask(mask);
+    return mask;
+}
+
+MRect GetPart(Random& random) {
+    return MRect::FromSize(random.Get(-5, 20), random.Get(-5, 15), random.Get(0, 25), random.Get(0, 20));
+}
+
+MDrawer::ValueList GetValues(Random& random) {
+    MDrawer::ValueList values;
+    for (int32_t i = random.Get(0, 70); i > 0; --i) values.Add(random.GetDouble(-10, 60));
+    return values;
+}
+
+MDrawer::PointList GetPoints(Random& random) {
+    MDrawer::PointList points;
+    for (int32_t i = random.Get(0, 8); i > 0; --i) points.Add(random.GetPointF());
+    return points;
+}
+
+std::vector<MOutlines::Outline> GetOutlines(Random& r) {
+    if (r.Get(0, 1)) return MOutlines::GetRoundFrame(r.GetRect(), r.GetDouble(0, 15), r.GetDouble(0, 9));
+    return MOutlines::GetRing(r.GetPointF(), r.GetDouble(0, 30), r.GetDouble(0, 9));
+}
+
+MGradientDirection GetDirection(Random& random) {
+    return static_cast<MGradientDirection>(random.Get(0, 7));
+}
+
+/// All primitives but text, by a number, with arguments by chance.
+constexpr int32_t PrimitiveCount = 31;
+void PaintPrimitive(int32_t number, MDrawer& d, Random& r) {
+    static const MBitmap picture = MMakeNoise(23, 17, 1);
+    static const MAlphaMask mask = MakeMask();
+    const MDrawMode mode = r.GetMode();
+    switch (number) {
+    case 0: return d.PatBlt(r.GetRect(), picture, r.GetPoint(), r.GetByte(), mode);
+    case 1: return d.BitBlt(GetPart(r), picture, r.GetPoint(), r.GetByte(), mode);
+    case 2: return d.AlphaMask(GetPart(r), mask, r.GetPoint(), r.GetColor(), mode);
+    case 3: return d.StretchBlt(r.GetRect(), picture, GetPart(r), r.GetByte(), mode);
+    case 4: return d.BitBltWhole(picture, r.GetPoint(), r.GetByte(), mode);
+    case 5: return d.StretchBltWhole(r.GetRect(), picture, r.GetByte(), mode);
+    case 6: return d.StretchBltH(r.GetRect(), picture, GetPart(r), r.GetByte(), mode);
+    case 7: return d.StretchBltV(r.GetRect(), picture, GetPart(r), r.GetByte(), mode);
+    case 8: return d.SetPixel(r.GetPoint(), r.GetColor());
+    case 9: return d.Line(r.GetPoint(), r.GetPoint(), r.GetColor());
+    case 10: return d.SetPixelF(r.GetPointF(), r.GetColor());
+    case 11: return d.LineF(r.GetPointF(), r.GetPointF(), r.GetColor());
+    case 12: return d.Rectangle(r.GetRect(), r.GetColor(), mode);
+    case 13: return d.FillRectangle(r.GetRect(), r.GetColor(), mode);
+    case 14: return d.FillRectangleGradient(r.GetRect(), r.GetColor(), r.GetColor(), GetDirection(r), mode);
+    case 15: return d.RoundRectangle(r.GetRect(), r.GetDouble(0, 15), r.GetColor(), mode);
+    case 16: return d.FillRoundRectangle(r.GetRect(), r.GetDouble(0, 15), r.GetColor(), mode);
+    case 17: return d.Circle(r.GetPointF(), r.GetDouble(0, 30), r.GetColor(), mode);
+    case 18: return d.FillCircle(r.GetPointF(), r.GetDouble(0, 30), r.GetColor(), mode);
+    case 19: return d.FillTriangle(r.GetPointF(), r.GetPointF(), r.GetPointF(), r.GetColor(), mode);
+    case 20:
+        return d.FillVerticalColumn(r.Get(-5, 70), r.GetDouble(-10, 60), r.GetDouble(-10, 60), r.GetColor());
+    case 21:
+        return d.FillHorizontalRow(r.Get(-5, 50), r.GetDouble(-10, 80), r.GetDouble(-10, 80), r.GetColor());
+    case 22: return d.PaintPolyLine(GetPoints(r), r.GetColor());
+    case 23: return d.PaintPolygon(GetPoints(r), r.GetColor());
+    case 24: return d.PaintHorizontalPolyLine(r.Get(-20, 60), GetValues(r), r.GetColor());
+    case 25: return d.PaintHorizontalGraph(r.Get(-20, 60), GetValues(r), r.GetDouble(-10, 60), r.GetColor());
+    case 26: return d.PaintHorizontalGraph(r.Get(-20, 60), GetValues(r), GetValues(r), r.GetColor());
+    case 27:
+        return d.PaintCornered(r.GetRect(), picture, GetPart(r), {r.Get(0, 9), r.Get(0, 9)}, r.Get(0, 4),
+                               r.Get(0, 4), r.GetByte(), mode);
+    case 28: return d.PatBltPart(r.GetRect(), picture, GetPart(r), r.GetByte(), mode);
+    case 29: return d.FillOutlines(GetOutlines(r), r.GetColor(), mode);
+    default:
+        return d.FillOutlinesGradient(GetOutlines(r), r.GetRect(), r.GetColor(), r.GetColor(),
+                                      GetDirection(r), mode);
+    }
+}
 
 constexpr int32_t Width = 61;
 constexpr int32_t Height = 43;
@@ -20,8 +127,8 @@ MBitmap Paint(int32_t primitive, uint32_t seed, std::initializer_list<MRect> cli
     for (const MRect& clip : clips) {
         MDrawerToMBitmap drawer(bitmap);
         drawer.SetClip(clip);
-        MTestRandom random(seed);
-        MPaintTestPrimitive(primitive, drawer, random);
+        Random random(seed);
+        PaintPrimitive(primitive, drawer, random);
     }
     return bitmap;
 }
@@ -30,11 +137,11 @@ MBitmap Paint(int32_t primitive, uint32_t seed, std::initializer_list<MRect> cli
 
 TEST(DrawerPropertiesTest, HoldForAllPrimitives) {
     const MBitmap ground = MakeGround();
-    for (int32_t i = 0; i < MTestPrimitiveCount * PRIMITIVE_ROUNDS && !HasFailure(); ++i) {
+    for (int32_t i = 0; i < PrimitiveCount * PRIMITIVE_ROUNDS && !HasFailure(); ++i) {
         const int32_t primitive = i / PRIMITIVE_ROUNDS;
         const auto seed = static_cast<uint32_t>(i % PRIMITIVE_ROUNDS);
         SCOPED_TRACE(testing::Message() << "primitive " << primitive << ", seed " << seed);
-        MTestRandom where(seed + 1000);
+        Random where(seed + 1000);
 
         // Nothing outside of the clip changes.
         const MRect clip = where.GetRect();
@@ -60,25 +167,25 @@ TEST(DrawerPropertiesTest, HoldForAllPrimitives) {
         inner.SetTranslation(second.x, second.y);
         EXPECT_EQ(inner.GetClip(), All.Shifted(MPoint() - first - second));
         inner.SetClip(clip);
-        MTestRandom random(seed);
-        MPaintTestPrimitive(primitive, inner, random);
+        Random random(seed);
+        PaintPrimitive(primitive, inner, random);
         MBitmap direct = ground;
         MDrawerToMBitmap shifted(direct);
         shifted.SetTranslation(first.x + second.x, first.y + second.y);
         shifted.SetClip(clip);
         EXPECT_EQ(shifted.GetClip(), clip);
-        MTestRandom again(seed);
-        MPaintTestPrimitive(primitive, shifted, again);
+        Random again(seed);
+        PaintPrimitive(primitive, shifted, again);
         EXPECT_EQ(MFindDifference(chained, direct), "");
         EXPECT_EQ(MFindDifference(direct, ground, clip.Shifted(first + second), false), "");
 
         // What is opaque stays so in all modes but one.
-        if (MTestRandom(seed).GetMode() == MDrawMode::Copy) continue;
+        if (Random(seed).GetMode() == MDrawMode::Copy) continue;
         MBitmap opaque;
         opaque.CreateOpaque(Width, Height);
         MDrawerToMBitmap onOpaque(opaque);
-        MTestRandom third(seed);
-        MPaintTestPrimitive(primitive, onOpaque, third);
+        Random third(seed);
+        PaintPrimitive(primitive, onOpaque, third);
         EXPECT_TRUE(std::all_of(opaque.GetPixels(), opaque.GetPixels() + Width * Height,
                                 [](MColor pixel) { return pixel.alpha == 255; }));
     }
@@ -93,9 +200,9 @@ TEST(DrawerPropertiesTest, WithoutABitmapNothingHappens) {
     MDrawerToMBitmap onPaletted(paletted);
     MDrawer withoutTarget;
     for (MDrawer* drawer : std::initializer_list<MDrawer*>{&nowhere, &onEmpty, &onPaletted, &withoutTarget})
-        for (int32_t primitive = 0; primitive < MTestPrimitiveCount; ++primitive) {
-            MTestRandom random(4);
-            MPaintTestPrimitive(primitive, *drawer, random);
+        for (int32_t primitive = 0; primitive < PrimitiveCount; ++primitive) {
+            Random random(4);
+            PaintPrimitive(primitive, *drawer, random);
         }
     EXPECT_EQ(paletted.GetIndices()[3 * 8 + 3], 0);
 }

@@ -8,7 +8,6 @@
 
 #include <cmath>
 #include <functional>
-#include <limits>
 
 namespace {
 
@@ -78,27 +77,25 @@ TEST_F(MDrawerToMBitmapTest, TilesInTheRightPhaseUpToTheEdge) {
 
 TEST_F(MDrawerToMBitmapTest, StretchesToTheNearestPixel) {
     const MRect part{3, 2, 20, 12};
-    for (const MRect rect :
-         {MRect{0, 0, 63, 47}, MRect{5, 5, 9, 8}, MRect{-30, -20, 90, 70}, MRect{7, 7, 7, 7}}) {
+    // The pixel below the centre of one that is so far into the rectangle.
+    const auto below = [](int32_t place, int32_t size, int32_t length) {
+        return static_cast<int32_t>((2 * int64_t{place} + 1) * length / (2 * int64_t{size}));
+    };
+    for (const MRect rect : {MRect{0, 0, 63, 47}, MRect{5, 5, 10, 8}, MRect{-30, -20, 89, 70}}) {
         bitmap.Create(64, 48);
         drawer.StretchBlt(rect, picture, part, Opaque, MDrawMode::Copy);
-        EXPECT_EQ(MFindDifference(bitmap, MBitmap(64, 48), rect, false), "");
+        MBitmap expected(64, 48);
         const MRect visible = rect.Intersected(bitmap.GetRect());
         for (int32_t y = visible.top; y <= visible.bottom; ++y)
-            for (int32_t x = visible.left; x <= visible.right; ++x) {
-                // The centre of the pixel, seen in the source.
-                const double sourceX = part.left + (x - rect.left + 0.5) * part.GetWidth() / rect.GetWidth();
-                const double sourceY = part.top + (y - rect.top + 0.5) * part.GetHeight() / rect.GetHeight();
-                if (std::abs(sourceX - std::round(sourceX)) < 0.01) continue;
-                if (std::abs(sourceY - std::round(sourceY)) < 0.01) continue;
-                ASSERT_EQ(bitmap.GetPixel(x, y),
-                          picture.GetPixel(static_cast<int32_t>(sourceX), static_cast<int32_t>(sourceY)))
-                    << x << ", " << y;
-            }
+            for (int32_t x = visible.left; x <= visible.right; ++x)
+                expected.EditRow(y)[x] =
+                    picture.GetPixel(3 + below(x - rect.left, rect.GetWidth(), part.GetWidth()),
+                                     2 + below(y - rect.top, rect.GetHeight(), part.GetHeight()));
+        EXPECT_EQ(MFindDifference(bitmap, expected), "") << rect.left;
     }
 }
 
-TEST_F(MDrawerToMBitmapTest, PaintsABitmapOntoItselfAsItWas) {
+TEST_F(MDrawerToMBitmapTest, PaintsABitmapOntoItselfAsItWasAndPalettedOnesInTheirColors) {
     const MRect rect{5, 4, 39, 29};
     const MPoint offset{37, 27};
     const std::function<void(MDrawer&, const MBitmap&)> paints[] = {
@@ -121,16 +118,13 @@ TEST_F(MDrawerToMBitmapTest, PaintsABitmapOntoItselfAsItWas) {
         EXPECT_EQ(MFindDifference(ordinary, expected), "");
         EXPECT_EQ(MFindDifference(surface, expected), "");
     }
-}
-
-TEST_F(MDrawerToMBitmapTest, PaintsPalettedPicturesInTheirColors) {
     MBitmap paletted;
     paletted.CreatePaletted(3, 2);
     paletted.EditPalette()[7] = MColor::FromRGB(10, 20, 30, 40);
     paletted.EditIndices()[4] = 7;
     drawer.BitBltWhole(paletted, {0, 0}, Opaque, MDrawMode::Copy);
     EXPECT_EQ(bitmap.GetPixel(1, 1), MColor::FromRGB(10, 20, 30, 40));
-    EXPECT_EQ(bitmap.GetPixel(0, 0), paletted.GetPalette()[0]);
+    EXPECT_EQ(bitmap.GetPixel(0, 0), MColor());
 }
 
 TEST_F(MDrawerToMBitmapTest, GradientsReachTheirColorsAtTheEdgesAndFillShapesAsRectangles) {
@@ -194,15 +188,6 @@ TEST_F(MDrawerToMBitmapTest, ShapesCoverTheirArea) {
     }
 }
 
-TEST_F(MDrawerToMBitmapTest, ShapesThatTouchCoverEachPixelOnce) {
-    drawer.FillRectangle({0, 0, 63, 47}, MColor::FromWord(0), MDrawMode::Copy);
-    // Two triangles share an edge; what one leaves of a pixel the other one takes.
-    drawer.FillTriangle({4.5, 4.5}, {50.5, 4.5}, {4.5, 40.5}, MColor{255, 0, 0, 255}, MDrawMode::Add);
-    drawer.FillTriangle({50.5, 4.5}, {50.5, 40.5}, {4.5, 40.5}, MColor{255, 0, 0, 255}, MDrawMode::Add);
-    for (int32_t y = 5; y <= 40; ++y)
-        for (int32_t x = 5; x <= 50; ++x) ASSERT_NEAR(bitmap.GetPixel(x, y).blue, 254, 1) << x << ", " << y;
-}
-
 TEST_F(MDrawerToMBitmapTest, LinesMeetTheirEndsAndAreTheSameInEightDirections) {
     for (const MPoint way : {MPoint{0, 0}, MPoint{20, 0}, MPoint{20, 7}, MPoint{20, 20}, MPoint{7, 20}}) {
         for (const MPoint mirror : {MPoint{1, 1}, MPoint{-1, 1}, MPoint{1, -1}, MPoint{-1, -1}}) {
@@ -217,16 +202,23 @@ TEST_F(MDrawerToMBitmapTest, LinesMeetTheirEndsAndAreTheSameInEightDirections) {
 }
 
 TEST_F(MDrawerToMBitmapTest, WhatIsCoveredTwiceIsPaintedOnceAndWhatIsNotStays) {
-    const MColor half = White.WithAlpha(128);
     MDrawer::PointList points;
     for (const MPointF point : {MPointF{5, 20}, MPointF{30, 20}, MPointF{5, 20}}) points.Add(point);
-    drawer.PaintPolyLine(points, half);
+    drawer.PaintPolyLine(points, White.WithAlpha(128));
     EXPECT_EQ(bitmap.GetPixel(20, 20).alpha, 128);
 
     drawer.FillRectangle({0, 0, 63, 47}, White, MDrawMode::Copy);
     drawer.FillCircle({30, 24}, 10, MColor{1, 2, 3, 4}, MDrawMode::Copy);
     EXPECT_EQ(bitmap.GetPixel(21, 15), White);
     EXPECT_EQ(bitmap.GetPixel(30, 24), (MColor{1, 2, 3, 4}));
+
+    // Two triangles share an edge; what one leaves of a pixel the other one takes.
+    drawer.FillRectangle({0, 0, 63, 47}, MColor(), MDrawMode::Copy);
+    const MPointF corners[] = {{4.5, 4.5}, {50.5, 4.5}, {4.5, 40.5}, {50.5, 40.5}};
+    drawer.FillTriangle(corners[0], corners[1], corners[2], White, MDrawMode::Add);
+    drawer.FillTriangle(corners[1], corners[3], corners[2], White, MDrawMode::Add);
+    for (int32_t y = 5; y <= 40; ++y)
+        for (int32_t x = 5; x <= 50; ++x) ASSERT_NEAR(bitmap.GetPixel(x, y).blue, 254, 1) << x << ", " << y;
 }
 
 // Text over a blended ground once came out as boxes, since a mask gave its colour to what it did not cover.
@@ -250,14 +242,8 @@ TEST_F(MDrawerToMBitmapTest, GlyphsLeaveWhatTheyDoNotCover) {
 }
 
 TEST_F(MDrawerToMBitmapTest, APixelIsWrittenAsItIsUnlessAnEffectAdds) {
-    MBitmap shown;
-    shown.CreateOpaque(2, 1);
-    MDrawerToMBitmap onShown(shown);
     const MColor half{100, 200, 0, 128};
-    onShown.SetPixel({0, 0}, half);
-    EXPECT_EQ(shown.GetPixel(0, 0), half.WithAlpha(255));
-    drawer.SetPixel({0, 0}, half);
-    drawer.SetPixel({0, 0}, half);
+    for (int32_t i = 0; i < 2; ++i) drawer.SetPixel({0, 0}, half);
     EXPECT_EQ(bitmap.GetPixel(0, 0), half);
     drawer.pixelEffect = 1;
     drawer.SetPixel({0, 0}, half);
@@ -265,8 +251,9 @@ TEST_F(MDrawerToMBitmapTest, APixelIsWrittenAsItIsUnlessAnEffectAdds) {
     drawer.SetPixelOnce({0, 0}, half);
     EXPECT_EQ(bitmap.GetPixel(0, 0), half);
     drawer.ResetPixelEffect();
-    drawer.SetPixel({0, 0}, White);
-    EXPECT_EQ(bitmap.GetPixel(0, 0), White);
+    drawer.hasAlphaChannel = false;
+    drawer.SetPixel({0, 0}, half);
+    EXPECT_EQ(bitmap.GetPixel(0, 0), half.WithAlpha(255));
 }
 
 TEST_F(MDrawerToMBitmapTest, ShadowsOfTextFromAnAlphaOfElevenOn) {
@@ -286,9 +273,7 @@ TEST_F(MDrawerToMBitmapTest, ShadowsOfTextFromAnAlphaOfElevenOn) {
 }
 
 TEST_F(MDrawerToMBitmapTest, PlacesThatAreNoneOrFarAwayDoNoHarm) {
-    const double nan = std::numeric_limits<double>::quiet_NaN();
-    const double infinity = std::numeric_limits<double>::infinity();
-    for (const double value : {nan, infinity, -infinity, 1e300, -1e18}) {
+    for (const double value : {std::nan(""), HUGE_VAL, -HUGE_VAL, 1e300, -1e18}) {
         drawer.FillCircle({value, 3}, 5, White, Blend);
         drawer.FillCircle({3, 3}, value, White, Blend);
         drawer.FillTriangle({value, 3}, {3, value}, {20, 20}, White, Blend);
@@ -359,11 +344,9 @@ TEST_F(PaintCorneredTest, KeptPartsAreLeftAndUnknownFillsAreRefused) {
     const MRect rect{0, 0, 9, 9};
     drawer.PaintBitmapPart(rect, picture, picture.GetRect(), MDrawer::PartKept, Opaque, MDrawMode::Copy);
     drawer.PaintBitmapPart(rect, MBitmap(), {0, 0, 3, 3}, 0, Opaque, MDrawMode::Copy);
-    for (const int32_t flags : {8, -1 & ~MDrawer::PartKept})
-        EXPECT_EQ(FailureOf([&] {
-                      drawer.PaintBitmapPart(rect, picture, picture.GetRect(), flags, Opaque,
-                                             MDrawMode::Copy);
-                  }),
-                  "0: Invalid bitmap layout flags specified for processing.");
+    for (const int32_t flags : {8, -1 & ~MDrawer::PartKept}) {
+        const auto paint = [&] { drawer.PaintBitmapPart(rect, picture, rect, flags, 255, MDrawMode::Copy); };
+        EXPECT_EQ(FailureOf(paint), "0: Invalid bitmap layout flags specified for processing.");
+    }
     EXPECT_EQ(bitmap.GetPixel(5, 5), White);
 }

@@ -85,8 +85,7 @@ TEST(ColorTest, ChangesOfContrastBrightnessAndSaturation) {
 
 TEST(ColorTest, OperationsFillsAndAlignmentsHaveNames) {
     EXPECT_EQ(MParseColorOp(""), MColorOp::None);
-    EXPECT_EQ(MParseColorOp("alphablend"), MColorOp::Alphablend);
-    EXPECT_EQ(MParseColorOp("IncContrast"), MColorOp::IncContrast);
+    EXPECT_EQ(MParseColorOp("incContrast"), MColorOp::IncContrast);
     for (int32_t i = 0; i < MColorOpCount; ++i)
         EXPECT_EQ(MParseColorOp(MGetColorOpName(static_cast<MColorOp>(i))), static_cast<MColorOp>(i));
     EXPECT_EQ(FailureOf([] { (void)MParseColorOp("Alpha blend"); }),
