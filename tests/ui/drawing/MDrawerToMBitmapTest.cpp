@@ -14,10 +14,6 @@ namespace {
 constexpr double Pi = 3.14159265358979;
 constexpr MDrawMode Blend = MDrawMode::Overlay;
 
-int32_t Wrap(int64_t number, int64_t divisor) {
-    return static_cast<int32_t>(((number % divisor) + divisor) % divisor);
-}
-
 /// What is covered, in pixels.
 double SumOf(const MBitmap& bitmap) {
     double sum = 0;
@@ -42,6 +38,20 @@ class MDrawerToMBitmapTest : public testing::Test {
 protected:
     ~MDrawerToMBitmapTest() noexcept override = default;
 
+    /// Whether the bitmap has in a rectangle the pixels of a part that `map` gives for a place and the part's size, and
+    /// none outside.
+    template <class Function>
+    void ExpectPicture(const MRect& rect, const MBitmap& source, const MRect& part, Function map) {
+        MBitmap expected(bitmap.GetWidth(), bitmap.GetHeight());
+        const MRect visible = rect.Intersected(bitmap.GetRect());
+        for (int32_t y = visible.top; y <= visible.bottom; ++y)
+            for (int32_t x = visible.left; x <= visible.right; ++x) {
+                const MPoint place = map({x - rect.left, y - rect.top}, {part.GetWidth(), part.GetHeight()});
+                expected.EditRow(y)[x] = source.GetPixel(part.left + place.x, part.top + place.y);
+            }
+        EXPECT_EQ(MFindDifference(bitmap, expected), "") << part.left << ", " << rect.left;
+    }
+
     MBitmap bitmap{64, 48};
     MDrawerToMBitmap drawer{bitmap};
     const MBitmap picture = MMakeNoise(23, 17, 5);
@@ -52,23 +62,19 @@ TEST_F(MDrawerToMBitmapTest, TilesInTheRightPhaseUpToTheEdge) {
     const MBitmap source = MMakeNoise(80, 17, 8);
     const MRect all = source.GetRect();
     const MRect rect{2, 3, 181, 40};
-    const std::pair<MRect, MPoint> cases[] = {{all, {0, 0}},          {all, {5, 3}},
-                                              {all, {-1, -40}},       {all, {1000, -100000}},
-                                              {{3, 2, 3, 2}, {0, 0}}, {{70, 5, 75, 8}, {0, 0}},
-                                              {{1, 1, 64, 9}, {0, 0}}};
+    const auto wrap = [](int64_t place, int64_t size) { return (place % size + size) % size; };
+    const std::pair<MRect, MPoint> cases[] = {
+        {all, {5, 3}},          {all, {-1, -40}},         {all, {1000, -100000}},
+        {{3, 2, 3, 2}, {0, 0}}, {{70, 5, 75, 8}, {0, 0}}, {{1, 1, 64, 9}, {0, 0}}};
     for (const auto& [part, offset] : cases) {
-        MBitmap target(190, 48), expected(190, 48);
-        MDrawerToMBitmap onTarget(target);
-        if (part == all)
-            onTarget.PatBlt(rect, source, offset, Opaque, MDrawMode::Copy);
-        else
-            onTarget.PatBltPart(rect, source, part, Opaque, MDrawMode::Copy);
-        for (int32_t y = rect.top; y <= rect.bottom; ++y)
-            for (int32_t x = rect.left; x <= rect.right; ++x)
-                expected.EditRow(y)[x] =
-                    source.GetPixel(part.left + Wrap(x - rect.left + int64_t{offset.x}, part.GetWidth()),
-                                    part.top + Wrap(y - rect.top + int64_t{offset.y}, part.GetHeight()));
-        EXPECT_EQ(MFindDifference(target, expected), "") << part.left << ", " << offset.x;
+        bitmap.Create(190, 48);
+        drawer.SetBitmap(&bitmap);
+        if (part == all) drawer.PatBlt(rect, source, offset, Opaque, MDrawMode::Copy);
+        if (part != all) drawer.PatBltPart(rect, source, part, Opaque, MDrawMode::Copy);
+        ExpectPicture(rect, source, part, [&, start = offset](MPoint place, MPoint size) {
+            return MPoint{static_cast<int32_t>(wrap(place.x + int64_t{start.x}, size.x)),
+                          static_cast<int32_t>(wrap(place.y + int64_t{start.y}, size.y))};
+        });
     }
     // Only what is seen of a huge one takes time.
     for (int32_t i = 0; i < 1000; ++i)
@@ -77,21 +83,14 @@ TEST_F(MDrawerToMBitmapTest, TilesInTheRightPhaseUpToTheEdge) {
 
 TEST_F(MDrawerToMBitmapTest, StretchesToTheNearestPixel) {
     const MRect part{3, 2, 20, 12};
-    // The pixel below the centre of one that is so far into the rectangle.
-    const auto below = [](int32_t place, int32_t size, int32_t length) {
-        return static_cast<int32_t>((2 * int64_t{place} + 1) * length / (2 * int64_t{size}));
-    };
     for (const MRect rect : {MRect{0, 0, 63, 47}, MRect{5, 5, 10, 8}, MRect{-30, -20, 89, 70}}) {
         bitmap.Create(64, 48);
         drawer.StretchBlt(rect, picture, part, Opaque, MDrawMode::Copy);
-        MBitmap expected(64, 48);
-        const MRect visible = rect.Intersected(bitmap.GetRect());
-        for (int32_t y = visible.top; y <= visible.bottom; ++y)
-            for (int32_t x = visible.left; x <= visible.right; ++x)
-                expected.EditRow(y)[x] =
-                    picture.GetPixel(3 + below(x - rect.left, rect.GetWidth(), part.GetWidth()),
-                                     2 + below(y - rect.top, rect.GetHeight(), part.GetHeight()));
-        EXPECT_EQ(MFindDifference(bitmap, expected), "") << rect.left;
+        // What lies below the centre of a pixel.
+        ExpectPicture(rect, picture, part, [&](MPoint place, MPoint size) {
+            return MPoint{(2 * place.x + 1) * size.x / (2 * rect.GetWidth()),
+                          (2 * place.y + 1) * size.y / (2 * rect.GetHeight())};
+        });
     }
 }
 
@@ -106,9 +105,7 @@ TEST_F(MDrawerToMBitmapTest, PaintsABitmapOntoItselfAsItWasAndPalettedOnesInThei
     };
     for (const auto& paint : paints) {
         const MBitmap before = MMakeNoise(40, 30, 6);
-        MBitmap ordinary = before;
-        MBitmap expected = before;
-        MBitmap surface;
+        MBitmap ordinary = before, expected = before, surface;
         surface.CreateSurface(40, 30);
         MDrawerToMBitmap onSurface(surface), onOrdinary(ordinary), onExpected(expected);
         onSurface.BitBltWhole(before, {0, 0}, Opaque, MDrawMode::Copy);

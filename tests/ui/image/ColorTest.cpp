@@ -66,21 +66,19 @@ TEST(ColorTest, LightnessOfAnotherKeepsHueAndSaturation) {
 
 TEST(ColorTest, ChangesOfContrastBrightnessAndSaturation) {
     const MColor color = MColor::FromRGB(0xC0, 0x40, 0x80, 0x33);
-    const std::pair<MColor, const char*> cases[] = {
-        {color.WithContrast(0), "C0408033"},
-        {color.WithContrast(255), "FF009033"},
-        {color.WithContrast(-255), "7F7F7F33"},
-        {color.WithContrast(-128), "9F607F33"},
-        {color.WithContrast(16), "FF018133"},
-        {color.WithBrightness(80), "FF90D033"},
-        {color.WithBrightness(-80), "70003033"},
-        {color.WithSaturation(0), "C0408033"},
-        {color.WithSaturation(255), "FF018033"},
-        {color.WithSaturation(-255), "80808033"},
-        {color.WithSaturationTimes(0.5), "A0608033"},
-        {color.WithSaturationTimes(9), "FF018033"},
-        {MColor::Parse("80808033").WithSaturation(99), "80808033"}};
-    for (const auto& [changed, expected] : cases) EXPECT_EQ(Text(changed.GetText()), expected);
+    const MColor grey = MColor::FromRGB(0x80, 0x80, 0x80, 0x33);
+    const auto texts = [](std::initializer_list<MColor> colors) {
+        std::string all;
+        for (const MColor changed : colors) all += Text(changed.GetText()) + " ";
+        return all;
+    };
+    EXPECT_EQ(texts({color.WithContrast(0), color.WithContrast(255), color.WithContrast(-255)}),
+              "C0408033 FF009033 7F7F7F33 ");
+    EXPECT_EQ(texts({color.WithContrast(-128), color.WithContrast(16)}), "9F607F33 FF018133 ");
+    EXPECT_EQ(texts({color.WithBrightness(80), color.WithBrightness(-80)}), "FF90D033 70003033 ");
+    EXPECT_EQ(texts({color.WithSaturation(255), color.WithSaturation(-255), grey.WithSaturation(99)}),
+              "FF018033 80808033 80808033 ");
+    EXPECT_EQ(texts({color.WithSaturationTimes(0.5), color.WithSaturationTimes(9)}), "A0608033 FF018033 ");
 }
 
 TEST(ColorTest, OperationsFillsAndAlignmentsHaveNames) {

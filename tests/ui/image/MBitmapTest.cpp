@@ -46,13 +46,14 @@ TEST(MBitmapTest, AssignedBitmapsDoNotChangeTogether) {
 }
 
 TEST(MBitmapTest, SizesThatCannotBeGiveAnEmptyBitmap) {
+    constexpr const char* TooLarge = "0: Out of memory.";
     const std::pair<MPoint, const char*> cases[] = {{{0, 5}, "none"},
                                                     {{5, 0}, "none"},
                                                     {{-1, 5}, "none"},
                                                     {{-5, -5}, "none"},
-                                                    {{1 << 15, 1 << 14}, "0: Out of memory."},
-                                                    {{1 << 16, 1 << 16}, "0: Out of memory."},
-                                                    {{0x7FFFFFFF, 0x7FFFFFFF}, "0: Out of memory."}};
+                                                    {{1 << 15, 1 << 14}, TooLarge},
+                                                    {{1 << 16, 1 << 16}, TooLarge},
+                                                    {{0x7FFFFFFF, 0x7FFFFFFF}, TooLarge}};
     MBitmap bitmap;
     for (const auto create : {&MBitmap::Create, &MBitmap::CreateOpaque, &MBitmap::CreateSurface})
         for (const auto& [size, failure] : cases) {

@@ -31,9 +31,13 @@ std::string FailureOfHeader(const Header& header) {
     return MLoadFailureOf(&MBitmap::LoadTGA, header.With(std::string(2000, '\1')));
 }
 
-const Header Mapped{.hasMap = 1, .imageType = 1, .mapCount = 3, .mapBits = 24, .pixelBits = 8};
+Header MapOf(int32_t first, int32_t count, int32_t bits, int32_t imageType = 1) {
+    return {0, 1, imageType, first, count, bits, 2, 2, 8};
+}
+
+const Header Mapped = MapOf(0, 3, 24);
 const Header RunLength{.imageType = 10};
-const Header MappedRuns{.hasMap = 1, .imageType = 9, .mapCount = 2, .mapBits = 24, .pixelBits = 8};
+const Header MappedRuns = MapOf(0, 2, 24, 9);
 const std::string Four24 = "\1\2\3\4\5\6\7\x08\x09\x0A\x0B\x0C"s;
 const std::string Map24 = Four24.substr(0, 9);
 
@@ -53,14 +57,9 @@ TEST(TGATest, LoadsAllForms) {
         {Header{.width = 1, .height = 3, .descriptor = 0}.With(Four24), "090807FF\n060504FF\n030201FF\n"},
         // The map may begin later; what it does not hold is black.
         {Mapped.With(Map24 + "\2\1\0\2"s), "090807FF 060504FF\n030201FF 090807FF\n"},
-        {Header{.hasMap = 1, .imageType = 1, .mapFirst = 253, .mapCount = 3, .mapBits = 24, .pixelBits = 8}
-             .With(Map24 + "\xFD\xFF\0\xFE"s),
-         "030201FF 090807FF\n000000FF 060504FF\n"},
-        {Header{.hasMap = 1, .imageType = 1, .mapFirst = 253, .mapCount = 1, .mapBits = 32, .pixelBits = 8}
-             .With("\1\2\3\4\xFD\xFD\xFD\xFC"s),
-         "03020104 03020104\n03020104 000000FF\n"},
-        {Header{.hasMap = 1, .imageType = 1, .mapCount = 256, .mapBits = 24, .pixelBits = 8}.With(
-             std::string(768, '\5') + "\0\xFF\1\2"s),
+        {MapOf(253, 3, 24).With(Map24 + "\xFD\xFF\0\xFE"s), "030201FF 090807FF\n000000FF 060504FF\n"},
+        {MapOf(253, 1, 32).With("\1\2\3\4\xFD\xFD\xFD\xFC"s), "03020104 03020104\n03020104 000000FF\n"},
+        {MapOf(0, 256, 24).With(std::string(768, '\5') + "\0\xFF\1\2"s),
          "050505FF 050505FF\n050505FF 050505FF\n"},
         // A run over the end of a row, then two plain pixels; packets that hold more than the picture.
         {RunLength.With("\x81\1\2\3\1\4\5\6\7\x08\x09"s), "030201FF 030201FF\n060504FF 090807FF\n"},
