@@ -20,8 +20,7 @@ public:
     [[nodiscard]] double GetDouble(int32_t least, int32_t most) {
         return Get(least * 1000, most * 1000) / 1000.0;
     }
-    [[nodiscard]] uint8_t GetByte() { return static_cast<uint8_t>(Get(0, 255)); }
-    [[nodiscard]] MColor GetColor() { return {GetByte(), GetByte(), GetByte(), GetByte()}; }
+    [[nodiscard]] MColor GetColor() { return MColor::FromWord(engine()); }
     [[nodiscard]] MDrawMode GetMode() { return static_cast<MDrawMode>(Get(0, MColorOpCount - 1)); }
     [[nodiscard]] MPoint GetPoint() { return {Get(-20, 80), Get(-20, 60)}; }
     [[nodiscard]] MPointF GetPointF() { return {GetDouble(-20, 80), GetDouble(-20, 60)}; }
@@ -61,54 +60,53 @@ std::vector<MOutlines::Outline> GetOutlines(Random& r) {
     return MOutlines::GetRing(r.GetPointF(), r.GetDouble(0, 30), r.GetDouble(0, 9));
 }
 
-MGradientDirection GetDirection(Random& random) {
-    return static_cast<MGradientDirection>(random.Get(0, 7));
-}
-
 /// All primitives but text, by a number, with arguments by chance.
 constexpr int32_t PrimitiveCount = 31;
 void PaintPrimitive(int32_t number, MDrawer& d, Random& r) {
     static const MBitmap picture = MMakeNoise(23, 17, 1);
     static const MAlphaMask mask = MakeMask();
     const MDrawMode mode = r.GetMode();
+    const MRect rect = r.GetRect();
+    const MRect part = GetPart(r);
+    const MPoint point = r.GetPoint();
+    const MPointF place = r.GetPointF();
+    const MColor color = r.GetColor();
+    const MColor to = r.GetColor();
+    const auto direction = static_cast<MGradientDirection>(r.Get(0, 7));
+    const uint8_t alpha = color.alpha;
+    const double radius = r.GetDouble(0, 20);
     switch (number) {
-    case 0: return d.PatBlt(r.GetRect(), picture, r.GetPoint(), r.GetByte(), mode);
-    case 1: return d.BitBlt(GetPart(r), picture, r.GetPoint(), r.GetByte(), mode);
-    case 2: return d.AlphaMask(GetPart(r), mask, r.GetPoint(), r.GetColor(), mode);
-    case 3: return d.StretchBlt(r.GetRect(), picture, GetPart(r), r.GetByte(), mode);
-    case 4: return d.BitBltWhole(picture, r.GetPoint(), r.GetByte(), mode);
-    case 5: return d.StretchBltWhole(r.GetRect(), picture, r.GetByte(), mode);
-    case 6: return d.StretchBltH(r.GetRect(), picture, GetPart(r), r.GetByte(), mode);
-    case 7: return d.StretchBltV(r.GetRect(), picture, GetPart(r), r.GetByte(), mode);
-    case 8: return d.SetPixel(r.GetPoint(), r.GetColor());
-    case 9: return d.Line(r.GetPoint(), r.GetPoint(), r.GetColor());
-    case 10: return d.SetPixelF(r.GetPointF(), r.GetColor());
-    case 11: return d.LineF(r.GetPointF(), r.GetPointF(), r.GetColor());
-    case 12: return d.Rectangle(r.GetRect(), r.GetColor(), mode);
-    case 13: return d.FillRectangle(r.GetRect(), r.GetColor(), mode);
-    case 14: return d.FillRectangleGradient(r.GetRect(), r.GetColor(), r.GetColor(), GetDirection(r), mode);
-    case 15: return d.RoundRectangle(r.GetRect(), r.GetDouble(0, 15), r.GetColor(), mode);
-    case 16: return d.FillRoundRectangle(r.GetRect(), r.GetDouble(0, 15), r.GetColor(), mode);
-    case 17: return d.Circle(r.GetPointF(), r.GetDouble(0, 30), r.GetColor(), mode);
-    case 18: return d.FillCircle(r.GetPointF(), r.GetDouble(0, 30), r.GetColor(), mode);
-    case 19: return d.FillTriangle(r.GetPointF(), r.GetPointF(), r.GetPointF(), r.GetColor(), mode);
-    case 20:
-        return d.FillVerticalColumn(r.Get(-5, 70), r.GetDouble(-10, 60), r.GetDouble(-10, 60), r.GetColor());
-    case 21:
-        return d.FillHorizontalRow(r.Get(-5, 50), r.GetDouble(-10, 80), r.GetDouble(-10, 80), r.GetColor());
-    case 22: return d.PaintPolyLine(GetPoints(r), r.GetColor());
-    case 23: return d.PaintPolygon(GetPoints(r), r.GetColor());
-    case 24: return d.PaintHorizontalPolyLine(r.Get(-20, 60), GetValues(r), r.GetColor());
-    case 25: return d.PaintHorizontalGraph(r.Get(-20, 60), GetValues(r), r.GetDouble(-10, 60), r.GetColor());
-    case 26: return d.PaintHorizontalGraph(r.Get(-20, 60), GetValues(r), GetValues(r), r.GetColor());
-    case 27:
-        return d.PaintCornered(r.GetRect(), picture, GetPart(r), {r.Get(0, 9), r.Get(0, 9)}, r.Get(0, 4),
-                               r.Get(0, 4), r.GetByte(), mode);
-    case 28: return d.PatBltPart(r.GetRect(), picture, GetPart(r), r.GetByte(), mode);
-    case 29: return d.FillOutlines(GetOutlines(r), r.GetColor(), mode);
-    default:
-        return d.FillOutlinesGradient(GetOutlines(r), r.GetRect(), r.GetColor(), r.GetColor(),
-                                      GetDirection(r), mode);
+    case 0: return d.PatBlt(rect, picture, point, alpha, mode);
+    case 1: return d.BitBlt(part, picture, point, alpha, mode);
+    case 2: return d.AlphaMask(part, mask, point, color, mode);
+    case 3: return d.StretchBlt(rect, picture, part, alpha, mode);
+    case 4: return d.BitBltWhole(picture, point, alpha, mode);
+    case 5: return d.StretchBltWhole(rect, picture, alpha, mode);
+    case 6: return d.StretchBltH(rect, picture, part, alpha, mode);
+    case 7: return d.StretchBltV(rect, picture, part, alpha, mode);
+    case 8: return d.SetPixel(point, color);
+    case 9: return d.Line(point, r.GetPoint(), color);
+    case 10: return d.SetPixelF(place, color);
+    case 11: return d.LineF(place, r.GetPointF(), color);
+    case 12: return d.Rectangle(rect, color, mode);
+    case 13: return d.FillRectangle(rect, color, mode);
+    case 14: return d.FillRectangleGradient(rect, color, to, direction, mode);
+    case 15: return d.RoundRectangle(rect, radius, color, mode);
+    case 16: return d.FillRoundRectangle(rect, radius, color, mode);
+    case 17: return d.Circle(place, radius, color, mode);
+    case 18: return d.FillCircle(place, radius, color, mode);
+    case 19: return d.FillTriangle(place, r.GetPointF(), r.GetPointF(), color, mode);
+    case 20: return d.FillVerticalColumn(point.x, place.y, radius, color);
+    case 21: return d.FillHorizontalRow(point.y, place.x, radius, color);
+    case 22: return d.PaintPolyLine(GetPoints(r), color);
+    case 23: return d.PaintPolygon(GetPoints(r), color);
+    case 24: return d.PaintHorizontalPolyLine(point.x, GetValues(r), color);
+    case 25: return d.PaintHorizontalGraph(point.x, GetValues(r), place.y, color);
+    case 26: return d.PaintHorizontalGraph(point.x, GetValues(r), GetValues(r), color);
+    case 27: return d.PaintCornered(rect, picture, part, point, r.Get(0, 4), r.Get(0, 4), alpha, mode);
+    case 28: return d.PatBltPart(rect, picture, part, alpha, mode);
+    case 29: return d.FillOutlines(GetOutlines(r), color, mode);
+    default: return d.FillOutlinesGradient(GetOutlines(r), rect, color, to, direction, mode);
     }
 }
 

@@ -155,6 +155,7 @@ TEST_F(MDrawerToMBitmapTest, ShapesCoverTheirArea) {
     const MPointF points[] = {{10, 10}, {30, 10}, {25, 40}, {30, 19}};
     const auto wideRing = MOutlines::GetRing(center, 20, 10);
     const auto wideFrame = MOutlines::GetRoundFrame(box, 6, 3);
+    constexpr auto Horizontal = MGradientDirection::Horizontal;
     const double cut = 4 - Pi;  // of the four corners of a radius of 1
     MDrawer::ValueList values;
     for (const double value : {20.0, 21.0, 22.0, 21.0, 20.0}) values.Add(value);
@@ -166,6 +167,8 @@ TEST_F(MDrawerToMBitmapTest, ShapesCoverTheirArea) {
         {"circle", Pi * 100, [&] { drawer.FillCircle(center, 10, White, Blend); }},
         {"ring", Pi * 39, [&] { drawer.Circle(center, 20, White, Blend); }},
         {"wide ring", Pi * 300, [&] { drawer.FillOutlines(wideRing, White, Blend); }},
+        {"gradient", Pi * 300,
+         [&] { drawer.FillOutlinesGradient(wideRing, box, White, White, Horizontal, Blend); }},
         {"small circle", Pi * 0.16, [&] { drawer.FillCircle(center, 0.4, White, Blend); }},
         {"round box", 1200 - 36 * cut, [&] { drawer.FillRoundRectangle(box, 6, White, Blend); }},
         {"round frame", 136 - 11 * cut, [&] { drawer.RoundRectangle(box, 6, White, Blend); }},
@@ -334,6 +337,8 @@ TEST_F(PaintCorneredTest, CornersThatDoNotFitAreCutInside) {
     ExpectPart({14, 10}, {20, 0}, {3, 3});
     ExpectPart({10, 13}, {0, 15}, {4, 2});
     ExpectPart({14, 13}, {20, 15}, {3, 2});
+    Paint({10, 10, 15, 13}, {5, 4}, MBitmapFill::Stretch, MBitmapFill::Stretch);
+    ExpectPart({13, 12}, {20, 15}, {3, 2});
 }
 
 TEST_F(PaintCorneredTest, KeptPartsAreLeftAndUnknownFillsAreRefused) {
