@@ -9,39 +9,23 @@
 namespace {
 
 /// Arguments that are the same in each run and on each platform.
-class Random {
-public:
-    explicit Random(uint32_t seed) : engine(seed) {}
+struct Random : std::mt19937 {
+    using mersenne_twister_engine::mersenne_twister_engine;
 
     /// Both ends are included.
-    [[nodiscard]] int32_t Get(int32_t least, int32_t most) {
-        return least + static_cast<int32_t>(engine() % static_cast<uint32_t>(most - least + 1));
+    int32_t Get(int32_t least, int32_t most) {
+        return least + static_cast<int32_t>((*this)() % static_cast<uint32_t>(most - least + 1));
     }
-    [[nodiscard]] double GetDouble(int32_t least, int32_t most) {
-        return Get(least * 1000, most * 1000) / 1000.0;
-    }
-    [[nodiscard]] MColor GetColor() { return MColor::FromWord(engine()); }
-    [[nodiscard]] MDrawMode GetMode() { return static_cast<MDrawMode>(Get(0, MColorOpCount - 1)); }
-    [[nodiscard]] MPoint GetPoint() { return {Get(-20, 80), Get(-20, 60)}; }
-    [[nodiscard]] MPointF GetPointF() { return {GetDouble(-20, 80), GetDouble(-20, 60)}; }
-    [[nodiscard]] MRect GetRect() {
+    double GetDouble(int32_t least, int32_t most) { return Get(least * 1000, most * 1000) / 1000.0; }
+    MColor GetColor() { return MColor::FromWord(static_cast<uint32_t>((*this)())); }
+    MDrawMode GetMode() { return static_cast<MDrawMode>(Get(0, MColorOpCount - 1)); }
+    MPoint GetPoint() { return {Get(-20, 80), Get(-20, 60)}; }
+    MPointF GetPointF() { return {GetDouble(-20, 80), GetDouble(-20, 60)}; }
+    MRect GetRect() {
         const MPoint first = GetPoint();
         return MRect::FromSize(first.x, first.y, Get(0, 60), Get(0, 40));
     }
-
-private:
-    std::mt19937 engine;
 };
-
-MAlphaMask MakeMask() {
-    MAlphaMask mask;
-    MMakeNoise(19, 29, 2).ToAlphaMask(mask);
-    return mask;
-}
-
-MRect GetPart(Random& random) {
-    return MRect::FromSize(random.Get(-5, 20), random.Get(-5, 15), random.Get(0, 25), random.Get(0, 20));
-}
 
 MDrawer::ValueList GetValues(Random& random) {
     MDrawer::ValueList values;
@@ -60,14 +44,16 @@ std::vector<MOutlines::Outline> GetOutlines(Random& r) {
     return MOutlines::GetRing(r.GetPointF(), r.GetDouble(0, 30), r.GetDouble(0, 9));
 }
 
-/// All primitives but text, by a number, with arguments by chance.
+/// All primitives but text, by a number. The seed decides about the arguments.
 constexpr int32_t PrimitiveCount = 31;
-void PaintPrimitive(int32_t number, MDrawer& d, Random& r) {
-    static const MBitmap picture = MMakeNoise(23, 17, 1);
-    static const MAlphaMask mask = MakeMask();
+void PaintPrimitive(int32_t number, MDrawer& d, uint32_t seed) {
+    const MBitmap picture = MMakeNoise(23, 17, 1);
+    MAlphaMask mask;
+    picture.ToAlphaMask(mask);
+    Random r(seed);
     const MDrawMode mode = r.GetMode();
     const MRect rect = r.GetRect();
-    const MRect part = GetPart(r);
+    const MRect part = MRect::FromSize(r.Get(-5, 20), r.Get(-5, 15), r.Get(0, 25), r.Get(0, 20));
     const MPoint point = r.GetPoint();
     const MPointF place = r.GetPointF();
     const MColor color = r.GetColor();
@@ -125,8 +111,7 @@ MBitmap Paint(int32_t primitive, uint32_t seed, std::initializer_list<MRect> cli
     for (const MRect& clip : clips) {
         MDrawerToMBitmap drawer(bitmap);
         drawer.SetClip(clip);
-        Random random(seed);
-        PaintPrimitive(primitive, drawer, random);
+        PaintPrimitive(primitive, drawer, seed);
     }
     return bitmap;
 }
@@ -143,8 +128,7 @@ TEST(DrawerPropertiesTest, HoldForAllPrimitives) {
 
         // Nothing outside of the clip changes.
         const MRect clip = where.GetRect();
-        const MBitmap clipped = Paint(primitive, seed, {clip});
-        EXPECT_EQ(MFindDifference(clipped, ground, clip, false), "");
+        EXPECT_EQ(MFindDifference(Paint(primitive, seed, {clip}), ground, clip, false), "");
 
         // Painting in pieces equals painting once.
         const int32_t x = where.Get(-3, Width + 3);
@@ -165,15 +149,13 @@ TEST(DrawerPropertiesTest, HoldForAllPrimitives) {
         inner.SetTranslation(second.x, second.y);
         EXPECT_EQ(inner.GetClip(), All.Shifted(MPoint() - first - second));
         inner.SetClip(clip);
-        Random random(seed);
-        PaintPrimitive(primitive, inner, random);
+        PaintPrimitive(primitive, inner, seed);
         MBitmap direct = ground;
         MDrawerToMBitmap shifted(direct);
         shifted.SetTranslation(first.x + second.x, first.y + second.y);
         shifted.SetClip(clip);
         EXPECT_EQ(shifted.GetClip(), clip);
-        Random again(seed);
-        PaintPrimitive(primitive, shifted, again);
+        PaintPrimitive(primitive, shifted, seed);
         EXPECT_EQ(MFindDifference(chained, direct), "");
         EXPECT_EQ(MFindDifference(direct, ground, clip.Shifted(first + second), false), "");
 
@@ -182,26 +164,20 @@ TEST(DrawerPropertiesTest, HoldForAllPrimitives) {
         MBitmap opaque;
         opaque.CreateOpaque(Width, Height);
         MDrawerToMBitmap onOpaque(opaque);
-        Random third(seed);
-        PaintPrimitive(primitive, onOpaque, third);
+        PaintPrimitive(primitive, onOpaque, seed);
         EXPECT_TRUE(std::all_of(opaque.GetPixels(), opaque.GetPixels() + Width * Height,
                                 [](MColor pixel) { return pixel.alpha == 255; }));
     }
 }
 
 TEST(DrawerPropertiesTest, WithoutABitmapNothingHappens) {
-    MBitmap empty;
-    MBitmap paletted;
+    MBitmap empty, paletted;
     paletted.CreatePaletted(8, 8);
-    MDrawerToMBitmap nowhere;
-    MDrawerToMBitmap onEmpty(empty);
-    MDrawerToMBitmap onPaletted(paletted);
+    MDrawerToMBitmap nowhere, onEmpty(empty), onPaletted(paletted);
     MDrawer withoutTarget;
     for (MDrawer* drawer : std::initializer_list<MDrawer*>{&nowhere, &onEmpty, &onPaletted, &withoutTarget})
-        for (int32_t primitive = 0; primitive < PrimitiveCount; ++primitive) {
-            Random random(4);
-            PaintPrimitive(primitive, *drawer, random);
-        }
+        for (int32_t primitive = 0; primitive < PrimitiveCount; ++primitive)
+            PaintPrimitive(primitive, *drawer, 4);
     EXPECT_EQ(paletted.GetIndices()[3 * 8 + 3], 0);
 }
 

@@ -8,6 +8,7 @@
 
 #include <cmath>
 #include <functional>
+#include <tuple>
 
 namespace {
 
@@ -50,6 +51,20 @@ protected:
                 expected.EditRow(y)[x] = source.GetPixel(part.left + place.x, part.top + place.y);
             }
         EXPECT_EQ(MFindDifference(bitmap, expected), "") << part.left << ", " << rect.left;
+    }
+
+    void PaintFrame(const MRect& rect, MPoint corner, MBitmapFill edges, MBitmapFill center) {
+        bitmap.Create(64, 48);
+        drawer.PaintCornered(rect, picture, picture.GetRect(), corner, static_cast<int32_t>(edges),
+                             static_cast<int32_t>(center), Opaque, MDrawMode::Copy);
+        EXPECT_EQ(MFindDifference(bitmap, MBitmap(64, 48), rect, false), "");
+    }
+    /// Whether a part of the bitmap at `place` is that of the picture at `source`.
+    void ExpectPart(MPoint place, MPoint source, MPoint size) {
+        for (int32_t y = 0; y < size.y; ++y)
+            for (int32_t x = 0; x < size.x; ++x)
+                ASSERT_EQ(bitmap.GetPixel(place.x + x, place.y + y),
+                          picture.GetPixel(source.x + x, source.y + y));
     }
 
     MBitmap bitmap{64, 48};
@@ -159,11 +174,7 @@ TEST_F(MDrawerToMBitmapTest, ShapesCoverTheirArea) {
     const double cut = 4 - Pi;  // of the four corners of a radius of 1
     MDrawer::ValueList values;
     for (const double value : {20.0, 21.0, 22.0, 21.0, 20.0}) values.Add(value);
-    const struct {
-        const char* name;
-        double area;
-        std::function<void()> paint;
-    } shapes[] = {
+    const std::tuple<const char*, double, std::function<void()>> shapes[] = {
         {"circle", Pi * 100, [&] { drawer.FillCircle(center, 10, White, Blend); }},
         {"ring", Pi * 39, [&] { drawer.Circle(center, 20, White, Blend); }},
         {"wide ring", Pi * 300, [&] { drawer.FillOutlines(wideRing, White, Blend); }},
@@ -181,10 +192,10 @@ TEST_F(MDrawerToMBitmapTest, ShapesCoverTheirArea) {
         {"column", 12.5, [&] { drawer.FillVerticalColumn(7, 3.25, 15.75, White); }},
         {"graph", 0.5 * 4 * 2, [&] { drawer.PaintHorizontalGraph(10, values, 20, White); }},
     };
-    for (const auto& shape : shapes) {
+    for (const auto& [name, area, paint] : shapes) {
         bitmap.Create(64, 48);
-        shape.paint();
-        EXPECT_NEAR(SumOf(bitmap), shape.area, std::max(0.06, shape.area * 0.003)) << shape.name;
+        paint();
+        EXPECT_NEAR(SumOf(bitmap), area, std::max(0.06, area * 0.003)) << name;
     }
 }
 
@@ -258,17 +269,14 @@ TEST_F(MDrawerToMBitmapTest, APixelIsWrittenAsItIsUnlessAnEffectAdds) {
 
 TEST_F(MDrawerToMBitmapTest, ShadowsOfTextFromAnAlphaOfElevenOn) {
     MFont font;
-    const struct {
-        uint8_t alpha;
-        uint8_t shadowAlpha;
-        const char* notes;
-    } cases[] = {{255, 11, "11 at 4; 255 at 3; "}, {255, 10, "255 at 3; "}, {0, 255, ""},
-                 {128, 54, "27 at 4; 128 at 3; "}, {51, 54, "51 at 3; "},   {52, 54, "11 at 4; 52 at 3; "}};
-    for (const auto& row : cases) {
+    const std::tuple<uint8_t, uint8_t, const char*> cases[] = {
+        {255, 11, "11 at 4; 255 at 3; "}, {255, 10, "255 at 3; "}, {0, 255, ""},
+        {128, 54, "27 at 4; 128 at 3; "}, {51, 54, "51 at 3; "},   {52, 54, "11 at 4; 52 at 3; "}};
+    for (const auto& [alpha, shadowAlpha, notes] : cases) {
         TextRecorder recorder;
-        recorder.textShadowAlpha = row.shadowAlpha;
-        recorder.DrawText({3, 3, 9, 9}, font, "text", White.WithAlpha(row.alpha), MTextLeft);
-        EXPECT_EQ(recorder.notes, row.notes);
+        recorder.textShadowAlpha = shadowAlpha;
+        recorder.DrawText({3, 3, 9, 9}, font, "text", White.WithAlpha(alpha), MTextLeft);
+        EXPECT_EQ(recorder.notes, notes);
     }
 }
 
@@ -289,27 +297,8 @@ TEST_F(MDrawerToMBitmapTest, PlacesThatAreNoneOrFarAwayDoNoHarm) {
     EXPECT_EQ(SumOf(bitmap), 64);
 }
 
-class PaintCorneredTest : public MDrawerToMBitmapTest {
-protected:
-    ~PaintCorneredTest() noexcept override = default;
-
-    void Paint(const MRect& rect, MPoint corner, MBitmapFill edges, MBitmapFill center) {
-        bitmap.Create(64, 48);
-        drawer.PaintCornered(rect, picture, picture.GetRect(), corner, static_cast<int32_t>(edges),
-                             static_cast<int32_t>(center), Opaque, MDrawMode::Copy);
-        EXPECT_EQ(MFindDifference(bitmap, MBitmap(64, 48), rect, false), "");
-    }
-    /// Whether a part of the bitmap at `place` is that of the picture at `source`.
-    void ExpectPart(MPoint place, MPoint source, MPoint size) {
-        for (int32_t y = 0; y < size.y; ++y)
-            for (int32_t x = 0; x < size.x; ++x)
-                ASSERT_EQ(bitmap.GetPixel(place.x + x, place.y + y),
-                          picture.GetPixel(source.x + x, source.y + y));
-    }
-};
-
-TEST_F(PaintCorneredTest, CornersStayEdgesAndCenterAreFilled) {
-    Paint({2, 1, 60, 44}, {5, 4}, MBitmapFill::Pattern, MBitmapFill::Pattern);
+TEST_F(MDrawerToMBitmapTest, CornersStayEdgesAndCenterAreFilled) {
+    PaintFrame({2, 1, 60, 44}, {5, 4}, MBitmapFill::Pattern, MBitmapFill::Pattern);
     ExpectPart({2, 1}, {0, 0}, {5, 4});
     ExpectPart({56, 1}, {18, 0}, {5, 4});
     ExpectPart({2, 41}, {0, 13}, {5, 4});
@@ -319,29 +308,29 @@ TEST_F(PaintCorneredTest, CornersStayEdgesAndCenterAreFilled) {
         for (const int32_t x : {7, 20, 33}) ExpectPart({x, y}, {5, 4}, {13, 9});
     ExpectPart({46, 5}, {5, 4}, {10, 9});
     ExpectPart({2, 14}, {0, 4}, {5, 9});
-    Paint({2, 1, 60, 44}, {5, 4}, MBitmapFill::Stretch, MBitmapFill::Stretch);
+    PaintFrame({2, 1, 60, 44}, {5, 4}, MBitmapFill::Stretch, MBitmapFill::Stretch);
     EXPECT_EQ(bitmap.GetPixel(7, 20), picture.GetPixel(5, 4 + (20 - 5) * 9 / 36));
     EXPECT_EQ(bitmap.GetPixel(55, 1), picture.GetPixel(17, 0));
     // One flag for the edges: these scale from left to right and tile from top to bottom.
-    Paint({2, 1, 60, 44}, {5, 4}, MBitmapFill::HPattern, MBitmapFill::Stretch);
+    PaintFrame({2, 1, 60, 44}, {5, 4}, MBitmapFill::HPattern, MBitmapFill::Stretch);
     EXPECT_EQ(bitmap.GetPixel(55, 1), picture.GetPixel(17, 0));
     ExpectPart({2, 14}, {0, 4}, {5, 9});
 }
 
-TEST_F(PaintCorneredTest, CornersThatDoNotFitAreCutInside) {
-    Paint({3, 3, 25, 19}, {5, 4}, MBitmapFill::Stretch, MBitmapFill::Stretch);
+TEST_F(MDrawerToMBitmapTest, CornersThatDoNotFitAreCutInside) {
+    PaintFrame({3, 3, 25, 19}, {5, 4}, MBitmapFill::Stretch, MBitmapFill::Stretch);
     ExpectPart({3, 3}, {0, 0}, {23, 17});
     // Of an odd size the left and the upper corners have the pixel in the middle.
-    Paint({10, 10, 16, 14}, {5, 4}, MBitmapFill::Stretch, MBitmapFill::Stretch);
+    PaintFrame({10, 10, 16, 14}, {5, 4}, MBitmapFill::Stretch, MBitmapFill::Stretch);
     ExpectPart({10, 10}, {0, 0}, {4, 3});
     ExpectPart({14, 10}, {20, 0}, {3, 3});
     ExpectPart({10, 13}, {0, 15}, {4, 2});
     ExpectPart({14, 13}, {20, 15}, {3, 2});
-    Paint({10, 10, 15, 13}, {5, 4}, MBitmapFill::Stretch, MBitmapFill::Stretch);
+    PaintFrame({10, 10, 15, 13}, {5, 4}, MBitmapFill::Stretch, MBitmapFill::Stretch);
     ExpectPart({13, 12}, {20, 15}, {3, 2});
 }
 
-TEST_F(PaintCorneredTest, KeptPartsAreLeftAndUnknownFillsAreRefused) {
+TEST_F(MDrawerToMBitmapTest, KeptPartsAreLeftAndUnknownFillsAreRefused) {
     drawer.FillRectangle({0, 0, 63, 47}, White, MDrawMode::Copy);
     const MRect rect{0, 0, 9, 9};
     drawer.PaintBitmapPart(rect, picture, picture.GetRect(), MDrawer::PartKept, Opaque, MDrawMode::Copy);

@@ -30,12 +30,10 @@ TEST(ColorTest, TextIsRedGreenBlueAlpha) {
 }
 
 TEST(ColorTest, HueSaturationAndLightnessThereAndBack) {
-    const struct {
-        const char* color;
-        MHSL parts;
-    } cases[] = {{"FF0000FF", {0, 1, 0.5}},  {"00FF00FF", {120, 1, 0.5}}, {"0000FFFF", {240, 1, 0.5}},
-                 {"FFFF00FF", {60, 1, 0.5}}, {"FF00FFFF", {300, 1, 0.5}}, {"BF4080FF", {330, 0.498, 0.5}},
-                 {"404040FF", {0, 0, 0.251}}};
+    const std::pair<const char*, MHSL> cases[] = {
+        {"FF0000FF", {0, 1, 0.5}},  {"00FF00FF", {120, 1, 0.5}}, {"0000FFFF", {240, 1, 0.5}},
+        {"FFFF00FF", {60, 1, 0.5}}, {"FF00FFFF", {300, 1, 0.5}}, {"BF4080FF", {330, 0.498, 0.5}},
+        {"404040FF", {0, 0, 0.251}}};
     for (const auto& [text, parts] : cases) {
         const MHSL found = MColor::Parse(text).GetHSL();
         EXPECT_NEAR(found.hue, parts.hue, 0.5) << text;
