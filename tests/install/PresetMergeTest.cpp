@@ -8,12 +8,6 @@
 
 namespace {
 
-/// The tree on one line, without the declaration.
-std::string ToText(const MXMLItem& item) {
-    const std::string text = MSaveXML(item);
-    return text.substr(text.find('<', 1));
-}
-
 struct Merged {
     std::string target;
     std::string source;
@@ -27,7 +21,7 @@ Merged Merge(const std::string& target, const std::string& source, int32_t excha
     MLoadXML(into, "<r>" + target + "</r>");
     MLoadXML(from, "<other>" + source + "</other>");
     const int32_t count = MergePresets(into, from, exchangeIndex, mode, categorize);
-    return {ToText(into), ToText(from), count};
+    return {MSaveXML(into), MSaveXML(from), count};
 }
 
 }  // namespace
@@ -117,7 +111,8 @@ TEST(PresetMergeTest, StampsAllOrOnlyThoseWithoutIndex) {
     MXMLItem item;
     MLoadXML(item, presets);
     EXPECT_EQ(AssignExchangeIndex(item, false, "5"), 1);
-    EXPECT_EQ(ToText(item), R"(<r><preset ExchangeIndex="1"/><Directory Name="D"><preset ExchangeIndex="5"/>)"
-                            R"(</Directory><Other><preset/></Other></r>)");
+    EXPECT_EQ(MSaveXML(item),
+              R"(<r><preset ExchangeIndex="1"/><Directory Name="D"><preset ExchangeIndex="5"/>)"
+              R"(</Directory><Other><preset/></Other></r>)");
     EXPECT_EQ(AssignExchangeIndex(item, true, "6"), 2);
 }
