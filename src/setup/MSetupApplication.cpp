@@ -79,5 +79,9 @@ MExitCode MSetupApplication::RunData() {
         // What is no resource library, or a broken one, may be the definition of a download.
         Data->Rewind();
     }
-    return frontEnd->Download(MDownloadDefinition(*Data), FilePath);
+    return RunDownloader(*Data);
+}
+
+MExitCode MSetupApplication::RunDownloader(MStream& stream) {
+    return frontEnd->Download(MDownloadDefinition(stream), FilePath);
 }

@@ -24,6 +24,7 @@ private:
     /// False if the user does not want to go on with damaged data.
     [[nodiscard]] bool FindData(const MString& directory);
     [[nodiscard]] MExitCode RunData();
+    [[nodiscard]] MExitCode RunDownloader(MStream& stream);
 
     std::unique_ptr<MFrontEnd> frontEnd;
 

@@ -22,11 +22,6 @@ public:
     }
     ~MRefCountedObject() override { Release(); }
 
-    /// How many handles share the record; 0 for a null handle.
-    [[nodiscard]] int32_t GetReferenceCount() const {
-        return record ? record->count.load(std::memory_order_relaxed) : 0;
-    }
-
 protected:
     MRefCountedObject() = default;
 

@@ -3,12 +3,12 @@
 #include "foundation/base/MException.h"
 
 void MServiceTable::AddService(const MString& name, ServiceFunction function) {
-    if (services.GetCount() >= MaximumServices) MRaise(MExceptionGeneral, "Too many services.");
-    services.Add({name, function});
+    if (Services.GetCount() >= MaximumServices) MRaise(MExceptionGeneral, "Too many services.");
+    Services.Add({name, function});
 }
 
 void* MServiceTable::CallService(const MString& name, void* argument) const {
-    for (const Service& service : services)
+    for (const Service& service : Services)
         if (service.name == name) return service.function(argument);
     return nullptr;
 }

@@ -23,5 +23,5 @@ private:
         ServiceFunction function;
     };
 
-    MList<Service> services;
+    MList<Service> Services;
 };

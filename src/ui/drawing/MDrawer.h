@@ -10,6 +10,7 @@
 
 #include <cstdint>
 #include <span>
+#include <vector>
 
 class MAlphaMask;
 class MFont;
@@ -161,7 +162,6 @@ public:
     }
     /// Where this drawer's origin lies in the target.
     void SetTranslation(int32_t x, int32_t y) { translation = {x, y}; }
-    [[nodiscard]] MPoint GetTranslation() const { return translation; }
     /// The size to answer in place of the target's; where it is 0, the target is asked.
     void SetSize(int32_t newWidth, int32_t newHeight) {
         width = newWidth;
