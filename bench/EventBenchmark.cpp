@@ -18,8 +18,8 @@ constexpr int32_t LockCount = 10'000'000;
 constexpr int32_t BatchSize = 100;
 constexpr int Rounds = 11;
 
-/// A thread that does nothing. Locks are made for programs with several, and the runtime library takes a short cut in
-/// those with one.
+/// A thread that does nothing. Locks are made for programs with several, and the runtime library takes a
+/// short cut in those with one.
 class IdleThread {
 public:
     IdleThread() : thread([this] { end.get_future().wait(); }) {}

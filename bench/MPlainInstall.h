@@ -13,7 +13,8 @@
 /// and nothing is checked beyond what that library checks.
 class MPlainInstall {
 public:
-    /// Takes the places of the items from an executable of a product. Raises what attaching its payload raises.
+    /// Takes the places of the items from an executable of a product. Raises what attaching its payload
+    /// raises.
     MPlainInstall(const MString& executable, MCompression compression, const MString& destination);
 
     /// Creates the directories for the files.

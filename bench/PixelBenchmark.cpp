@@ -38,8 +38,8 @@ private:
 
 enum class Alphas { Opaque, Mixed };
 
-/// A picture in which each pixel has another colour and, unless it is opaque, another alpha: hardly a vector of pixels
-/// is opaque or transparent as a whole.
+/// A picture in which each pixel has another colour and, unless it is opaque, another alpha: hardly a vector
+/// of pixels is opaque or transparent as a whole.
 MBitmap MakePicture(Size size, Alphas alphas) {
     MBitmap bitmap(size.width, size.height);
     MColor* pixels = bitmap.EditPixels();

@@ -1,7 +1,7 @@
 // Usage: pixel-speed
 //
-// Prints how fast the software drawer paints on this platform, a line for each primitive: its name and million pixels a
-// second, the best of some rounds. scripts/bench-wine compares the platforms by it.
+// Prints how fast the software drawer paints on this platform, a line for each primitive: its name and
+// million pixels a second, the best of some rounds. scripts/bench-wine compares the platforms by it.
 
 #include "foundation/text/MUnicode.h"
 #include "ui/drawing/MDrawerToMBitmap.h"

@@ -4,8 +4,8 @@
 
 class MFont;
 
-/// A sheet of samples in panels, each with its name above it. Lengths are in units, of which each has so many pixels as
-/// the percentage says.
+/// A sheet of samples in panels, each with its name above it. Lengths are in units, of which each has so many
+/// pixels as the percentage says.
 class DrawingSheet {
 public:
     /// `percent` is 100 for a unit of one pixel. The font's size is changed.

@@ -15,8 +15,8 @@ int32_t MLargeResourceLibraryStream::Read(void* block, int32_t size) {
         MRaise(MExceptionStreamError, "Could not read required data from stream.");
     if (isCompressed && !isChecked && IsEnd()) {
         isChecked = true;
-        // A decompressor compares its check sums only when it is asked for more than there is, and damaged data
-        // may give more than the item has.
+        // A decompressor compares its check sums only when it is asked for more than there is, and damaged
+        // data may give more than the item has.
         char beyond[4096];
         while (GetSubStream()->Read(beyond, sizeof(beyond)) > 0) {}
     }

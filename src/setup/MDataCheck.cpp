@@ -74,10 +74,11 @@ bool MCheckFileSet(const MString& path, MMultiFileStream& parts, MUserDialogs& d
         return corrupt.IsEmpty() ||
                dialogs.AskYesNo(MFormat(
                    MTranslate(
-                       "We are very sorry, but following files are corrupt:\n {0}\nPlease check your internet "
-                       "connection and redownload the corrupt files again.Note that it is highly recommended to "
-                       "use a downloader application instead of your browser if you are using a problematic "
-                       "browser such as Safari.\n\nDo you want to try to install the software anyway?"),
+                       "We are very sorry, but following files are corrupt:\n {0}\nPlease check your "
+                       "internet connection and redownload the corrupt files again.Note that it is highly "
+                       "recommended to use a downloader application instead of your browser if you are using "
+                       "a problematic browser such as Safari.\n\nDo you want to try to install the software "
+                       "anyway?"),
                    corrupt));
     } catch (const MException&) {
         MRaise(

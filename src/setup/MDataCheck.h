@@ -14,7 +14,7 @@
 void MOpenDataFile(const MString& path, MStdFileStream& file);
 
 /// Opens the file set of the index at `path`, and tests every part. False if some are corrupt and the user,
-/// who is told which, declines to go on. Raises "Setup data file is corrupt or missing. Please make sure all parts of
-/// the installation package (usually CAB files) are available and present in the same directory as the setup
-/// application." (0) if the index or a part cannot be read.
+/// who is told which, declines to go on. Raises "Setup data file is corrupt or missing. Please make sure all
+/// parts of the installation package (usually CAB files) are available and present in the same directory as
+/// the setup application." (0) if the index or a part cannot be read.
 [[nodiscard]] bool MCheckFileSet(const MString& path, MMultiFileStream& parts, MUserDialogs& dialogs);

@@ -16,8 +16,9 @@ enum MExitCode : int32_t {
     MExitIncomplete = 3,  ///< removed, but for what is listed
 };
 
-/// How a process meets its user: through windows, or without any by the words of its command line and lines on the
-/// standard streams. A process has one, chosen when it starts; nobody asks which it is. Called on the main thread.
+/// How a process meets its user: through windows, or without any by the words of its command line and lines
+/// on the standard streams. A process has one, chosen when it starts; nobody asks which it is. Called on the
+/// main thread.
 class MFrontEnd {
 public:
     virtual ~MFrontEnd() noexcept(false) = default;

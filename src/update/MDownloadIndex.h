@@ -2,8 +2,8 @@
 
 #include "foundation/xml/MXMLItem.h"
 
-/// The list of what a download fetches, and how far it is: "INDEX.ZIP" on the mirrors, and, with the attributes
-/// marked by *, "downloader.dat" beside the fetched files. A compressed tree:
+/// The list of what a download fetches, and how far it is: "INDEX.ZIP" on the mirrors, and, with the
+/// attributes marked by *, "downloader.dat" beside the fetched files. A compressed tree:
 ///
 ///     <index Size= Downloaded*= DownloadedTotal*= >
 ///         <Directory>name</Directory> ...
@@ -12,16 +12,16 @@
 ///         </File> ...
 ///     </index>
 ///
-/// Sizes are in bytes. Names of files and directories are relative. A part with the name `p` of a file is `ID.p.zip` on
-/// a mirror, and holds the file's bytes as they are.
+/// Sizes are in bytes. Names of files and directories are relative. A part with the name `p` of a file is
+/// `ID.p.zip` on a mirror, and holds the file's bytes as they are.
 class MDownloadIndex {
 public:
-    /// Replaces the tree by one that is read from its stored form. Raises what reading XML and zlib data raises,
-    /// and "Invalid large resource library format." (0x100) if it inflates to more than any list.
+    /// Replaces the tree by one that is read from its stored form. Raises what reading XML and zlib data
+    /// raises, and "Invalid large resource library format." (0x100) if it inflates to more than any list.
     void Load(MStream& stored);
-    /// Raises "The name \"{0}\" in the download list leads out of its directory. ..." (0) for the first name that
-    /// does, or that would take the place of the list itself, and "The download list has no parts for the file
-    /// \"{0}\". ..." (0) for a file that has none and is not empty.
+    /// Raises "The name \"{0}\" in the download list leads out of its directory. ..." (0) for the first name
+    /// that does, or that would take the place of the list itself, and "The download list has no parts for
+    /// the file \"{0}\". ..." (0) for a file that has none and is not empty.
     void Check() const;
     /// Writes the tree to a file, which keeps its old content until the new one is complete.
     /// Raises what `MOutputFile` raises.

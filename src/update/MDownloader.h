@@ -10,18 +10,19 @@
 /// Fetches a package from its mirrors, part by part, into a directory of its own. Each part and each finished
 /// file is checked by MD5; what fails is fetched again, a part from the next mirror.
 ///
-/// How far a download is stands in "downloader.dat" in that directory. It is saved when the list has arrived, after
-/// each file, when the user cancels and when a run fails; a later run goes on from there. All of a run happens in
-/// the calling thread.
+/// How far a download is stands in "downloader.dat" in that directory. It is saved when the list has arrived,
+/// after each file, when the user cancels and when a run fails; a later run goes on from there. All of a run
+/// happens in the calling thread.
 class MDownloader {
 public:
     /// `target` is the directory; the definition and the view outlive the downloader.
     MDownloader(const MDownloadDefinition& definition, const MString& target, MDownloadView& view);
 
-    /// False if the user has cancelled. Raises "No mirrors are available. Please check your internet connection."
-    /// (0) if the definition names none or a part failed 10 times, "Could not connect to any download server. Please
-    /// check your internet connection." (0) if no mirror gives the list, what `MDownloadIndex::Check` raises before
-    /// anything is written but the directory, and what creating and writing files raises.
+    /// False if the user has cancelled. Raises "No mirrors are available. Please check your internet
+    /// connection." (0) if the definition names none or a part failed 10 times, "Could not connect to any
+    /// download server. Please check your internet connection." (0) if no mirror gives the list, what
+    /// `MDownloadIndex::Check` raises before anything is written but the directory, and what creating and
+    /// writing files raises.
     [[nodiscard]] bool Run();
 
     static constexpr int32_t TriesPerPart = 10;

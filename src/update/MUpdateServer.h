@@ -9,15 +9,15 @@ class MXMLItem;
 /// the maker's own.
 class MUpdateServer {
 public:
-    /// `state` is the root of "setup.state". Raises "Could not find required attribute (id)." (0) for a state that
-    /// has neither an address nor an id.
+    /// `state` is the root of "setup.state". Raises "Could not find required attribute (id)." (0) for a state
+    /// that has neither an address nor an id.
     explicit MUpdateServer(const MXMLItem& state);
 
-    /// Asks for `query`, as "op=getindex", and writes the reply to `stream`; `bar` shows the bytes and may be null.
-    /// Raises "Could not connect to the update server. The computer probably does not have internet access. ..." (0)
-    /// if there is no connection or no HTTP reply, and "Could not download a file from the update server." (0) if the
-    /// server refuses or the reply breaks off. A reply without length is taken as it comes; one of more than
-    /// `limit` bytes raises "The server has sent more than {0} bytes." (0).
+    /// Asks for `query`, as "op=getindex", and writes the reply to `stream`; `bar` shows the bytes and may be
+    /// null. Raises "Could not connect to the update server. The computer probably does not have internet
+    /// access. ..." (0) if there is no connection or no HTTP reply, and "Could not download a file from the
+    /// update server." (0) if the server refuses or the reply breaks off. A reply without length is taken as
+    /// it comes; one of more than `limit` bytes raises "The server has sent more than {0} bytes." (0).
     void FetchFile(const MString& query, MStream& stream, MProgressView* bar,
                    int64_t limit = INT64_MAX) const;
 

@@ -59,8 +59,8 @@ void CheckPresets(const MDefinition& definition, MProblemList& problems) {
         problems.AddWarning(
             definition.GetLine(files),
             MFormat(
-                "The preset file \"{0}\" is replaced by every installation, with all that users have added to "
-                "it. Add rewritable=\"0\", and new presets are merged into theirs.",
+                "The preset file \"{0}\" is replaced by every installation, with all that users have added "
+                "to it. Add rewritable=\"0\", and new presets are merged into theirs.",
                 name));
     }
 }

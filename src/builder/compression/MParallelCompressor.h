@@ -16,7 +16,8 @@ public:
     /// Hears how many plain bytes have been dealt with since the last call.
     using Progress = std::function<void(int64_t)>;
 
-    /// The codec and the target outlive the compressor. The first item starts at the target's position, which counts as 0.
+    /// The codec and the target outlive the compressor. The first item starts at the target's position, which
+    /// counts as 0.
     MParallelCompressor(const MPieceCodec& codec, int32_t threads, MStream& target, Progress progress = {});
 
     /// Adds an item of exactly `size` bytes; they have been read on return, but need not have been written.

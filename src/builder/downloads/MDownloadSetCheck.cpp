@@ -91,8 +91,8 @@ void MDownloadSetCheck::Run(const MDownloadSetSources& sources) {
 void MDownloadSetCheck::CheckID() {
     if (!IsID(options.id))
         return AddProblem(
-            "The ID \"{0}\" cannot name a directory on a web server. Use at most {1} letters of English, digits, "
-            "\"-\", \"_\" and \".\", and no \".\" in front.",
+            "The ID \"{0}\" cannot name a directory on a web server. Use at most {1} letters of English, "
+            "digits, \"-\", \"_\" and \".\", and no \".\" in front.",
             options.id, MaximumIDLength);
     if (const MString fault = MFileNameRules::FindFault(options.id); !fault.IsEmpty())
         return AddProblem("The ID \"{0}\" {1}. Choose another one.", options.id, fault);

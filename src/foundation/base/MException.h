@@ -39,5 +39,6 @@ private:
 /// The translation hook that every text for the user passes. No table is ever installed: the text comes back.
 [[nodiscard]] MString MTranslate(const MString& message, const MString& context = MString());
 
-/// Raises `MException` with the translated text, which has no placeholders. See MRaise.h for the form with values.
+/// Raises `MException` with the translated text, which has no placeholders. See MRaise.h for the form with
+/// values.
 [[noreturn]] void MRaise(int32_t code, const char* message);

@@ -43,8 +43,8 @@ public:
     /// While the process ends the thread is stopped hard instead, and an object that deletes itself is gone
     /// afterwards.
     bool Wait();
-    /// Whether the process is ending from inside an entry of a library or of the runtime, where no thread can be
-    /// waited for.
+    /// Whether the process is ending from inside an entry of a library or of the runtime, where no thread can
+    /// be waited for.
     static void SetProcessEnding(bool isEnding);
     /// Takes effect at once, or when the thread is made.
     void SetPriority(Priority priority);

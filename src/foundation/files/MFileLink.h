@@ -9,7 +9,7 @@
 [[nodiscard]] MString MShellLinkExtension();
 
 /// Writes the link file `path`, which has its extension. Its working directory is that of the target, which
-/// must be there; the arguments are a command line as it is written on Windows. Gives false on failure, with the
-/// system's words for it left for `MSystemErrorText`; may raise instead.
+/// must be there; the arguments are a command line as it is written on Windows. Gives false on failure, with
+/// the system's words for it left for `MSystemErrorText`; may raise instead.
 [[nodiscard]] bool MWriteShellLink(const MString& path, const MString& target, const MString& arguments,
                                    const MString& description);

@@ -18,8 +18,8 @@ enum class MRegistryRoot { ClassesRoot, CurrentUser, LocalMachine };
 /// Failures raise an `MException` with code 0 and the text given with each operation, {0} being the name.
 class MRegistryKey {
 public:
-    /// What a key stands below: a root or another key. A key that is not open raises "The registry key has not been
-    /// opened.".
+    /// What a key stands below: a root or another key. A key that is not open raises "The registry key has
+    /// not been opened.".
     struct Parent {
         Parent(MRegistryRoot root);
         Parent(const MRegistryKey& key);
@@ -43,8 +43,8 @@ public:
     void Close() { handle = nullptr; }
     [[nodiscard]] bool IsOpen() const { return handle != nullptr; }
 
-    /// The value as text, a number in decimal. Raises "Cannot get registry value {0}" (without a full stop), and as
-    /// `Parent` does.
+    /// The value as text, a number in decimal. Raises "Cannot get registry value {0}" (without a full stop),
+    /// and as `Parent` does.
     [[nodiscard]] MString GetValue(const MString& name) const;
     /// Raise "Cannot set registry value {0}.", and as `Parent` does.
     void SetValue(const MString& name, const MString& text);

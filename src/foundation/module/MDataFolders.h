@@ -2,8 +2,8 @@
 
 #include "foundation/text/MString.h"
 
-/// A mixin with the maker's data directories, the shared one and the user's. Failures are swallowed: the path is
-/// given whether or not it could be created.
+/// A mixin with the maker's data directories, the shared one and the user's. Failures are swallowed: the path
+/// is given whether or not it could be created.
 class MDataFolders {
 public:
     /// The shared data directory, joined with `subdirectory`, created when missing.

@@ -16,8 +16,8 @@ class MPluginLibrary;
 /// command line, its console and the table of services that others ask for by name.
 ///
 /// Made and initialised on the main thread before anything else starts; `FilePath` and `Name` do not
-/// change afterwards and may be read by any thread. Once a module has been made, the end of the process waits for
-/// no thread of an object that is older than the module.
+/// change afterwards and may be read by any thread. Once a module has been made, the end of the process waits
+/// for no thread of an object that is older than the module.
 class MModule : public MEventTarget, public MServiceTable, public MDataFolders {
 public:
     /// What a plug-in file is handed when it is loaded: a dispatcher of services by name and the text of
@@ -55,9 +55,9 @@ public:
     void SetInstanceHandle(void* instance) { Instance = instance; }
     void SetArguments(const MList<MString>& arguments) { Arguments = arguments; }
 
-    /// Path of `file` in the user's directory for `subdirectory`, or for the module's name; the directory that is to
-    /// hold it is created when missing. A file or a directory that is missing there is copied, with all it holds, from
-    /// the same place in the shared directory.
+    /// Path of `file` in the user's directory for `subdirectory`, or for the module's name; the directory
+    /// that is to hold it is created when missing. A file or a directory that is missing there is copied,
+    /// with all it holds, from the same place in the shared directory.
     [[nodiscard]] MString GetDataPath_File_User(const MString& file, const MString& subdirectory,
                                                 bool useModuleName) const;
     /// The text of the documentation file `name`; empty if there is no such file.

@@ -21,10 +21,11 @@ public:
     /// The executable that the process was started from, or the file of a library that was loaded as
     /// `instance`; in the platform's form, empty on failure.
     [[nodiscard]] static MString GetModulePath(void* instance);
-    /// A path in the form in which other programs expect to read it: with backslashes where the system has them.
+    /// A path in the form in which other programs expect to read it: with backslashes where the system has
+    /// them.
     [[nodiscard]] static MString GetPathText(const MString& path);
-    /// What the library needs of the system for the whole run of a program, the network among it, and its end.
-    /// Calls come in pairs, which may nest.
+    /// What the library needs of the system for the whole run of a program, the network among it, and its
+    /// end. Calls come in pairs, which may nest.
     static void StartSubsystems();
     static void StopSubsystems();
     static void Sleep(int32_t milliseconds);

@@ -17,8 +17,8 @@ uint32_t DigitValue(MChar character) {
     return lower.IsLowerLetter() ? static_cast<uint32_t>(lower - 'a') + 10 : 36;
 }
 
-/// Whether a number that no double can hold is too large rather than too small, told by the place of its first
-/// digit that counts.
+/// Whether a number that no double can hold is too large rather than too small, told by the place of its
+/// first digit that counts.
 bool IsTooLarge(std::string_view number, std::chars_format form) {
     const bool isHexadecimal = form == std::chars_format::hex;
     const size_t mark = std::min(number.find_first_of(isHexadecimal ? "pP" : "eE"), number.size());

@@ -158,7 +158,8 @@ private:
     void Release() noexcept;
     template <class Keep>
     void KeepIf(Keep keep);
-    /// Replaces what `findFrom(start)` finds, `count` characters each time; returns the number of replacements.
+    /// Replaces what `findFrom(start)` finds, `count` characters each time; returns the number of
+    /// replacements.
     template <class FindFrom>
     int32_t ReplaceFound(FindFrom findFrom, int32_t count, const MString& replacement);
 

@@ -76,7 +76,8 @@ private:
     uint32_t codePoint = 0;
 };
 
-/// Decodes the ASCII bytes at the beginning, whole steps of them; most text is nothing else. Returns their number.
+/// Decodes the ASCII bytes at the beginning, whole steps of them; most text is nothing else. Returns their
+/// number.
 size_t DecodePlain(std::string_view bytes, char16_t* target) {
     constexpr size_t Step = 16;
     const size_t end = std::min(bytes.find('\0'), bytes.size());

@@ -9,8 +9,8 @@ public:
     void ResetToDefault() override;
     void SetDefaultIndex(int32_t index) { defaultIndex = index; }
     [[nodiscard]] MString GetDisplayText() const override;
-    /// Names are compared ignoring case, the first of equal ones counting. A text that is no name, the empty one
-    /// too, chooses the first name.
+    /// Names are compared ignoring case, the first of equal ones counting. A text that is no name, the empty
+    /// one too, chooses the first name.
     bool SetFromDisplayText(const MString& text) override;
     void Validate() override;
     bool Step(int32_t count, bool isFine) override;

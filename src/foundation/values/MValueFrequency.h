@@ -2,8 +2,8 @@
 
 #include "foundation/values/MValueNumber.h"
 
-/// A frequency in Hz, shown as "0.2500 Hz", "5.00 Hz", "50.0 Hz", "440 Hz" or "12.5 kHz". Typed numbers are Hz
-/// unless "kHz" or "k" follows. Without a range it goes from 20 to 20,000 Hz.
+/// A frequency in Hz, shown as "0.2500 Hz", "5.00 Hz", "50.0 Hz", "440 Hz" or "12.5 kHz". Typed numbers are
+/// Hz unless "kHz" or "k" follows. Without a range it goes from 20 to 20,000 Hz.
 template <int32_t Log>
 class MValueFrequencyOnScale : public MValueNumber<double, double, 0, Log> {
 public:

@@ -14,7 +14,8 @@ bool AreEqual(const MAttribute* left, const MAttribute* right) {
     return left->name == right->name;
 }
 
-/// Few attributes are the rule, and for them an insertion sort needs no memory. Returns true if two are equal.
+/// Few attributes are the rule, and for them an insertion sort needs no memory. Returns true if two are
+/// equal.
 bool SortStably(MAttributeList& list) {
     constexpr int32_t FewBelow = 16;
     if (list.GetCount() >= FewBelow) {

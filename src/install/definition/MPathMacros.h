@@ -21,7 +21,8 @@ public:
     /// The key of a name: `{name}`.
     [[nodiscard]] static MString GetKey(const MString& name);
     /// The name under which definitions know an `MSpecialFolder`, without braces. "temp" and "logs" stand for
-    /// other folders than they say, and those behind them have the empty name: definitions rely on what results.
+    /// other folders than they say, and those behind them have the empty name: definitions rely on what
+    /// results.
     [[nodiscard]] static MString GetFolderName(int32_t folder);
 
 private:

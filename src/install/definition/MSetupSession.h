@@ -23,8 +23,8 @@ public:
     /// Makes each available `directory` of the definition a macro. Gives their paths, in the order of the
     /// definition. Raises "Could not find required attribute ({0})." (0) for one without `id` or `path`.
     [[nodiscard]] MList<MString> AddDirectoryMacros();
-    /// Writes the expanded `destination` of each enabled `files` and `copy` as its `currentpath`. Raises "Could not
-    /// find required attribute (destination)." (0).
+    /// Writes the expanded `destination` of each enabled `files` and `copy` as its `currentpath`. Raises
+    /// "Could not find required attribute (destination)." (0).
     void ExpandDestinations();
 
     MLargeResourceLibrary* Library;

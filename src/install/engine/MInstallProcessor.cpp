@@ -162,7 +162,8 @@ void MInstallProcessor::ProcessDirectory(const Item& item, const MString& destin
 
 void MInstallProcessor::ProcessFile(const Item& item, const MProcessOptions& options) {
     const bool isRemoval = options.uninstall || item.op == "delete";
-    // Deleting is so quick that the log would take its time; there its lines are on the disk by the directory.
+    // Deleting is so quick that the log would take its time; there its lines are on the disk by the
+    // directory.
     if (!isRemoval) progress.log.Flush();
     Log("Processing file \"", item.path, "\" operation ", item.op);
     if (isRemoval) {

@@ -5,14 +5,15 @@
 
 #include <cstdint>
 
-/// Deletes what a run finds to be deleted, and remembers what could not be: nothing is raised as `MException`.
+/// Deletes what a run finds to be deleted, and remembers what could not be: nothing is raised as
+/// `MException`.
 class MInstallRemover {
 public:
     /// `log` is not owned and outlives the remover.
     explicit MInstallRemover(MInstallLog& log) : log(log) {}
 
-    /// Deletes a file, or a directory with all it holds that bears the name of a bundle. What is missing is no
-    /// failure.
+    /// Deletes a file, or a directory with all it holds that bears the name of a bundle. What is missing is
+    /// no failure.
     void RemoveFile(const MString& path);
     /// Removes a directory that holds nothing.
     void RemoveDirectory(const MString& path);

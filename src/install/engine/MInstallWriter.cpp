@@ -21,8 +21,8 @@ bool HoldsPresets(const MString& path) {
     return path.Contains("presets.");
 }
 
-/// Whether a file that begins so is a program, an ELF image or a script with an interpreter line. Platforms with
-/// execute permissions want them set on such files.
+/// Whether a file that begins so is a program, an ELF image or a script with an interpreter line. Platforms
+/// with execute permissions want them set on such files.
 bool BeginsProgram(std::string_view bytes) {
     return bytes.starts_with("\x7f"
                              "ELF") ||
@@ -89,8 +89,9 @@ bool MInstallWriter::OpenTarget(MStdFileStream& target, const MString& written, 
             // A font that is in use is there already: no reason to bother anyone.
             if (exists && MFile::GetExtension(path) == "ttf") return false;
             const MString question = MTranslate(
-                "Could not rewrite file\n\n{0}\n\n Do you want to try again? If you select \"No\", the installation "
-                "will abort. If you select ignore, the installation will continue without creating the file.");
+                "Could not rewrite file\n\n{0}\n\n Do you want to try again? If you select \"No\", the "
+                "installation will abort. If you select ignore, the installation will continue without "
+                "creating the file.");
             const MRetryAnswer answer = progress.views.AskRetry(MFormat(question, path));
             if (answer == MRetryAnswer::Retry) continue;
             if (answer == MRetryAnswer::Ignore) {

@@ -13,13 +13,13 @@ public:
     /// outlives the writer.
     explicit MInstallWriter(MInstallProgress& progress) : progress(progress), buffer(BufferSize) {}
 
-    /// Brings the `file` element, whose content is in `library`, to `path`. A name with the extension "aaxplugin"
-    /// denotes a bundle directory whose binary lies inside, by the architecture that the paths tell:
-    /// `X.aaxplugin` is written as `X.aaxplugin/Contents/x64/X.aaxplugin`, or `Win32` in place of `x64`. Without
-    /// `rewritable` a file that exists is merged if it holds presets, else left as it is.
+    /// Brings the `file` element, whose content is in `library`, to `path`. A name with the extension
+    /// "aaxplugin" denotes a bundle directory whose binary lies inside, by the architecture that the paths
+    /// tell: `X.aaxplugin` is written as `X.aaxplugin/Contents/x64/X.aaxplugin`, or `Win32` in place of
+    /// `x64`. Without `rewritable` a file that exists is merged if it holds presets, else left as it is.
     ///
-    /// Raises what opening the content, reading and writing raise; what opening the file raises only if the user
-    /// refuses to go on without it.
+    /// Raises what opening the content, reading and writing raise; what opening the file raises only if the
+    /// user refuses to go on without it.
     void Write(MXMLItem& element, const MString& path, bool rewritable, MLargeResourceLibrary& library);
     /// See `MPresetJournal::Complete`.
     void Complete() { journal.Complete(); }

@@ -12,12 +12,13 @@ struct MPresetMergeRecord {
 
 /// Remembers the merges of a run until the run is complete. A run that follows one that was killed finds here
 /// which files have their new presets already: merging them again would replace the backup, and with it the
-/// only copy of what the musician had, by what is there now. A preset file that the run itself has brought counts
-/// as merged too.
+/// only copy of what the musician had, by what is there now. A preset file that the run itself has brought
+/// counts as merged too.
 ///
-/// The file "InstallerMerges.txt" stands beside the installer's log, one merge on a line: digest of the source,
-/// digest of the result, path, with blanks between them, in UTF-8. It is there only between a merge and the end
-/// of its run. Whatever cannot be read or written is left out in silence: then the next run merges again.
+/// The file "InstallerMerges.txt" stands beside the installer's log, one merge on a line: digest of the
+/// source, digest of the result, path, with blanks between them, in UTF-8. It is there only between a merge
+/// and the end of its run. Whatever cannot be read or written is left out in silence: then the next run
+/// merges again.
 class MPresetJournal {
 public:
     /// Reads what an interrupted run has left.

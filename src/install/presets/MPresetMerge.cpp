@@ -7,8 +7,8 @@
 
 namespace {
 
-/// The sub-items of one name by the value of one attribute, under the equality of `MString`. It is a picture of the
-/// moment: sub-items that are added later are not found. No item is owned.
+/// The sub-items of one name by the value of one attribute, under the equality of `MString`. It is a picture
+/// of the moment: sub-items that are added later are not found. No item is owned.
 class ItemsByKey {
 public:
     /// A sub-item without the attribute has the empty key.

@@ -14,8 +14,8 @@ enum MMergeMode : int32_t {
 /// Merges the presets of `source` into `target`, level by level: presets by their `name`, folders
 /// (`Directory`) by their `Name`. What the target has and the source has not stays; new presets and folders
 /// come after everything that is there. An `exchangeIndex` that is not negative is written into each preset
-/// that was added or changed. With `categorize` a source folder whose name tells a kind of sound is renamed to
-/// its category first, which is the only change that `source` sees.
+/// that was added or changed. With `categorize` a source folder whose name tells a kind of sound is renamed
+/// to its category first, which is the only change that `source` sees.
 ///
 /// A replaced preset keeps its other attributes if the new one is packed (`compressed`), and takes those of
 /// the new one if it is plain.
@@ -28,5 +28,6 @@ int32_t MergePresets(MXMLItem& target, MXMLItem& source, int32_t exchangeIndex, 
 /// none. Gives the number of presets written to.
 int32_t AssignExchangeIndex(MXMLItem& item, bool overwrite, const MString& index);
 
-/// The category that a folder's name tells, or empty. The first word of the table that the name holds decides.
+/// The category that a folder's name tells, or empty. The first word of the table that the name holds
+/// decides.
 [[nodiscard]] MString MFindPresetCategory(const MString& folderName);

@@ -21,12 +21,12 @@ public:
     /// Where earlier versions began.
     [[nodiscard]] MString GetFormerDirectory() const;
 
-    /// Creates the links that the children of `item` say, and folders for them. A link without target, and one
-    /// that cannot be created, is passed over in silence. Raises what `MFile::CreatePath` raises for a folder,
-    /// and "Could not find required attribute ({0})." (0).
+    /// Creates the links that the children of `item` say, and folders for them. A link without target, and
+    /// one that cannot be created, is passed over in silence. Raises what `MFile::CreatePath` raises for a
+    /// folder, and "Could not find required attribute ({0})." (0).
     void CreateLinks(const MString& directory, const MXMLItem& item, const MShortcutTargets& targets) const;
-    /// Undoes `CreateLinks`: removes the links, and the folders that hold nothing else. What cannot be removed is
-    /// passed over. Raises "Could not find required attribute ({0})." (0).
+    /// Undoes `CreateLinks`: removes the links, and the folders that hold nothing else. What cannot be
+    /// removed is passed over. Raises "Could not find required attribute ({0})." (0).
     void RemoveLinks(const MString& directory, const MXMLItem& item);
 
     /// The files of links that are still there after `RemoveLinks`.

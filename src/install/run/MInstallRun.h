@@ -3,9 +3,9 @@
 #include "install/definition/MSetupSession.h"
 #include "install/engine/MInstallViews.h"
 
-/// The installing itself, after every choice stands in the definition: directories, destinations, the files, the
-/// program that removes them, its entry in the system's list of programs, the shortcuts, and last of all the state,
-/// whose presence marks a run that reached its end.
+/// The installing itself, after every choice stands in the definition: directories, destinations, the files,
+/// the program that removes them, its entry in the system's list of programs, the shortcuts, and last of all
+/// the state, whose presence marks a run that reached its end.
 class MInstallRun {
 public:
     /// The session is not owned, nor is what the views point at; `views.dialogs` must not be null.

@@ -5,14 +5,15 @@
 
 class MShortcuts;
 
-/// The removing of an installation, from what its "setup.state" says. Files below containers with `rewritable`
-/// or `uninstall` 0 stay, and so do directories that hold anything else, the program itself and the log.
+/// The removing of an installation, from what its "setup.state" says. Files below containers with
+/// `rewritable` or `uninstall` 0 stay, and so do directories that hold anything else, the program itself and
+/// the log.
 class MUninstallRun {
 public:
     /// Reads "setup.state" in `directory`, and opens the installer's log anew. `views` shows the phase in its
-    /// `infoText` and the items in its `totalBar`; errors go to its `dialogs`. What the views point at is not owned,
-    /// and the dialogs must not be null. Raises what `MXMLItem::LoadFile` raises, and "Could not find required
-    /// attribute ({0})." (0) for a state without `name` or `mainpath`.
+    /// `infoText` and the items in its `totalBar`; errors go to its `dialogs`. What the views point at is not
+    /// owned, and the dialogs must not be null. Raises what `MXMLItem::LoadFile` raises, and "Could not find
+    /// required attribute ({0})." (0) for a state without `name` or `mainpath`.
     MUninstallRun(const MString& directory, const MInstallViews& views);
 
     /// Removes files, links, key and state, in this order; what cannot be removed is counted and passed over.

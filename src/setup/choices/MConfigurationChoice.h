@@ -19,9 +19,9 @@ public:
     /// What is chosen as long as nobody chooses: the first alternative, or null if there is none.
     [[nodiscard]] MXMLItem* GetProposal() const;
 
-    /// Writes what the alternative says into the session and rebuilds the macros. Raises "This configuration does
-    /// not support 32-bit operating system." (0) for one that is not available, of which only the three values are
-    /// written.
+    /// Writes what the alternative says into the session and rebuilds the macros. Raises "This configuration
+    /// does not support 32-bit operating system." (0) for one that is not available, of which only the three
+    /// values are written.
     void Apply(const MXMLItem& alternative, MSetupSession& session) const;
 
 private:

@@ -19,8 +19,8 @@ public:
     explicit MOlderVersions(const MXMLItem& definition);
 
     [[nodiscard]] const MList<MOlderVersion>& GetVersions() const { return versions; }
-    /// Starts the version's own program with the word `uninstall`, and also `silent` if it shall ask nothing, and
-    /// waits for its end. False if it could not be started or told of a failure.
+    /// Starts the version's own program with the word `uninstall`, and also `silent` if it shall ask nothing,
+    /// and waits for its end. False if it could not be started or told of a failure.
     [[nodiscard]] static bool Remove(const MOlderVersion& version, MRemovalManner manner);
 
 private:

@@ -26,8 +26,8 @@ private:
     int32_t shownPercent = -1;
 };
 
-/// A download on standard output: a line for each phase, and some seconds apart one for the statistics; below them
-/// on a terminal the percentage. Cancelled by an interruption from the keyboard.
+/// A download on standard output: a line for each phase, and some seconds apart one for the statistics; below
+/// them on a terminal the percentage. Cancelled by an interruption from the keyboard.
 class MDownloadConsoleView final : public MDownloadView {
 public:
     void SetText(const MString& text) override;

@@ -3,8 +3,8 @@
 #include "setup/MFrontEnd.h"
 #include "setup/console/MTextDialogs.h"
 
-/// Stands where the windows will: asks on the terminal, and says of each run mode in one line that this build has no
-/// window for it, and which words do without one.
+/// Stands where the windows will: asks on the terminal, and says of each run mode in one line that this build
+/// has no window for it, and which words do without one.
 class MMissingWindows final : public MFrontEnd {
 public:
     [[nodiscard]] MUserDialogs& GetDialogs() override { return dialogs; }

@@ -18,8 +18,8 @@ public:
     [[nodiscard]] MExitCode Update(const MString& directory) override;
     /// The only word is `uninstall`, which may be left out.
     [[nodiscard]] MExitCode Remove(const MString& directory) override;
-    /// No words are known. An interruption from the keyboard ends the run after the part in hand, and what was fetched
-    /// is kept.
+    /// No words are known. An interruption from the keyboard ends the run after the part in hand, and what
+    /// was fetched is kept.
     [[nodiscard]] MExitCode Download(const MDownloadDefinition& definition, const MString& program) override;
     [[nodiscard]] MExitCode GetFailureCode() const override { return MExitFailed; }
     [[nodiscard]] MExitCode GetDeclinedCode() const override { return MExitFailed; }

@@ -15,9 +15,9 @@ MUnattendedRun::MUnattendedRun(MLargeResourceLibrary& definition, const MUnatten
 void MUnattendedRun::Validate() {
     const MString& product = session.SoftwareName;
     if (session.GetDefinition().FindSubItem("licence") && !options.acceptLicence)
-        MRefuse(
-            "The licence of {0} has not been accepted. Read it, and if you agree, add the word accept-licence.",
-            product);
+        MRefuse("The licence of {0} has not been accepted. Read it, and if you agree, add the word "
+                "accept-licence.",
+                product);
     if (options.configuration && !configurations.Find(*options.configuration))
         MRefuse("{0} has no configuration \"{1}\".", product, *options.configuration);
     for (const MNamedChoice& component : options.components)

@@ -2,7 +2,8 @@
 
 #include <cstdint>
 
-/// Where the pixels of a picture go along one axis: which pixel of the source a pixel of the destination shows.
+/// Where the pixels of a picture go along one axis: which pixel of the source a pixel of the destination
+/// shows.
 class MAxisMap {
 public:
     /// One to one; what lies outside of the source is not painted.

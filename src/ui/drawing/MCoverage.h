@@ -16,11 +16,12 @@ struct MCoverageRun {
     [[nodiscard]] uint8_t GetShare(int32_t index) const { return shares ? shares[index] : share; }
 };
 
-/// How much of each pixel lies inside of outlines, exactly: the area that the outlines enclose there, added up over
-/// all of them and cut to one pixel. Outlines that run the other way round take away.
+/// How much of each pixel lies inside of outlines, exactly: the area that the outlines enclose there, added
+/// up over all of them and cut to one pixel. Outlines that run the other way round take away.
 ///
-/// What a pixel gets does not depend on the area that is looked at, and is the same on every platform: the areas are
-/// computed in doubles by the four basic operations only, rounded to 2^-20 of a pixel and summed up in whole numbers.
+/// What a pixel gets does not depend on the area that is looked at, and is the same on every platform: the
+/// areas are computed in doubles by the four basic operations only, rounded to 2^-20 of a pixel and summed up
+/// in whole numbers.
 class MCoverage {
 public:
     /// Only pixels of `area` are looked at. What lies between edges takes hardly any time and memory.
@@ -30,13 +31,14 @@ public:
     void AddOutline(std::span<const MPointF> points);
 
     [[nodiscard]] const MRect& GetArea() const { return area; }
-    /// Calls `paint` with an `MCoverageRun` for all pixels that are covered at all, row by row from the top. The run's
-    /// shares are valid during the call.
+    /// Calls `paint` with an `MCoverageRun` for all pixels that are covered at all, row by row from the top.
+    /// The run's shares are valid during the call.
     template <class Function>
     void ForEachRun(Function paint) const;
 
 private:
-    /// A piece of a row. For each pixel, by how much its covered area differs from that of the pixel to its left.
+    /// A piece of a row. For each pixel, by how much its covered area differs from that of the pixel to its
+    /// left.
     struct Block {
         static constexpr int32_t Width = 32;
 

@@ -17,23 +17,24 @@ class MFont;
 class MFontTable;
 struct MPlacedGlyph;
 
-/// The only way by which anything reaches a pixel. A drawer works in coordinates of its own; this class shifts them and
-/// hands every operation on to a target, whose last one paints.
+/// The only way by which anything reaches a pixel. A drawer works in coordinates of its own; this class
+/// shifts them and hands every operation on to a target, whose last one paints.
 ///
-/// Coordinates are pixels, rectangles include their right and bottom edge, and nothing outside of the clip is painted.
-/// An operation with a mode combines by it, others as is right for the target. A source rectangle is cut to its bitmap.
-/// No operation raises but `PaintBitmapPart` and `PaintCornered`: what fails is reported to the diagnostics, and
-/// painting goes on. A drawer belongs to the one paint in progress.
+/// Coordinates are pixels, rectangles include their right and bottom edge, and nothing outside of the clip is
+/// painted. An operation with a mode combines by it, others as is right for the target. A source rectangle is
+/// cut to its bitmap. No operation raises but `PaintBitmapPart` and `PaintCornered`: what fails is reported
+/// to the diagnostics, and painting goes on. A drawer belongs to the one paint in progress.
 ///
-/// What is shown on a screen, the buffer of a window or the bitmap of a control, is opaque: all of its pixels have an
-/// alpha of 255. It begins as that (`MBitmap::CreateOpaque`) and stays so in every mode but `Copy`, which there is for
-/// opaque colours and pictures only.
+/// What is shown on a screen, the buffer of a window or the bitmap of a control, is opaque: all of its pixels
+/// have an alpha of 255. It begins as that (`MBitmap::CreateOpaque`) and stays so in every mode but `Copy`,
+/// which there is for opaque colours and pictures only.
 class MDrawer : public MObject {
 public:
     using PointList = MList<MPointF>;
     using ValueList = MList<double>;
 
-    /// The target outlives the drawer. Without one nothing is painted; what paints by itself is an `MDrawerTarget`.
+    /// The target outlives the drawer. Without one nothing is painted; what paints by itself is an
+    /// `MDrawerTarget`.
     explicit MDrawer(MDrawer* target = nullptr) : target(target) {}
 
     /// What was set, else that of the target.
@@ -44,8 +45,8 @@ public:
     [[nodiscard]] virtual MBitmap* GetStdIcon(int32_t index);
     [[nodiscard]] virtual MBitmap* GetStdBitmap(int32_t index);
     [[nodiscard]] virtual MFontTable* GetFontTable();
-    /// A font of the table, for a control in a state (the bits of its `GetDrawState`). `color` becomes the one to use it
-    /// with: what `GetTextColor` gives, its alpha scaled by that of the state.
+    /// A font of the table, for a control in a state (the bits of its `GetDrawState`). `color` becomes the
+    /// one to use it with: what `GetTextColor` gives, its alpha scaled by that of the state.
     [[nodiscard]] virtual MFont* GetFont(int32_t fontIndex, int32_t colorIndex, bool isInverted,
                                          uint8_t drawState, MColor& color);
     static constexpr int32_t BackgroundIndex = -1;
@@ -115,7 +116,8 @@ public:
     /// Closed, and filled by the non-zero rule.
     virtual void PaintPolygon(const PointList& points, MColor color);
     virtual void PaintHorizontalPolyLine(int32_t firstX, const ValueList& values, MColor color);
-    /// What lies between the values and the line at `baseY`, or between two curves as long as the shorter one.
+    /// What lies between the values and the line at `baseY`, or between two curves as long as the shorter
+    /// one.
     virtual void PaintHorizontalGraph(int32_t firstX, const ValueList& values, double baseY, MColor color);
     virtual void PaintHorizontalGraph(int32_t firstX, const ValueList& upper, const ValueList& lower,
                                       MColor color);
@@ -127,27 +129,29 @@ public:
     /// Tiles a part of a bitmap over `rect`, beginning at its top left pixel.
     virtual void PatBltPart(const MRect& rect, const MBitmap& bitmap, const MRect& source, uint8_t alpha,
                             MDrawMode mode);
-    /// Shapes of any kind, with smooth edges: what lies inside of outlines (see MOutlines.h), as wide frames and rings.
+    /// Shapes of any kind, with smooth edges: what lies inside of outlines (see MOutlines.h), as wide frames
+    /// and rings.
     virtual void FillOutlines(std::span<const MOutlines::Outline> outlines, MColor color, MDrawMode mode);
     /// The same by the colours that `FillRectangleGradient` would give `rect`.
     virtual void FillOutlinesGradient(std::span<const MOutlines::Outline> outlines, const MRect& rect,
                                       MColor from, MColor to, MGradientDirection direction, MDrawMode mode);
 
-    /// Text as styles draw it: where shadows are on, the inverted colour a pixel to the right and below first.
+    /// Text as styles draw it: where shadows are on, the inverted colour a pixel to the right and below
+    /// first.
     void DrawText(const MRect& rect, MFont& font, const MString& text, MColor color,
                   MTextAlignment alignment);
 
     /// How `PaintBitmapPart` fills: one of `MBitmapFill`, and `PartKept` for a part that is left as it is.
     static constexpr int32_t PartKept = 4;
-    /// Fills a rectangle by a part of a bitmap. Raises "Invalid bitmap layout flags specified for processing." (0) for
-    /// any other flag.
+    /// Fills a rectangle by a part of a bitmap. Raises "Invalid bitmap layout flags specified for
+    /// processing." (0) for any other flag.
     void PaintBitmapPart(const MRect& rect, const MBitmap& bitmap, const MRect& source, int32_t flags,
                          uint8_t alpha, MDrawMode mode);
     /// Paints a frame of nine parts: corners of `cornerSize` as they are, edges and centre by their flags,
     /// as in `PaintBitmapPart`. Corners that do not fit are cut at their inner sides.
     ///
-    /// An edge differs from its source in one direction only, so `edgeFlags` tells both how the upper and lower edges
-    /// are filled from left to right and how the left and right ones are from top to bottom:
+    /// An edge differs from its source in one direction only, so `edgeFlags` tells both how the upper and
+    /// lower edges are filled from left to right and how the left and right ones are from top to bottom:
     ///
     ///                                 left and right scaled    left and right tiled
     ///     upper and lower scaled      Stretch                  HPattern
@@ -155,8 +159,8 @@ public:
     void PaintCornered(const MRect& rect, const MBitmap& bitmap, const MRect& source, MPoint cornerSize,
                        int32_t edgeFlags, int32_t centerFlags, uint8_t alpha, MDrawMode mode);
 
-    /// Writes the colour itself, alpha included and whatever the pixel effect, so that painting a point twice is as
-    /// painting it once.
+    /// Writes the colour itself, alpha included and whatever the pixel effect, so that painting a point twice
+    /// is as painting it once.
     void SetPixelOnce(MPoint point, MColor color) {
         FillRectangle({point.x, point.y, point.x, point.y}, color, MDrawMode::Copy);
     }

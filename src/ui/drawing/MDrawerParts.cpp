@@ -37,8 +37,8 @@ void MDrawer::PaintBitmapPart(const MRect& rect, const MBitmap& bitmap, const MR
 
 namespace {
 
-/// One axis of a frame, cut into its beginning, its middle and its end. The outer two have the size of a corner, or
-/// half of what there is.
+/// One axis of a frame, cut into its beginning, its middle and its end. The outer two have the size of a
+/// corner, or half of what there is.
 struct Thirds {
     Thirds(int32_t first, int32_t last, int32_t begin, int32_t end)
         : first{first, first + begin, last - end + 1}, last{first + begin - 1, last - end, last} {}

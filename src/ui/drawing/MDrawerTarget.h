@@ -2,8 +2,8 @@
 
 #include "ui/drawing/MDrawer.h"
 
-/// A drawer that paints by itself, at the end of a chain. Every such drawer has to have each of the operations that
-/// reach a pixel; what a style provides it has not.
+/// A drawer that paints by itself, at the end of a chain. Every such drawer has to have each of the
+/// operations that reach a pixel; what a style provides it has not.
 class MDrawerTarget : public MDrawer {
 public:
     [[nodiscard]] int32_t GetWidth() override = 0;

@@ -22,7 +22,8 @@ MAxisMap TileFromStart(int32_t target, int32_t targetLength, int32_t source, int
     return MAxisMap::Tiled(target, targetLength, source, length, 0);
 }
 
-/// Fills a row of pixels with what `columns` tells from `first` on, whose pixels of the source repeat themselves.
+/// Fills a row of pixels with what `columns` tells from `first` on, whose pixels of the source repeat
+/// themselves.
 void RepeatTile(std::vector<MColor>& pixels, const MColor* source, const MAxisMap& columns, int32_t first) {
     const auto length = std::min(static_cast<size_t>(columns.GetLength()), pixels.size());
     for (size_t i = 0; i < length; ++i)
@@ -31,8 +32,8 @@ void RepeatTile(std::vector<MColor>& pixels, const MColor* source, const MAxisMa
         std::copy_n(pixels.begin(), std::min(filled, pixels.size() - filled), pixels.begin() + filled);
 }
 
-/// Paints through a row of a mask. What is not covered stays, although the mode "Overlay" would give transparent
-/// pixels the colour.
+/// Paints through a row of a mask. What is not covered stays, although the mode "Overlay" would give
+/// transparent pixels the colour.
 void PaintMaskRow(const MPixelRows& operations, MDrawMode mode, MColor* target, const uint8_t* mask,
                   int32_t count, MColor color) {
     if (mode != MDrawMode::Overlay) return operations.mask(target, mask, count, color);

@@ -8,16 +8,16 @@
 
 /// Paints into a bitmap, by the processor alone. All bytes are the same on every platform.
 ///
-/// Without a bitmap, or with an empty or a paletted one, nothing is painted. Operations without a mode blend, and where
-/// the bitmap's alpha counts fill what is transparent: "Overlay", else "Alphablend". What a mask or a shape does not
-/// cover stays as it is; only `AlphaMask` in the mode "Copy" writes all pixels.
+/// Without a bitmap, or with an empty or a paletted one, nothing is painted. Operations without a mode blend,
+/// and where the bitmap's alpha counts fill what is transparent: "Overlay", else "Alphablend". What a mask or
+/// a shape does not cover stays as it is; only `AlphaMask` in the mode "Copy" writes all pixels.
 class MDrawerToMBitmap : public MDrawerTarget {
 public:
     MDrawerToMBitmap() = default;
     explicit MDrawerToMBitmap(MBitmap& bitmap) { SetBitmap(&bitmap); }
 
-    /// The bitmap outlives the drawer; null for none. The clip becomes the whole bitmap, and the alpha of one that is
-    /// opaque does not count.
+    /// The bitmap outlives the drawer; null for none. The clip becomes the whole bitmap, and the alpha of one
+    /// that is opaque does not count.
     void SetBitmap(MBitmap* newBitmap);
 
     [[nodiscard]] int32_t GetWidth() override;
@@ -73,10 +73,11 @@ public:
     void FillOutlinesGradient(std::span<const MOutlines::Outline> outlines, const MRect& rect, MColor from,
                               MColor to, MGradientDirection direction, MDrawMode mode) override;
 
-    /// Whether the bitmap's alpha counts, as that of a picture does. It does not on what is shown (see `MDrawer`).
+    /// Whether the bitmap's alpha counts, as that of a picture does. It does not on what is shown (see
+    /// `MDrawer`).
     bool hasAlphaChannel = true;
-    /// Below 1 `SetPixel` writes its colour as it is, with its alpha if that counts, else with 255, and `Line` blends;
-    /// from 1 on both add, so that lines that cross glow.
+    /// Below 1 `SetPixel` writes its colour as it is, with its alpha if that counts, else with 255, and
+    /// `Line` blends; from 1 on both add, so that lines that cross glow.
     int32_t pixelEffect = 0;
 
 private:

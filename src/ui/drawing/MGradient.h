@@ -6,8 +6,8 @@
 
 #include <cstdint>
 
-/// Which way a gradient runs: from the top or the left, or inverted from the other side. The double forms run from
-/// both edges to the middle.
+/// Which way a gradient runs: from the top or the left, or inverted from the other side. The double forms run
+/// from both edges to the middle.
 enum class MGradientDirection : int32_t {
     Vertical,
     VerticalInverted,
@@ -31,8 +31,8 @@ public:
     MGradient(MColor from, MColor to, MGradientDirection direction, const MRect& area);
 
     [[nodiscard]] bool IsHorizontal() const { return isHorizontal; }
-    /// The colour of a pixel, counted from the top or the left; each channel is rounded to the nearest. What lies
-    /// outside has the colour of the nearest end.
+    /// The colour of a pixel, counted from the top or the left; each channel is rounded to the nearest. What
+    /// lies outside has the colour of the nearest end.
     [[nodiscard]] MColor GetColor(int32_t position) const;
 
 private:

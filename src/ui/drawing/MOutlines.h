@@ -5,17 +5,17 @@
 #include <cstdint>
 #include <vector>
 
-/// The outlines of shapes, as polygons that run clockwise. Curves are close enough to look round: no point is farther
-/// from the true curve than a fiftieth of a pixel. Only basic operations and square roots are used, so every platform
-/// gives the same.
+/// The outlines of shapes, as polygons that run clockwise. Curves are close enough to look round: no point is
+/// farther from the true curve than a fiftieth of a pixel. Only basic operations and square roots are used,
+/// so every platform gives the same.
 namespace MOutlines {
 
 using Outline = std::vector<MPointF>;
 
 [[nodiscard]] Outline GetRectangle(double left, double top, double right, double bottom);
 [[nodiscard]] Outline GetCircle(MPointF center, double radius);
-/// The outer edge of the rectangle's pixels, moved inwards by `inset`, with corners of a radius that is cut to what
-/// fits.
+/// The outer edge of the rectangle's pixels, moved inwards by `inset`, with corners of a radius that is cut
+/// to what fits.
 [[nodiscard]] Outline GetRoundRectangle(const MRect& rect, double radius, double inset);
 /// What lies inside of the edge as far as `lineWidth`: the edge and, to be taken away, what is left within.
 [[nodiscard]] std::vector<Outline> GetRoundFrame(const MRect& rect, double radius, double lineWidth);

@@ -4,8 +4,8 @@
 
 #include <algorithm>
 
-/// A rectangle of pixels that includes its right and its bottom edge. A rectangle whose right edge is left of its
-/// left one, or whose bottom is above its top, is empty; the canonical empty one is {0, 0, -1, -1}.
+/// A rectangle of pixels that includes its right and its bottom edge. A rectangle whose right edge is left of
+/// its left one, or whose bottom is above its top, is empty; the canonical empty one is {0, 0, -1, -1}.
 ///
 /// Edges lie within plus and minus 2^30, so widths and shifts stay within 32 bits.
 struct MRect {

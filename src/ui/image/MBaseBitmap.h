@@ -25,10 +25,12 @@ public:
     [[nodiscard]] bool IsEmpty() const { return width <= 0 || height <= 0; }
     [[nodiscard]] MRect GetRect() const { return MRect::FromSize(0, 0, width, height); }
 
-    /// Another number after each change: where the contents are replaced, and where they are given out to be edited.
+    /// Another number after each change: where the contents are replaced, and where they are given out to be
+    /// edited.
     [[nodiscard]] uint32_t GetModificationMark() const { return modificationMark; }
-    /// What a drawer keeps with a picture that it paints, as its texture on a graphics card; null at first. It is freed
-    /// with the picture, on the thread that frees that, and does not follow changes: its maker compares the mark.
+    /// What a drawer keeps with a picture that it paints, as its texture on a graphics card; null at first.
+    /// It is freed with the picture, on the thread that frees that, and does not follow changes: its maker
+    /// compares the mark.
     [[nodiscard]] MObject* GetTexture() const { return texture.get(); }
     void SetTexture(std::unique_ptr<MObject> newTexture) const { texture = std::move(newTexture); }
 

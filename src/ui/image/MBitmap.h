@@ -39,8 +39,9 @@ public:
     void CreateUnfilled(int32_t newWidth, int32_t newHeight);
     /// As `Create` with opaque black pixels, for what is shown: its alpha stays 255 (see `MDrawer`).
     void CreateOpaque(int32_t newWidth, int32_t newHeight);
-    /// As `CreateOpaque`, for the buffer of a window: in memory that the window system reads as well, so that nothing
-    /// has to be transferred to show it; in plain memory where the system has none to share. Copies are in plain memory.
+    /// As `CreateOpaque`, for the buffer of a window: in memory that the window system reads as well, so that
+    /// nothing has to be transferred to show it; in plain memory where the system has none to share. Copies
+    /// are in plain memory.
     void CreateSurface(int32_t newWidth, int32_t newHeight);
 
     /// Takes size, mode and pixels of another one.
@@ -50,14 +51,14 @@ public:
     /// The picture in direct form: itself if it has that, else with the colours of its palette.
     [[nodiscard]] MBitmap ToDirect() const;
     /// What the window system shows of the pixels, made on first need and dropped when they change. Owned by
-    /// the bitmap. Raise what making one raises (MSysBitmap.h). Of a surface in shared memory, `CreateSystemBitmap`
-    /// gives that memory, which stays.
+    /// the bitmap. Raise what making one raises (MSysBitmap.h). Of a surface in shared memory,
+    /// `CreateSystemBitmap` gives that memory, which stays.
     virtual MSysBitmap& CreateSystemBitmap();
     virtual MSysBitmap& CreateSystemBitmapWithAlpha();
     virtual void ReleaseSystemBitmap();
 
-    /// The memory of a surface that the window system reads as well, owned by the bitmap; null if there is none, and
-    /// the pixels have to be transferred.
+    /// The memory of a surface that the window system reads as well, owned by the bitmap; null if there is
+    /// none, and the pixels have to be transferred.
     [[nodiscard]] MSysBitmap* GetSharedMemory() const { return sharedMemory.get(); }
 
     [[nodiscard]] bool IsPaletted() const { return paletted; }

@@ -5,8 +5,8 @@
 #include <bit>
 #include <cstdint>
 
-/// A colour by its hue in degrees, 0 (red) to below 360, its saturation and its lightness, 0 to 1. Greys have the hue 0
-/// and the saturation 0.
+/// A colour by its hue in degrees, 0 (red) to below 360, its saturation and its lightness, 0 to 1. Greys have
+/// the hue 0 and the saturation 0.
 struct MHSL {
     double hue = 0;
     double saturation = 0;
@@ -49,14 +49,15 @@ struct MColor {
     /// In whole numbers, so that every platform gives the same.
     [[nodiscard]] MColor WithLightnessOf(MColor other) const;
 
-    /// The HSL model, by operations that give the same on every platform. There and back gives the same colour; values
-    /// outside of their ranges are cut, hues go around.
+    /// The HSL model, by operations that give the same on every platform. There and back gives the same
+    /// colour; values outside of their ranges are cut, hues go around.
     [[nodiscard]] MHSL GetHSL() const;
     [[nodiscard]] static MColor FromHSL(const MHSL& color, uint8_t alpha = 255);
 
-    // Changes by -255 to 255, of which 0 changes nothing; what leaves the range of a channel is cut. The alpha stays.
-    /// Farther from middle grey by the curve of `MColorOp::IncContrast`, or nearer by that of `DecContrast`; all of
-    /// -255 is grey.
+    // Changes by -255 to 255, of which 0 changes nothing; what leaves the range of a channel is cut. The
+    // alpha stays.
+    /// Farther from middle grey by the curve of `MColorOp::IncContrast`, or nearer by that of `DecContrast`;
+    /// all of -255 is grey.
     [[nodiscard]] MColor WithContrast(int32_t change) const;
     /// Adds the change to each of the three colours.
     [[nodiscard]] MColor WithBrightness(int32_t change) const;

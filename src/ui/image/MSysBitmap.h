@@ -22,15 +22,16 @@ public:
     /// pixel. Raises "Could not create system bitmap with direct access." or "Could not create system bitmap
     /// with alpha." (0x300).
     MSysBitmap(const MBitmap& bitmap, Form form);
-    /// An opaque one of a size of at least one pixel, whose pixels are unspecified; null if the system refuses.
+    /// An opaque one of a size of at least one pixel, whose pixels are unspecified; null if the system
+    /// refuses.
     [[nodiscard]] static std::unique_ptr<MSysBitmap> TryToCreate(int32_t width, int32_t height);
     ~MSysBitmap() override;
 
     [[nodiscard]] int32_t GetWidth() const { return width; }
     [[nodiscard]] int32_t GetHeight() const { return height; }
     [[nodiscard]] Form GetForm() const { return form; }
-    /// Direct access, shared with the window system: whoever has handed it the handle waits until it has read the
-    /// pixels (GdiFlush on Windows, the completion event of MIT-SHM on Linux) before they change.
+    /// Direct access, shared with the window system: whoever has handed it the handle waits until it has read
+    /// the pixels (GdiFlush on Windows, the completion event of MIT-SHM on Linux) before they change.
     [[nodiscard]] MColor* GetPixels() const { return pixels; }
 
 private:

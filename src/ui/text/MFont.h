@@ -14,14 +14,16 @@ class MFontFace;
 class MStream;
 
 /// A font of the formats that FreeType reads, but for web fonts, at one size, with the glyphs that it has
-/// rendered. Measures are in pixels; texts are measured and painted glyph by glyph (`MTextPen`), without kerning.
+/// rendered. Measures are in pixels; texts are measured and painted glyph by glyph (`MTextPen`), without
+/// kerning.
 ///
-/// Characters of `MIsInvisible` take no part in a text; a surrogate pair is one character, a surrogate without its
-/// pair is U+FFFD. A character that the font does not have has the font's ".notdef" glyph, and one whose outline
-/// is damaged has an empty one.
+/// Characters of `MIsInvisible` take no part in a text; a surrogate pair is one character, a surrogate
+/// without its pair is U+FFFD. A character that the font does not have has the font's ".notdef" glyph, and
+/// one whose outline is damaged has an empty one.
 ///
-/// One line is as high as ascent and descent together, in plain and in rich text. In rich text the next one begins
-/// there; lines of a plain text are `GetLineHeight` apart, which is what the font's designer wanted between them.
+/// One line is as high as ascent and descent together, in plain and in rich text. In rich text the next one
+/// begins there; lines of a plain text are `GetLineHeight` apart, which is what the font's designer wanted
+/// between them.
 ///
 /// Belongs to the thread of the user interface.
 class MFont : public MFontDescriptor {
@@ -65,8 +67,8 @@ public:
     /// Above the baseline and below it, where letters usually reach.
     [[nodiscard]] int32_t GetAscent() const { return ascent; }
     [[nodiscard]] int32_t GetDescent() const { return descent; }
-    /// The width of a part of a text that is one line. There is no space between characters behind the last one, so
-    /// the widths of two parts may be more or less than that of both together.
+    /// The width of a part of a text that is one line. There is no space between characters behind the last
+    /// one, so the widths of two parts may be more or less than that of both together.
     [[nodiscard]] int32_t GetTextWidth(const MString& text, int32_t start = 0,
                                        int32_t count = MString::MaximumLength);
     /// The unit at which the character begins whose cell holds `x`, counted from the left edge of a line: 0
@@ -80,8 +82,8 @@ public:
     [[nodiscard]] int32_t GetVerticalShift() const { return verticalShift; }
     /// What is added to each line.
     void SetVerticalSpace(int32_t pixels) { verticalSpace = pixels; }
-    /// What is added between two characters. Glyphs stand at whole pixels, so a fraction is rounded to the nearest
-    /// pixel, a half away from 0.
+    /// What is added between two characters. Glyphs stand at whole pixels, so a fraction is rounded to the
+    /// nearest pixel, a half away from 0.
     void SetCharacterSpace(double pixels) {
         characterSpace = MAddPixels(std::llround(std::clamp(pixels, -1e9, 1e9)), 0);
     }

@@ -26,8 +26,8 @@ public:
     [[nodiscard]] uint8_t GetFlags() const { return flags; }
     [[nodiscard]] bool IsBold() const { return flags & Bold; }
     [[nodiscard]] bool IsItalic() const { return flags & Italic; }
-    /// Whether the font belongs to a family, ignoring case: by its name, or by that and a style that says no more
-    /// than the flags do, as "Book", "Oblique" or "Bold Italic".
+    /// Whether the font belongs to a family, ignoring case: by its name, or by that and a style that says no
+    /// more than the flags do, as "Book", "Oblique" or "Bold Italic".
     [[nodiscard]] bool IsOfFamily(const MString& name) const;
 
     /// The order of a list: by family, ignoring case, then upright before bold before italic, then by path.

@@ -16,18 +16,17 @@ public:
     /// "SystemFonts.cache" in the user's.
     [[nodiscard]] static MSystemFonts& GetInstance();
 
-    /// A font by its family, in any case. Where no font has the styles, the plainest one of the family is given if
-    /// they are not required. A family that the machine does not have may have a substitute:
+    /// A font by its family, in any case. Where no font has the styles, the plainest one of the family is
+    /// given if they are not required. A family that the machine does not have may have a substitute:
     ///
     /// | family | substitutes                   |
     /// |--------|-------------------------------|
     /// | Arial  | Liberation Sans, DejaVu Sans  |
     /// | Tahoma | DejaVu Sans, Liberation Sans  |
     ///
-    /// What the cache knows is given as it was asked for, even if the file has gone; but if the file is there and
-    /// holds something else, the fonts are searched again.
-    /// Raises "Font {0} was not found in the system." and "Font {0} was not found in the system with correct
-    /// styles." (0).
+    /// What the cache knows is given as it was asked for, even if the file has gone; but if the file is there
+    /// and holds something else, the fonts are searched again. Raises "Font {0} was not found in the system."
+    /// and "Font {0} was not found in the system with correct styles." (0).
     [[nodiscard]] MFontDescriptor GetDescriptor(const MString& name, bool isBold, bool isItalic,
                                                 bool isRequired);
     /// Forgets what is known, in the cache too, and searches again. Failures are caught.

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <cstdint>
 
-/// Characters that take no part in a text, having neither a picture nor a width: controls, a line feed among them,
-/// the soft hyphen, spaces and joiners without width, marks of direction, variations and byte order, separators of
-/// lines and paragraphs.
+/// Characters that take no part in a text, having neither a picture nor a width: controls, a line feed among
+/// them, the soft hyphen, spaces and joiners without width, marks of direction, variations and byte order,
+/// separators of lines and paragraphs.
 [[nodiscard]] constexpr bool MIsInvisible(char32_t character) {
     const auto isFrom = [character](char32_t first, char32_t last) {
         return character >= first && character <= last;

@@ -3,9 +3,9 @@
 #include "ui/text/MFont.h"
 #include "ui/text/MTextMeasure.h"
 
-/// Goes along a line of text in one font and tells where its glyphs stand. Between two of them are the font's space
-/// between characters and the pixel by which hinting has moved them together or apart; nothing is added behind the
-/// last one. The font outlives the pen and keeps its size.
+/// Goes along a line of text in one font and tells where its glyphs stand. Between two of them are the font's
+/// space between characters and the pixel by which hinting has moved them together or apart; nothing is added
+/// behind the last one. The font outlives the pen and keeps its size.
 class MTextPen {
 public:
     explicit MTextPen(MFont& font) : font(font) {}
@@ -15,7 +15,8 @@ public:
         last = nullptr;
         origin = end = 0;
     }
-    /// The glyph of the next character, which stands at `GetOrigin`; null for one that takes no part in a text.
+    /// The glyph of the next character, which stands at `GetOrigin`; null for one that takes no part in a
+    /// text.
     const MGlyph* Take(char32_t character) {
         if (MIsInvisible(character)) return nullptr;
         const MGlyph& glyph = font.GetGlyph(character);

@@ -4,8 +4,8 @@
 
 #include <array>
 
-/// The four channels of a pixel as numbers of 16 bits, for every processor. What the operations mean is said in
-/// MPixelRowTemplate.h.
+/// The four channels of a pixel as numbers of 16 bits, for every processor. What the operations mean is said
+/// in MPixelRowTemplate.h.
 class MPixelLanes {
 public:
     static MPixelLanes All(uint16_t value) { return Repeat(value, value, value, value); }

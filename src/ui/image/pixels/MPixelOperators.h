@@ -2,17 +2,17 @@
 
 #include "ui/image/MColor.h"
 
-/// The pixel operators: what each `MColorOp` does to a pixel. Each struct stands for one operation and is written once
-/// for all forms of the rows (MPixelRows.h): `Lanes` are numbers of 16 bits without sign, four for each pixel, in the
-/// order blue, green, red, alpha. Their operations are told in MPixelRowTemplate.h.
+/// The pixel operators: what each `MColorOp` does to a pixel. Each struct stands for one operation and is
+/// written once for all forms of the rows (MPixelRows.h): `Lanes` are numbers of 16 bits without sign, four
+/// for each pixel, in the order blue, green, red, alpha. Their operations are told in MPixelRowTemplate.h.
 ///
-/// In the formulas d is a channel of the destination, s that of the source, i = 255 - a, and a the source's alpha,
-/// scaled beforehand by the operation's own one: (alpha + 1) * opacity / 256. All of it is done in whole numbers; a
-/// division by 256 is a shift. Formulas are for the three colours. The destination's alpha stays as it is unless the
-/// operation says otherwise; for that, the lane of the alpha in `a` is 0.
+/// In the formulas d is a channel of the destination, s that of the source, i = 255 - a, and a the source's
+/// alpha, scaled beforehand by the operation's own one: (alpha + 1) * opacity / 256. All of it is done in
+/// whole numbers; a division by 256 is a shift. Formulas are for the three colours. The destination's alpha
+/// stays as it is unless the operation says otherwise; for that, the lane of the alpha in `a` is 0.
 ///
-/// A source with a = 0 changes nothing, although the formulas would darken the destination by one step; Copy, and
-/// Overlay over nothing, are the exceptions.
+/// A source with a = 0 changes nothing, although the formulas would darken the destination by one step; Copy,
+/// and Overlay over nothing, are the exceptions.
 namespace MPixelOperators {
 
 /// (s * a + d * i) / 256. Where a is 0, i is taken as 256, which leaves d whole.
@@ -56,14 +56,15 @@ template <class Lanes>
 
 /// As `MColor::WithLightnessOf`; anything in the lanes of the alphas.
 ///
-/// At a fixed hue and saturation each channel lies at a fixed part of the spread above the lowest one, and the chroma
-/// takes a fixed part of the spread, which depends on the lightness alone.
+/// At a fixed hue and saturation each channel lies at a fixed part of the spread above the lowest one, and
+/// the chroma takes a fixed part of the spread, which depends on the lightness alone.
 template <class Lanes>
 [[gnu::always_inline]] inline Lanes WithLightnessOf(Lanes s, Lanes d) {
     const Lanes from = Lowest(s) + Highest(s);
     const Lanes to = Lowest(d) + Highest(d);
-    // c := (to * spread + offset * Spread(to) + spread) / (2 * spread). What is whole of the lightness is kept out
-    // of the division, and a negative quotient is rounded away from 0, so that 16 bits without sign are enough.
+    // c := (to * spread + offset * Spread(to) + spread) / (2 * spread). What is whole of the lightness is
+    // kept out of the division, and a negative quotient is rounded away from 0, so that 16 bits without sign
+    // are enough.
     const Lanes spread = Spread(from);
     const Lanes divisor = Max(spread + spread, Lanes::All(1));
     const Lanes lightness = to + Lanes::All(1);
@@ -80,10 +81,12 @@ template <class Lanes>
     return MultiplyHigh(x, Lanes::All(0x8081)) >> 7;
 }
 
-/// How much farther from 127 a d is after the contrast was increased, without the limits; `distance` is where it was.
+/// How much farther from 127 a d is after the contrast was increased, without the limits; `distance` is where
+/// it was.
 ///
-/// As s * -16 + 4335 is 255 + 16 * (255 - s), the curve of IncContrast adds 16 * (255 - s) * distance / 255. What lies
-/// behind the point of a quotient by 255 does not change the quotient by 16 that follows, so 16 bits are enough.
+/// As s * -16 + 4335 is 255 + 16 * (255 - s), the curve of IncContrast adds 16 * (255 - s) * distance / 255.
+/// What lies behind the point of a quotient by 255 does not change the quotient by 16 that follows, so 16
+/// bits are enough.
 template <class Lanes>
 [[gnu::always_inline]] inline Lanes AddedContrast(Lanes distance, Lanes s) {
     const Lanes product = (Lanes::All(255) - s) * distance;
@@ -127,8 +130,8 @@ struct Copy {
     }
 };
 
-/// Over a destination of alpha 0, all four bytes of the source, a included. Otherwise as Alphablend, and the alpha of
-/// the destination := min(255, alpha + a).
+/// Over a destination of alpha 0, all four bytes of the source, a included. Otherwise as Alphablend, and the
+/// alpha of the destination := min(255, alpha + a).
 struct Overlay {
     template <class Lanes>
     [[gnu::always_inline]] static Lanes Combine(Lanes d, Lanes s, Lanes a) {
@@ -139,7 +142,8 @@ struct Overlay {
     }
 };
 
-/// c := the source with the lightness of the destination (MColor::WithLightnessOf); d := (c * a + d * i) / 256
+/// c := the source with the lightness of the destination (MColor::WithLightnessOf);
+/// d := (c * a + d * i) / 256
 struct Color {
     template <class Lanes>
     [[gnu::always_inline]] static Lanes Combine(Lanes d, Lanes s, Lanes a) {
@@ -215,8 +219,8 @@ struct DecContrast {
     }
 };
 
-/// c as in IncContrast; where c > d, d := max(d, (c * a + d * i) / 256). So it never darkens. That c > d only happens
-/// above 127; below, c stands for d here, and the blend is not above it.
+/// c as in IncContrast; where c > d, d := max(d, (c * a + d * i) / 256). So it never darkens. That c > d only
+/// happens above 127; below, c stands for d here, and the blend is not above it.
 struct LightenByContrast {
     template <class Lanes>
     [[gnu::always_inline]] static Lanes Combine(Lanes d, Lanes s, Lanes a) {

@@ -4,27 +4,29 @@
 
 #include <cstring>
 
-/// The rows, written once for all operations and all forms with vectors. A `Form` is MPixelsSSE2 or MPixelsAVX2. It has
-/// `Block`, an even number `Count` of pixels, and `Lanes`, as many numbers of 16 bits as half of the pixels have
-/// channels. The lanes are used in two ways:
+/// The rows, written once for all operations and all forms with vectors. A `Form` is MPixelsSSE2 or
+/// MPixelsAVX2. It has `Block`, an even number `Count` of pixels, and `Lanes`, as many numbers of 16 bits as
+/// half of the pixels have channels. The lanes are used in two ways:
 ///
-/// - The channels of pixels: `GetLow` and `GetHigh` make them of a block, `Pack` makes a block of two times values of
-///   up to 255.
-/// - One number for each pixel of a block, in every other lane from the first on, with zeros between. `GetAlphas` makes
-///   them of a block, `LoadMask` of bytes. `SpreadLow` and `SpreadHigh` repeat them in the lanes of the colours of the
-///   pixels that `GetLow` and `GetHigh` give, with 0 in that of the alpha.
+/// - The channels of pixels: `GetLow` and `GetHigh` make them of a block, `Pack` makes a block of two times
+///   values of up to 255.
+/// - One number for each pixel of a block, in every other lane from the first on, with zeros between.
+///   `GetAlphas` makes them of a block, `LoadMask` of bytes. `SpreadLow` and `SpreadHigh` repeat them in the
+///   lanes of the colours of the pixels that `GetLow` and `GetHigh` give, with 0 in that of the alpha.
 ///
-/// Operations named `...Part` load and store the first 1 to `Count` - 1 pixels of a block, and touch no memory behind
-/// them. `Gather` takes the pixels at `position`, `position + step` and so on, in 16.16 fixed point; so does `Pick`,
-/// which not all forms have, from a block. `AreOpaque` and `AreTransparent` tell whether all alphas of a block are 255
-/// or 0, `SubtractOne` takes 1 from each byte that is not 0, and `WithAlphasOf` takes over the alphas of another block.
+/// Operations named `...Part` load and store the first 1 to `Count` - 1 pixels of a block, and touch no
+/// memory behind them. `Gather` takes the pixels at `position`, `position + step` and so on, in 16.16 fixed
+/// point; so does `Pick`, which not all forms have, from a block. `AreOpaque` and `AreTransparent` tell
+/// whether all alphas of a block are 255 or 0, `SubtractOne` takes 1 from each byte that is not 0, and
+/// `WithAlphasOf` takes over the alphas of another block.
 ///
-/// Lanes are compared, and the lesser or the greater is taken, as numbers with sign; so are those whose `Magnitude` is
-/// asked for. `Signed(a, b)` gives a the sign of b; where b is 0, a has to be 0 too. A comparison gives all bits or
-/// none. `Quotient` drops the fraction; the divisor is not 0, and the quotient below 32768, or else it is any number.
-/// `Alphas` puts a pixel's alpha in all of its lanes, `ToAlphas` puts the number of the red in the lane of the alpha and
-/// anything in the others, and `WithAlphas` takes over the others' alphas. `Neighbours` swaps a pixel's first lane with
-/// the second and the third with the fourth, `OtherPairs` swaps the first two with the last two.
+/// Lanes are compared, and the lesser or the greater is taken, as numbers with sign; so are those whose
+/// `Magnitude` is asked for. `Signed(a, b)` gives a the sign of b; where b is 0, a has to be 0 too. A
+/// comparison gives all bits or none. `Quotient` drops the fraction; the divisor is not 0, and the quotient
+/// below 32768, or else it is any number. `Alphas` puts a pixel's alpha in all of its lanes, `ToAlphas` puts
+/// the number of the red in the lane of the alpha and anything in the others, and `WithAlphas` takes over the
+/// others' alphas. `Neighbours` swaps a pixel's first lane with the second and the third with the fourth,
+/// `OtherPairs` swaps the first two with the last two.
 namespace MPixelRowTemplate {
 
 /// What comes over a block: the channels of its halves, and the scaled alphas in their colours' lanes.
@@ -73,8 +75,8 @@ struct StretchedSource {
     uint32_t step;
 };
 
-/// The pixels of a row, none of them left out: those for a block lie in a block too. Nothing behind the last pixel is
-/// read; a row of less than a block is copied into `room`.
+/// The pixels of a row, none of them left out: those for a block lie in a block too. Nothing behind the last
+/// pixel is read; a row of less than a block is copied into `room`.
 template <class Form>
 struct EnlargedSource {
     struct Room {

@@ -9,8 +9,8 @@
 ///
 /// Widening and packing work within halves of a vector: the low lanes are those of pixels 0, 1, 4 and 5.
 ///
-/// This is compiled for processors with AVX2, so it calls no function that other files share: the linker might take
-/// the one from here for all of them.
+/// This is compiled for processors with AVX2, so it calls no function that other files share: the linker
+/// might take the one from here for all of them.
 struct MPixelsAVX2 {
     class Lanes;
     struct Block {
