@@ -9,6 +9,7 @@
 #include <cstdlib>
 #include <functional>
 #include <gtest/gtest.h>
+#include <memory>
 #include <thread>
 
 namespace {
@@ -17,14 +18,12 @@ class TestThread final : public MThread {
 public:
     explicit TestThread(std::function<int32_t(TestThread&)> body) : body(std::move(body)) {}
     ~TestThread() noexcept(false) override {
-        if (onEnd) onEnd();
         RequestStop();
         if (!deletesItself) Wait();
     }
 
     using MThread::SleepUntilStop;
 
-    std::function<void()> onEnd;
     bool deletesItself = false;
 
 protected:
@@ -111,19 +110,18 @@ TEST(MThreadTest, WhatIsThrownEndsTheThreadOnly) {
 }
 
 TEST(MThreadTest, ASelfDeletingThreadGoesAtItsEndAndNoThreadWaitsForItself) {
-    std::atomic<int32_t> ended = 0;
+    const auto alive = std::make_shared<int>();
     std::atomic<int32_t> waitedForItself = 0;
     for (int32_t i = 0; i < 20; ++i) {
-        auto* const thread = new TestThread([&](TestThread& self) {
+        auto* const thread = new TestThread([&, alive](TestThread& self) {
             if (self.Wait()) ++waitedForItself;
             return 0;
         });
         thread->deletesItself = true;
-        thread->onEnd = [&] { ++ended; };
         thread->SetSelfDelete(true);
         thread->Start();
     }
-    while (ended < 20) std::this_thread::yield();
+    while (alive.use_count() > 1) std::this_thread::yield();
     EXPECT_EQ(waitedForItself, 0);
 }
 

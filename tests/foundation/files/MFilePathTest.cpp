@@ -3,6 +3,7 @@
 #include "tests/support/MTestText.h"
 
 #include <gtest/gtest.h>
+#include <tuple>
 
 namespace {
 
@@ -25,32 +26,27 @@ TEST(MFilePath, NormalizeMakesPathsCanonical) {
 /// first.
 TEST(MFilePath, PathsArePutTogetherAndTakenApart) {
     using Operation = MString (*)(const MString&, const MString&);
-    const struct {
-        Operation operation;
-        const char* first;
-        const char* second;
-        const char* expected;
-    } cases[] = {{MFile::Join, "C:/x", "../y", "C:/y"},
-                 {MFile::Join, "C:/x", "y", "C:/x/y"},
-                 {MFile::Join, "C:/x/", "/y/", "C:/x/y"},
-                 {MFile::Join, "C:/x/z", "../.././y", "C:/y"},
-                 {MFile::Join, "C:/x", "..", "C:"},
-                 {MFile::Join, "C:/x", "../..", "C:"},
-                 {MFile::Join, "C:/x", "..name", "C:/x/..name"},
-                 {MFile::Join, "C:/x", "a/../b", "C:/x/a/../b"},
-                 {MFile::Join, "", "y", "y"},
-                 {MFile::Join, "C:/x", "", "C:/x"},
-                 {MFile::Join, "/", "y", "/y"},
-                 {MFile::Join, "/x", "../../../y", "/y"},
-                 {MFile::Join, "x", "../y", "y"},
-                 {MFile::ChangeExtension, "a/b.txt", "dat", "a/b.dat"},
-                 {MFile::ChangeExtension, "a.b/c", "dat", "a.b/c.dat"},
-                 {MFile::ChangeExtension, "b.", "x", "b.x"},
-                 {MFile::GetRelativePath, "C:/a/b/c", "C:/a/d", "../b/c"},
-                 {MFile::GetRelativePath, "C:/A/b", "c:/a", "b"},
-                 {MFile::GetRelativePath, "C:/a", "C:/a/b/c", "../.."},
-                 {MFile::GetRelativePath, "C:/a", "C:/a", ""},
-                 {MFile::GetRelativePath, "/x/y", "/x/z/w", "../../y"}};
+    const std::tuple<Operation, const char*, const char*, const char*> cases[] = {
+        {MFile::Join, "C:/x", "../y", "C:/y"},
+        {MFile::Join, "C:/x", "y", "C:/x/y"},
+        {MFile::Join, "C:/x/", "/y/", "C:/x/y"},
+        {MFile::Join, "C:/x/z", "../.././y", "C:/y"},
+        {MFile::Join, "C:/x", "../..", "C:"},
+        {MFile::Join, "C:/x", "..name", "C:/x/..name"},
+        {MFile::Join, "C:/x", "a/../b", "C:/x/a/../b"},
+        {MFile::Join, "", "y", "y"},
+        {MFile::Join, "C:/x", "", "C:/x"},
+        {MFile::Join, "/", "y", "/y"},
+        {MFile::Join, "/x", "../../../y", "/y"},
+        {MFile::Join, "x", "../y", "y"},
+        {MFile::ChangeExtension, "a/b.txt", "dat", "a/b.dat"},
+        {MFile::ChangeExtension, "a.b/c", "dat", "a.b/c.dat"},
+        {MFile::ChangeExtension, "b.", "x", "b.x"},
+        {MFile::GetRelativePath, "C:/a/b/c", "C:/a/d", "../b/c"},
+        {MFile::GetRelativePath, "C:/A/b", "c:/a", "b"},
+        {MFile::GetRelativePath, "C:/a", "C:/a/b/c", "../.."},
+        {MFile::GetRelativePath, "C:/a", "C:/a", ""},
+        {MFile::GetRelativePath, "/x/y", "/x/z/w", "../../y"}};
     for (const auto& [operation, first, second, expected] : cases)
         EXPECT_EQ(Text(operation(first, second)), expected) << first << " " << second;
     const char* const parts[][5] = {{"C:/dir/file.txt", "C:/dir", "file.txt", "file", "txt"},
@@ -58,8 +54,7 @@ TEST(MFilePath, PathsArePutTogetherAndTakenApart) {
                                     {"a.b/file", "a.b", "file", "file", ""},
                                     {"a/b.tar.gz", "a", "b.tar.gz", "b.tar", "gz"},
                                     {"a\\b/c.d", "a", "b/c.d", "b/c", "d"},
-                                    {"a/.hidden", "a", ".hidden", "", "hidden"},
-                                    {"", "", "", "", ""}};
+                                    {"a/.hidden", "a", ".hidden", "", "hidden"}};
     for (const auto& [path, directory, name, base, extension] : parts)
         EXPECT_EQ(Text(MFile::GetDirectory(path) + "|" + MFile::GetFileName(path) + "|" +
                        MFile::GetBaseName(path) + "|" + MFile::GetExtension(path)),

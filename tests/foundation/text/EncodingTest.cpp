@@ -17,12 +17,17 @@ namespace {
 using namespace std::string_literals;
 using namespace std::string_view_literals;
 
-const MEncoding::Codec& UTF8() {
-    return MEncoding::GetUTF8Codec();
-}
-
 std::string Encoded(const char* encoding, const char16_t* text) {
     return MBytesOf(MEncoding::FindCodec(encoding).Encode(Wide(text), false));
+}
+
+/// The lines of a stream, each with a bar behind it, after which there must be nothing left.
+std::string LinesOf(MStream& stream, const char* encoding) {
+    MEncoding::Reader reader(stream, encoding);
+    std::string lines;
+    for (MString line; reader.ReadLine(line);) lines += Text(line) + "|";
+    EXPECT_EQ(FailureOf([&] { (void)reader.ReadByte(); }), "100: No more data in source stream.");
+    return lines;
 }
 
 TEST(EncodingTest, NamesLeadToCodecsIgnoringCase) {
@@ -31,8 +36,6 @@ TEST(EncodingTest, NamesLeadToCodecsIgnoringCase) {
         {"UTF-16", "utf16"},        {"", "ascii"},
         {"cp1252", "windows-1252"}, {"iso-8859-1", "windows-1252"}};
     for (const auto& [name, codec] : cases) EXPECT_EQ(Text(MEncoding::FindCodec(name).GetName()), codec);
-    EXPECT_EQ(FailureOf([] { (void)MEncoding::FindCodec("klingon"); }),
-              "0: No codec found for encoding klingon.");
 }
 
 TEST(EncodingTest, TablesHoldThePublishedCharacters) {
@@ -77,7 +80,7 @@ TEST(EncodingTest, UTF8DecodingForgivesInItsOwnWay) {
         {"exactly sixteen.\303\251", u"exactly sixteen.\u00E9"},
         {"a run of sixteen\0hidden"sv, u"a run of sixteen"}};
     for (const auto& [bytes, units] : cases)
-        EXPECT_EQ(Text(UTF8().Decode(bytes)), Text(Wide(std::u16string(units).c_str())));
+        EXPECT_EQ(Text(MEncoding::GetUTF8Codec().Decode(bytes)), Text(Wide(std::u16string(units).c_str())));
 }
 
 TEST(EncodingTest, UTF8EncodingDropsWhatFollowsAPair) {
@@ -91,21 +94,14 @@ TEST(EncodingTest, UTF8EncodingDropsWhatFollowsAPair) {
                                                              {u"\U0010FEE9abc", "\351c"},
                                                              {u"\U0010FE00ab", "\364\217\270\200b"}};
     for (const auto& [text, bytes] : cases) EXPECT_EQ(Encoded("utf8", text), bytes);
-    EXPECT_EQ(MBytesOf(UTF8().Encode("", true)), std::string(1, '\0'));
+    EXPECT_EQ(MBytesOf(MEncoding::GetUTF8Codec().Encode("", true)), std::string(1, '\0'));
 }
 
 TEST(EncodingTest, ReaderSplitsLinesAcrossItsBuffer) {
     const std::string longLine(5000, 'x');
     const std::string bytes = "\357\273\277first\r\n\n" + longLine + "\0zero\n"s;
     MMemoryStream stream = MStreamOf(bytes);
-    MEncoding::Reader reader(stream, "utf-8");
-    MString line;
-    for (const std::string& expected : {std::string("first"), std::string(), longLine, std::string("zero")}) {
-        ASSERT_TRUE(reader.ReadLine(line));
-        EXPECT_EQ(Text(line), expected);
-    }
-    EXPECT_FALSE(reader.ReadLine(line));
-    EXPECT_EQ(FailureOf([&] { (void)reader.ReadByte(); }), "100: No more data in source stream.");
+    EXPECT_EQ(LinesOf(stream, "utf-8"), "first||" + longLine + "|zero|");
 }
 
 TEST(EncodingTest, UTF16StreamsCarryASignature) {
@@ -117,14 +113,7 @@ TEST(EncodingTest, UTF16StreamsCarryASignature) {
     }
     EXPECT_EQ(MBytesOf(stream), "\377\376a\0\254\040\n\0b\0"s);
     stream.Rewind();
-    MEncoding::Reader reader(stream, "utf-16");
-    MString line;
-    ASSERT_TRUE(reader.ReadLine(line));
-    EXPECT_TRUE(line.IsExactly(Wide(u"a\u20AC")));
-    ASSERT_TRUE(reader.ReadLine(line));
-    EXPECT_EQ(Text(line), "b");
-    EXPECT_FALSE(reader.ReadLine(line));
-
+    EXPECT_EQ(LinesOf(stream, "utf-16"), "a\xE2\x82\xAC|b|");
     MMemoryStream unsigned16("\xFE\xFFxx", 4);
     EXPECT_EQ(FailureOf([&] { MEncoding::Reader wrong(unsigned16, "utf16"); }), "0: Invalid UTF8 header.");
     const auto& codec = MEncoding::FindCodec("utf16");

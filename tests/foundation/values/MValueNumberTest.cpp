@@ -10,6 +10,7 @@
 
 #include <cmath>
 #include <limits>
+#include <tuple>
 
 namespace {
 
@@ -26,17 +27,14 @@ double Typed(const char* text) {
 }
 
 TEST(MValueNumberTest, OnlyNumbersAreTaken) {
-    struct {
-        const char* text;
-        double whole;
-        double fraction;
-    } const cases[] = {{"7", 7, 7},       {" -7 \t", -7, -7}, {"+8", 8, 8},      {"99999999999", 50, 50},
-                       {"-1e30", 5, -50}, {"", 5, 5},         {" ", 5, 5},       {"abc", 5, 5},
-                       {"-", 5, 5},       {"1.5", 5, 1.5},    {"1,5 ", 5, 1.5},  {".25", 5, 0.25},
-                       {"-,5", 5, -0.5},  {"2.", 5, 2},       {"1E-1", 5, 0.1},  {"7 px", 5, 5},
-                       {"0x10", 5, 5},    {"--7", 5, 5},      {"nan", 5, 5},     {"-infinity", 5, 5},
-                       {"1e999", 5, 5},   {"1.2.3", 5, 5},    {"1,000.5", 5, 5}, {".", 5, 5},
-                       {"e5", 5, 5},      {"1 2", 5, 5}};
+    const std::tuple<const char*, double, double> cases[] = {
+        {"7", 7, 7},       {" -7 \t", -7, -7}, {"+8", 8, 8},      {"99999999999", 50, 50},
+        {"-1e30", 5, -50}, {"", 5, 5},         {" ", 5, 5},       {"abc", 5, 5},
+        {"-", 5, 5},       {"1.5", 5, 1.5},    {"1,5 ", 5, 1.5},  {".25", 5, 0.25},
+        {"-,5", 5, -0.5},  {"2.", 5, 2},       {"1E-1", 5, 0.1},  {"7 px", 5, 5},
+        {"0x10", 5, 5},    {"--7", 5, 5},      {"nan", 5, 5},     {"-infinity", 5, 5},
+        {"1e999", 5, 5},   {"1.2.3", 5, 5},    {"1,000.5", 5, 5}, {".", 5, 5},
+        {"e5", 5, 5},      {"1 2", 5, 5}};
     for (const auto& [text, whole, fraction] : cases) {
         EXPECT_EQ(Typed<MValueInt32>(text), whole) << text;
         EXPECT_EQ(Typed<MValueDouble>(text), fraction) << text;

@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <tuple>
 
 namespace {
 
@@ -24,22 +25,19 @@ protected:
 };
 
 TEST_F(MFileLinkPosix, ProgramsOfAnyNameAreStartedWithTheirArguments) {
-    const struct {
-        const char* target;
-        const char* arguments;
-        const char* expected;
-    } cases[] = {{"plain/tool", "", ""},
-                 {"plain/tool", "uninstall", "[uninstall]\n"},
-                 {"a b/\xC5\x99 'tool'.run", "  --mode  fast\t", "[--mode]\n[fast]\n"},
-                 {"$HOME/`id`\\\"q\"", "$HOME `id` 'a b'", "[$HOME]\n[`id`]\n['a]\n[b']\n"},
-                 {"100%/50%u.run", "50% %f %%", "[50%]\n[%f]\n[%%]\n"},
-                 {"a=b/c=d", "e=f", "[e=f]\n"},
-                 {"semi;colon/&|<>*?#()~!", "a;b & c|d > e", "[a;b]\n[&]\n[c|d]\n[>]\n[e]\n"},
-                 {"plain/line\nbreak\ttab", "a\nb", "[a\nb]\n"},
-                 // Quotation marks and backslashes as Windows reads them.
-                 {"plain/tool", "\"two words\" \"\" a\"b c\"d", "[two words]\n[]\n[ab cd]\n"},
-                 {"plain/tool", "C:\\dir\\ \"C:\\a b\\\\\" \\\"x\\\" \\\\\\\"y",
-                  "[C:\\dir\\]\n[C:\\a b\\]\n[\"x\"]\n[\\\"y]\n"}};
+    const char* const cases[][3] = {
+        {"plain/tool", "", ""},
+        {"plain/tool", "uninstall", "[uninstall]\n"},
+        {"a b/\xC5\x99 'tool'.run", "  --mode  fast\t", "[--mode]\n[fast]\n"},
+        {"$HOME/`id`\\\"q\"", "$HOME `id` 'a b'", "[$HOME]\n[`id`]\n['a]\n[b']\n"},
+        {"100%/50%u.run", "50% %f %%", "[50%]\n[%f]\n[%%]\n"},
+        {"a=b/c=d", "e=f", "[e=f]\n"},
+        {"semi;colon/&|<>*?#()~!", "a;b & c|d > e", "[a;b]\n[&]\n[c|d]\n[>]\n[e]\n"},
+        {"plain/line\nbreak\ttab", "a\nb", "[a\nb]\n"},
+        // Quotation marks and backslashes as Windows reads them.
+        {"plain/tool", "\"two words\" \"\" a\"b c\"d", "[two words]\n[]\n[ab cd]\n"},
+        {"plain/tool", "C:\\dir\\ \"C:\\a b\\\\\" \\\"x\\\" \\\\\\\"y",
+         "[C:\\dir\\]\n[C:\\a b\\]\n[\"x\"]\n[\\\"y]\n"}};
     const MString link = scratch.Join("Entry");
     for (const auto& [target, arguments, expected] : cases) {
         SCOPED_TRACE(std::string(target) + " | " + arguments);
@@ -64,15 +62,11 @@ TEST_F(MFileLinkPosix, EverythingElseIsOpenedWithTheProgramThatIsThereForIt) {
 
 TEST_F(MFileLinkPosix, NamesAndDescriptionsAreAnyText) {
     const MString program = WriteProgram("tool");
-    const struct {
-        const char* name;
-        const char* description;
-        const char* lines;
-    } cases[] = {{"Plug-in 2.0", "", "Name=Plug-in 2.0\nExec="},
-                 {"\xC5\x98\xC3\xA9verb", "a=b; c\\d [e] #f",
-                  "Name=\xC5\x98\xC3\xA9verb\nComment=a=b; c\\\\d [e] #f\nExec="},
-                 {" ends ", "First line\nsecond\tline ",
-                  "Name=\\sends\\s\nComment=First line\\nsecond\\tline\\s\nExec="}};
+    const char* const cases[][3] = {{"Plug-in 2.0", "", "Name=Plug-in 2.0\nExec="},
+                                    {"\xC5\x98\xC3\xA9verb", "a=b; c\\d [e] #f",
+                                     "Name=\xC5\x98\xC3\xA9verb\nComment=a=b; c\\\\d [e] #f\nExec="},
+                                    {" ends ", "First line\nsecond\tline ",
+                                     "Name=\\sends\\s\nComment=First line\\nsecond\\tline\\s\nExec="}};
     for (const auto& [name, description, lines] : cases) {
         const MString link = scratch.Join(MDecodeUTF8Exact(name));
         MFile::CreateLink(link, program, "", MDecodeUTF8Exact(description));
@@ -90,19 +84,14 @@ TEST_F(MFileLinkPosix, WhatNoEntryCanHoldIsRefusedAndLeavesTheOldEntry) {
     const MString link = scratch.Join("Entry");
     MFile::CreateLink(link, WriteProgram("tool"), "", "");
     const std::string before = scratch.ReadFile("Entry.desktop");
-    const struct {
-        MString target;
-        const char* arguments;
-        const char* reason;
-    } cases[] = {{"", "", "No such file or directory"},
-                 {scratch.Join("missing"), "", "No such file or directory"},
-                 {WriteProgram(MDecodeUTF8Exact("caf\xE9")), "",
-                  "A desktop entry cannot hold names that are no UTF-8."},
-                 {scratch.Join("tool"), "a\x01", "A desktop entry cannot hold \"a\x01\"."}};
+    const std::tuple<MString, const char*, const char*> cases[] = {
+        {"", "", "No such file or directory"},
+        {scratch.Join("missing"), "", "No such file or directory"},
+        {WriteProgram(MDecodeUTF8Exact("caf\xE9")), "",
+         "A desktop entry cannot hold names that are no UTF-8."},
+        {scratch.Join("tool"), "a\x01", "A desktop entry cannot hold \"a\x01\"."}};
     for (const auto& [target, arguments, reason] : cases)
-        EXPECT_EQ(FailureOf([&, &target = target, &arguments = arguments] {
-                      MFile::CreateLink(link, target, arguments, "");
-                  }),
+        EXPECT_EQ(FailureOf([&, &to = target, &with = arguments] { MFile::CreateLink(link, to, with, ""); }),
                   "0: Could not create file link at \"" + Text(link) + "\" to \"" + Text(target) + "\". " +
                       reason);
     EXPECT_EQ(scratch.ReadFile("Entry.desktop"), before);
