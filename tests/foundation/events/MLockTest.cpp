@@ -42,28 +42,17 @@ protected:
 using OwnedLocks = testing::Types<MLock, MMutex>;
 TYPED_TEST_SUITE(OwnedLockTest, OwnedLocks);
 
-TYPED_TEST(OwnedLockTest, TheOwnerLocksAgainAndUnlocksAsOften) {
-    ASSERT_EQ(this->lock.Lock(-1), 0);
-    ASSERT_EQ(this->lock.Lock(0), 0);
+TYPED_TEST(OwnedLockTest, TheOwnerLocksAgainAndUnlocksAsOftenAndOthersWaitAsLongAsTheySay) {
+    const MLockGuard none(nullptr, 0);
+    EXPECT_NE(MLock().Lock(-2), 0);
+    const auto guarded = [&] { return FailureOf([&] { const MLockGuard guard(&this->lock, 5); }); };
+    for (const int32_t timeout : {-1, 0}) ASSERT_EQ(this->lock.Lock(timeout), 0);
     this->lock.Unlock();
     EXPECT_LT(RefusedAfter(this->lock, 0), milliseconds(1000));
-    this->lock.Unlock();
-    EXPECT_EQ(OnOtherThread([&] {
-                  const int32_t result = this->lock.Lock(0);
-                  this->lock.Unlock();
-                  return result;
-              }),
-              0);
-}
-
-TYPED_TEST(OwnedLockTest, ATimeOutWaitsAsLongAsItSaysAndTheGuardRaises) {
-    const MLockGuard guard(&this->lock);
-    const MLockGuard none(nullptr, 0);
-    MLock free;
-    EXPECT_NE(free.Lock(-2), 0);
     EXPECT_GE(RefusedAfter(this->lock, 30), milliseconds(29));
-    EXPECT_EQ(OnOtherThread([&] { return FailureOf([&] { const MLockGuard refused(&this->lock, 5); }); }),
-              "0: Could not acquire lock.");
+    EXPECT_EQ(OnOtherThread(guarded), "0: Could not acquire lock.");
+    this->lock.Unlock();
+    EXPECT_EQ(OnOtherThread(guarded), "none");
 }
 
 TYPED_TEST(OwnedLockTest, ThreadsThatHammerLoseNoCount) {
@@ -93,10 +82,8 @@ TEST(MMutexTest, WhatAnEndedOwnerLeftGoesToTheNext) {
 TEST(MSemaphoreTest, CountsItsReleasesUnlessItResetsItself) {
     for (const bool resetsItself : {false, true}) {
         MSemaphore semaphore(resetsItself);
-        EXPECT_NE(semaphore.Lock(0), 0);
-        EXPECT_NE(semaphore.Lock(5), 0);
-        semaphore.Unlock();
-        semaphore.Unlock();
+        for (const int32_t timeout : {0, 5}) EXPECT_NE(semaphore.Lock(timeout), 0);
+        for (int32_t i = 0; i < 2; ++i) semaphore.Unlock();
         EXPECT_EQ(semaphore.Lock(-1), 0);
         EXPECT_EQ(semaphore.Lock(0) == 0, !resetsItself);
         EXPECT_NE(semaphore.Lock(0), 0);
@@ -124,7 +111,7 @@ public:
         return true;
     }
     bool StaysOutside() {
-        std::this_thread::sleep_for(std::chrono::milliseconds(50));
+        std::this_thread::sleep_for(milliseconds(50));
         return !inside;
     }
 
@@ -157,13 +144,12 @@ TEST(MERWLockTest, TheOnlyReaderBecomesTheWriterAndAWriterMayRead) {
     for (const int32_t mode : {MERWLock::Write, MERWLock::Write, MERWLock::Read})
         ASSERT_EQ(lock.Acquire(mode), 0);
     Visitor reader(lock, MERWLock::Read);
-    EXPECT_TRUE(reader.StaysOutside());
-    lock.Release(MERWLock::Write);
-    EXPECT_TRUE(reader.StaysOutside());
-    lock.Release(MERWLock::Write);
+    for (int32_t i = 0; i < 2; ++i) {
+        EXPECT_TRUE(reader.StaysOutside());
+        lock.Release(MERWLock::Write);
+    }
     EXPECT_TRUE(reader.Enters());
-    lock.Release(MERWLock::Read);
-    lock.Release(MERWLock::Read);
+    for (int32_t i = 0; i < 2; ++i) lock.Release(MERWLock::Read);
 }
 
 TEST(MERWLockTest, ReadersThatUpgradeAtOnceAreResolvedAndSeeNoHalfAChange) {

@@ -1,4 +1,5 @@
 #include "foundation/files/MFile.h"
+#include "foundation/files/MRegistryKey.h"
 #include "foundation/files/posix/MNativePath.h"
 #include "tests/support/MScratch.h"
 #include "tests/support/MTestText.h"
@@ -64,6 +65,25 @@ TEST(MFilePosix, ProgramsGetTheirArgumentsAndGiveTheirExitCode) {
     ASSERT_EQ(stat(MNativePath(program).c_str(), &status), 0);
     EXPECT_EQ(status.st_mode & 07777, 0750u);
     EXPECT_EQ(FailureOf([&] { MFile::MakeExecutable("/x"); }), "0: Could not make file \"/x\" executable.");
+}
+
+TEST(MRegistryKeyPosix, WhatIsNotWrittenWholeIsNoValueAndGoesWithTheKey) {
+    const MScratch scratch;
+    const MScratchFolders folders(scratch);
+    MRegistryKey key;
+    key.Create(MRegistryRoot::LocalMachine, "test");
+    const MString directory = scratch.Join("data/registry/machine/test.key");
+    const MString unfinished = directory + "/publisher.value.unfinished";
+    MWriteTestFile(unfinished, "te");
+    EXPECT_EQ(FailureOf([&] { (void)key.GetValue("Publisher"); }), "0: Cannot get registry value Publisher");
+    key.SetValue("Publisher", "Maker");
+    MFile::CreatePath(unfinished);
+    EXPECT_EQ(FailureOf([&] { key.SetValue("Publisher", 7); }), "0: Cannot set registry value Publisher.");
+    EXPECT_EQ(Text(key.GetValue("Publisher")), "Maker");
+    MFile::RemoveDirectory(unfinished);
+    MWriteTestFile(unfinished, "te");
+    MRegistryKey::Delete(MRegistryRoot::LocalMachine, "test");
+    EXPECT_FALSE(MFile::Exists(directory));
 }
 
 }  // namespace

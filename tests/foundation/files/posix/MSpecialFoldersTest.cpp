@@ -39,7 +39,6 @@ TEST_F(MSpecialFoldersTest, UserDirectoriesAreTakenFromTheirFile) {
 TEST_F(MSpecialFoldersTest, WithoutSettingsTheUsersFoldersLieInTheHome) {
     EXPECT_EQ(Path(MSpecialFolderUser), home);
     EXPECT_EQ(Path(MSpecialFolderUserData), home + "/.local/share/Corvanth");
-    EXPECT_EQ(Path(MSpecialFolderUserDocuments), home + "/Documents");
     const MTestVariable data("XDG_DATA_HOME", home + "/data/");
     EXPECT_EQ(Path(MSpecialFolderUserStartMenu), home + "/data/applications");
     const MTestVariable present("TMPDIR", home + "/");
