@@ -56,16 +56,14 @@ TEST(MFontOpeningTest, WhatIsNoFontIsRefusedWithItsText) {
 TEST(MFontOpeningTest, StreamsAreReadFromTheirPositionAndAFailureLeavesTheFontClosed) {
     const std::string bytes = "before" + MReadTestFile(SystemFont("dejavu/DejaVuSans.ttf"));
     MFont font;
-    {
-        MMemoryStream stream = MStreamOf(bytes);
-        stream.Seek(6, MSeekOrigin::Begin);
-        font.LoadFromStream(stream);
-    }
+    MMemoryStream stream = MStreamOf(bytes);
+    stream.Seek(6, MSeekOrigin::Begin);
+    font.LoadFromStream(stream);
     font.SetSize(-12);
     EXPECT_TRUE(font.GetGlyph('A').mask);
 
-    MMemoryStream source = MStreamOf(bytes);
-    MFailingStream failing(&source, 1000);
+    stream.Seek(6, MSeekOrigin::Begin);
+    MFailingStream failing(&stream, 1000);
     EXPECT_EQ(FailureOf([&] { font.LoadFromStream(failing); }), "100: Injected failure.");
     EXPECT_FALSE(font.IsOpen() || font.HasGlyph('A'));
     EXPECT_EQ(Text(font.GetFamily()), "");
@@ -123,20 +121,17 @@ TEST_F(MFontTest, AMissingCharacterHasTheGlyphForThatAndASpaceNone) {
 
 TEST_F(MFontTest, GlyphsAreRenderedOnceForEachSize) {
     for (const char32_t character : {U'A', U'\u00E9', U'\u0100', U'\u03A9', U'\U0001D538'}) {
-        const MAlphaMask* mask = font.GetGlyph(character).mask.get();
-        EXPECT_EQ(font.GetGlyph(character).mask.get(), mask);
-        const std::string small = Drawing(mask);
+        const std::string small = Draw(character);
+        EXPECT_EQ(font.GetGlyph(character).mask.get(), font.GetGlyph(character).mask.get());
         font.SetSize(-30);
         EXPECT_NE(Draw(character), small);
         font.SetSize(-12);
         EXPECT_EQ(Draw(character), small);
     }
     EXPECT_NE(Draw(0x100), Draw(0));
-    const std::string upper = Draw('A');
-    const std::string accented = Draw(0xE9);
+    const std::string upper = Draw('A') + Draw(0xE9);
     font.SetUpperCase(true);
-    EXPECT_EQ(Draw('a'), upper);
-    EXPECT_EQ(Draw(0xE9), accented);
+    EXPECT_EQ(Draw('a') + Draw(0xE9), upper);
 }
 
 TEST_F(MFontTest, TextsAreMeasuredByCharacters) {

@@ -3,6 +3,7 @@
 #include "ui/text/MSystemFonts.h"
 
 #include <string>
+#include <tuple>
 
 namespace {
 
@@ -10,15 +11,14 @@ namespace {
 class SystemFontsTest : public testing::Test {
 protected:
     SystemFontsTest() {
-        for (const char* font :
-             {"liberation/LiberationSans-Regular.ttf", "liberation/LiberationSans-Italic.ttf",
-              "liberation/LiberationSans-BoldItalic.ttf", "dejavu/DejaVuSansMono-Bold.ttf",
-              "dejavu/DejaVuSans.ttf", "dejavu/DejaVuSans-Bold.ttf", "dejavu/DejaVuSans-BoldOblique.ttf"})
-            Install(font, MFile::GetFileName(font));
-        Install("liberation/LiberationSans-Bold.ttf", "sub/bold.OTF");
-        Install("liberation/LiberationSerif-Regular.ttf", "hidden.dat");
-        const std::string mono = MReadTestFile(SystemFont("liberation/LiberationMono-Regular.ttf"));
-        scratch.WriteFile("fonts/cut.ttf", mono.substr(0, 5000));
+        for (const MString font :
+             {"liberation/LiberationSans-Regular", "liberation/LiberationSans-Italic",
+              "liberation/LiberationSans-BoldItalic", "dejavu/DejaVuSansMono-Bold", "dejavu/DejaVuSans",
+              "dejavu/DejaVuSans-Bold", "dejavu/DejaVuSans-BoldOblique"})
+            Install(font, MFile::GetFileName(font) + ".ttf");
+        Install("liberation/LiberationSans-Bold", "sub/bold.OTF");
+        Install("liberation/LiberationSerif-Regular", "hidden.dat");
+        scratch.WriteFile("fonts/cut.ttf", scratch.ReadFile("fonts/sub/bold.OTF").substr(0, 5000));
         scratch.WriteFile("fonts/empty.otf", "");
         MFile::CreatePath(scratch.Join("user"));
         for (const MString& folder : {scratch.Join("missing"), scratch.Join("fonts"), MString()})
@@ -26,15 +26,15 @@ protected:
     }
     ~SystemFontsTest() noexcept override = default;
 
-    void Install(const char* font, const MString& name) {
-        scratch.WriteFile("fonts/" + name, MReadTestFile(SystemFont(font)));
+    void Install(const MString& font, const MString& name) {
+        scratch.WriteFile("fonts/" + name, MReadTestFile(SystemFont(font + ".ttf")));
     }
     /// The file that answers, as a run of its own finds it, or the failure.
     std::string Find(const char* name, bool isBold = false, bool isItalic = false, bool isRequired = true) {
         try {
             MSystemFonts fonts(folders, cachePath);
-            return Text(
-                MFile::GetBaseName(fonts.GetDescriptor(name, isBold, isItalic, isRequired).GetPath()));
+            const MFontDescriptor found = fonts.GetDescriptor(name, isBold, isItalic, isRequired);
+            return Text(MFile::GetBaseName(found.GetPath()));
         } catch (const MException& failure) {
             return Text(failure.GetMessage());
         }
@@ -56,7 +56,7 @@ TEST_F(SystemFontsTest, GoodFontsAreFoundAmongBrokenOnes) {
               "DejaVu Sans|1\nDejaVu Sans Bold Oblique|3\nDejaVu Sans Book|0\nDejaVu Sans Mono|1\n"
               "Liberation Sans|0\nLiberation Sans|2\nLiberation Sans|1\nLiberation Sans Bold Italic|3\n");
     // The folders are searched once, unless asked to do it again.
-    Install("liberation/LiberationSerif-Regular.ttf", "late.ttf");
+    Install("liberation/LiberationSerif-Regular", "late.ttf");
     (void)fonts.GetDescriptor("Liberation Sans", false, false, true);
     EXPECT_EQ(fonts.GetFonts().GetCount(), 8);
     EXPECT_TRUE(MFile::Exists(cachePath));
@@ -67,23 +67,20 @@ TEST_F(SystemFontsTest, GoodFontsAreFoundAmongBrokenOnes) {
 
 TEST_F(SystemFontsTest, ARequestIsAnsweredByFamilyAndStyles) {
     const char* const noStyle = "Font DejaVu Sans Mono was not found in the system with correct styles.";
-    const struct {
-        const char* name;
-        bool isBold, isItalic, isRequired;
-        const char* answer;
-    } cases[] = {{"LIBERATION sans", false, false, true, "LiberationSans-Regular"},
-                 {"Liberation Sans", true, false, true, "bold"},
-                 {"Liberation Sans", false, true, true, "LiberationSans-Italic"},
-                 {"Liberation Sans", true, true, true, "LiberationSans-BoldItalic"},
-                 {"DejaVu Sans", false, false, true, "DejaVuSans"},
-                 {"DejaVu Sans", true, true, true, "DejaVuSans-BoldOblique"},
-                 {"DejaVu Sans", false, true, false, "DejaVuSans"},
-                 {"DejaVu Sans Book", false, false, true, "DejaVuSans"},
-                 {"DejaVu Sans Mono", false, false, true, noStyle},
-                 {"DejaVu Sans Mono", false, false, false, "DejaVuSansMono-Bold"},
-                 {"Liberation", false, false, false, "Font Liberation was not found in the system."},
-                 {"Arial", true, true, true, "LiberationSans-BoldItalic"},
-                 {"tahoma", false, false, true, "DejaVuSans"}};
+    const std::tuple<const char*, bool, bool, bool, const char*> cases[] = {
+        {"LIBERATION sans", false, false, true, "LiberationSans-Regular"},
+        {"Liberation Sans", true, false, true, "bold"},
+        {"Liberation Sans", false, true, true, "LiberationSans-Italic"},
+        {"Liberation Sans", true, true, true, "LiberationSans-BoldItalic"},
+        {"DejaVu Sans", false, false, true, "DejaVuSans"},
+        {"DejaVu Sans", true, true, true, "DejaVuSans-BoldOblique"},
+        {"DejaVu Sans", false, true, false, "DejaVuSans"},
+        {"DejaVu Sans Book", false, false, true, "DejaVuSans"},
+        {"DejaVu Sans Mono", false, false, true, noStyle},
+        {"DejaVu Sans Mono", false, false, false, "DejaVuSansMono-Bold"},
+        {"Liberation", false, false, false, "Font Liberation was not found in the system."},
+        {"Arial", true, true, true, "LiberationSans-BoldItalic"},
+        {"tahoma", false, false, true, "DejaVuSans"}};
     for (int32_t run = 1; run <= 2; ++run)
         for (const auto& [name, isBold, isItalic, isRequired, answer] : cases) {
             if (isRequired) MFile::DeleteTree(scratch.Join("user"));

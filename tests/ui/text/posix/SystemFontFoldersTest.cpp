@@ -7,30 +7,18 @@
 #include <string>
 #include <sys/stat.h>
 
-namespace {
-
-class SystemFontFoldersTest : public testing::Test {
-protected:
-    ~SystemFontFoldersTest() noexcept override = default;
-
-    MScratch scratch;
-    MScratchFolders folders{scratch};
-    std::string home = Text(scratch.GetPath());
-    MTestVariable homeVariable{"HOME", home};
-    MTestVariable dataVariable{"XDG_DATA_HOME", ""};
-};
-
-}  // namespace
-
-TEST_F(SystemFontFoldersTest, FoldersFollowTheBaseDirectories) {
+TEST(SystemFontFoldersTest, FoldersFollowTheBaseDirectoriesAndFontsOfTheMakerAreFound) {
+    const MScratch scratch;
+    const MScratchFolders folders(scratch);
+    const std::string home = Text(scratch.GetPath());
+    const MTestVariable homeVariable("HOME", home);
+    const MTestVariable dataVariable("XDG_DATA_HOME", "");
     const MTestVariable directories("XDG_DATA_DIRS", "/opt/share/:relative::/usr/share");
     std::string list;
     for (const MString& folder : MGetSystemFontFolders()) list += Text(folder) + "\n";
     EXPECT_EQ(list, home + "/fonts\n" + home + "/.local/share/fonts\n" + home + "/.fonts\n" +
                         "/opt/share/fonts\n/usr/share/fonts\n/usr/local/share/fonts\n");
-}
 
-TEST_F(SystemFontFoldersTest, TheMachinesFontsAndThoseOfTheMakerAreFound) {
     scratch.WriteFile("data/Fonts/own.ttf", MReadTestFile(SystemFont("liberation/LiberationSans-Bold.ttf")));
     const MFontDescriptor found = MFont::GetSystemFontDescriptor("dejavu sans mono", true, false, true);
     EXPECT_EQ(Text(MFile::GetFileName(found.GetPath())), "DejaVuSansMono-Bold.ttf");
