@@ -154,9 +154,8 @@ TEST(MUnicodeTest, AnyBytesSurviveTheWayThereAndBack) {
     EXPECT_EQ(MEncodeUTF8Exact(MDecodeUTF8Exact(bytes)), bytes);
     EXPECT_TRUE(MDecodeUTF8Exact("\303\251\342\202\254\360\237\230\200\200")
                     .IsExactly(Wide(u"\u00E9\u20AC\U0001F600\U0010FE80")));
-}
 
-TEST(MUnicodeTest, ASurrogateWithoutItsPairIsReplaced) {
+    // A surrogate without its pair is replaced.
     const std::string replacement = "\xEF\xBF\xBD";
     const char16_t high[] = {0xD800, u'a', 0};
     const char16_t low[] = {0xDC00, 0xD801, 0};

@@ -53,9 +53,8 @@ TEST(ColorTest, LightnessOfAnotherKeepsHueAndSaturation) {
             wanted.lightness = light.GetHSL().lightness;
             const MColor exact = MColor::FromHSL(wanted, 77);
             const MColor moved = color.WithLightnessOf(light);
-            ASSERT_NEAR(moved.red, exact.red, 1) << Text(color.GetText());
-            ASSERT_NEAR(moved.green, exact.green, 1) << Text(color.GetText());
-            ASSERT_NEAR(moved.blue, exact.blue, 1) << Text(color.GetText());
+            for (const auto channel : {&MColor::red, &MColor::green, &MColor::blue})
+                ASSERT_NEAR(moved.*channel, exact.*channel, 1) << Text(color.GetText());
             ASSERT_EQ(moved.alpha, 77);
         }
     });

@@ -6,48 +6,36 @@
 
 #include <gtest/gtest.h>
 
-namespace {
-
-class MSpecialFoldersTest : public testing::Test {
-protected:
-    ~MSpecialFoldersTest() noexcept override = default;
-
-    static std::string Path(MSpecialFolder folder) { return Text(MGetPlatformFolders().GetPath(folder)); }
-
-    MScratch scratch;
-    std::string home = Text(scratch.GetPath());
-    MTestVariable homeVariable{"HOME", home};
-    MTestVariable configVariable{"XDG_CONFIG_HOME", ""};
-    MTestVariable dataVariable{"XDG_DATA_HOME", "relative/is/invalid"};
-};
-
-TEST_F(MSpecialFoldersTest, UserDirectoriesAreTakenFromTheirFile) {
+TEST(MSpecialFoldersTest, TheUsersFoldersLieInTheHomeOrWhereTheirFileSays) {
+    const MScratch scratch;
+    const std::string home = Text(scratch.GetPath());
+    const MTestVariable homeVariable("HOME", home);
+    const MTestVariable configVariable("XDG_CONFIG_HOME", "");
+    const MTestVariable dataVariable("XDG_DATA_HOME", "relative/is/invalid");
+    const auto path = [](int32_t folder) { return Text(MGetPlatformFolders().GetPath(folder)); };
+    EXPECT_EQ(path(MSpecialFolderUser), home);
+    EXPECT_EQ(path(MSpecialFolderUserData), home + "/.local/share/Corvanth");
+    EXPECT_EQ(path(MSpecialFolderUserDocuments), home + "/Documents");
     scratch.WriteFile(".config/user-dirs.dirs", "# written by a program\n"
                                                 "XDG_DESKTOP_DIR=\"$HOME/Pracovn\xC3\xAD plocha\"\n"
                                                 "  XDG_DOCUMENTS_DIR=\"/srv/docs\\\"x/\"\n"
                                                 "XDG_MUSIC_DIR=\"relative\"\n"
                                                 "XDG_VIDEOS_DIR=\n"
                                                 "XDG_DOWNLOAD_DIR=\"$HOME/\"\n");
-    EXPECT_EQ(Path(MSpecialFolderUserDesktop), home + "/Pracovn\xC3\xAD plocha");
-    EXPECT_EQ(Path(MSpecialFolderDesktop), home + "/Pracovn\xC3\xAD plocha");
-    EXPECT_EQ(Path(MSpecialFolderUserDocuments), "/srv/docs\"x");
-    EXPECT_EQ(Path(MSpecialFolderMusic), home + "/Music");
-    EXPECT_EQ(Path(MSpecialFolderVideo), home + "/Videos");
-    EXPECT_EQ(Path(MSpecialFolderDownloads), home);
-}
+    EXPECT_EQ(path(MSpecialFolderUserDesktop), home + "/Pracovn\xC3\xAD plocha");
+    EXPECT_EQ(path(MSpecialFolderDesktop), home + "/Pracovn\xC3\xAD plocha");
+    EXPECT_EQ(path(MSpecialFolderUserDocuments), "/srv/docs\"x");
+    EXPECT_EQ(path(MSpecialFolderMusic), home + "/Music");
+    EXPECT_EQ(path(MSpecialFolderVideo), home + "/Videos");
+    EXPECT_EQ(path(MSpecialFolderDownloads), home);
 
-TEST_F(MSpecialFoldersTest, WithoutSettingsTheUsersFoldersLieInTheHome) {
-    EXPECT_EQ(Path(MSpecialFolderUser), home);
-    EXPECT_EQ(Path(MSpecialFolderUserData), home + "/.local/share/Corvanth");
     const MTestVariable data("XDG_DATA_HOME", home + "/data/");
-    EXPECT_EQ(Path(MSpecialFolderUserStartMenu), home + "/data/applications");
+    EXPECT_EQ(path(MSpecialFolderUserStartMenu), home + "/data/applications");
     const MTestVariable present("TMPDIR", home + "/");
-    EXPECT_EQ(Path(MSpecialFolderTemporary), home);
+    EXPECT_EQ(path(MSpecialFolderTemporary), home);
     const MTestVariable missing("TMPDIR", home + "/missing");
-    EXPECT_EQ(Path(MSpecialFolderTemporary), "/tmp");
+    EXPECT_EQ(path(MSpecialFolderTemporary), "/tmp");
     for (int32_t folder = 0; folder < MSpecialFolderUserTemporary; ++folder)
         EXPECT_TRUE(MFile::IsAbsolute(MGetPlatformFolders().GetPath(folder))) << folder;
-    EXPECT_EQ(Text(MGetPlatformFolders().GetPath(MSpecialFolderCount)), "");
+    EXPECT_EQ(path(MSpecialFolderCount), "");
 }
-
-}  // namespace
