@@ -57,6 +57,7 @@ TEST(FormatterTest, AnOpenPlaceholderRaises) {
         EXPECT_EQ(FailureOf([&] { (void)MFormat(format, 1); }),
                   "0: Formatting string ends in an argument specification.")
             << format;
+    EXPECT_THROW(MStringScanner("a{0", "abc"), MException);
 }
 
 TEST(ScannerTest, StopsWhereFormatAndInputPart) {

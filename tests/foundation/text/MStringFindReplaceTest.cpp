@@ -36,8 +36,7 @@ TEST(MStringFindReplaceTest, ReplacesWithoutLookingAtWhatItInserted) {
     EXPECT_EQ(text.ReplaceChar('N', "y"), 0);
     EXPECT_EQ(Text(text), "baannaannaa");
     // Lists are worked through again until nothing changes.
-    MList<MString> texts;
-    MList<MString> replacements;
+    MList<MString> texts, replacements;
     for (const char* pattern : {"{B}", "{A}"}) texts.Add(pattern);
     for (const char* replacement : {"end", "{b}/x"}) replacements.Add(replacement);
     text = "{a} {A}";

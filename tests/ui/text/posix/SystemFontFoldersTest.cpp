@@ -13,11 +13,13 @@ TEST(SystemFontFoldersTest, FoldersFollowTheBaseDirectoriesAndFontsOfTheMakerAre
     const std::string home = Text(scratch.GetPath());
     const MTestVariable homeVariable("HOME", home);
     const MTestVariable dataVariable("XDG_DATA_HOME", "");
-    const MTestVariable directories("XDG_DATA_DIRS", "/opt/share/:relative::/usr/share");
-    std::string list;
-    for (const MString& folder : MGetSystemFontFolders()) list += Text(folder) + "\n";
-    EXPECT_EQ(list, home + "/fonts\n" + home + "/.local/share/fonts\n" + home + "/.fonts\n" +
-                        "/opt/share/fonts\n/usr/share/fonts\n/usr/local/share/fonts\n");
+    {
+        const MTestVariable directories("XDG_DATA_DIRS", "/opt/share/:relative::/usr/share");
+        std::string list;
+        for (const MString& folder : MGetSystemFontFolders()) list += Text(folder) + "\n";
+        EXPECT_EQ(list, home + "/fonts\n" + home + "/.local/share/fonts\n" + home + "/.fonts\n" +
+                            "/opt/share/fonts\n/usr/share/fonts\n/usr/local/share/fonts\n");
+    }
 
     scratch.WriteFile("data/Fonts/own.ttf", MReadTestFile(SystemFont("liberation/LiberationSans-Bold.ttf")));
     const MFontDescriptor found = MFont::GetSystemFontDescriptor("dejavu sans mono", true, false, true);
