@@ -6,8 +6,6 @@
 /// folder.
 class DownloadSetTest : public EndToEndTest {
 protected:
-    ~DownloadSetTest() noexcept override = default;
-
     void Publish(const char* partSize) {
         Build(ToList({"download-set", "release", "--id", "Reverb-2", "--output", "published"}),
               {"--part-size", partSize, "--stub", SETUP_PROGRAM, "--mirror", server.GetURL("/get")});

@@ -27,8 +27,6 @@ protected:
             MFile::Join(MFile::GetSpecialPath(MSpecialFolderUserData), "DefaultPaths.xml");
         if (MPlatform::GetName() == "windows" && MFile::Exists(remembered)) MFile::Delete(remembered);
     }
-    ~EndToEndTest() noexcept override = default;
-
     [[nodiscard]] MString InProduct(const MString& name) const {
         return MFile::Join(scratch.Join("product"), name);
     }

@@ -36,8 +36,6 @@ void AddPreset(MXMLItem& folder, const char* name) {
 
 class ExamplePresetsTest : public ExampleProductTest {
 protected:
-    ~ExamplePresetsTest() noexcept override = default;
-
     void InstallVersion(const char* version) {
         PackExample(version);
         InstallExample("configuration=small");
@@ -97,7 +95,7 @@ TEST_F(ExamplePresetsTest, AnUpgradeKeepsWhatTheMusicianMadeAndBringsWhatIsNew) 
                                      : from == From::Product ? Stamped(shipped.Get(name))
                                                              : Packed(before.Get(name), shipped.Get(name)));
     }
-    EXPECT_EQ(Text(merged.GetFolder("Rooms").FindSubItem("Directory")->GetAttribute("Probability")), "0.5");
+    EXPECT_EQ(Text(merged.Get("Rooms/Drums/Tight Snare").GetParent()->GetAttribute("Probability")), "0.5");
     EXPECT_EQ(MReadTestFile(GetInstalled() + "backup"), edited);
 
     const std::string after = MReadTestFile(GetInstalled());

@@ -12,8 +12,6 @@ protected:
         for (const MString& path : {GetUserData(), GetMenu()})
             if (MFile::Exists(path)) MFile::DeleteTree(path);
     }
-    ~ExampleProductTest() noexcept override = default;
-
     void PackExample(const char* version = "1.0", const char* compression = "none") {
         Build(ToList({"pack", "definition.xml", "--compression", compression, "--define"}),
               {MString("VERSION=") + version, "--output", GetInstaller()});

@@ -70,8 +70,6 @@ protected:
         WriteAsUser(MFile::Join(oldFolder, "Bank/One.xml"), "old one");
         WriteAsUser(MFile::Join(oldFolder, "Bank/Two.xml"), "old two");
     }
-    ~KilledUpgradeTest() noexcept override = default;
-
     void TearDown() override {
         machine.Restore();
         MGuard("KilledUpgradeTest", [] { MUninstallEntry::Delete("Test Product"); });

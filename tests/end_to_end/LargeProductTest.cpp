@@ -6,6 +6,8 @@
 namespace {
 
 constexpr int64_t GiB = 1024 * 1024 * 1024;
+constexpr int64_t First = 4 * GiB + 123456789;
+constexpr int64_t Second = GiB + 7;
 
 /// Calls `visit` at marks at the beginning, behind 4 GiB if it goes that far, and at the end of a file.
 template <class Visitor>
@@ -32,15 +34,9 @@ void ExpectMarks(const MString& path, int64_t size) {
     VisitMarks(file, size, [&](int64_t mark) { EXPECT_EQ(file.ReadInt64(), mark); });
 }
 
+using LargeProductTest = EndToEndTest;
+
 }  // namespace
-
-class LargeProductTest : public EndToEndTest {
-protected:
-    ~LargeProductTest() noexcept override = default;
-
-    static constexpr int64_t First = 4 * GiB + 123456789;
-    static constexpr int64_t Second = GiB + 7;
-};
 
 TEST_F(LargeProductTest, PacksVerifiesAndInstallsBeyond4GiB) {
     MakeLargeFile(InProduct("samples.bin"), First);

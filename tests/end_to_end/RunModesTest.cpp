@@ -9,8 +9,6 @@ const char* const LastResort =
 
 class RunModesTest : public EndToEndTest {
 protected:
-    ~RunModesTest() noexcept override = default;
-
     /// A product of one file in the given form beside the bare program, which is its installer.
     void PackBeside(const MString& output, std::initializer_list<const char*> options) {
         scratch.WriteFile("product/noise", noise);

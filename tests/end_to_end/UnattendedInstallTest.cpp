@@ -2,8 +2,6 @@
 
 class UnattendedInstallTest : public EndToEndTest {
 protected:
-    ~UnattendedInstallTest() noexcept override = default;
-
     void PackProduct(std::initializer_list<const char*> options = {}) {
         scratch.WriteFile("product/licence.txt", "Do as you like.");
         scratch.WriteFile(MDecodeUTF8Exact("product/source/sub/Čeština 😀.txt"), "unicode");

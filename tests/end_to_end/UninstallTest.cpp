@@ -2,8 +2,6 @@
 
 class UninstallTest : public EndToEndTest {
 protected:
-    ~UninstallTest() noexcept override = default;
-
     void PackProduct() {
         scratch.WriteFile("product/files/sub/a.txt", "a");
         scratch.WriteFile("product/files/b.txt", "b");

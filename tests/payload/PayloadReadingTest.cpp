@@ -180,7 +180,8 @@ protected:
 };
 
 TEST_F(SfxTest, IsAViewOfThePayloadAndOfTheProgram) {
-    const MString path = Write(program + payload + MTestPayload::MakeTrailer(payload));
+    const MString path =
+        Write(program + payload + "MSFXMSFX" + MWordOf(static_cast<int64_t>(payload.size()), 8));
     MSfx sfx(path);
     ASSERT_TRUE(sfx.IsOpen());
     EXPECT_EQ(sfx.GetSize(), static_cast<int64_t>(payload.size()));

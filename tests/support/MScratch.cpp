@@ -8,28 +8,17 @@
 
 #include <algorithm>
 #include <random>
-#include <vector>
+#include <set>
 
-namespace {
-
-MString GetUniquePath() {
+MScratch::MScratch() {
     static std::mt19937_64 random(std::random_device{}());
     const std::string name = "corvanth-test-" + std::to_string(random());
-    return MFile::Join(MGetPlatformFolders().GetPath(MSpecialFolderTemporary), MDecodeUTF8Exact(name));
-}
-
-}  // namespace
-
-MScratch::MScratch() : path(GetUniquePath()) {
+    path = MFile::Join(MGetPlatformFolders().GetPath(MSpecialFolderTemporary), MDecodeUTF8Exact(name));
     MFile::CreatePath(path);
 }
 
 MScratch::~MScratch() {
     MGuard("MScratch", [this] { MFile::DeleteTree(path); });
-}
-
-MString MScratch::Join(const MString& name) const {
-    return MFile::Join(path, name);
 }
 
 MString MScratch::WriteFile(const MString& name, std::string_view content) const {
@@ -38,18 +27,13 @@ MString MScratch::WriteFile(const MString& name, std::string_view content) const
     return file;
 }
 
-std::string MScratch::ReadFile(const MString& name) const {
-    return MReadTestFile(Join(name));
-}
-
 std::string MScratch::ListTree() const {
-    std::vector<std::string> lines;
+    std::set<std::string> lines;
     MFile::GetFileListRecursed(path, MString(), [&](const MString& directory, const MFileListEntry& entry) {
         const MString relative = MFile::GetRelativePath(MFile::Join(directory, entry.name), path);
-        lines.push_back(Text(relative) + (entry.isDirectory ? "/\n" : "\n"));
+        lines.insert(Text(relative) + (entry.isDirectory ? "/\n" : "\n"));
         return true;
     });
-    std::sort(lines.begin(), lines.end());
     std::string tree;
     for (const std::string& line : lines) tree += line;
     return tree;
@@ -77,14 +61,6 @@ MScratchFolders::MScratchFolders(const MScratch& scratch) {
     MFile::UseSpecialFolders(this);
 }
 
-MScratchFolders::~MScratchFolders() {
-    MFile::UseSpecialFolders(nullptr);
-}
-
 MString MScratchFolders::GetPath(int32_t index) {
     return index >= 0 && index < MSpecialFolderCount ? paths[static_cast<size_t>(index)] : MString();
-}
-
-void MScratchFolders::SetPath(int32_t index, const MString& path) {
-    paths[static_cast<size_t>(index)] = path;
 }

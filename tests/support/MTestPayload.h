@@ -14,9 +14,6 @@ public:
     /// The whole payload with `xml` as its index.
     [[nodiscard]] std::string Finish(const std::string& xml) const;
 
-    /// The trailer of an executable with `payload` behind it.
-    [[nodiscard]] static std::string MakeTrailer(const std::string& payload);
-
 private:
     [[nodiscard]] std::string Compress(const std::string& content) const;
 

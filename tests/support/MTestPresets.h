@@ -23,9 +23,6 @@ public:
             if (path == name) return *preset;
         throw std::out_of_range(name);
     }
-    [[nodiscard]] MXMLItem& GetFolder(const char* name) const {
-        return *root.FindSubItem("Directory", "Name", name);
-    }
     void Remove(const std::string& name) {
         MXMLItem& preset = Get(name);
         MXMLItem& parent = *preset.GetParent();

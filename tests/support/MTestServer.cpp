@@ -15,37 +15,26 @@ namespace {
 
 const uint32_t Loopback = std::bit_cast<uint32_t>(std::to_array<uint8_t>({127, 0, 0, 1}));
 
-/// How long a request is, as far as that is known from its beginning; 0 as long as its head has not ended.
-size_t GetRequestSize(const std::string& request) {
+/// Whether a request has come to the end of its head and of the body that this tells.
+bool IsWhole(const std::string& request) {
     const size_t headEnd = request.find("\n\n");
-    if (headEnd == std::string::npos) return 0;
+    if (headEnd == std::string::npos) return false;
     const std::string field = "\nContent-Length: ";
     const size_t found = request.find(field);
     const size_t bodySize = found < headEnd ? std::strtoul(&request[found + field.size()], nullptr, 10) : 0;
-    return headEnd + 2 + bodySize;
+    return request.size() >= headEnd + 2 + bodySize;
 }
 
 /// Empty if the other side hangs up before its request is whole.
 std::string ReadRequest(MSystemSocket connection) {
     std::string request;
-    while (GetRequestSize(request) == 0 || request.size() < GetRequestSize(request)) {
+    while (!IsWhole(request)) {
         char piece[4096];
         const int32_t count = MReceiveFromSocket(connection, piece, sizeof(piece));
         if (count <= 0) return {};
         request.append(piece, static_cast<size_t>(count));
     }
     return request;
-}
-
-void SendReply(MSystemSocket connection, const MTestReply& reply) {
-    const size_t pieceSize = reply.pieceSize > 0 ? reply.pieceSize : reply.bytes.size();
-    size_t sent = 0;
-    while (sent < reply.bytes.size()) {
-        const size_t size = std::min(pieceSize, reply.bytes.size() - sent);
-        const int32_t count = MSendToSocket(connection, &reply.bytes[sent], static_cast<int32_t>(size));
-        if (count <= 0) return;
-        sent += static_cast<size_t>(count);
-    }
 }
 
 }  // namespace
@@ -57,7 +46,9 @@ MTestReply MTestBody(const std::string& body) {
 MTestServer::MTestServer(Handler handler) : handler(std::move(handler)) {
     MPlatform::StartSubsystems();
     listener = MListenOnLoopback(port);
-    thread = std::thread([this] { Run(); });
+    thread = std::thread([this] {
+        while (!isEnding) Serve(MAcceptConnection(listener));
+    });
 }
 
 MTestServer::~MTestServer() {
@@ -70,10 +61,6 @@ MTestServer::~MTestServer() {
     thread.join();
     MCloseSocket(listener);
     MPlatform::StopSubsystems();
-}
-
-void MTestServer::Run() {
-    while (!isEnding) Serve(MAcceptConnection(listener));
 }
 
 MString MTestServer::GetURL(const MString& path) const {
@@ -98,9 +85,11 @@ void MTestServer::Serve(MSystemSocket connection) {
         requests.push_back(request);
     }
     const MTestReply reply = handler(request);
-    SendReply(connection, reply);
-    if (reply.isReset)
-        MResetConnection(connection);
-    else
-        MCloseSocket(connection);
+    for (size_t sent = 0; sent < reply.bytes.size();) {
+        const size_t size = std::min(reply.pieceSize, reply.bytes.size() - sent);
+        const int32_t count = MSendToSocket(connection, &reply.bytes[sent], static_cast<int32_t>(size));
+        if (count <= 0) break;
+        sent += static_cast<size_t>(count);
+    }
+    reply.isReset ? MResetConnection(connection) : MCloseSocket(connection);
 }

@@ -3,6 +3,7 @@
 #include "streams/network/MSystemSocket.h"
 
 #include <atomic>
+#include <cstdint>
 #include <functional>
 #include <mutex>
 #include <string>
@@ -17,8 +18,8 @@ struct MTestReply {
     MTestReply(const char* bytes) : bytes(bytes) {}
 
     std::string bytes;
-    size_t pieceSize = 0;  ///< how many bytes go out at once; 0 for all
-    bool isReset = false;  ///< breaks the connection in place of closing it
+    size_t pieceSize = INT32_MAX;  ///< how many bytes go out at once
+    bool isReset = false;          ///< breaks the connection in place of closing it
 };
 
 /// A reply of status 200 that promises what it holds.
@@ -42,13 +43,11 @@ public:
     [[nodiscard]] MString GetURL(const MString& path) const;
     /// The requests so far, in the order in which they came.
     [[nodiscard]] std::vector<std::string> GetRequests() const;
-    [[nodiscard]] int32_t GetRequestCount() const { return static_cast<int32_t>(GetRequests().size()); }
 
     /// The path of a request, with its query.
     [[nodiscard]] static std::string GetPath(const std::string& request);
 
 private:
-    void Run();
     void Serve(MSystemSocket connection);
 
     Handler handler;

@@ -4,6 +4,7 @@
 #include "foundation/text/MUnicode.h"
 
 #include <cstdio>
+#include <gmock/gmock.h>
 #include <ostream>
 #include <string>
 

@@ -29,12 +29,6 @@ private:
 
         bool operator==(const Entry&) const = default;
     };
-    using Item = std::pair<const std::string, Entry>;
-
-    void Add(const MString& path, bool isDirectory);
-    static void Write(const std::string& path, const Entry& entry);
-    static bool IsSame(const Item& before, const Item& after);
-
     MList<MString> roots;
     MList<MString> ignored;
     std::map<std::string, Entry> entries;  ///< by path: directories come before what they hold

@@ -5,8 +5,6 @@
 /// What only a system with limits, owners and signals can do to a run.
 class DiskFaultsTest : public EndToEndTest {
 protected:
-    ~DiskFaultsTest() noexcept override = default;
-
     void PackNoise(const char* compression) {
         scratch.WriteFile("product/files/a-first", "small");
         scratch.WriteFile("product/files/b-noise", MTestNoise(3000000));

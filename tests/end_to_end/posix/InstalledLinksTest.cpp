@@ -4,8 +4,6 @@
 /// The links of an installed product, read and started as a desktop does it.
 class InstalledLinksTest : public EndToEndTest {
 protected:
-    ~InstalledLinksTest() noexcept override = default;
-
     MTestDesktop desktop{InHome(""), true};
 };
 
@@ -24,8 +22,7 @@ TEST_F(InstalledLinksTest, AreValidAndStartWhatTheyNameUntilTheProductIsRemoved)
     const MProgramResult result = InstallSilently();
     ASSERT_EQ(result.exitCode, 0) << result.errors;
 
-    const MString folder =
-        MFile::Join(MTestPrograms(InHome("")), MDecodeUTF8Exact("\xC5\x98\xC3\xA9verbs & more"));
+    const MString folder = InMenu(MDecodeUTF8Exact("\xC5\x98\xC3\xA9verbs & more"));
     const std::string directory = Text(InHome("to")) + "\n";
     const std::pair<MString, std::string> links[] = {
         {MFile::Join(folder, "Tools/Editor.desktop"), directory + "[--file]\n[my song]\n[100%]\n"},

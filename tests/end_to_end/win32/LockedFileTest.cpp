@@ -12,16 +12,10 @@ public:
     HeldFile& operator=(const HeldFile&) = delete;
     ~HeldFile() { CloseHandle(handle); }
 
-    [[nodiscard]] bool IsHeld() const { return handle != INVALID_HANDLE_VALUE; }
-
-private:
-    HANDLE handle;
+    const HANDLE handle;
 };
 
-class LockedFileTest : public EndToEndTest {
-protected:
-    ~LockedFileTest() noexcept override = default;
-};
+using LockedFileTest = EndToEndTest;
 
 TEST_F(LockedFileTest, AFileThatAHostHoldsAbortsOrIsLeftAsItIs) {
     scratch.WriteFile("product/files/held.dll", "new");
@@ -29,7 +23,7 @@ TEST_F(LockedFileTest, AFileThatAHostHoldsAbortsOrIsLeftAsItIs) {
     Pack(ToDestination("files"));
     scratch.WriteFile("home/to/held.dll", "old");
     const HeldFile held(InHome("to/held.dll"));
-    ASSERT_TRUE(held.IsHeld());
+    ASSERT_NE(held.handle, INVALID_HANDLE_VALUE);
     const MProgramResult aborted = InstallSilently();
     EXPECT_EQ(aborted.exitCode, 1);
     EXPECT_THAT(aborted.errors,

@@ -4,8 +4,6 @@
 #include "tests/support/MTestBytes.h"
 #include "tests/support/MTestText.h"
 
-#include <gtest/gtest.h>
-
 namespace {
 
 const std::string InvalidContent = "100: Source compressed stream has invalid content.";
@@ -57,7 +55,6 @@ std::string Unpack(MStream& source, size_t size, size_t piece = 1 << 20) {
 template <class Format>
 class MCompressionStream : public testing::Test {
 protected:
-    ~MCompressionStream() noexcept override = default;
 };
 
 using Formats = testing::Types<ZLib, Bzip2>;

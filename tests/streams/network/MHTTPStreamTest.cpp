@@ -6,20 +6,14 @@
 #include "tests/support/MTestServer.h"
 #include "tests/support/MTestText.h"
 
-#include <gtest/gtest.h>
-
 namespace {
-
-MTestReply Redirection(const std::string& location) {
-    return "HTTP/1.0 302 Found\r\nLocation: " + location + "\r\n\r\nelsewhere";
-}
 
 /// Redirects by the table, and sends the path of any other request as its body.
 MTestServer::Handler RedirectBy(const std::vector<std::pair<std::string, std::string>>& table) {
-    return [table](const std::string& request) {
+    return [table](const std::string& request) -> MTestReply {
         const std::string path = MTestServer::GetPath(request);
         for (const auto& [from, to] : table)
-            if (from == path) return Redirection(to);
+            if (from == path) return "HTTP/1.0 302 Found\r\nLocation: " + to + "\r\n\r\nelsewhere";
         return MTestBody(path);
     };
 }
@@ -129,11 +123,11 @@ TEST(MHTTPStream, FollowsRedirectionsToTheEndOfTheBudget) {
         EXPECT_EQ(reached, MReadAll(stream)) << path;
     }
     for (const int32_t budget : {-1, 0, 1, 10}) {
-        const int32_t before = server.GetRequestCount();
+        const size_t before = server.GetRequests().size();
         stream.Get(server.GetURL("/again"));
         EXPECT_FALSE(stream.Send(budget));
         EXPECT_EQ(302, stream.GetStatus());
-        EXPECT_EQ(std::max(budget, 0) + 1, server.GetRequestCount() - before);
+        EXPECT_EQ(static_cast<size_t>(std::max(budget, 0)) + 1, server.GetRequests().size() - before);
     }
 
     MHTTPFieldList form;

@@ -29,30 +29,20 @@ constexpr uint64_t ChangingCalls[] = {
 
 constexpr uint64_t OpenForChange = O_WRONLY | O_RDWR | O_CREAT | O_TRUNC;
 
-template <size_t Count>
-bool IsOneOf(const uint64_t (&calls)[Count], uint64_t call) {
-    return std::find(calls, calls + Count, call) != calls + Count;
-}
-
-/// Standard output and error do not count, nor do the pipes into which a sanitizer looks.
-bool IsOwnFile(pid_t process, uint64_t descriptor) {
-    const std::string path = "/proc/" + std::to_string(process) + "/fd/" + std::to_string(descriptor);
-    struct stat status;
-    return descriptor > STDERR_FILENO && stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode);
-}
-
-bool IsFileOperation(pid_t process, uint64_t call, const uint64_t* arguments) {
-    if (call == SYS_open) return (arguments[1] & OpenForChange) != 0;
-    if (call == SYS_openat) return (arguments[2] & OpenForChange) != 0;
-    if (IsOneOf(WritingCalls, call)) return IsOwnFile(process, arguments[0]);
-    return IsOneOf(ChangingCalls, call);
-}
-
 /// Whether the stopped process is about to change a file.
 bool IsBeforeFileOperation(pid_t process) {
-    __ptrace_syscall_info call;
-    if (ptrace(PTRACE_GET_SYSCALL_INFO, process, sizeof call, &call) <= 0) return false;
-    return call.op == PTRACE_SYSCALL_INFO_ENTRY && IsFileOperation(process, call.entry.nr, call.entry.args);
+    __ptrace_syscall_info info;
+    if (ptrace(PTRACE_GET_SYSCALL_INFO, process, sizeof info, &info) <= 0) return false;
+    if (info.op != PTRACE_SYSCALL_INFO_ENTRY) return false;
+    const auto call = info.entry.nr;
+    const auto* const arguments = info.entry.args;
+    if (call == SYS_open) return (arguments[1] & OpenForChange) != 0;
+    if (call == SYS_openat) return (arguments[2] & OpenForChange) != 0;
+    if (std::ranges::count(WritingCalls, call) == 0) return std::ranges::count(ChangingCalls, call) > 0;
+    // Standard output and error do not count, nor do the pipes into which a sanitizer looks.
+    const std::string path = "/proc/" + std::to_string(process) + "/fd/" + std::to_string(arguments[0]);
+    struct stat status;
+    return arguments[0] > STDERR_FILENO && stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode);
 }
 
 /// In the new process. It stops at the start of its program until the watcher lets it go on.

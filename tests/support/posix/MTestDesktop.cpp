@@ -9,12 +9,6 @@
 #include <gtest/gtest.h>
 #include <thread>
 
-namespace {
-
-constexpr int HundredthsToWait = 1000;
-
-}  // namespace
-
 MTestDesktop::MTestDesktop(const MString& directory, bool asOrdinaryUser)
     : directory(directory), asOrdinaryUser(asOrdinaryUser) {
     WriteRecorder(MFile::Join(directory, "bin/xdg-open"));
@@ -37,7 +31,7 @@ std::string MTestDesktop::Launch(const MString& link) const {
     const std::string failure = Run("gio", "launch", link);
     if (!failure.empty()) return failure;
     // The launcher does not wait for what it starts.
-    for (int i = 0; i < HundredthsToWait && !MFile::Exists(record); ++i)
+    for (int hundredths = 0; hundredths < 1000 && !MFile::Exists(record); ++hundredths)
         std::this_thread::sleep_for(std::chrono::milliseconds(10));
     return MFile::Exists(record) ? MReadTestFile(record) : "nothing was started";
 }

@@ -19,19 +19,6 @@ namespace {
 
 constexpr unsigned SecondsToLive = 300;
 
-void MoveInto(const std::string& home) {
-    setenv("HOME", home.c_str(), 1);
-    setenv("TMPDIR", home.c_str(), 1);
-    for (const char* variable : {"XDG_DATA_HOME", "XDG_CONFIG_HOME", "XDG_CACHE_HOME", "XDG_DESKTOP_DIR"})
-        unsetenv(variable);
-}
-
-void BecomeOrdinaryUser() {
-    if (geteuid() == 0 &&
-        (setgroups(0, nullptr) != 0 || setgid(MOrdinaryUser) != 0 || setuid(MOrdinaryUser) != 0))
-        _exit(126);
-}
-
 /// Makes the calls that sync a file succeed at once, where the system allows that. They take most of the time
 /// of an installation, and only a machine that loses its power could tell the difference.
 void SkipSyncing() {
@@ -46,19 +33,13 @@ void SkipSyncing() {
     if (prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) == 0) prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &filter);
 }
 
-[[noreturn]] void BecomeProgram(const std::vector<std::string>& words, const std::string& directory,
-                                int output, int errors) {
-    dup2(open("/dev/null", O_RDONLY), STDIN_FILENO);
-    dup2(output, STDOUT_FILENO);
-    dup2(errors, STDERR_FILENO);
-    if (chdir(directory.c_str()) != 0) _exit(126);
-    alarm(SecondsToLive);
-    std::vector<char*> pointers;
-    pointers.reserve(words.size() + 1);
-    for (const std::string& word : words) pointers.push_back(const_cast<char*>(word.c_str()));
-    pointers.push_back(nullptr);
-    execv(pointers[0], pointers.data());
-    _exit(127);
+std::string ReadAll(std::FILE* file) {
+    std::string text;
+    char piece[4096];
+    std::rewind(file);
+    size_t count;
+    while ((count = std::fread(piece, 1, sizeof piece, file)) > 0) text.append(piece, count);
+    return text;
 }
 
 }  // namespace
@@ -67,28 +48,33 @@ MTestProcess::MTestProcess(const MString& program, const MList<MString>& argumen
                            const MString& home, bool asOrdinaryUser, void (*prepare)()) {
     std::vector<std::string> words{MNativePath(program)};
     for (const MString& argument : arguments) words.push_back(MNativePath(argument));
+    std::vector<char*> pointers;
+    pointers.reserve(words.size() + 1);
+    for (std::string& word : words) pointers.push_back(word.data());
+    pointers.push_back(nullptr);
     const std::string nativeDirectory = MNativePath(directory);
     const std::string nativeHome = MNativePath(home);
 
     id = fork();
     if (id != 0) return;
-    MoveInto(nativeHome);
-    if (asOrdinaryUser) BecomeOrdinaryUser();
+    for (const char* variable : {"HOME", "TMPDIR"}) setenv(variable, nativeHome.c_str(), 1);
+    for (const char* variable : {"XDG_DATA_HOME", "XDG_CONFIG_HOME", "XDG_CACHE_HOME", "XDG_DESKTOP_DIR"})
+        unsetenv(variable);
+    if (asOrdinaryUser && geteuid() == 0 &&
+        (setgroups(0, nullptr) != 0 || setgid(MOrdinaryUser) != 0 || setuid(MOrdinaryUser) != 0))
+        _exit(126);
     SkipSyncing();
     prepare();
-    BecomeProgram(words, nativeDirectory, fileno(output.get()), fileno(errors.get()));
+    dup2(open("/dev/null", O_RDONLY), STDIN_FILENO);
+    dup2(fileno(output.get()), STDOUT_FILENO);
+    dup2(fileno(errors.get()), STDERR_FILENO);
+    if (chdir(nativeDirectory.c_str()) != 0) _exit(126);
+    alarm(SecondsToLive);
+    execv(pointers[0], pointers.data());
+    _exit(127);
 }
 
 MProgramResult MTestProcess::GetResult(int status) const {
     const int32_t exitCode = WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
     return {exitCode, ReadAll(output.get()), ReadAll(errors.get())};
-}
-
-std::string MTestProcess::ReadAll(std::FILE* file) {
-    std::string text;
-    char piece[4096];
-    std::rewind(file);
-    size_t count;
-    while ((count = std::fread(piece, 1, sizeof piece, file)) > 0) text.append(piece, count);
-    return text;
 }

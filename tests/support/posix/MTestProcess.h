@@ -24,10 +24,7 @@ public:
 private:
     using TemporaryFile = std::unique_ptr<std::FILE, int (*)(std::FILE*)>;
 
-    static TemporaryFile MakeTemporaryFile() { return {std::tmpfile(), std::fclose}; }
-    static std::string ReadAll(std::FILE* file);
-
-    TemporaryFile output = MakeTemporaryFile();
-    TemporaryFile errors = MakeTemporaryFile();
+    TemporaryFile output{std::tmpfile(), std::fclose};
+    TemporaryFile errors{std::tmpfile(), std::fclose};
     pid_t id = -1;
 };

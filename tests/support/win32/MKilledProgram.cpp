@@ -2,6 +2,7 @@
 
 #include "tests/support/win32/MTestProcess.h"
 
+#include <algorithm>
 #include <array>
 #include <cstring>
 #include <gtest/gtest.h>
@@ -24,22 +25,16 @@ bool IsForChange(DWORD access) {
                       FILE_WRITE_ATTRIBUTES)) != 0;
 }
 
-/// Of a FILE_INFORMATION_CLASS: times and attributes, name, link, deletion, allocation, length.
-bool IsChange(DWORD information) {
-    for (const DWORD change : {4, 10, 11, 13, 19, 20, 64, 65})
-        if (information == change) return true;
-    return false;
-}
+/// Each a FILE_INFORMATION_CLASS: times and attributes, name, link, deletion, allocation, length.
+constexpr DWORD Changes[] = {4, 10, 11, 13, 19, 20, 64, 65};
 
-bool Always(const Stack&) {
-    return true;
-}
+constexpr auto Always = [](const Stack&) { return true; };
 
 /// What all changes of files and of the registry come down to, whoever asks for them.
 constexpr WatchedCall WatchedCalls[] = {
     {"NtCreateFile", [](const Stack& stack) { return IsForChange(stack[2]) || stack[8] != OpenDisposition; }},
     {"NtOpenFile", [](const Stack& stack) { return IsForChange(stack[2]); }},
-    {"NtSetInformationFile", [](const Stack& stack) { return IsChange(stack[5]); }},
+    {"NtSetInformationFile", [](const Stack& stack) { return std::ranges::count(Changes, stack[5]) > 0; }},
     {"NtWriteFile", Always},
     {"NtFlushBuffersFile", Always},
     {"NtDeleteFile", Always},
@@ -61,93 +56,85 @@ public:
         : process(process), fatalOperation(fatalOperation) {}
 
     /// To the program's end.
-    MKilledProgramResult Watch();
+    MKilledProgramResult Watch() {
+        DEBUG_EVENT event{};
+        while (event.dwDebugEventCode != EXIT_PROCESS_DEBUG_EVENT) {
+            if (!WaitForDebugEvent(&event, MTestProcess::MillisecondsToLive)) {
+                ADD_FAILURE() << "The program does not come to an end.";
+                TerminateProcess(process.GetHandle(), static_cast<UINT>(-1));
+                break;
+            }
+            DWORD answer = DBG_CONTINUE;
+            if (event.dwDebugEventCode == CREATE_PROCESS_DEBUG_EVENT)
+                CloseHandle(event.u.CreateProcessInfo.hFile);
+            if (event.dwDebugEventCode == LOAD_DLL_DEBUG_EVENT) CloseHandle(event.u.LoadDll.hFile);
+            if (event.dwDebugEventCode == EXCEPTION_DEBUG_EVENT) answer = HandleException(event);
+            ContinueDebugEvent(event.dwProcessId, event.dwThreadId, answer);
+        }
+        WaitForSingleObject(process.GetHandle(), MTestProcess::MillisecondsToLive);
+        result.program = process.GetResult();
+        return result;
+    }
 
 private:
+    [[nodiscard]] DWORD HandleException(const DEBUG_EVENT& event) {
+        const EXCEPTION_RECORD& exception = event.u.Exception.ExceptionRecord;
+        const auto address = reinterpret_cast<DWORD>(exception.ExceptionAddress);
+        if (exception.ExceptionCode == EXCEPTION_BREAKPOINT && breakpoints.empty()) {
+            // The first one is the system's own, reached when all libraries are loaded.
+            PlaceBreakpoints();
+            return DBG_CONTINUE;
+        }
+        const auto breakpoint = breakpoints.find(address);
+        if (exception.ExceptionCode != EXCEPTION_BREAKPOINT || breakpoint == breakpoints.end())
+            return DBG_EXCEPTION_NOT_HANDLED;
+        const HANDLE thread = OpenThread(THREAD_ALL_ACCESS, FALSE, event.dwThreadId);
+        CONTEXT context{};
+        context.ContextFlags = CONTEXT_CONTROL | CONTEXT_INTEGER;  // NOLINT(misc-redundant-expression)
+        GetThreadContext(thread, &context);
+        CountCall(*breakpoint->second.call, context);
+        // Does what the instruction does whose place the breakpoint has taken.
+        context.Eax = breakpoint->second.number;
+        context.Eip = address + LoadNumberSize;
+        SetThreadContext(thread, &context);
+        CloseHandle(thread);
+        return DBG_CONTINUE;
+    }
+
+    void PlaceBreakpoints() {
+        // The library lies at the same address in every process.
+        const HMODULE library = GetModuleHandleW(L"ntdll.dll");
+        for (const WatchedCall& call : WatchedCalls) {
+            auto* const code = reinterpret_cast<BYTE*>(GetProcAddress(library, call.name));
+            ASSERT_TRUE(code && *code == LoadNumberCode) << call.name;
+            DWORD number;
+            std::memcpy(&number, code + 1, sizeof number);
+            breakpoints[reinterpret_cast<DWORD>(code)] = {&call, number};
+            EXPECT_TRUE(WriteProcessMemory(process.GetHandle(), code, &BreakpointCode, 1, nullptr))
+                << call.name;
+        }
+        FlushInstructionCache(process.GetHandle(), nullptr, 0);
+    }
+
+    void CountCall(const WatchedCall& call, const CONTEXT& context) {
+        Stack stack{};
+        ReadProcessMemory(process.GetHandle(), reinterpret_cast<void*>(context.Esp), stack.data(),
+                          sizeof stack, nullptr);
+        if (!call.changesFile(stack) || process.IsOutput(reinterpret_cast<HANDLE>(stack[1]))) return;
+        if (++result.operationCount != fatalOperation) return;
+        result.isKilled = TerminateProcess(process.GetHandle(), static_cast<UINT>(-1)) != FALSE;
+    }
+
     struct Breakpoint {
         const WatchedCall* call;
         DWORD number;
     };
-
-    [[nodiscard]] DWORD HandleEvent(const DEBUG_EVENT& event);
-    [[nodiscard]] DWORD HandleBreakpoint(DWORD address, DWORD threadId);
-    void PlaceBreakpoints();
-    void CountCall(const WatchedCall& call, const CONTEXT& context);
 
     const MTestProcess& process;
     int32_t fatalOperation;
     std::map<DWORD, Breakpoint> breakpoints;  ///< by address
     MKilledProgramResult result;
 };
-
-MKilledProgramResult Watcher::Watch() {
-    DEBUG_EVENT event{};
-    while (event.dwDebugEventCode != EXIT_PROCESS_DEBUG_EVENT) {
-        if (!WaitForDebugEvent(&event, MTestProcess::MillisecondsToLive)) {
-            ADD_FAILURE() << "The program does not come to an end.";
-            TerminateProcess(process.GetHandle(), static_cast<UINT>(-1));
-            break;
-        }
-        ContinueDebugEvent(event.dwProcessId, event.dwThreadId, HandleEvent(event));
-    }
-    WaitForSingleObject(process.GetHandle(), MTestProcess::MillisecondsToLive);
-    result.program = process.GetResult();
-    return result;
-}
-
-DWORD Watcher::HandleEvent(const DEBUG_EVENT& event) {
-    if (event.dwDebugEventCode == CREATE_PROCESS_DEBUG_EVENT) CloseHandle(event.u.CreateProcessInfo.hFile);
-    if (event.dwDebugEventCode == LOAD_DLL_DEBUG_EVENT) CloseHandle(event.u.LoadDll.hFile);
-    if (event.dwDebugEventCode != EXCEPTION_DEBUG_EVENT) return DBG_CONTINUE;
-    const EXCEPTION_RECORD& exception = event.u.Exception.ExceptionRecord;
-    if (exception.ExceptionCode != EXCEPTION_BREAKPOINT) return DBG_EXCEPTION_NOT_HANDLED;
-    return HandleBreakpoint(reinterpret_cast<DWORD>(exception.ExceptionAddress), event.dwThreadId);
-}
-
-DWORD Watcher::HandleBreakpoint(DWORD address, DWORD threadId) {
-    if (breakpoints.empty()) {
-        // The first one is the system's own, reached when all libraries are loaded.
-        PlaceBreakpoints();
-        return DBG_CONTINUE;
-    }
-    const auto breakpoint = breakpoints.find(address);
-    if (breakpoint == breakpoints.end()) return DBG_EXCEPTION_NOT_HANDLED;
-    const HANDLE thread = OpenThread(THREAD_ALL_ACCESS, FALSE, threadId);
-    CONTEXT context{};
-    context.ContextFlags = CONTEXT_CONTROL | CONTEXT_INTEGER;  // NOLINT(misc-redundant-expression)
-    GetThreadContext(thread, &context);
-    CountCall(*breakpoint->second.call, context);
-    // Does what the instruction does whose place the breakpoint has taken.
-    context.Eax = breakpoint->second.number;
-    context.Eip = address + LoadNumberSize;
-    SetThreadContext(thread, &context);
-    CloseHandle(thread);
-    return DBG_CONTINUE;
-}
-
-void Watcher::PlaceBreakpoints() {
-    // The library lies at the same address in every process.
-    const HMODULE library = GetModuleHandleW(L"ntdll.dll");
-    for (const WatchedCall& call : WatchedCalls) {
-        const auto address = reinterpret_cast<DWORD>(GetProcAddress(library, call.name));
-        auto* code = reinterpret_cast<BYTE*>(address);
-        ASSERT_TRUE(code && *code == LoadNumberCode) << call.name;
-        DWORD number;
-        std::memcpy(&number, code + 1, sizeof number);
-        breakpoints[address] = {&call, number};
-        EXPECT_TRUE(WriteProcessMemory(process.GetHandle(), code, &BreakpointCode, 1, nullptr)) << call.name;
-    }
-    FlushInstructionCache(process.GetHandle(), nullptr, 0);
-}
-
-void Watcher::CountCall(const WatchedCall& call, const CONTEXT& context) {
-    Stack stack{};
-    ReadProcessMemory(process.GetHandle(), reinterpret_cast<void*>(context.Esp), stack.data(), sizeof stack,
-                      nullptr);
-    if (!call.changesFile(stack) || process.IsOutput(reinterpret_cast<HANDLE>(stack[1]))) return;
-    if (++result.operationCount != fatalOperation) return;
-    result.isKilled = TerminateProcess(process.GetHandle(), static_cast<UINT>(-1)) != FALSE;
-}
 
 }  // namespace
 

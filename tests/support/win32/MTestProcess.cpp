@@ -1,11 +1,8 @@
 #include "tests/support/win32/MTestProcess.h"
 
-namespace {
+#include "foundation/files/win32/MNativePath.h"
 
-std::wstring ToWide(const MString& text) {
-    const MWCHARBuffer wide = text.ToWide();
-    return reinterpret_cast<const wchar_t*>(wide.Get());
-}
+namespace {
 
 /// By the rules of CommandLineToArgvW: backslashes count only in front of a quote.
 std::wstring Quote(const std::wstring& word) {
@@ -45,21 +42,15 @@ std::string MTestProcess::OutputFile::ReadAll() const {
 
 MTestProcess::MTestProcess(const MString& program, const MList<MString>& arguments, const MString& directory,
                            DWORD flags) {
-    std::wstring commandLine = Quote(ToWide(program));
-    for (const MString& argument : arguments) commandLine += L" " + Quote(ToWide(argument));
+    std::wstring commandLine = Quote(MToWide(program));
+    for (const MString& argument : arguments) commandLine += L" " + Quote(MToWide(argument));
     STARTUPINFOW startup{};
     startup.cb = sizeof startup;
     startup.dwFlags = STARTF_USESTDHANDLES;
     startup.hStdOutput = output.GetHandle();
     startup.hStdError = errors.GetHandle();
-    CreateProcessW(ToWide(program).c_str(), commandLine.data(), nullptr, nullptr, TRUE, flags, nullptr,
-                   ToWide(directory).c_str(), &startup, &process);
-}
-
-MTestProcess::~MTestProcess() {
-    if (!process.hProcess) return;
-    CloseHandle(process.hThread);
-    CloseHandle(process.hProcess);
+    CreateProcessW(MToWide(program).c_str(), commandLine.data(), nullptr, nullptr, TRUE, flags, nullptr,
+                   MToWide(directory).c_str(), &startup, &process);
 }
 
 MProgramResult MTestProcess::GetResult() const {

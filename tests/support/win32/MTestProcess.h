@@ -13,7 +13,11 @@ public:
                  DWORD flags);
     MTestProcess(const MTestProcess&) = delete;
     MTestProcess& operator=(const MTestProcess&) = delete;
-    ~MTestProcess();
+    ~MTestProcess() {
+        // Null handles, of a program that could not be started, are refused without harm.
+        CloseHandle(process.hThread);
+        CloseHandle(process.hProcess);
+    }
 
     /// Null if it could not be started.
     [[nodiscard]] HANDLE GetHandle() const { return process.hProcess; }
