@@ -1,10 +1,10 @@
 #include "streams/basic/MStdFileStream.h"
+#include "streams/basic/MConsoleStream.h"
 #include "tests/support/MScratch.h"
 #include "tests/support/MTestBytes.h"
 #include "tests/support/MTestText.h"
 
 #include <functional>
-#include <gtest/gtest.h>
 
 namespace {
 
@@ -104,6 +104,21 @@ TEST_F(MStdFileStreamTest, PositionsGoBeyond32Bits) {
     stream.Seek(-3, MSeekOrigin::End);
     EXPECT_EQ(stream.GetPosition(), far);
     EXPECT_EQ(MReadAll(stream), "end");
+}
+
+TEST(MConsoleStream, TextIsWholeAndBytesPassAsTheyAre) {
+    testing::internal::CaptureStdout();
+    {
+        MConsoleStream console;
+        EXPECT_TRUE(console.IsOpen());
+        console.WriteLine(MDecodeUTF8Exact("p\xC5\x99\xC3\xADli\xC5\xA1 \xF0\x9F\x98\x80 ab"));
+        console.Write("\xFF\x01", 2);
+        console.Flush();
+    }
+    std::fputs("open", stdout);
+    std::string output = testing::internal::GetCapturedStdout();
+    std::erase(output, '\r');
+    EXPECT_EQ(output, "p\xC5\x99\xC3\xADli\xC5\xA1 \xF0\x9F\x98\x80 ab\n\xFF\x01open");
 }
 
 }  // namespace

@@ -1,9 +1,8 @@
+#include "streams/basic/MStdFileStream.h"
 #include "tests/support/MFaultyStreams.h"
+#include "tests/support/MScratch.h"
 #include "tests/support/MTestBytes.h"
 #include "tests/support/MTestText.h"
-
-#include <functional>
-#include <gtest/gtest.h>
 
 namespace {
 
@@ -85,25 +84,6 @@ TEST(MStreamTypedForms, CopyingTakesEveryByteInEitherForm) {
     }
 }
 
-TEST(MStreamTypedForms, ServicesThatAMediumLacksSayWhich) {
-    MStream stream;
-    char byte;
-    const std::pair<std::function<void()>, std::string> cases[] = {
-        {[&] { stream.GetSubStream(); }, "return substream"},
-        {[&] { stream.WriteFill(1); }, "write to stream"},
-        {[&] { stream.Read(&byte, 1); }, "read from stream"},
-        {[&] { stream.Seek(-1, MSeekOrigin::Current); }, "backward seek in a stream"},
-        {[&] { stream.GetPosition(); }, "get stream position"},
-        {[&] { stream.Flush(); }, "flush stream"},
-        {[&] { stream.IsEnd(); }, "end of stream test"},
-        {[&] { stream.Truncate(); }, "truncate stream"},
-        {[&] { stream.GetSize(); }, "stream size detection"},
-    };
-    for (const auto& [call, service] : cases)
-        EXPECT_EQ(FailureOf(call), "1: Service \"" + service + "\" is not implemented.");
-    EXPECT_EQ(FailureOf([&] { stream.Seek(0, static_cast<MSeekOrigin>(3)); }), "2: Invalid seek origin.");
-}
-
 /// With the seek of the base class.
 class ForwardStream : public MBreakingStream {
 public:
@@ -129,6 +109,84 @@ TEST(MStreamTypedForms, BaseSeekReadsForwardAndStopsAtTheEnd) {
     }
     EXPECT_EQ(FailureOf([&] { stream.Rewind(); }),
               "1: Service \"backward seek in a stream\" is not implemented.");
+    EXPECT_EQ(FailureOf([&] { stream.Seek(0, static_cast<MSeekOrigin>(3)); }), "2: Invalid seek origin.");
+}
+
+/// All lines with their states, as in "C:one|P:tw|E:".
+std::string ReadLines(MStream& stream, int32_t bufferSize) {
+    std::string result;
+    MLineState state;
+    do {
+        char buffer[64];
+        state = stream.ReadLine(buffer, bufferSize);
+        result += result.empty() ? "" : "|";
+        result += "CPE"[static_cast<int>(state)];
+        result += ":" + std::string(buffer);
+    } while (state != MLineState::End && result.size() < 1000);
+    return result;
+}
+
+const struct {
+    std::string data;
+    int32_t bufferSize;
+    const char* base;
+    const char* memory;
+    const char* file;
+} LineCases[] = {
+    {"a\r\nb", 64, "C:a|C:b|E:", "C:a|C:b|E:", "C:a|C:b|E:"},
+    {"\n\nx\n", 64, "C:|C:|C:x|E:", "C:|C:|C:x|E:", "C:|C:|C:x|E:"},
+    {"", 64, "E:", "E:", "E:"},
+    // Without a look at the next byte the base cannot know that the line is over.
+    {"abcd\n", 3, "P:ab|P:cd|C:|E:", "P:ab|C:cd|E:", "P:ab|C:cd|E:"},
+    {"abcd", 3, "P:ab|P:cd|E:", "P:ab|C:cd|E:", "P:ab|C:cd|E:"},
+    {"ab\r\n", 3, "P:ab|C:|E:", "C:ab|E:", "C:ab|E:"},
+    // A zero is an ordinary character in memory alone; what is printed stops at it.
+    {std::string("a\0b\n", 4), 64, "C:a|C:b|E:", "C:a|E:", "C:a|C:b|E:"},
+};
+
+TEST(MStreamLine, EveryKindOfStreamCutsLinesItsOwnWay) {
+    const MScratch scratch;
+    for (const auto& entry : LineCases) {
+        SCOPED_TRACE(entry.data);
+        MMemoryStream memory = MStreamOf(entry.data);
+        EXPECT_EQ(ReadLines(memory, entry.bufferSize), entry.memory);
+
+        MMemoryStream source = MStreamOf(entry.data);
+        MBreakingStream base(&source);
+        EXPECT_EQ(ReadLines(base, entry.bufferSize), entry.base);
+
+        MStdFileStream file;
+        file.Open(scratch.WriteFile("lines.txt", entry.data), MOpenRead);
+        EXPECT_EQ(ReadLines(file, entry.bufferSize), entry.file);
+    }
+}
+
+TEST(MStreamLine, MemoryKeepsZerosAndLeavesThePositionBehindTheData) {
+    MMemoryStream stream("a\0b", 3);
+    char buffer[8];
+    EXPECT_EQ(stream.ReadLine(buffer, 8), MLineState::Complete);
+    EXPECT_EQ(std::string(buffer, 3), std::string("a\0b", 3));
+    EXPECT_EQ(stream.GetPosition(), 4);
+    EXPECT_TRUE(stream.IsEnd());
+    EXPECT_EQ(MReadAll(stream), "");
+    // What the write leaves out must be zero, not what happened to lie in memory.
+    stream.Write("c", 1);
+    EXPECT_EQ(MBytesOf(stream), std::string("a\0b\0c", 5));
+    EXPECT_EQ(FailureOf([&] { stream.ReadLine(buffer, -1); }),
+              "0: Trying to read a string of negative size.");
+}
+
+TEST(MStreamLine, LoadLineJoinsPiecesOfAnyLength) {
+    for (const size_t length : {0u, 254u, 255u, 256u, 510u}) {
+        const std::string data = std::string(length, 'x') + "\r\nlast";
+        MMemoryStream memory = MStreamOf(data);
+        MDispatchStream base(&memory);
+        EXPECT_EQ(Text(base.LoadRequiredLine()), std::string(length, 'x'));
+        EXPECT_EQ(Text(base.LoadRequiredLine()), "last");
+        MString line = "before";
+        EXPECT_FALSE(base.LoadLine(line));
+        EXPECT_TRUE(line.IsEmpty());
+    }
 }
 
 }  // namespace

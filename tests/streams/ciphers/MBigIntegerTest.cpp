@@ -2,8 +2,6 @@
 #include "tests/support/MTestBytes.h"
 #include "tests/support/MTestText.h"
 
-#include <gtest/gtest.h>
-
 namespace {
 
 // The rows of the tables were computed by Python's integers.

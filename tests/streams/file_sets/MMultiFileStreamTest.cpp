@@ -5,9 +5,6 @@
 #include "tests/support/MTestBytes.h"
 #include "tests/support/MTestText.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 namespace {
 
 std::string File(const std::string& name, const std::string& more = "") {

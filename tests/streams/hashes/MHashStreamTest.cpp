@@ -6,8 +6,6 @@
 #include "tests/support/MTestText.h"
 
 #include <algorithm>
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 namespace {
 

@@ -6,8 +6,6 @@
 #include "tests/support/MTestBytes.h"
 #include "tests/support/MTestText.h"
 
-#include <gtest/gtest.h>
-
 namespace {
 
 const std::string InvalidFormat = "100: Invalid resource library format.";

@@ -6,7 +6,6 @@
 #include "tests/support/posix/MTestFileSizeLimit.h"
 
 #include <fcntl.h>
-#include <gtest/gtest.h>
 #include <unistd.h>
 
 namespace {
