@@ -52,7 +52,7 @@ TEST_F(BuilderCommandLineTest, PartSizesHaveUnits) {
 TEST_F(BuilderCommandLineTest, EveryCommandHelpsWithExamples) {
     for (const char* command : {"pack", "check", "inspect", "verify", "extract", "blob", "download-set"}) {
         EXPECT_EQ(Run({command, "--help"}), MBuilderExitDone);
-        EXPECT_THAT(output.told, testing::HasSubstr(std::string("  setup-builder ") + command));
+        EXPECT_THAT(output.told, HasSubstr(std::string("  setup-builder ") + command));
     }
     EXPECT_EQ(Run({"--help"}), MBuilderExitDone);
 }
@@ -60,8 +60,8 @@ TEST_F(BuilderCommandLineTest, EveryCommandHelpsWithExamples) {
 TEST_F(BuilderCommandLineTest, FailuresAreOneAndNameTheFile) {
     for (const char* command : {"check", "inspect", "verify", "blob"}) {
         EXPECT_EQ(Run({command, "@missing \xC3\xA4.xml"}), MBuilderExitFailed);
-        EXPECT_THAT(JoinComplaints(), testing::HasSubstr("missing \xC3\xA4.xml"));
+        EXPECT_THAT(JoinComplaints(), HasSubstr("missing \xC3\xA4.xml"));
     }
     EXPECT_EQ(Pack("out", {"--define", "=x"}), MBuilderExitFailed);
-    EXPECT_THAT(JoinComplaints(), testing::HasSubstr("Write NAME=TEXT."));
+    EXPECT_THAT(JoinComplaints(), HasSubstr("Write NAME=TEXT."));
 }

@@ -2,14 +2,17 @@
 
 #include "builder/commands/MRunBuilder.h"
 #include "tests/support/MScratch.h"
+#include "tests/support/MTestBytes.h"
 #include "tests/support/MTestText.h"
-
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <algorithm>
 #include <string>
 #include <vector>
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::StartsWith;
 
 /// Keeps what the tool says, as UTF-8 lines.
 class RecordingOutput final : public MBuilderOutput {
@@ -45,13 +48,10 @@ protected:
     }
 
     int32_t Pack(const std::string& name, std::vector<std::string> more = {}) {
-        std::vector<std::string> words{"pack", "@product.xml", "--output", "@" + name};
-        const auto has = [&more](const char* word) {
-            return std::find(more.begin(), more.end(), word) != more.end();
-        };
+        const auto has = [&](const char* word) { return std::ranges::count(more, word) > 0; };
         if (!has("--stub") && !has("--form")) more.insert(more.end(), {"--stub", "@stub"});
-        words.insert(words.end(), more.begin(), more.end());
-        return Run(words);
+        more.insert(more.begin(), {"pack", "@product.xml", "--output", "@" + name});
+        return Run(more);
     }
 
     /// A definition with the pages that every one has, `elements` in front of them.

@@ -62,14 +62,13 @@ TEST_F(DamagedPayloadTest, EveryBadItemIsTold) {
                             file("nowhere", "filestart=\"7\" filesize=\"3\"") +
                             file("unsized", "filestart=\"0\"") + "</files></install>";
     EXPECT_EQ(LookAt(payload.Finish(xml)), MBuilderExitFailed);
-    using testing::HasSubstr;
     EXPECT_THAT(output.complaints,
-                testing::ElementsAre(
-                    HasSubstr("01-A/longer: It holds only 12 of its 99 bytes."),
-                    HasSubstr("01-A/shorter: It holds more than its 3 bytes."),
-                    HasSubstr("01-A/outside: It lies outside"), HasSubstr("01-A/negative: It lies outside"),
-                    HasSubstr("01-A/nowhere: Source compressed stream has invalid content."),
-                    HasSubstr("01-A/unsized: Could not find required attribute (filesize).")));
+                ElementsAre(HasSubstr("01-A/longer: It holds only 12 of its 99 bytes."),
+                            HasSubstr("01-A/shorter: It holds more than its 3 bytes."),
+                            HasSubstr("01-A/outside: It lies outside"),
+                            HasSubstr("01-A/negative: It lies outside"),
+                            HasSubstr("01-A/nowhere: Source compressed stream has invalid content."),
+                            HasSubstr("01-A/unsized: Could not find required attribute (filesize).")));
     EXPECT_THAT(output.told, HasSubstr("7 items, 6 bad"));
 }
 

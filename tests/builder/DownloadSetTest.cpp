@@ -5,9 +5,6 @@
 #include "payload/MSfx.h"
 #include "tests/builder/DownloadSetFixture.h"
 
-using testing::ElementsAre;
-using testing::HasSubstr;
-
 namespace {
 
 class DownloadSetTest : public DownloadSetFixture {
@@ -16,8 +13,6 @@ protected:
         scratch.WriteFile("files/a.txt", "hello");
         scratch.WriteFile("files/b/c.bin", MTestNoise(1500));
     }
-
-    void LoadIndex(MXMLItem& index) { LoadTree(scratch.ReadFile("out/Tamborel-8.1/INDEX.ZIP"), index); }
 
     /// A file as its parts give it; the digests of all are those that the index tells.
     std::string JoinParts(const MXMLItem& file, std::vector<size_t>& sizes) {
@@ -82,7 +77,7 @@ TEST_F(DownloadSetTest, IndexAndPartsGiveTheDirectoryBack) {
                           "7628 bytes"));
 
     MXMLItem index;
-    LoadIndex(index);
+    LoadTree(scratch.ReadFile("out/Tamborel-8.1/INDEX.ZIP"), index);
     EXPECT_EQ(index.GetInt64Attribute("Size"), 7628);
     std::vector<std::string> directories;
     size_t found = 0;

@@ -1,12 +1,5 @@
 #include "tests/end_to_end/EndToEndFixture.h"
 
-namespace {
-
-const char* const LastResort =
-    "There are no installer data availble. The installer is probably corrupt, please download it again.\n";
-
-}  // namespace
-
 class RunModesTest : public EndToEndTest {
 protected:
     /// A product of one file in the given form beside the bare program, which is its installer.
@@ -30,14 +23,16 @@ protected:
     }
 
     const std::string noise = MTestNoise(200000);
+    const std::string lastResort =
+        "There are no installer data availble. The installer is probably corrupt, please download it again.\n";
 };
 
 TEST_F(RunModesTest, ABareProgramHasNoData) {
     const MProgramResult result = Start(PutProgram("setup"), {});
     EXPECT_EQ(result.exitCode, 0);
-    EXPECT_EQ(result.errors, LastResort);
+    EXPECT_EQ(result.errors, lastResort);
     MFile::Rename(GetRemover(""), GetInstaller());
-    ExpectRefused(LastResort);
+    ExpectRefused(lastResort);
 }
 
 TEST_F(RunModesTest, InstallsFromDataBesideTheProgramUnlessTheyAreDamaged) {
@@ -65,7 +60,7 @@ TEST_F(RunModesTest, InstallsFromPartsBesideTheIndexAndAboveUnlessTheyAreDamaged
     ExpectRefused(
         "We are very sorry, but following files are corrupt:\n setup.multi2.cab\nPlease check your");
     MFile::Delete(InHome("setup.multi2.cab"));
-    ExpectRefused(LastResort);
+    ExpectRefused(lastResort);
 }
 
 TEST_F(RunModesTest, APayloadWinsOverTheStateOfAnInstallation) {
@@ -77,7 +72,7 @@ TEST_F(RunModesTest, APayloadWinsOverTheStateOfAnInstallation) {
 
 TEST_F(RunModesTest, AnInstalledCopyRemovesOrReplacesTheProgram) {
     const MString program = PutProgram("updatesetup");
-    EXPECT_EQ(Start(program, {}).errors, LastResort);
+    EXPECT_EQ(Start(program, {}).errors, lastResort);
     scratch.WriteFile("home/setup.state", "<install/>");
     EXPECT_EQ(Start(program, ToList({"UPDATE"})).errors, "This build has no update manager.\n");
     EXPECT_EQ(Start(program, {}).exitCode, 0);

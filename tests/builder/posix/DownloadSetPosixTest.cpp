@@ -5,8 +5,6 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-using testing::HasSubstr;
-
 namespace {
 
 class DownloadSetPosixTest : public DownloadSetFixture {

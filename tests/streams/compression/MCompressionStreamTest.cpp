@@ -53,9 +53,7 @@ std::string Unpack(MStream& source, size_t size, size_t piece = 1 << 20) {
 }
 
 template <class Format>
-class MCompressionStream : public testing::Test {
-protected:
-};
+class MCompressionStream : public testing::Test {};
 
 using Formats = testing::Types<ZLib, Bzip2>;
 TYPED_TEST_SUITE(MCompressionStream, Formats, );

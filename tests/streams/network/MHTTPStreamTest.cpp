@@ -6,20 +6,6 @@
 #include "tests/support/MTestServer.h"
 #include "tests/support/MTestText.h"
 
-namespace {
-
-/// Redirects by the table, and sends the path of any other request as its body.
-MTestServer::Handler RedirectBy(const std::vector<std::pair<std::string, std::string>>& table) {
-    return [table](const std::string& request) -> MTestReply {
-        const std::string path = MTestServer::GetPath(request);
-        for (const auto& [from, to] : table)
-            if (from == path) return "HTTP/1.0 302 Found\r\nLocation: " + to + "\r\n\r\nelsewhere";
-        return MTestBody(path);
-    };
-}
-
-}  // namespace
-
 TEST(MHTTPStream, SplitsAddresses) {
     const std::pair<const char*, const char*> cases[] = {
         {"http://host/dir/file.zip?a=b", "host 80 /dir/file.zip?a=b"},
@@ -101,8 +87,8 @@ TEST(MHTTPStream, TellsWhatTheServerAnswersToOneRequestAfterTheOther) {
 }
 
 TEST(MHTTPStream, FollowsRedirectionsToTheEndOfTheBudget) {
-    MTestServer other(RedirectBy({}));
-    MTestServer server(RedirectBy({
+    MTestServer other([](const std::string& request) { return MTestBody(MTestServer::GetPath(request)); });
+    const std::pair<const char*, std::string> table[] = {
         {"/a/c.zip?q=/1/2", "b.zip"},
         {"/a/b/c.zip", "../d e/f.zip"},
         {"/a/directory", "directory/"},
@@ -110,7 +96,13 @@ TEST(MHTTPStream, FollowsRedirectionsToTheEndOfTheBudget) {
         {"/away", Text(other.GetURL("/there?x=y"))},
         {"/again", "again"},
         {"/old?x", "new"},
-    }));
+    };
+    MTestServer server([&](const std::string& request) -> MTestReply {
+        const std::string path = MTestServer::GetPath(request);
+        for (const auto& [from, to] : table)
+            if (from == path) return "HTTP/1.0 302 Found\r\nLocation: " + to + "\r\n\r\nelsewhere";
+        return MTestBody(path);
+    });
     const std::pair<const char*, const char*> cases[] = {{"/a/c.zip?q=/1/2", "/a/b.zip"},
                                                          {"/a/b/c.zip", "/a/d%20e/f.zip"},
                                                          {"/a/directory", "/a/directory/"},
