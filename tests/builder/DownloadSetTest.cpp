@@ -34,21 +34,6 @@ protected:
                     HasSubstr("<Mirror>http://a</Mirror><Mirror>HTTP://127.0.0.1:8080/x%20&amp;y/</Mirror>"));
     }
 
-    void ExpectDefinitionBehind(const std::string& program, const char* name) {
-        EXPECT_EQ(scratch.ReadFile(name).substr(0, program.size()), program);
-
-        MSfx payload(scratch.Join(name));
-        ASSERT_TRUE(payload.IsOpen());
-        EXPECT_EQ(scratch.ReadFile(name).size(),
-                  program.size() + static_cast<size_t>(payload.GetSize()) + MPayloadFormat::TrailerSize);
-        MXMLItem root;
-        root.LoadCompressed(payload);
-        ExpectDefinition(root);
-        // This is how the program tells a download from an installation.
-        payload.Rewind();
-        EXPECT_NE(FailureOf([&] { MLargeResourceLibrary().Attach(&payload); }), "none");
-    }
-
     const std::string secondMirror = "HTTP://127.0.0.1:8080/x%20&y/";
 };
 
@@ -131,7 +116,18 @@ TEST_F(DownloadSetTest, TheDefinitionStandsBehindTheProgram) {
         EXPECT_THAT(output.told, HasSubstr("\n  http://a/Tamborel-8.1/INDEX.ZIP\n"));
         EXPECT_THAT(output.told, HasSubstr("\n  HTTP://127.0.0.1:8080/x%20&y/Tamborel-8.1/INDEX.ZIP\n"));
         EXPECT_THAT(output.told, HasSubstr(name));
-        ExpectDefinitionBehind(program, name);
+        EXPECT_EQ(scratch.ReadFile(name).substr(0, program.size()), program);
+
+        MSfx payload(scratch.Join(name));
+        ASSERT_TRUE(payload.IsOpen());
+        EXPECT_EQ(scratch.ReadFile(name).size(),
+                  program.size() + static_cast<size_t>(payload.GetSize()) + MPayloadFormat::TrailerSize);
+        MXMLItem root;
+        root.LoadCompressed(payload);
+        ExpectDefinition(root);
+        // This is how the program tells a download from an installation.
+        payload.Rewind();
+        EXPECT_NE(FailureOf([&] { MLargeResourceLibrary().Attach(&payload); }), "none");
         MFile::DeleteTree(scratch.Join("out"));
     }
 }

@@ -1,12 +1,12 @@
 #include "streams/network/MHTTPStream.h"
 
 #include "foundation/module/MPlatform.h"
+#include "tests/support/MTestBytes.h"
 #include "tests/support/MTestListener.h"
 #include "tests/support/MTestServer.h"
+#include "tests/support/MTestText.h"
 
-#include <atomic>
 #include <csignal>
-#include <gtest/gtest.h>
 #include <pthread.h>
 
 // Without SA_RESTART a signal makes the calls that wait fail with EINTR.
@@ -29,9 +29,7 @@ TEST(MSocketStreamPosix, GoesOnWaitingAfterASignal) {
     MHTTPStream stream;
     stream.Get(server.GetURL("/"));
     EXPECT_TRUE(stream.Send(0));
-    char body[5] = {};
-    EXPECT_EQ(4, stream.Read(body, sizeof(body)));
-    EXPECT_STREQ("body", body);
+    EXPECT_EQ("body", MReadAll(stream));
     EXPECT_EQ(10, signalCount);
     sigaction(SIGUSR1, &before, nullptr);
 }
@@ -44,10 +42,7 @@ TEST(MSocketStreamPosix, TellsABrokenConnectionFromAnEnd) {
         MTCPClient client;
         client.Connect(port, "127.0.0.1");
         const MSystemSocket peer = MAcceptConnection(listener);
-        if (isBroken)
-            MResetConnection(peer);
-        else
-            MCloseSocket(peer);
+        isBroken ? MResetConnection(peer) : MCloseSocket(peer);
         char byte;
         EXPECT_EQ(isBroken ? -1 : 0, client.Read(&byte, 1));
         EXPECT_TRUE(client.IsClosed());
