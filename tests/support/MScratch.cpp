@@ -60,7 +60,3 @@ MScratchFolders::MScratchFolders(const MScratch& scratch) {
                    [&](const char* name) { return scratch.Join(name); });
     MFile::UseSpecialFolders(this);
 }
-
-MString MScratchFolders::GetPath(int32_t index) {
-    return index >= 0 && index < MSpecialFolderCount ? paths[static_cast<size_t>(index)] : MString();
-}

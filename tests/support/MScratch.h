@@ -45,7 +45,9 @@ public:
     MScratchFolders& operator=(const MScratchFolders&) = delete;
     ~MScratchFolders() noexcept override { MFile::UseSpecialFolders(nullptr); }
 
-    [[nodiscard]] MString GetPath(int32_t index) override;
+    [[nodiscard]] MString GetPath(int32_t index) override {
+        return index >= 0 && index < MSpecialFolderCount ? paths[static_cast<size_t>(index)] : MString();
+    }
     void SetPath(int32_t index, const MString& path) { paths[static_cast<size_t>(index)] = path; }
 
 private:

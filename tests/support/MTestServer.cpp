@@ -1,6 +1,5 @@
 #include "tests/support/MTestServer.h"
 
-#include "foundation/base/MRaise.h"
 #include "foundation/module/MPlatform.h"
 #include "foundation/text/MNumberText.h"
 #include "tests/support/MTestListener.h"
@@ -61,20 +60,6 @@ MTestServer::~MTestServer() {
     thread.join();
     MCloseSocket(listener);
     MPlatform::StopSubsystems();
-}
-
-MString MTestServer::GetURL(const MString& path) const {
-    return MFormat("http://127.0.0.1:{0}{1}", int32_t{port}, path);
-}
-
-std::vector<std::string> MTestServer::GetRequests() const {
-    const std::lock_guard guard(lock);
-    return requests;
-}
-
-std::string MTestServer::GetPath(const std::string& request) {
-    const size_t begin = request.find(' ') + 1;
-    return request.substr(begin, request.find(' ', begin) - begin);
 }
 
 void MTestServer::Serve(MSystemSocket connection) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "foundation/base/MRaise.h"
 #include "streams/network/MSystemSocket.h"
 
 #include <atomic>
@@ -40,12 +41,20 @@ public:
 
     [[nodiscard]] uint16_t GetPort() const { return port; }
     /// "http://127.0.0.1:", the port, and the path, which begins with "/".
-    [[nodiscard]] MString GetURL(const MString& path) const;
+    [[nodiscard]] MString GetURL(const MString& path) const {
+        return MFormat("http://127.0.0.1:{0}{1}", int32_t{port}, path);
+    }
     /// The requests so far, in the order in which they came.
-    [[nodiscard]] std::vector<std::string> GetRequests() const;
+    [[nodiscard]] std::vector<std::string> GetRequests() const {
+        const std::lock_guard guard(lock);
+        return requests;
+    }
 
     /// The path of a request, with its query.
-    [[nodiscard]] static std::string GetPath(const std::string& request);
+    [[nodiscard]] static std::string GetPath(const std::string& request) {
+        const size_t begin = request.find(' ') + 1;
+        return request.substr(begin, request.find(' ', begin) - begin);
+    }
 
 private:
     void Serve(MSystemSocket connection);
