@@ -1,6 +1,6 @@
 #pragma once
 
-#include "builder/commands/MBuilderOptions.h"
+#include "builder/definition/MBuilderOptions.h"
 #include "tests/support/MScratch.h"
 
 #include <cstdint>

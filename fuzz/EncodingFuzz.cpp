@@ -2,9 +2,9 @@
 // and encodes again must be stable from then on, but for the units that UTF-8 drops behind a surrogate pair.
 
 #include "foundation/base/MException.h"
-#include "foundation/text/MEncodingReader.h"
-#include "foundation/text/MEncodingTables.h"
 #include "foundation/text/MUnicode.h"
+#include "foundation/text/encodings/MEncodingReader.h"
+#include "foundation/text/encodings/MEncodingTables.h"
 #include "streams/basic/MMemoryStream.h"
 
 #include <cstddef>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "builder/commands/MBuilderOptions.h"
+#include "builder/definition/MBuilderOptions.h"
 #include "builder/output/MBuilderOutput.h"
 
 /// Packs a folder and its description into a resource blob, or, without a description, lists one. Gives the

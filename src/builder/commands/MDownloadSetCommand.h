@@ -1,6 +1,6 @@
 #pragma once
 
-#include "builder/commands/MBuilderOptions.h"
+#include "builder/definition/MBuilderOptions.h"
 #include "builder/downloads/MDownloadSetOutput.h"
 #include "builder/downloads/MDownloadSetSources.h"
 #include "builder/output/MBuilderOutput.h"

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "builder/commands/MBuilderOptions.h"
 #include "builder/compression/MPieceCodec.h"
+#include "builder/definition/MBuilderOptions.h"
 #include "builder/definition/MSourceTree.h"
 #include "builder/output/MBuilderOutput.h"
 #include "streams/basic/MOutputFile.h"

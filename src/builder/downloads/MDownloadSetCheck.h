@@ -1,6 +1,6 @@
 #pragma once
 
-#include "builder/commands/MBuilderOptions.h"
+#include "builder/definition/MBuilderOptions.h"
 #include "builder/downloads/MDownloadSetSources.h"
 
 /// Tests what a maker asks for before anything is written. Each fault becomes a problem that says what is

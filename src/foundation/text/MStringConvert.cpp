@@ -1,5 +1,5 @@
-#include "foundation/text/MEncoding.h"
 #include "foundation/text/MString.h"
+#include "foundation/text/encodings/MEncoding.h"
 
 #include <algorithm>
 

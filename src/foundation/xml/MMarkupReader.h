@@ -1,7 +1,7 @@
 #pragma once
 
-#include "foundation/text/MEncodingReader.h"
 #include "foundation/text/MString.h"
+#include "foundation/text/encodings/MEncodingReader.h"
 
 #include <string>
 #include <string_view>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "foundation/text/MEncodingWriter.h"
 #include "foundation/text/MString.h"
+#include "foundation/text/encodings/MEncodingWriter.h"
 
 class MXMLItem;
 

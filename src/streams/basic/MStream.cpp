@@ -1,7 +1,7 @@
 #include "streams/basic/MStream.h"
 
 #include "foundation/base/MRaise.h"
-#include "foundation/text/MEncoding.h"
+#include "foundation/text/encodings/MEncoding.h"
 
 #include <algorithm>
 #include <cstring>

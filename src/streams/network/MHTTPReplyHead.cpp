@@ -1,7 +1,7 @@
 #include "streams/network/MHTTPReplyHead.h"
 
 #include "foundation/base/MRaise.h"
-#include "foundation/text/MEncodingReader.h"
+#include "foundation/text/encodings/MEncodingReader.h"
 #include "streams/basic/MDispatchStream.h"
 
 #include <algorithm>

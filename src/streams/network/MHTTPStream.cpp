@@ -2,8 +2,8 @@
 
 #include "foundation/base/MRaise.h"
 #include "foundation/files/MFile.h"
-#include "foundation/text/MEncodingWriter.h"
 #include "foundation/text/MNumberText.h"
+#include "foundation/text/encodings/MEncodingWriter.h"
 
 #include <algorithm>
 #include <limits>

@@ -1,6 +1,6 @@
-#include "foundation/text/MEncodingReader.h"
-#include "foundation/text/MEncodingTables.h"
-#include "foundation/text/MEncodingWriter.h"
+#include "foundation/text/encodings/MEncodingReader.h"
+#include "foundation/text/encodings/MEncodingTables.h"
+#include "foundation/text/encodings/MEncodingWriter.h"
 #include "streams/basic/MMemoryStream.h"
 
 #include "tests/support/MFaultyStreams.h"

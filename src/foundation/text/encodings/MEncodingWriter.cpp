@@ -1,4 +1,4 @@
-#include "foundation/text/MEncodingWriter.h"
+#include "foundation/text/encodings/MEncodingWriter.h"
 
 #include "streams/basic/MStream.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "foundation/text/MEncoding.h"
+#include "foundation/text/encodings/MEncoding.h"
 
 #include <string>
 #include <utility>

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "foundation/base/MHashTable.h"
-#include "foundation/text/MEncoding.h"
-#include "foundation/text/MEncodingTables.h"
+#include "foundation/text/encodings/MEncoding.h"
+#include "foundation/text/encodings/MEncodingTables.h"
 
 #include <mutex>
 

@@ -1,4 +1,4 @@
-#include "foundation/text/MASCIICodec.h"
+#include "foundation/text/encodings/MASCIICodec.h"
 
 MString MEncoding::ASCIICodec::Decode(std::string_view bytes) const {
     const std::string_view text = bytes.substr(0, bytes.find('\0'));

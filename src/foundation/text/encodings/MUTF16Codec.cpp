@@ -1,8 +1,8 @@
-#include "foundation/text/MUTF16Codec.h"
+#include "foundation/text/encodings/MUTF16Codec.h"
 
 #include "foundation/base/MException.h"
-#include "foundation/text/MEncodingReader.h"
-#include "foundation/text/MEncodingWriter.h"
+#include "foundation/text/encodings/MEncodingReader.h"
+#include "foundation/text/encodings/MEncodingWriter.h"
 
 namespace {
 

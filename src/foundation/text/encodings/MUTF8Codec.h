@@ -1,6 +1,6 @@
 #pragma once
 
-#include "foundation/text/MEncoding.h"
+#include "foundation/text/encodings/MEncoding.h"
 
 /// UTF-8 (RFC 3629), leniently: malformed bytes never raise.
 ///

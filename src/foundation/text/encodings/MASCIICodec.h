@@ -1,6 +1,6 @@
 #pragma once
 
-#include "foundation/text/MEncoding.h"
+#include "foundation/text/encodings/MEncoding.h"
 
 /// Bytes as they stand: widened by sign extension, narrowed to the low byte after diacritic folding.
 class MEncoding::ASCIICodec final : public MEncoding::Codec {

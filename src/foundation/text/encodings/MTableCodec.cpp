@@ -1,4 +1,4 @@
-#include "foundation/text/MTableCodec.h"
+#include "foundation/text/encodings/MTableCodec.h"
 
 MString MEncoding::TableCodec::Decode(std::string_view bytes) const {
     MString text;

@@ -1,4 +1,4 @@
-#include "foundation/text/MUTF8Codec.h"
+#include "foundation/text/encodings/MUTF8Codec.h"
 
 #include <algorithm>
 #include <cstring>

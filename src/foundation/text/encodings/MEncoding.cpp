@@ -1,14 +1,14 @@
-#include "foundation/text/MEncoding.h"
+#include "foundation/text/encodings/MEncoding.h"
 
 #include "foundation/base/MHashTable.h"
 #include "foundation/base/MRaise.h"
-#include "foundation/text/MASCIICodec.h"
-#include "foundation/text/MEncodingReader.h"
-#include "foundation/text/MEncodingTables.h"
-#include "foundation/text/MEncodingWriter.h"
-#include "foundation/text/MTableCodec.h"
-#include "foundation/text/MUTF16Codec.h"
-#include "foundation/text/MUTF8Codec.h"
+#include "foundation/text/encodings/MASCIICodec.h"
+#include "foundation/text/encodings/MEncodingReader.h"
+#include "foundation/text/encodings/MEncodingTables.h"
+#include "foundation/text/encodings/MEncodingWriter.h"
+#include "foundation/text/encodings/MTableCodec.h"
+#include "foundation/text/encodings/MUTF16Codec.h"
+#include "foundation/text/encodings/MUTF8Codec.h"
 
 #include <memory>
 #include <vector>

@@ -1,5 +1,5 @@
 // Written by scripts/generate-encoding-tables.
-#include "foundation/text/MEncodingTables.h"
+#include "foundation/text/encodings/MEncodingTables.h"
 
 // clang-format off
 const MEncodingTable MEncodingTables[MEncodingTableCount] = {

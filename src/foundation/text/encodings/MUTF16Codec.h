@@ -1,6 +1,6 @@
 #pragma once
 
-#include "foundation/text/MEncoding.h"
+#include "foundation/text/encodings/MEncoding.h"
 
 /// UTF-16, low byte first, with the signature FF FE in streams.
 class MEncoding::UTF16Codec final : public MEncoding::Codec {

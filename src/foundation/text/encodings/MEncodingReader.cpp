@@ -1,4 +1,4 @@
-#include "foundation/text/MEncodingReader.h"
+#include "foundation/text/encodings/MEncodingReader.h"
 
 #include "foundation/base/MException.h"
 #include "streams/basic/MStream.h"
