@@ -23,6 +23,6 @@ private:
 
     [[nodiscard]] bool Take(int32_t timeout);
 
-    const std::unique_ptr<System> system;
+    std::unique_ptr<System> system;
     const bool autoReset;
 };

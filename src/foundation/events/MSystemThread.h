@@ -20,8 +20,8 @@ public:
     /// Waits without a limit for the end of the body. False for the thread itself. Several threads may wait.
     [[nodiscard]] bool Wait();
     /// Stops the thread wherever it is, with exit code -1. It lets go of nothing: only for a process that
-    /// ends.
-    void Terminate();
+    /// ends. False for the thread itself, which goes on.
+    [[nodiscard]] bool Terminate();
     /// `level` from 0, idle, to 6, critical. What the system refuses is left as it is.
     void SetPriority(int32_t level);
 

@@ -61,13 +61,13 @@ bool MThread::Wait() {
     const std::shared_ptr<MSystemThread> waited = GetSystemThread();
     if (!waited) return true;
     const bool ended = WaitForEnd(waited);
-    if (selfDelete && isProcessEnding) delete this;
+    if (ended && selfDelete && isProcessEnding) delete this;
     return ended;
 }
 
 bool MThread::WaitForEnd(const std::shared_ptr<MSystemThread>& waited) {
     if (isProcessEnding) {
-        waited->Terminate();
+        if (!waited->Terminate()) return false;
     } else {
         // A thread that was never started ends at once if it has been asked to.
         if (IsStopRequested()) waited->Resume();

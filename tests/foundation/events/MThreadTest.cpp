@@ -1,6 +1,7 @@
 #include "foundation/events/MThread.h"
 
 #include "foundation/base/MException.h"
+#include "foundation/events/MSemaphore.h"
 #include "foundation/module/MModule.h"
 #include "tests/support/MTestText.h"
 
@@ -145,17 +146,34 @@ TEST(MThreadTest, WhileTheProcessEndsAThreadIsStoppedHardAndNotWaitedFor) {
 }
 
 TEST(MThreadDeathTest, AThreadThatNeverEndsDoesNotKeepTheProcess) {
-    const auto leave = [] {
-        static std::atomic<bool> isRunning = false;
-        static TestThread thread([](TestThread&) -> int32_t {
-            for (;;) isRunning = true;
+    static MSemaphore neverReleased;
+    static std::atomic<bool> isRunning = false;
+    const auto leave = [](int32_t (*body)()) {
+        static TestThread thread([body](TestThread&) {
+            isRunning = true;
+            return body();
         });
         const MModule module;
         thread.Start();
         while (!isRunning) std::this_thread::yield();
+        // One that waits shall have come to that.
+        std::this_thread::sleep_for(std::chrono::milliseconds(20));
         std::exit(7);
     };
-    EXPECT_EXIT(leave(), testing::ExitedWithCode(7), "");
+    int32_t (*const bodies[])() = {
+        []() -> int32_t {
+            for (;;) isRunning = true;
+        },
+        [] { return neverReleased.Lock(-1); },
+    };
+    for (const auto body : bodies) EXPECT_EXIT(leave(body), testing::ExitedWithCode(7), "");
+    const auto leaveFromThread = [] {
+        static TestThread thread([](TestThread&) -> int32_t { std::exit(7); });
+        const MModule module;
+        thread.Start();
+        std::this_thread::sleep_for(std::chrono::hours(1));
+    };
+    EXPECT_EXIT(leaveFromThread(), testing::ExitedWithCode(7), "");
 }
 
 }  // namespace

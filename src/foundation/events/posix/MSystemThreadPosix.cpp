@@ -91,11 +91,13 @@ bool MSystemThread::Wait() {
     return true;
 }
 
-void MSystemThread::Terminate() {
+bool MSystemThread::Terminate() {
+    if (pthread_equal(pthread_self(), system->thread)) return false;
     struct sigaction action {};
     action.sa_handler = StayHere;
     sigaction(TerminationSignal(), &action, nullptr);
     pthread_kill(system->thread, TerminationSignal());
+    return true;
 }
 
 void MSystemThread::SetPriority(int32_t level) {

@@ -45,8 +45,10 @@ bool MSystemThread::Wait() {
     return WaitForSingleObject(system->handle, INFINITE) == WAIT_OBJECT_0;
 }
 
-void MSystemThread::Terminate() {
+bool MSystemThread::Terminate() {
+    if (GetCurrentThreadId() == system->identifier) return false;
     TerminateThread(system->handle, static_cast<DWORD>(-1));
+    return true;
 }
 
 void MSystemThread::SetPriority(int32_t level) {
