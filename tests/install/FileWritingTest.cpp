@@ -74,17 +74,21 @@ TEST_F(InstallTest, FlattensDirectoriesButNotBundles) {
 }
 
 TEST_F(InstallTest, RefusesNamesThatLeadOutBeforeWritingAnything) {
+    // The names that a path, or the extension of a copy, makes.
+    std::vector<std::string> items = {
+        R"(<dir name="d" path="x/.."><dir/></dir>)",
+        R"(<file name=".dll"/><copy><extension src="dll" dst="./out"/></copy>)",
+        R"(<dir name="..dll"/><copy><extension src="dll" dst=""/></copy>)",
+    };
     for (const char* name : {"../out", "a/../../out", "..", "/out", "\\out", "C:/out", "a\\..\\..\\out"}) {
-        const std::string items[] = {
-            "<dir name=\"d\">" + File(name, "x") + "</dir>",
-            "<dir name=\"" + std::string(name) + "\"/>",
-            "<copy><extension src=\"dll\" dst=\"" + std::string(name) + "\"/></copy>",
-        };
-        for (const std::string& item : items) {
-            Define(Files("", File("first", "x") + item));
-            EXPECT_THROW(Perform(), MException) << item;
-            EXPECT_FALSE(Exists("first")) << item;
-        }
+        items.push_back("<dir name=\"d\">" + File(name, "x") + "</dir>");
+        items.push_back("<dir name=\"" + std::string(name) + "\"/>");
+        items.push_back("<copy><extension src=\"dll\" dst=\"" + std::string(name) + "\"/></copy>");
+    }
+    for (const std::string& item : items) {
+        Define(Files("", File("first", "x") + item));
+        EXPECT_THROW(Perform(), MException) << item;
+        EXPECT_FALSE(Exists("first")) << item;
     }
     Define(Files("", File("..a..", "fine") + File("b/..c", "fine")));
     Perform();

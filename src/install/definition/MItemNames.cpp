@@ -15,12 +15,22 @@ void CheckName(const MString& name) {
            name);
 }
 
-void CheckItems(const MXMLItem& item) {
+/// The names that an item has in its directory and in the copies of it.
+void CheckItem(const MString& name, const MList<const MXMLItem*>& extensions) {
+    CheckName(name);
+    for (const MXMLItem* extension : extensions)
+        if (MFile::GetExtension(name) == extension->GetAttribute("src", ""))
+            CheckName(MFile::ChangeExtension(name, extension->GetAttribute("dst", "")));
+}
+
+void CheckItems(const MXMLItem& item, const MList<const MXMLItem*>& extensions) {
+    // The name of the parent's path stands for one that is missing.
+    CheckItem(MFile::GetFileName(item.GetAttribute("path", "")), extensions);
     for (int32_t i = 0; i < item.GetSubItemCount(); ++i) {
         const MXMLItem& child = *item.GetSubItem(i);
-        if (child.GetName() == "dir" || child.GetName() == "file") CheckName(child.GetAttribute("name", ""));
-        if (child.GetName() == "extension") CheckName(child.GetAttribute("dst", ""));
-        CheckItems(child);
+        if (!(child.GetName() == "dir" || child.GetName() == "file")) continue;
+        CheckItem(child.GetAttribute("name", ""), extensions);
+        CheckItems(child, extensions);
     }
 }
 
@@ -37,8 +47,13 @@ void CheckLinks(const MXMLItem& item) {
 
 void MCheckItemNames(const MXMLItem& root) {
     for (const MXMLItem& files : MXMLSubItems(root, "files")) {
-        CheckName(MFile::GetFileName(files.GetAttribute("path", "")));
-        CheckItems(files);
+        MList<const MXMLItem*> extensions;
+        for (const MXMLItem& copy : MXMLSubItems(files, "copy"))
+            for (const MXMLItem& extension : MXMLSubItems(copy, "extension")) {
+                CheckName(extension.GetAttribute("dst", ""));
+                extensions.Add(&extension);
+            }
+        CheckItems(files, extensions);
     }
     CheckLinks(root);
 }
