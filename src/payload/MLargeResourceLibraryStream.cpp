@@ -16,9 +16,12 @@ int32_t MLargeResourceLibraryStream::Read(void* block, int32_t size) {
     if (isCompressed && !isChecked && IsEnd()) {
         isChecked = true;
         // A decompressor compares its check sums only when it is asked for more than there is, and damaged
-        // data may give more than the item has.
+        // data may give more than the item has: as much as a block of bzip2 can hold. What goes on beyond
+        // that may go on for hours.
+        constexpr int32_t MostBeyond = 0x3000000;
         char beyond[4096];
-        while (GetSubStream()->Read(beyond, sizeof(beyond)) > 0) {}
+        for (int32_t rest = MostBeyond; rest > 0 && GetSubStream()->Read(beyond, sizeof(beyond)) > 0;)
+            rest -= sizeof(beyond);
     }
     return count;
 }
