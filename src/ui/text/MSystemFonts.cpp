@@ -46,6 +46,8 @@ MFontDescriptor Describe(const MString& path) {
 
 /// Whether the file of a cached answer is there and is an answer to something else.
 bool IsAnotherFont(const MString& path, const MString& name, bool isBold, bool isItalic) {
+    // Opening a pipe would wait for its other end.
+    if (MFile::IsDevice(path)) return true;
     MFontDescriptor font;
     if (!MGuard("GetSystemFontDescriptor check cache", [&] { font = Describe(path); })) return false;
     const auto stands = [&](const Substitute& substitute) {

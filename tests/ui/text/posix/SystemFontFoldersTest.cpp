@@ -30,6 +30,9 @@ TEST(SystemFontFoldersTest, FoldersFollowTheBaseDirectoriesAndFontsOfTheMakerAre
     ASSERT_EQ(mkfifo((home + "/data/Fonts/pipe.ttf").c_str(), 0600), 0);
     MFont::ReScanSystemFonts();
     EXPECT_FALSE(MFile::Exists(scratch.Join("userdata/SystemFonts.cache")));
+    scratch.WriteFile("pipe.cache", "<MSystemFontCache XB0=\"" + home + "/data/Fonts/pipe.ttf\"/>");
+    EXPECT_THROW((void)MSystemFonts({}, scratch.Join("pipe.cache")).GetDescriptor("X", true, false, true),
+                 MException);
     int32_t own = 0;
     for (const MFontDescriptor& font : MSystemFonts::GetInstance().GetFonts())
         own += font.GetPath().StartsWith(scratch.GetPath());
