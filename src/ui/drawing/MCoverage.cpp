@@ -88,7 +88,7 @@ void MCoverage::AddStep(int32_t x, int32_t y, int32_t units) {
     block.marks |= uint32_t{1} << x % Block::Width;
 }
 
-int32_t MCoverage::GetStep(int32_t x, int32_t y) const {
+int64_t MCoverage::GetStep(int32_t x, int32_t y) const {
     return blocks[static_cast<size_t>(blockNumbers[GetIndex(x, y)])].steps[x % Block::Width];
 }
 

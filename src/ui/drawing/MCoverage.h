@@ -42,8 +42,8 @@ private:
     struct Block {
         static constexpr int32_t Width = 32;
 
-        uint32_t marks = 0;  ///< a bit for each pixel that has a step
-        int32_t steps[Width] = {};
+        uint32_t marks = 0;         ///< a bit for each pixel that has a step
+        int64_t steps[Width] = {};  ///< wide, since any number of edges may fall on a pixel
     };
     static constexpr int32_t None = -1;
     static constexpr int32_t UnitBits = 20;
@@ -53,7 +53,7 @@ private:
     void AddSpan(int32_t row, double x0, double x1, double height);
     // Places from here on are counted from the top left pixel of the area.
     void AddStep(int32_t x, int32_t y, int32_t units);
-    [[nodiscard]] int32_t GetStep(int32_t x, int32_t y) const;
+    [[nodiscard]] int64_t GetStep(int32_t x, int32_t y) const;
     /// The first pixel from `x` on that has a step; the area's width if there is none.
     [[nodiscard]] int32_t FindStep(int32_t x, int32_t y) const;
     [[nodiscard]] size_t GetIndex(int32_t x, int32_t y) const {

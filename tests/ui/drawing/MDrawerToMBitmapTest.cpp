@@ -215,6 +215,9 @@ TEST_F(MDrawerToMBitmapTest, WhatIsCoveredTwiceIsPaintedOnceAndWhatIsNotStays) {
     for (const MPointF point : {MPointF{5, 20}, MPointF{30, 20}, MPointF{5, 20}}) points.Add(point);
     drawer.PaintPolyLine(points, White.WithAlpha(128));
     EXPECT_EQ(bitmap.GetPixel(20, 20).alpha, 128);
+    const std::vector often(4096, MOutlines::GetRectangle(5, 30, 10, 40));
+    drawer.FillOutlines(often, White.WithAlpha(128), MDrawMode::Copy);
+    EXPECT_EQ(bitmap.GetPixel(7, 35).alpha, 128);
 
     drawer.FillRectangle({0, 0, 63, 47}, White, MDrawMode::Copy);
     drawer.FillCircle({30, 24}, 10, MColor{1, 2, 3, 4}, MDrawMode::Copy);
