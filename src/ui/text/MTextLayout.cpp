@@ -16,13 +16,18 @@ int32_t CountLineFeeds(const MString& text) {
     return count;
 }
 
+/// What a text leaves of a length.
+int32_t GetRoom(int32_t length, int32_t taken) {
+    return std::max(0, MAddPixels(length, -int64_t{taken}));
+}
+
 }  // namespace
 
 MTextLayout::MTextLayout(MFont& font, const MString& text, const MRect& rect, MTextAlignment alignment)
     : font(font), text(text), rect(rect), alignment(alignment), pen(font) {
     int32_t top = rect.top;
     if (alignment & (MTextMiddle | MTextBottom)) {
-        const int32_t room = std::max(0, rect.GetHeight() - GetHeight(font, text));
+        const int32_t room = GetRoom(rect.GetHeight(), GetHeight(font, text));
         top += alignment & MTextBottom ? room : room / 2;
     }
     start.y = MAddPixels(top, int64_t{font.GetAscent()} + font.GetVerticalShift());
@@ -50,7 +55,7 @@ void MTextLayout::BeginLine() {
     start.x = rect.left;
     if (!(alignment & (MTextCenter | MTextRight))) return;
     const int32_t width = font.GetTextWidth(text, index, FindLineEnd(text, index) - index);
-    const int32_t room = std::max(0, rect.GetWidth() - width);
+    const int32_t room = GetRoom(rect.GetWidth(), width);
     start.x += alignment & MTextRight ? room : (room + 1) / 2;
 }
 

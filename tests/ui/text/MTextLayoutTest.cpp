@@ -55,6 +55,9 @@ TEST_F(MTextLayoutTest, EachAlignmentHasItsEdge) {
     const MRect small = MRect::FromSize(7, 9, 10, 3);
     EXPECT_EQ(PlaceFirst("abc", MTextCenter | MTextMiddle, small), (small.GetTopLeft() + MPoint{0, 4}));
     EXPECT_EQ(PlaceFirst("abc", MTextRight | MTextBottom, small), (small.GetTopLeft() + MPoint{0, 4}));
+    // Letters far to the left leave more room than there is.
+    font.SetCharacterSpace(-1e9);
+    EXPECT_GT(PlaceFirst("abc", MTextRight, {0, 0, 1 << 30, 9}).x, 1 << 29);
 }
 
 TEST_F(MTextLayoutTest, EachLineIsAlignedByItself) {
