@@ -12,6 +12,7 @@
 #include "streams/hashes/MMD5Text.h"
 #include "update/MHTTPBody.h"
 
+#include <algorithm>
 #include <chrono>
 
 namespace {
@@ -19,6 +20,11 @@ namespace {
 constexpr int64_t MaximumStoredIndexSize = 0x4000000;
 
 const char* const NoMirrors = "No mirrors are available. Please check your internet connection.";
+
+/// A count of bytes for the progress, as the list has it: nothing has checked it.
+int64_t GetByteCount(const MXMLItem& item, const char* name) {
+    return std::clamp<int64_t>(item.GetInt64Attribute(name, 0), 0, int64_t{1} << 60);
+}
 
 double SecondsSince(std::chrono::steady_clock::time_point start) {
     return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
@@ -45,7 +51,7 @@ bool MDownloader::Run() {
     MLinearRandom random(static_cast<uint32_t>(MDateTime::NowUTC().GetMicroseconds() / 1000));
     mirror = static_cast<int32_t>(random.Next()) % definition.GetMirrors().GetCount();
 
-    finishedBytes = root.GetInt64Attribute("Downloaded", 0);
+    finishedBytes = GetByteCount(root, "Downloaded");
     view.SetText(MTranslate("Downloading files..."));
     view.SetProgress(static_cast<double>(index.GetSize()),
                      static_cast<double>(root.GetInt64Attribute("DownloadedTotal", 0)));
@@ -97,7 +103,7 @@ bool MDownloader::FetchFile(MXMLItem& item) {
         if (MFile::Exists(path)) return true;
         // Somebody has taken away a file that was complete.
         item.RemoveAttribute("Finished");
-        finishedBytes -= item.GetInt64Attribute("NextPartSize", 0);
+        finishedBytes = std::max<int64_t>(0, finishedBytes - GetByteCount(item, "NextPartSize"));
     }
     MStdFileStream file;
     Position good;
