@@ -44,8 +44,9 @@ MFontDescriptor Describe(const MString& path) {
     return font;
 }
 
-/// Whether the file of a cached answer is there and is an answer to something else.
-bool IsAnotherFont(const MString& path, const MString& name, bool isBold, bool isItalic) {
+/// Whether the file of a cached answer is there and is an answer to something else. One in another style is
+/// right where the styles are not required.
+bool IsAnotherFont(const MString& path, const MString& name, bool isBold, bool isItalic, bool isRequired) {
     // Opening a pipe would wait for its other end.
     if (MFile::IsDevice(path)) return true;
     MFontDescriptor font;
@@ -54,7 +55,8 @@ bool IsAnotherFont(const MString& path, const MString& name, bool isBold, bool i
         return name == substitute.family && font.IsOfFamily(substitute.other);
     };
     const bool isOfFamily = font.IsOfFamily(name) || std::ranges::any_of(Substitutes, stands);
-    return !isOfFamily || font.IsBold() != isBold || font.IsItalic() != isItalic;
+    const bool hasStyles = font.IsBold() == isBold && font.IsItalic() == isItalic;
+    return !isOfFamily || (isRequired && !hasStyles);
 }
 
 }  // namespace
@@ -69,7 +71,7 @@ MFontDescriptor MSystemFonts::GetDescriptor(const MString& name, bool isBold, bo
                                             bool isRequired) {
     const MString key = MSystemFontCache::GetKey(name, isBold, isItalic);
     const MString path = cache.Find(key);
-    if (!path.IsEmpty() && !IsAnotherFont(path, name, isBold, isItalic))
+    if (!path.IsEmpty() && !IsAnotherFont(path, name, isBold, isItalic, isRequired))
         return {name, path, isBold, isItalic};
     const MFontDescriptor& font = Choose(name, isBold, isItalic, isRequired);
     cache.Add(key, font.GetPath());

@@ -25,8 +25,8 @@ public:
     /// | Tahoma | DejaVu Sans, Liberation Sans  |
     ///
     /// What the cache knows is given as it was asked for, even if the file has gone; but if the file is there
-    /// and holds something else, the fonts are searched again. Raises "Font {0} was not found in the system."
-    /// and "Font {0} was not found in the system with correct styles." (0).
+    /// and holds another family, or lacks styles that are required, the fonts are searched again. Raises "Font
+    /// {0} was not found in the system." and "Font {0} was not found in the system with correct styles." (0).
     [[nodiscard]] MFontDescriptor GetDescriptor(const MString& name, bool isBold, bool isItalic,
                                                 bool isRequired);
     /// Forgets what is known, in the cache too, and searches again. Failures are caught.

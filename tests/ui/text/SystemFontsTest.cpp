@@ -106,6 +106,7 @@ TEST_F(SystemFontsTest, AnAnswerIsRememberedWithoutASearchUnlessItIsWrong) {
     const std::string entries = entry("DejaVuSans00", "DejaVuSans-Bold.ttf") +
                                 entry("Arial00", "DejaVuSans.ttf") + entry("LiberationSansB0", "gone.ttf");
     scratch.WriteFile("user/SystemFonts.cache", "<MSystemFontCache" + entries + "/>");
+    EXPECT_EQ(Find("DejaVu Sans", false, false, false), "DejaVuSans-Bold");
     EXPECT_EQ(Find("DejaVu Sans"), "DejaVuSans");
     EXPECT_EQ(Find("arial"), "DejaVuSans");
     EXPECT_EQ(Find("liberation sans", true), "gone");
