@@ -106,6 +106,7 @@ TEST_F(DefinitionCheckTest, NamesThatSomePlatformRefuses) {
 TEST_F(DefinitionCheckTest, NamesThatAreNoUnicode) {
     for (const MString& name : {Name("a\xFF"), Name("\xF0\x9F\x98"), Name("\xC3(.txt"), Wide(u"\xD83D.txt")})
         EXPECT_EQ(Text(MFileNameRules::FindFault(name)), "is no valid Unicode");
+    EXPECT_EQ(Text(MFileNameRules::FindFault(Name(std::string(255, 'n')))), "");
     EXPECT_EQ(Text(MFileNameRules::FindFault(Name(std::string(256, 'n')))), "is longer than 255 characters");
 }
 

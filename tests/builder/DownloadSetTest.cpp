@@ -1,4 +1,5 @@
 #include "builder/downloads/MDownloadSetOutput.h"
+#include "builder/downloads/MDownloadSetWriter.h"
 #include "foundation/files/MFile.h"
 #include "payload/MLargeResourceLibrary.h"
 #include "payload/MPayloadFormat.h"
@@ -161,6 +162,7 @@ TEST_F(DownloadSetTest, MirrorsThatTheProgramCannotReachAreRefused) {
                                "http://a:b", "http://a:", "http://u@a", "http://[::1]/", "http://a/?x",
                                "http://a/#x", "http://a/b c", "http://\xC3\xA4/"})
         ExpectRefused("is no address of a directory on a web server", {"--mirror", mirror});
+    EXPECT_EQ(MakeSet({"--mirror", "http://a:65535"}), MBuilderExitDone) << JoinComplaints();
 }
 
 TEST_F(DownloadSetTest, ThereMustBeSomethingToDownloadAndAllProblemsAreToldAtOnce) {
@@ -207,6 +209,13 @@ TEST_F(DownloadSetTest, WhatCannotAllTakeItsPlaceIsTakenBack) {
     }
     EXPECT_EQ(scratch.ListTree(), "out/\nout/b\nstub\n");
     EXPECT_EQ(scratch.ReadFile("out/b"), "somebody else's");
+}
+
+TEST_F(DownloadSetTest, AFileThatGrowsMeanwhileIsRefused) {
+    MDownloadSetSources sources;
+    sources.files.Add({"a", scratch.WriteFile("a", "more"), 3});
+    EXPECT_THAT(FailureOf([&] { MDownloadSetWriter(scratch.Join(""), 1024, nullptr).Write(sources); }),
+                HasSubstr("a\" changed while it was being read."));
 }
 
 TEST_F(DownloadSetTest, TooManyPartsAreRefused) {

@@ -41,11 +41,12 @@ protected:
 
 TEST_F(PackTest, FillsGroupsFromDiskInOrder) {
     WriteProduct();
-    ASSERT_EQ(Pack("out.run", {"--define", "KEPT=a<b"}), MBuilderExitDone) << JoinComplaints();
+    ASSERT_EQ(Pack("out.run", {"--define", "KEPT=not this", "--define", "kept=a<b\n"}), MBuilderExitDone)
+        << JoinComplaints();
     const std::string xml = Inspect("out.run");
     size_t position = 0;
     for (const char* expected :
-         {"custom=\"a&lt;b\"", "name=\"B.xml\"", "<dir name=\"Halls\" op=\"create\" update=\"0\">",
+         {"custom=\"a&lt;b&#10;\"", "name=\"B.xml\"", "<dir name=\"Halls\" op=\"create\" update=\"0\">",
           "name=\"Copy.xml\"", "name=\"Large.xml\"", "name=\"a.xml\"", "name=\"\u00E4.xml\"",
           "name=\"\U0001F600ab.xml\"", "name=\"\" op=\"create\" time=\"2014-12-23 14:19:26\" update=\"0\"",
           "<file name=\"old.xml\" op=\"delete\"/>"}) {

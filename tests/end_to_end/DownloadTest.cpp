@@ -67,6 +67,13 @@ TEST_F(DownloadSetTest, FetchesAnInstallerThatThenInstalls) {
     MFile::MakeExecutable(fetched);
     EXPECT_EQ(Start(fetched, ToList({"silent", "directory:destination=to"})).exitCode, 0);
     EXPECT_EQ(ReadHome("to/file.txt"), "content");
+
+    if (MPlatform::GetName() == "windows") return;
+    // A program without extension cannot share its name with the folder.
+    MFile::DeleteTree(InHome("Product"));
+    MFile::Rename(downloader, InHome("Product"));
+    EXPECT_EQ(Start(InHome("Product"), ToList({"silent"})).exitCode, 0);
+    EXPECT_TRUE(IsInHome("Product-download/small.txt"));
 }
 
 TEST_F(DownloadSetTest, ARunThatIsKilledAnywhereIsCompletedByTheNext) {

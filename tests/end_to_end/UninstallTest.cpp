@@ -59,10 +59,13 @@ TEST_F(UninstallTest, OlderVersionsGoOnlyWhenAskedFor) {
            "<uninstall>Test Product</uninstall><uninstall>Not there</uninstall>" + ToDestination("new.txt"));
     ASSERT_EQ(InstallSilently().exitCode, 0);
     EXPECT_TRUE(IsInHome("old/files/b.txt"));
+    MFile::Delete(InHome("old/files/b.txt"));
+    scratch.WriteFile("home/old/files/b.txt/inside", "in the way");
     const MProgramResult result = InstallSilently({"remove-older=yes"});
     ASSERT_EQ(result.exitCode, 0) << result.errors;
     EXPECT_THAT(result.output, HasSubstr("Removing Test Product..."));
-    EXPECT_FALSE(IsInHome("old/files"));
+    EXPECT_THAT(result.errors, HasSubstr("Test Product could not be removed completely by \""));
+    EXPECT_FALSE(IsInHome("old/files/sub"));
     EXPECT_FALSE(IsInHome("old/setup.state"));
     EXPECT_EQ(ReadHome("to/new.txt"), "new");
     EXPECT_EQ(Remove().exitCode, 0);

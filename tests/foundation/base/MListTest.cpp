@@ -74,9 +74,10 @@ TEST(MListTest, BuffersArePrivateOnceTheyChange) {
     EXPECT_EQ(MBytesOf(first) + MBytesOf(second), "abcdXbcd");
 
     const char borrowed[] = "lent";
-    MCHARBuffer third;
+    MCHARBuffer third = first;
     third.Attach(borrowed, 4);
     EXPECT_EQ(third.Get(), borrowed);
+    EXPECT_EQ(MBytesOf(first), "abcd");
     third.ResizeCount(6);
     third.Edit()[0] = 'b';
     EXPECT_STREQ(borrowed, "lent");

@@ -1,3 +1,4 @@
+#include "foundation/text/MByteSizeText.h"
 #include "foundation/text/MStringFormatter.h"
 #include "foundation/text/MStringScanner.h"
 
@@ -50,6 +51,12 @@ TEST(FormatterTest, FloatingNumbersPrintAsTheRuntimeLibraryWould) {
     EXPECT_EQ(Format("{0;+.02} {1+} {2+.1}", 1.005, 0.0, -0.5), "+1.00 0.0000 -0.5");
     EXPECT_EQ(Format("{0;.1}", 1e300).size(), 303u);
     EXPECT_EQ(Format("{0}", -std::numeric_limits<double>::infinity()), "-inf");
+}
+
+TEST(FormatterTest, SizesTakeTheUnitInWhichTheyStayBelow1024) {
+    const std::pair<int64_t, const char*> cases[] = {
+        {-1, "0 B"}, {1023, "1023 B"}, {1024, "1.0 KB"}, {(1 << 20) - 1, "1023.9 KB"}, {1 << 20, "1.0 MB"}};
+    for (const auto& [bytes, text] : cases) EXPECT_EQ(Text(MByteSizeText(bytes)), text);
 }
 
 TEST(FormatterTest, AnOpenPlaceholderRaises) {

@@ -43,6 +43,7 @@ TEST(XMLDocumentTest, ReadsElementsTextAndAttributes) {
         {"<a b=c/>", "<a b=\"c\"/>"},
         {"<a b=c/d e=f></a>", "<a b=\"c/d\" e=\"f\"/>"},
         {"<a b=\"1\" B=\"2\" b=\"3\"/>", "<a b=\"3\"/>"},
+        {"<a b=0 b=1 b=2 b=3 b=4 b=5 b=6 b=7 b=8 b=9 b=A b=B b=C b=D b=E b=F/>", "<a b=\"F\"/>"},
         {"<a b=\"\"/>", "<a b=\"\"/>"},
         {"<?xml version=\"1.0\"?><!DOCTYPE a><?style x=y?><a/>", "<a/>"},
         {"\n\xEF\xBB\xBF\n<a></A>", "<a/>"},
@@ -130,7 +131,7 @@ TEST(XMLDocumentTest, NestingIsBoundedAndTheParserTellsTheLine) {
         std::string document;
         const int32_t levels = MLibraryInternals::MXMLParser::MaximumDepth + excess;
         for (int32_t i = 0; i < levels; ++i) document += "<a>";
-        for (int32_t i = 0; i < levels; ++i) document += "</a>";
+        for (int32_t i = 0; i < levels; ++i) document += i > 0 ? "<b/></a>" : "</a>";
         EXPECT_EQ(FailureOfLoading(document),
                   excess == 0 ? "none" : "100: Invalid file contents. Elements are nested too deeply.");
     }

@@ -142,6 +142,8 @@ TEST(MZLibStream, BehindTheEndItFailsAndItDoesNotWriteWhatItReads) {
     EXPECT_TRUE(zlib.IsEnd());
     EXPECT_EQ(FailureOf([&] { zlib.Write("x", 1); }), "100: Data could not be compressed.");
     EXPECT_EQ(FailureOf([&] { zlib.Finish(); }), "0: Data could not be compressed.");
+    zlib.Open(&source, false);
+    EXPECT_FALSE(zlib.IsComplete());
 }
 
 TEST(MBZIPStream, BehindTheEndThereIsNothingAndItDoesNotWrite) {
@@ -158,4 +160,7 @@ TEST(MBZIPStream, BehindTheEndThereIsNothingAndItDoesNotWrite) {
     EXPECT_EQ(bzip.GetPosition(), 4);
     EXPECT_EQ(FailureOf([&] { bzip.Write("x", 1); }), "100: Data could not be compressed.");
     EXPECT_EQ(FailureOf([&] { bzip.Finish(); }), "0: Data could not be compressed.");
+    source.Rewind();
+    bzip.Open(&source);
+    EXPECT_EQ(MReadAll(bzip), "text");
 }

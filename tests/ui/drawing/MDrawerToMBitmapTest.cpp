@@ -190,6 +190,7 @@ TEST_F(MDrawerToMBitmapTest, ShapesCoverTheirArea) {
         {"line", std::sqrt(20.0 * 20 + 9 * 9) + 1, [&] { drawer.LineF(points[0], points[3], White); }},
         {"point", 1, [&] { drawer.SetPixelF(center, White); }},
         {"column", 12.5, [&] { drawer.FillVerticalColumn(7, 3.25, 15.75, White); }},
+        {"column upwards", 12.5, [&] { drawer.FillVerticalColumn(7, 15.75, 3.25, White); }},
         {"graph", 0.5 * 4 * 2, [&] { drawer.PaintHorizontalGraph(10, values, 20, White); }},
     };
     for (const auto& [name, area, paint] : shapes) {

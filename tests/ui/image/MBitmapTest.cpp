@@ -96,14 +96,14 @@ TEST(MBitmapTest, ChangesAreMarkedAndATextureStaysWithItsBitmap) {
 
 TEST(MBitmapTest, SystemBitmapsShowThePixelsUntilTheseChange) {
     MBitmap bitmap(2, 2);
-    bitmap.EditRow(0)[1] = MColor::FromRGB(200, 100, 50, 128);
+    bitmap.EditRow(0)[1] = MColor::FromRGB(201, 100, 50, 128);
     const MSysBitmap& plain = bitmap.CreateSystemBitmap();
     EXPECT_EQ(&bitmap.CreateSystemBitmap(), &plain);
-    EXPECT_EQ(plain.GetPixels()[1], MColor::FromRGB(200, 100, 50, 128));
+    EXPECT_EQ(plain.GetPixels()[1], MColor::FromRGB(201, 100, 50, 128));
 
     const MSysBitmap& blended = bitmap.CreateSystemBitmapWithAlpha();
     EXPECT_EQ(blended.GetPixels()[0], MColor::FromRGB(0, 0, 0, 0));
-    EXPECT_EQ(blended.GetPixels()[1], MColor::FromRGB(100, 50, 25, 128));
+    EXPECT_EQ(blended.GetPixels()[1], MColor::FromRGB(101, 50, 25, 128));
 
     bitmap.EditRow(0)[1] = MColor();
     EXPECT_EQ(bitmap.CreateSystemBitmap().GetPixels()[1], MColor());

@@ -79,6 +79,7 @@ TEST_F(SystemFontsTest, ARequestIsAnsweredByFamilyAndStyles) {
         {"DejaVu Sans Mono", false, false, true, noStyle},
         {"DejaVu Sans Mono", false, false, false, "DejaVuSansMono-Bold"},
         {"Liberation", false, false, false, "Font Liberation was not found in the system."},
+        {"DejaVu San", false, false, false, "Font DejaVu San was not found in the system."},
         {"Arial", true, true, true, "LiberationSans-BoldItalic"},
         {"tahoma", false, false, true, "DejaVuSans"}};
     for (int32_t run = 1; run <= 2; ++run)
@@ -104,10 +105,12 @@ TEST_F(SystemFontsTest, AnAnswerIsRememberedWithoutASearchUnlessItIsWrong) {
         return " " + std::string(key) + "=\"" + Text(scratch.Join("fonts") + "/" + file) + "\"";
     };
     const std::string entries = entry("DejaVuSans00", "DejaVuSans-Bold.ttf") +
-                                entry("Arial00", "DejaVuSans.ttf") + entry("LiberationSansB0", "gone.ttf");
+                                entry("Arial00", "DejaVuSans.ttf") + entry("LiberationSansB0", "gone.ttf") +
+                                entry("LiberationSans00", "LiberationSans-Italic.ttf");
     scratch.WriteFile("user/SystemFonts.cache", "<MSystemFontCache" + entries + "/>");
     EXPECT_EQ(Find("DejaVu Sans", false, false, false), "DejaVuSans-Bold");
     EXPECT_EQ(Find("DejaVu Sans"), "DejaVuSans");
+    EXPECT_EQ(Find("Liberation Sans"), "LiberationSans-Regular");
     EXPECT_EQ(Find("arial"), "DejaVuSans");
     EXPECT_EQ(Find("liberation sans", true), "gone");
     scratch.WriteFile("user/SystemFonts.cache", "<MSystemFontCache" + entries);
