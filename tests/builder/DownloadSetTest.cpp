@@ -119,16 +119,18 @@ TEST_F(DownloadSetTest, TheDefinitionStandsBehindTheProgram) {
         EXPECT_THAT(output.told, HasSubstr(name));
         EXPECT_EQ(scratch.ReadFile(name).substr(0, program.size()), program);
 
-        MSfx payload(scratch.Join(name));
-        ASSERT_TRUE(payload.IsOpen());
-        EXPECT_EQ(scratch.ReadFile(name).size(),
-                  program.size() + static_cast<size_t>(payload.GetSize()) + MPayloadFormat::TrailerSize);
-        MXMLItem root;
-        root.LoadCompressed(payload);
-        ExpectDefinition(root);
-        // This is how the program tells a download from an installation.
-        payload.Rewind();
-        EXPECT_NE(FailureOf([&] { MLargeResourceLibrary().Attach(&payload); }), "none");
+        {
+            MSfx payload(scratch.Join(name));
+            ASSERT_TRUE(payload.IsOpen());
+            EXPECT_EQ(scratch.ReadFile(name).size(),
+                      program.size() + static_cast<size_t>(payload.GetSize()) + MPayloadFormat::TrailerSize);
+            MXMLItem root;
+            root.LoadCompressed(payload);
+            ExpectDefinition(root);
+            // This is how the program tells a download from an installation.
+            payload.Rewind();
+            EXPECT_NE(FailureOf([&] { MLargeResourceLibrary().Attach(&payload); }), "none");
+        }
         MFile::DeleteTree(scratch.Join("out"));
     }
 }
