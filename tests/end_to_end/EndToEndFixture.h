@@ -9,7 +9,6 @@
 #include "tests/support/MTestText.h"
 
 #include <filesystem>
-#include <gmock/gmock.h>
 #include <initializer_list>
 
 using testing::HasSubstr;

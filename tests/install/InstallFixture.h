@@ -8,7 +8,6 @@
 #include "tests/support/MTestText.h"
 
 #include <functional>
-#include <gmock/gmock.h>
 #include <vector>
 
 /// Answers as the test says and keeps what it was asked and told.

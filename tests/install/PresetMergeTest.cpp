@@ -4,8 +4,6 @@
 #include "tests/support/MTestBytes.h"
 #include "tests/support/MTestText.h"
 
-#include <gtest/gtest.h>
-
 namespace {
 
 struct Merged {

@@ -9,8 +9,6 @@
 #include "tests/support/MTestPayload.h"
 #include "tests/support/MTestText.h"
 
-#include <gtest/gtest.h>
-
 class PayloadWithFlags : public testing::TestWithParam<uint32_t> {};
 
 TEST_P(PayloadWithFlags, GivesItemsBackInAnyOrderAndAgain) {

@@ -9,8 +9,6 @@
 #include "tests/support/MTestPayload.h"
 #include "tests/support/MTestText.h"
 
-#include <gmock/gmock.h>
-
 /// Says yes or no, and keeps what it was asked and told last.
 class MTestDialogs final : public MTextDialogs {
 public:

@@ -8,7 +8,6 @@
 #include "update/MDownloader.h"
 
 #include <functional>
-#include <gtest/gtest.h>
 #include <map>
 #include <memory>
 #include <mutex>

@@ -9,8 +9,6 @@
 #include "tests/support/MTestText.h"
 #include "update/MUpdateOffers.h"
 
-#include <gtest/gtest.h>
-
 namespace {
 
 MXMLItem& SetState(MXMLItem& state, const char* attribute, const MString& value) {

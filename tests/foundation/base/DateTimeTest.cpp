@@ -3,8 +3,6 @@
 
 #include "tests/support/MTestText.h"
 
-#include <gtest/gtest.h>
-
 #include <chrono>
 #include <cstdlib>
 #include <ctime>

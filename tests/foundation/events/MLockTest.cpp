@@ -9,7 +9,6 @@
 
 #include <atomic>
 #include <chrono>
-#include <gtest/gtest.h>
 #include <thread>
 #include <vector>
 

@@ -9,7 +9,6 @@
 #include <chrono>
 #include <cstdlib>
 #include <functional>
-#include <gtest/gtest.h>
 #include <memory>
 #include <thread>
 

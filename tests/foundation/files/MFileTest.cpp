@@ -7,7 +7,6 @@
 
 #include <atomic>
 #include <functional>
-#include <gtest/gtest.h>
 #include <numeric>
 #include <set>
 #include <thread>

@@ -2,8 +2,6 @@
 #include "tests/support/MScratch.h"
 #include "tests/support/MTestText.h"
 
-#include <gtest/gtest.h>
-
 namespace {
 
 constexpr const char* TestKey = "software\\Corvanth Test of the Registry";

@@ -4,7 +4,6 @@
 #include "tests/support/MTestText.h"
 
 #include <functional>
-#include <gtest/gtest.h>
 
 namespace {
 

@@ -7,8 +7,6 @@
 #include "tests/support/MTestBytes.h"
 #include "tests/support/MTestText.h"
 
-#include <gtest/gtest.h>
-
 #include <string_view>
 #include <tuple>
 

@@ -4,8 +4,6 @@
 
 #include "tests/support/MTestText.h"
 
-#include <gtest/gtest.h>
-
 #include <cmath>
 #include <limits>
 #include <tuple>

@@ -4,8 +4,6 @@
 
 #include "tests/support/MTestText.h"
 
-#include <gtest/gtest.h>
-
 namespace {
 
 TEST(MStringFindReplaceTest, FindsTextIgnoringCaseInEveryForm) {

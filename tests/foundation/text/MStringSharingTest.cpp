@@ -3,8 +3,6 @@
 #include "tests/support/MTestBytes.h"
 #include "tests/support/MTestText.h"
 
-#include <gtest/gtest.h>
-
 namespace {
 
 TEST(MStringSharingTest, LiteralsAndBlocksAreSharedUntilOneCopyChanges) {

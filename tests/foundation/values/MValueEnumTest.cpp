@@ -5,8 +5,6 @@
 
 #include "tests/support/MTestText.h"
 
-#include <gtest/gtest.h>
-
 #include <limits>
 
 namespace {

@@ -6,8 +6,6 @@
 #include "tests/support/MTestBytes.h"
 #include "tests/support/MTestText.h"
 
-#include <gtest/gtest.h>
-
 #include <cmath>
 #include <limits>
 #include <tuple>

@@ -8,7 +8,6 @@
 #include "tests/support/MTestText.h"
 
 #include <functional>
-#include <gtest/gtest.h>
 #include <string>
 
 namespace {

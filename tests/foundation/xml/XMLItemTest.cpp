@@ -5,7 +5,6 @@
 #include "tests/support/MTestText.h"
 
 #include <functional>
-#include <gtest/gtest.h>
 
 namespace {
 

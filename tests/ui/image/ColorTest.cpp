@@ -3,8 +3,6 @@
 #include "ui/image/MColor.h"
 #include "ui/image/MColorOp.h"
 
-#include <gtest/gtest.h>
-
 namespace {
 
 /// Calls `check` with colours from all over the cube.

@@ -5,7 +5,6 @@
 #include "tests/support/MTestText.h"
 #include "ui/image/MBitmap.h"
 
-#include <gtest/gtest.h>
 #include <string>
 
 using namespace std::string_literals;

@@ -2,8 +2,6 @@
 #include "tests/support/MTestBytes.h"
 #include "tests/support/MTestText.h"
 
-#include <gtest/gtest.h>
-
 using namespace std::string_literals;
 
 namespace {

@@ -4,7 +4,6 @@
 #include "tests/support/MTestText.h"
 #include "ui/text/MFont.h"
 
-#include <gtest/gtest.h>
 #include <string>
 #include <string_view>
 

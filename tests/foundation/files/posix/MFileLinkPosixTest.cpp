@@ -3,7 +3,6 @@
 #include "tests/support/MTestText.h"
 #include "tests/support/posix/MTestDesktop.h"
 
-#include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <tuple>
 

@@ -4,7 +4,6 @@
 #include "tests/support/MScratch.h"
 #include "tests/support/MTestText.h"
 
-#include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <unistd.h>
 

@@ -4,8 +4,6 @@
 #include "tests/support/MTestText.h"
 #include "tests/support/posix/MTestVariable.h"
 
-#include <gtest/gtest.h>
-
 TEST(MSpecialFoldersTest, TheUsersFoldersLieInTheHomeOrWhereTheirFileSays) {
     const MScratch scratch;
     const std::string home = Text(scratch.GetPath());

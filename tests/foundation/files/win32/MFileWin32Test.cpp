@@ -5,7 +5,6 @@
 #include "tests/support/MScratch.h"
 #include "tests/support/MTestText.h"
 
-#include <gtest/gtest.h>
 #include <shlobj.h>
 
 namespace {

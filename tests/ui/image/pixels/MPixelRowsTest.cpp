@@ -4,7 +4,6 @@
 #include "tests/support/MTestText.h"
 
 #include <algorithm>
-#include <gmock/gmock.h>
 #include <tuple>
 #include <vector>
 
