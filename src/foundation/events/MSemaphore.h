@@ -23,6 +23,6 @@ private:
 
     [[nodiscard]] bool Take(int32_t timeout);
 
-    std::unique_ptr<System> system;
+    const std::shared_ptr<System> system;
     const bool autoReset;
 };

@@ -12,7 +12,7 @@ struct MSemaphore::System {
     const HANDLE handle = CreateSemaphoreW(nullptr, 0, std::numeric_limits<LONG>::max(), nullptr);
 };
 
-MSemaphore::MSemaphore(bool autoReset) : system(std::make_unique<System>()), autoReset(autoReset) {}
+MSemaphore::MSemaphore(bool autoReset) : system(std::make_shared<System>()), autoReset(autoReset) {}
 
 MSemaphore::~MSemaphore() = default;
 
