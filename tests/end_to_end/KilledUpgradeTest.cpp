@@ -142,7 +142,8 @@ TEST_F(KilledUpgradeTest, KeepsThePresetsAndIsCompletedByTheNextRun) {
     const MTreeSnapshot after = Look();
     before.Restore();
     ASSERT_EQ(before.DescribeChanges(Look()), "");
-    const int32_t count = Upgrade(0).operationCount;
+    // The last two operations delete the locks of a run that is complete.
+    const int32_t count = Upgrade(0).operationCount - 2;
     ASSERT_EQ(after.DescribeChanges(Look()), "");
     ASSERT_GE(count, 200);
     RecordProperty("operations", count);

@@ -51,6 +51,36 @@ TEST_F(UninstallTest, WhatCannotBeRemovedIsListedWithCode3) {
     EXPECT_FALSE(IsInHome("to/setup.state"));
 }
 
+TEST_F(UninstallTest, RefusesACopiedOrMovedFolderAndAPlantedState) {
+    PackProduct();
+    ASSERT_EQ(InstallSilently().exitCode, 0);
+    MFile::Copy(InHome("to"), InHome("copy"));
+    MFile::MakeExecutable(GetRemover("copy"));
+    OpenForEverybody(InHome("copy"));
+    const MProgramResult copied = Start(GetRemover("copy"), ToList({"silent"}));
+    EXPECT_EQ(copied.exitCode, 2);
+    EXPECT_THAT(copied.errors, HasSubstr("Please start \"" + Text(GetRemover("to")) + "\" instead"));
+    EXPECT_TRUE(IsInHome("to/files/b.txt"));
+
+    scratch.WriteFile("home/to/setup.dat", "data");
+    const MProgramResult planted = Remove();
+    EXPECT_EQ(planted.exitCode, 2);
+    EXPECT_THAT(planted.errors, HasSubstr("setup.dat\" lie in the folder of this program."));
+    EXPECT_TRUE(IsInHome("to/files/b.txt"));
+}
+
+TEST_F(UninstallTest, AnInstallerIsNotReplacedByTheProgramThatItLeaves) {
+    PackProduct();
+    MFile::Rename(GetInstaller(), InHome(MFile::GetFileName(GetRemover("x"))));
+    const MString installer = InHome(MFile::GetFileName(GetRemover("x")));
+    const std::string bytes = MReadTestFile(installer);
+    const MProgramResult result = Start(installer, ToList({"silent", "directory:destination=."}));
+    EXPECT_EQ(result.exitCode, 2);
+    EXPECT_THAT(result.errors, HasSubstr("would be replaced by the program that removes the software"));
+    EXPECT_TRUE(MReadTestFile(installer) == bytes);
+    EXPECT_FALSE(IsInHome("files"));
+}
+
 TEST_F(UninstallTest, OlderVersionsGoOnlyWhenAskedFor) {
     PackProduct();
     ASSERT_EQ(Install({"silent", "directory:destination=old"}).exitCode, 0);
@@ -59,6 +89,8 @@ TEST_F(UninstallTest, OlderVersionsGoOnlyWhenAskedFor) {
            "<uninstall>Test Product</uninstall><uninstall>Not there</uninstall>" + ToDestination("new.txt"));
     ASSERT_EQ(InstallSilently().exitCode, 0);
     EXPECT_TRUE(IsInHome("old/files/b.txt"));
+    EXPECT_EQ(Install({"silent", "directory:destination=Plu\xffgins", "remove-older=yes"}).exitCode, 2);
+    EXPECT_TRUE(IsInHome("old/files/b.txt")) << "what is refused is refused before anything is removed";
     MFile::Delete(InHome("old/files/b.txt"));
     scratch.WriteFile("home/old/files/b.txt/inside", "in the way");
     const MProgramResult result = InstallSilently({"remove-older=yes"});

@@ -106,7 +106,7 @@ TEST_F(ChoicesTest, RemembersDirectoriesForTheNextProductUnderTheirOwnKeys) {
     MDirectoryChoices choices(session);
     choices.Find("vst")->path = scratch.Join("shared");
     choices.Find("own")->path = scratch.Join("elsewhere");
-    choices.Store();
+    choices.Remember();
     // What is no directory any more is not proposed.
     EXPECT_EQ(Propose(), "default default ");
     for (const char* name : {"shared", "elsewhere", "wide"}) MakeDirectory(name);
@@ -114,6 +114,11 @@ TEST_F(ChoicesTest, RemembersDirectoriesForTheNextProductUnderTheirOwnKeys) {
     session.UseX64 = true;
     EXPECT_EQ(Propose(session), "wide default ");
     EXPECT_NE(MReadTestFile(file).find("C:/other"), std::string::npos);
+    // A macro in a path would be expanded later.
+    MakeDirectory("{own}");
+    choices.Find("vst")->path = scratch.Join("{own}");
+    choices.Remember();
+    EXPECT_EQ(Propose(session), "default default ");
     for (const char* broken : {"", "no xml", "<DefaultPaths><Path id=\"vst\">"}) {
         MWriteTestFile(file, broken);
         EXPECT_EQ(Propose(), "default default ") << broken;

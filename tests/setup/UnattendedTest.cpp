@@ -1,8 +1,11 @@
+#include "foundation/base/MGuard.h"
+#include "foundation/files/MFolderLock.h"
 #include "foundation/files/MInstallationNames.h"
 #include "setup/console/MUnattendedRun.h"
 #include "tests/setup/SetupFixture.h"
 
 using testing::HasSubstr;
+using testing::Not;
 
 namespace {
 
@@ -64,13 +67,22 @@ protected:
     void Run(const std::vector<const char*>& texts) {
         const MUnattendedOptions options(Words(texts), scratch.GetPath());
         MInstallViews views;
+        views.infoText = infoText;
         views.dialogs = &dialogs;
         MUnattendedRun run(library, options, views);
         run.Validate();
         run.Perform();
     }
 
+    /// Without the empty folder that the macros make.
+    [[nodiscard]] std::string ListTree() const {
+        MGuard("UnattendedRunTest", [&] { MFile::RemoveDirectory(scratch.Join("userdata/!temp")); });
+        MGuard("UnattendedRunTest", [&] { MFile::RemoveDirectory(scratch.Join("userdata")); });
+        return scratch.ListTree();
+    }
+
     MTestDialogs dialogs{false};
+    MTextView* infoText = nullptr;
 };
 
 TEST_F(UnattendedRunTest, InstallsWhatIsProposedAndLeavesTheState) {
@@ -111,9 +123,63 @@ TEST_F(UnattendedRunTest, RefusesBeforeWritingAnything) {
         EXPECT_THAT(FailureOf([&] { Run(words); }), HasSubstr(told));
         EXPECT_EQ(scratch.ListTree(), "");
     }
+    // Paths that the state would not give back, and such as would be expanded again.
+    for (const char* path : {"Plu\xffgins", "\xff\xfe", "a\xef\xbb\xbf", "a\rb", "\xed\xa0\x80",
+                             "x{UserDocuments}", "{extra}/in", "{}"}) {
+        DefineProduct();
+        const std::string word = std::string("directory:destination=") + path;
+        EXPECT_THAT(FailureOf([&] { Run({"accept-licence", word.c_str()}); }),
+                    HasSubstr("\" cannot be used: "))
+            << path;
+        EXPECT_EQ(ListTree(), "");
+    }
+    DefineProduct();
+    folders.SetPath(MSpecialFolderUser, scratch.Join("{data}"));
+    EXPECT_THAT(FailureOf([&] { Run({"accept-licence"}); }), HasSubstr("\"{data}\" in its name"));
+    folders.SetPath(MSpecialFolderUser, scratch.Join("user"));
     Define("<files destination=\"{data}\"><file name=\"../out\"/></files>");
     EXPECT_THAT(FailureOf([&] { Run({}); }), HasSubstr("\"../out\""));
-    EXPECT_EQ(scratch.ListTree(), "");
+    EXPECT_EQ(ListTree(), "");
+}
+
+TEST_F(UnattendedRunTest, RefusesADirectoryWhereItsOwnProgramWouldDoHarm) {
+    const std::string installer = MTestPayload(1).Finish("<install name=\"Other\"/>");
+    const std::pair<const char*, std::string> obstacles[] = {
+        {"setup.dat", ""},
+        {"setup.multi", ""},
+        {"setup.state", "<install name=\"Other\"/>"},
+        {"setup.state", "<install name=\"Test Product\" installationname=\"Other\"/>"},
+        {MPlatform::ExecutableExtension() == "exe" ? "setup.exe" : "setup.run", 
+         "program" + installer + "MSFXMSFX" + MWordOf(static_cast<int64_t>(installer.size()), 8)},
+    };
+    for (const auto& [name, content] : obstacles) {
+        MWriteTestFile(MFile::Join(scratch.Join("product"), name), content);
+        DefineProduct();
+        const std::string before = ListTree();
+        EXPECT_THAT(FailureOf([&] { Run({"accept-licence"}); }),
+                    HasSubstr("Test Product cannot be installed in \"" + InScratch("product")))
+            << name;
+        EXPECT_EQ(ListTree(), before);
+        MFile::DeleteTree(scratch.Join("product"));
+    }
+}
+
+TEST_F(UnattendedRunTest, KeepsOtherSetupsAwayUntilItsEnd) {
+    DefineProduct();
+    std::vector<std::string> told;
+    struct View final : MTextView {
+        explicit View(std::function<void()> look) : look(std::move(look)) {}
+        void SetText(const MString&) override { look(); }
+        std::function<void()> look;
+    } view([&] {
+        for (const char* folder : {"userdata", "product"})
+            told.push_back(FailureOf([&] { MFolderLock(scratch.Join(folder), "second", 0); }));
+    });
+    infoText = &view;
+    Run({"accept-licence"});
+    ASSERT_GE(told.size(), 2u);
+    for (const std::string& text : told) EXPECT_THAT(text, HasSubstr("Test Product (process "));
+    EXPECT_THAT(scratch.ListTree(), Not(HasSubstr("setup.lock")));
 }
 
 TEST_F(UnattendedRunTest, AnOlderVersionThatStaysIsToldAndTheRunGoesOn) {

@@ -33,6 +33,18 @@ void MPathMacros::CreatePathMacros(bool useX64) {
         });
 }
 
+MString MPathMacros::FindKey(const MString& text) const {
+    for (const MString& key : MacroKeys)
+        if (text.Contains(key)) return key;
+    return MString();
+}
+
+MString MPathMacros::FindValueWithKey() const {
+    for (const MString& value : MacroValues)
+        if (!FindKey(value).IsEmpty()) return value;
+    return MString();
+}
+
 MString MPathMacros::ExpandMacros(const MString& text) const {
     MString expanded = text;
     expanded.Replace(MacroKeys, MacroValues);

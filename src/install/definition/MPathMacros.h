@@ -18,6 +18,11 @@ public:
     /// What is no key stays as it stands. A value that holds its own key would never end.
     [[nodiscard]] MString ExpandMacros(const MString& text) const;
 
+    /// The first key of the table that stands in a text, braces included; empty if there is none.
+    [[nodiscard]] MString FindKey(const MString& text) const;
+    /// A value that holds a key of the table; empty if there is none. With one there is no end of expanding.
+    [[nodiscard]] MString FindValueWithKey() const;
+
     /// The key of a name: `{name}`.
     [[nodiscard]] static MString GetKey(const MString& name);
     /// The name under which definitions know an `MSpecialFolder`, without braces. "temp" and "logs" stand for

@@ -1,11 +1,21 @@
 #include "install/definition/MSetupSession.h"
 
+#include "foundation/base/MRefusal.h"
 #include "foundation/xml/MXMLSubItems.h"
 #include "install/definition/MItemNames.h"
 
 MSetupSession::MSetupSession(MLargeResourceLibrary& definition)
     : Library(&definition), SoftwareName(definition.GetAttribute("name")) {
     MCheckItemNames(definition);
+}
+
+void MSetupSession::CreatePathMacros() {
+    Macros.CreatePathMacros(UseX64);
+    const MString value = Macros.FindValueWithKey();
+    if (value.IsEmpty()) return;
+    MRefuse("The folder \"{0}\" of this system cannot be used: \"{1}\" in its name stands for another folder "
+            "here. Please start the installer as a user whose folders have other names.",
+            value, Macros.FindKey(value));
 }
 
 MList<MString> MSetupSession::AddDirectoryMacros() {

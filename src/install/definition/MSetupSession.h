@@ -18,8 +18,9 @@ public:
         return Library->GetAttribute("installationname", SoftwareName);
     }
 
-    /// Rebuilds the macros of the special folders; those of directories are dropped.
-    void CreatePathMacros() { Macros.CreatePathMacros(UseX64); }
+    /// Rebuilds the macros of the special folders; those of directories are dropped. Raises `MRefusal` for a
+    /// system whose folders have keys of macros in their names.
+    void CreatePathMacros();
     /// Makes each available `directory` of the definition a macro. Gives their paths, in the order of the
     /// definition. Raises "Could not find required attribute ({0})." (0) for one without `id` or `path`.
     [[nodiscard]] MList<MString> AddDirectoryMacros();

@@ -5,6 +5,7 @@
 #include "install/engine/MInstallProcessor.h"
 #include "install/registration/MShortcuts.h"
 #include "install/registration/MUninstallEntry.h"
+#include "install/run/MInstallCheck.h"
 #include "payload/MSfx.h"
 #include "streams/basic/MOutputFile.h"
 
@@ -40,11 +41,21 @@ void CopySetup(const MString& setupPath) {
 }  // namespace
 
 MInstallRun::MInstallRun(MSetupSession& session, const MInstallViews& views)
-    : session(session), views(views), mainPath(MFile::GetSpecialPath(MSpecialFolderData)) {}
+    : session(session), views(views) {}
+
+void MInstallRun::Check(const MList<MString>& replaced) {
+    directories = session.AddDirectoryMacros();
+    mainPath = directories.IsEmpty() ? MFile::GetSpecialPath(MSpecialFolderData) : directories[0];
+    MCheckDirectories(session, directories);
+    session.ExpandDestinations();
+    MCheckStatePaths(session, mainPath);
+    MCheckMainDirectory(session, mainPath, replaced);
+}
 
 void MInstallRun::Enter() {
-    const MList<MString> directories = session.AddDirectoryMacros();
-    if (!directories.IsEmpty()) mainPath = directories[0];
+    Check();
+    locks.reset();
+    locks = std::make_unique<MSetupLocks>(mainPath, session.SoftwareName);
     for (const MString& directory : directories) {
         try {
             MFile::CreatePath(directory);
@@ -55,7 +66,6 @@ void MInstallRun::Enter() {
 }
 
 void MInstallRun::Perform() {
-    session.ExpandDestinations();
     MInstallProcessor processor;
     processor.Perform(session.GetDefinition(), session.Library, views, MRunKind::Install);
 

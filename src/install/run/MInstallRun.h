@@ -2,6 +2,7 @@
 
 #include "install/definition/MSetupSession.h"
 #include "install/engine/MInstallViews.h"
+#include "install/run/MSetupLocks.h"
 
 /// The installing itself, after every choice stands in the definition: directories, destinations, the files,
 /// the program that removes them, its entry in the system's list of programs, the shortcuts, and last of all
@@ -11,8 +12,13 @@ public:
     /// The session is not owned, nor is what the views point at; `views.dialogs` must not be null.
     MInstallRun(MSetupSession& session, const MInstallViews& views);
 
-    /// Gives each available directory its macro and creates it; one that cannot be created is shown as an
-    /// error, and the rest follow. Runs each time the installing is about to begin.
+    /// Tests all that can be refused, before anything is written: the chosen directories, and what stands in
+    /// the main one. Gives each available directory its macro, and each part its `currentpath`. Products
+    /// whose names are in `replaced` will be removed before the installing begins. Raises `MRefusal`.
+    void Check(const MList<MString>& replaced = MList<MString>());
+    /// Checks again, keeps other setups away, and creates each available directory; one that cannot be
+    /// created is shown as an error, and the rest follow. Runs each time the installing is about to begin.
+    /// Raises `MRefusal`, and what `MFolderLock` raises.
     void Enter();
     /// Installs. A failure leaves as `MException`: what was written stays, and there is no new "setup.state".
     void Perform();
@@ -22,5 +28,7 @@ private:
 
     MSetupSession& session;
     MInstallViews views;
+    MList<MString> directories;
     MString mainPath;  ///< the first available directory, else the maker's data
+    std::unique_ptr<MSetupLocks> locks;
 };

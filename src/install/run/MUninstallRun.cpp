@@ -1,24 +1,33 @@
 #include "install/run/MUninstallRun.h"
 
 #include "foundation/base/MGuard.h"
-#include "foundation/base/MRaise.h"
+#include "foundation/base/MRefusal.h"
 #include "foundation/files/MFile.h"
+#include "foundation/files/MFileAccess.h"
 #include "foundation/files/MInstallationNames.h"
 #include "install/registration/MShortcuts.h"
 #include "install/registration/MUninstallEntry.h"
+#include "install/run/MInstallState.h"
+#include "install/run/MSetupLocks.h"
 
 MUninstallRun::MUninstallRun(const MString& directory, const MInstallViews& views) : views(views) {
-    state.LoadFile(MGetStatePath(directory));
+    MLoadInstallState(directory, state);
     productName = state.GetAttribute("name");
     mainPath = state.GetAttribute("mainpath");
+    const MString path = MGetStatePath(directory);
+    if (!MMayDelete(path))
+        MRefuse("{0} can only be removed by {1}: nobody else may delete \"{2}\". Nothing has been removed.",
+                productName, MWhoMayDelete(path), path);
 }
 
 void MUninstallRun::PerformUninstallation() {
+    const MSetupLocks locks(mainPath, productName);
+    processor = std::make_unique<MInstallProcessor>();
     MShortcuts shortcuts(state.GetInt32Attribute("adminrights", 0) != 0);
     views.ShowInfo(MTranslate("Removing files..."));
     MInstallViews bar;
     bar.totalBar = views.totalBar;
-    processor.Perform(state, nullptr, bar, MRunKind::Uninstall);
+    processor->Perform(state, nullptr, bar, MRunKind::Uninstall);
     RemoveLinks(shortcuts);
 
     const MString key = state.GetAttribute("installationname", productName);
@@ -48,6 +57,6 @@ void MUninstallRun::RemoveLinks(MShortcuts& shortcuts) {
 
 MList<MString> MUninstallRun::GetLeftovers() const {
     MList<MString> all = leftovers;
-    for (const MString& path : processor.GetRemover().GetLeftovers()) all.Add(path);
+    for (const MString& path : processor->GetRemover().GetLeftovers()) all.Add(path);
     return all;
 }

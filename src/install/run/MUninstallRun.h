@@ -3,6 +3,8 @@
 #include "foundation/xml/MXMLItem.h"
 #include "install/engine/MInstallProcessor.h"
 
+#include <memory>
+
 class MShortcuts;
 
 /// The removing of an installation, from what its "setup.state" says. Files below containers with
@@ -10,26 +12,26 @@ class MShortcuts;
 /// the log.
 class MUninstallRun {
 public:
-    /// Reads "setup.state" in `directory`, and opens the installer's log anew. `views` shows the phase in its
-    /// `infoText` and the items in its `totalBar`; errors go to its `dialogs`. What the views point at is not
-    /// owned, and the dialogs must not be null. Raises what `MXMLItem::LoadFile` raises, and "Could not find
-    /// required attribute ({0})." (0) for a state without `name` or `mainpath`.
+    /// Reads "setup.state" in `directory`. `views` shows the phase in its `infoText` and the items in its
+    /// `totalBar`; errors go to its `dialogs`. What the views point at is not owned, and the dialogs must not
+    /// be null. Raises what `MLoadInstallState` raises, and `MRefusal` for a user who may not delete the state.
     MUninstallRun(const MString& directory, const MInstallViews& views);
 
-    /// Removes files, links, key and state, in this order; what cannot be removed is counted and passed over.
-    /// Raises what stopped it: a state that lacks an attribute, or names what lies outside of the product's
-    /// directories.
+    /// Keeps other setups away, opens the installer's log anew, and removes files, links, key and state, in
+    /// this order; what cannot be removed is counted and passed over. Raises what stopped it: another setup
+    /// (what `MFolderLock` raises), a state that lacks an attribute, or names what lies outside of the
+    /// product's directories.
     void PerformUninstallation();
 
     /// How many files and directories could not be removed.
     [[nodiscard]] int32_t GetFailureCount() const {
-        return processor.GetRemover().GetFailureCount() + failureCount;
+        return processor->GetRemover().GetFailureCount() + failureCount;
     }
     /// What is still there and should not be: files, links, empty directories, the key, the state.
     [[nodiscard]] MList<MString> GetLeftovers() const;
     /// Directories that stay because they hold something else.
     [[nodiscard]] MList<MString> GetKeptDirectories() const {
-        return processor.GetRemover().GetKeptDirectories();
+        return processor->GetRemover().GetKeptDirectories();
     }
 
 private:
@@ -39,7 +41,7 @@ private:
     MXMLItem state;
     MString productName;
     MString mainPath;
-    MInstallProcessor processor;
+    std::unique_ptr<MInstallProcessor> processor;
     int32_t failureCount = 0;
     MList<MString> leftovers;
 };

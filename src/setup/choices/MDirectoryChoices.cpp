@@ -91,10 +91,10 @@ void MDirectoryChoices::LoadDefaults() {
 MString MDirectoryChoices::Propose(const MXMLItem& element, const MDefaultPaths& remembered) const {
     if (element.GetAttribute("id") == "destination") {
         const MString installation = FindInstallation(session.GetInstallationName());
-        if (!installation.IsEmpty()) return installation;
+        if (!installation.IsEmpty() && !HoldsMacro(installation)) return installation;
     } else if (element.GetInt32Attribute("StoreSystemDefaults", 0) != 0) {
         const MString path = remembered.Get(GetKey(element));
-        if (!path.IsEmpty() && MFile::IsDirectory(path)) return path;
+        if (!path.IsEmpty() && MFile::IsDirectory(path) && !HoldsMacro(path)) return path;
     }
     return ProposeDefault(element);
 }
@@ -139,15 +139,23 @@ bool MDirectoryChoices::IsUsed(const MXMLItem& element) const {
     return false;
 }
 
+/// Whether the key of a macro stands in a path: of a folder, or of one of the directories themselves.
+bool MDirectoryChoices::HoldsMacro(const MString& path) const {
+    for (const MDirectoryRow& row : rows)
+        if (path.Contains(MPathMacros::GetKey(row.element->GetAttribute("id")))) return true;
+    return !session.Macros.FindKey(path).IsEmpty();
+}
+
 void MDirectoryChoices::Store() {
+    for (const MDirectoryRow& row : rows) row.element->SetAttribute("path", MFile::Normalize(row.path));
+}
+
+void MDirectoryChoices::Remember() const {
     MGuard("DefaultPaths save", [this] {
         MDefaultPaths remembered;
-        for (const MDirectoryRow& row : rows) {
-            const MString path = MFile::Normalize(row.path);
-            row.element->SetAttribute("path", path);
+        for (const MDirectoryRow& row : rows)
             if (row.element->GetInt32Attribute("StoreSystemDefaults", 0) != 0)
-                remembered.Set(GetKey(*row.element), path);
-        }
+                remembered.Set(GetKey(*row.element), MFile::Normalize(row.path));
         remembered.Save();
     });
 }

@@ -26,18 +26,22 @@ public:
     [[nodiscard]] MDirectoryRow* Find(const MString& id);
 
     /// Rebuilds the macros and proposes a path for every row: an earlier installation, the directory
-    /// remembered from another product, or the default that finds most on this machine.
+    /// remembered from another product, or the default that finds most on this machine. Raises what
+    /// `MSetupSession::CreatePathMacros` raises.
     void LoadDefaults();
     /// Writes on each element whether an enabled part uses it. True if none is used.
     bool UpdateAvailability();
-    /// Writes the paths on the elements and remembers them; a failure to remember is silent.
+    /// Writes the paths on the elements.
     void Store();
+    /// Remembers the paths for the next installation; a failure is silent.
+    void Remember() const;
 
 private:
     [[nodiscard]] MString Propose(const MXMLItem& element, const MDefaultPaths& remembered) const;
     [[nodiscard]] MString ProposeDefault(const MXMLItem& element) const;
     [[nodiscard]] MString GetKey(const MXMLItem& element) const;
     [[nodiscard]] bool IsUsed(const MXMLItem& element) const;
+    [[nodiscard]] bool HoldsMacro(const MString& path) const;
 
     MSetupSession& session;
     MList<MDirectoryRow> rows;

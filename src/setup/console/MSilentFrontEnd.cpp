@@ -1,5 +1,6 @@
 #include "setup/console/MSilentFrontEnd.h"
 
+#include "foundation/base/MRaise.h"
 #include "foundation/files/MFile.h"
 #include "install/run/MUninstallRun.h"
 #include "setup/console/MConsoleView.h"
@@ -17,6 +18,8 @@ MString ListLines(const char* heading, const MList<MString>& lines) {
 std::unique_ptr<MUninstallRun> LoadState(const MString& directory, const MInstallViews& views) {
     try {
         return std::make_unique<MUninstallRun>(directory, views);
+    } catch (const MRefusal&) {
+        throw;
     } catch (const MException& exception) {
         MRaise(exception.GetCode(), "Sorry. The software definition file has not been found. {0}",
                exception.GetMessage());

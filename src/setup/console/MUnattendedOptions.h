@@ -1,22 +1,10 @@
 #pragma once
 
 #include "foundation/base/MList.h"
-#include "foundation/base/MRaise.h"
+#include "foundation/base/MRefusal.h"
 #include "foundation/views/MUserDialogs.h"
 
 #include <optional>
-
-/// A run that was refused before anything was written: the caller asked for what cannot be.
-class MRefusal final : public MException {
-public:
-    explicit MRefusal(const MString& message) : MException(MString(), message, MExceptionInvalidArgument) {}
-};
-
-/// Raises `MRefusal` with the translated text, in which "{0}", "{1}" and so on take the values in order.
-template <class... Values>
-[[noreturn]] void MRefuse(const char* message, const Values&... values) {
-    throw MRefusal(MFormat(MTranslate(message), values...));
-}
 
 /// A name and the text given for it.
 struct MNamedChoice {

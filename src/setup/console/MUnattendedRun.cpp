@@ -1,6 +1,5 @@
 #include "setup/console/MUnattendedRun.h"
 
-#include "install/run/MInstallRun.h"
 #include "setup/choices/MOlderVersions.h"
 
 MUnattendedRun::MUnattendedRun(MLargeResourceLibrary& definition, const MUnattendedOptions& options,
@@ -10,7 +9,8 @@ MUnattendedRun::MUnattendedRun(MLargeResourceLibrary& definition, const MUnatten
       session(definition),
       configurations(definition),
       components(definition),
-      directories(session) {}
+      directories(session),
+      run(session, views) {}
 
 void MUnattendedRun::Validate() {
     const MString& product = session.SoftwareName;
@@ -20,6 +20,9 @@ void MUnattendedRun::Validate() {
                 product);
     if (options.configuration && !configurations.Find(*options.configuration))
         MRefuse("{0} has no configuration \"{1}\".", product, *options.configuration);
+    const MXMLItem* configuration = GetConfiguration();
+    if (configuration && !configurations.IsAvailable(*configuration))
+        MRefuse("This configuration does not support 32-bit operating system.");
     for (const MNamedChoice& component : options.components)
         if (!components.Find(component.name))
             MRefuse("{0} has no component \"{1}\" to choose.", product, component.name);
@@ -29,31 +32,24 @@ void MUnattendedRun::Validate() {
 }
 
 void MUnattendedRun::Perform() {
+    ChooseComponents();
+    ChooseDirectories();
     if (options.removeOlder) RemoveOlderVersions();
+    run.Enter();
+    directories.Remember();
+    run.Perform();
+}
 
-    const MXMLItem* chosen =
-        options.configuration ? configurations.Find(*options.configuration) : configurations.GetProposal();
-    if (chosen) configurations.Apply(*chosen, session);
-
+void MUnattendedRun::ChooseComponents() {
+    if (const MXMLItem* configuration = GetConfiguration()) configurations.Apply(*configuration, session);
     components.ApplyConfiguration(session.ConfigurationId);
     for (const MNamedChoice& component : options.components)
         components.Find(component.name)->checked = component.text == "on";
     components.Store();
-
-    ChooseDirectories();
-    MInstallRun run(session, views);
-    run.Enter();
-    run.Perform();
 }
 
-void MUnattendedRun::RemoveOlderVersions() {
-    const MOlderVersions older(session.GetDefinition());
-    for (const MOlderVersion& version : older.GetVersions()) {
-        views.ShowInfo(MFormat(MTranslate("Removing {0}..."), version.name));
-        if (MOlderVersions::Remove(version, MRemovalManner::Silent)) continue;
-        views.dialogs->ShowError(MFormat(MTranslate("{0} could not be removed completely by \"{1}\"."),
-                                         version.name, version.setup));
-    }
+const MXMLItem* MUnattendedRun::GetConfiguration() const {
+    return options.configuration ? configurations.Find(*options.configuration) : configurations.GetProposal();
 }
 
 void MUnattendedRun::ChooseDirectories() {
@@ -63,4 +59,20 @@ void MUnattendedRun::ChooseDirectories() {
         directories.Find(directory.name)->path = directory.text;
     directories.UpdateAvailability();
     directories.Store();
+}
+
+void MUnattendedRun::RemoveOlderVersions() {
+    const MOlderVersions older(session.GetDefinition());
+    MList<MString> names;
+    for (const MOlderVersion& version : older.GetVersions()) names.Add(version.name);
+    // What would be refused afterwards is refused while everything still stands.
+    run.Check(names);
+    for (const MOlderVersion& version : older.GetVersions()) {
+        views.ShowInfo(MFormat(MTranslate("Removing {0}..."), version.name));
+        if (MOlderVersions::Remove(version, MRemovalManner::Silent)) continue;
+        views.dialogs->ShowError(MFormat(MTranslate("{0} could not be removed completely by \"{1}\"."),
+                                         version.name, version.setup));
+    }
+    // A folder that was proposed because it was there may be gone.
+    ChooseDirectories();
 }

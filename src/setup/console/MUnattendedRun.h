@@ -1,6 +1,6 @@
 #pragma once
 
-#include "install/engine/MInstallViews.h"
+#include "install/run/MInstallRun.h"
 #include "payload/MLargeResourceLibrary.h"
 #include "setup/choices/MComponentRows.h"
 #include "setup/choices/MConfigurationChoice.h"
@@ -17,14 +17,18 @@ public:
                    const MInstallViews& views);
 
     /// Tests the words against the definition before anything is written. Raises `MRefusal` for a
-    /// licence that is not accepted and for an id or a component that the definition does not have.
+    /// licence that is not accepted, for an id or a component that the definition does not have, and for a
+    /// configuration that does not run here.
     void Validate();
-    /// Installs. Raises what stopped it.
+    /// Installs. Raises what stopped it, `MRefusal` before anything was written.
     void Perform();
 
 private:
-    void RemoveOlderVersions();
+    /// The chosen one, or null if there is none.
+    [[nodiscard]] const MXMLItem* GetConfiguration() const;
+    void ChooseComponents();
     void ChooseDirectories();
+    void RemoveOlderVersions();
 
     const MUnattendedOptions& options;
     MInstallViews views;
@@ -32,4 +36,5 @@ private:
     MConfigurationChoice configurations;
     MComponentRows components;
     MDirectoryChoices directories;
+    MInstallRun run;
 };

@@ -49,6 +49,18 @@ TEST_F(DiskFaultsTest, ADestinationOfSomebodyElseIsRefusedByTheSystem) {
     EXPECT_THAT(below.errors, HasSubstr("Could not create path \"" + Text(InHome("to/below")) + "\"."));
 }
 
+TEST_F(DiskFaultsTest, WhoMayNotRemoveIsToldAsWhomToDoIt) {
+    if (geteuid() != 0) GTEST_SKIP() << "needs a second user: run as root";
+    PackNoise("none");
+    ASSERT_EQ(InstallSilently().exitCode, 0);
+    ASSERT_EQ(chown(Text(InHome("to")).c_str(), 0, 0), 0);
+    const MProgramResult refused = Start(GetRemover("to"), ToList({"silent"}));
+    EXPECT_EQ(refused.exitCode, 2);
+    EXPECT_THAT(refused.errors, HasSubstr("can only be removed by the user root"));
+    EXPECT_EQ(ReadHome("to/a-first"), "small");
+    EXPECT_TRUE(IsInHome("to/setup.state"));
+}
+
 TEST_F(DiskFaultsTest, ProgramsCanBeStartedAndOtherFilesCannot) {
     scratch.WriteFile("product/files/tool", "#!/bin/sh\nexit 7\n");
     scratch.WriteFile("product/files/text", "plain");

@@ -1,0 +1,22 @@
+#include "foundation/files/MFolderLock.h"
+
+#include "foundation/base/MRaise.h"
+#include "foundation/files/MFile.h"
+#include "foundation/module/MPlatform.h"
+
+MFolderLock::MFolderLock(const MString& folder, const MString& holder, int32_t patienceMilliseconds)
+    : path(MFile::Join(folder, "setup.lock")) {
+    constexpr int32_t PauseMilliseconds = 100;
+    for (int32_t waited = 0; Try(holder) == Attempt::Held; waited += PauseMilliseconds) {
+        if (waited >= patienceMilliseconds)
+            MRaise(MExceptionGeneral,
+                   "Another setup is at work in \"{0}\": {1}. Nothing has been changed; please wait until it "
+                   "is done, and start again.",
+                   folder, ReadHolder());
+        MPlatform::Sleep(PauseMilliseconds);
+    }
+}
+
+MFolderLock::~MFolderLock() {
+    if (file != None) Release();
+}

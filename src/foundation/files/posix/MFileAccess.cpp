@@ -1,0 +1,47 @@
+#include "foundation/files/MFileAccess.h"
+
+#include "foundation/files/MFile.h"
+#include "foundation/files/posix/MNativePath.h"
+#include "foundation/text/MStringFormatter.h"
+
+#include <cerrno>
+#include <fcntl.h>
+#include <pwd.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+struct stat GetStatus(const MString& path) {
+    struct stat status = {};
+    (void)lstat(MNativePath(path).c_str(), &status);
+    return status;
+}
+
+}  // namespace
+
+bool MIsSameFile(const MString& first, const MString& second) {
+    struct stat one;
+    struct stat other;
+    return stat(MNativePath(first).c_str(), &one) == 0 && stat(MNativePath(second).c_str(), &other) == 0 &&
+           one.st_dev == other.st_dev && one.st_ino == other.st_ino;
+}
+
+bool MMayDelete(const MString& path) {
+    const MString directory = MFile::GetDirectory(path);
+    if (faccessat(AT_FDCWD, MNativePath(directory).c_str(), W_OK | X_OK, AT_EACCESS) != 0)
+        return errno != EACCES && errno != EROFS;
+    const struct stat status = GetStatus(directory);
+    const uid_t user = geteuid();
+    return (status.st_mode & S_ISVTX) == 0 || user == 0 || user == status.st_uid ||
+           user == GetStatus(path).st_uid;
+}
+
+MString MWhoMayDelete(const MString& path) {
+    // Where anybody may write, the owner of the file may delete it, elsewhere that of the directory.
+    const struct stat directory = GetStatus(MFile::GetDirectory(path));
+    const uid_t user = (directory.st_mode & S_ISVTX) != 0 ? GetStatus(path).st_uid : directory.st_uid;
+    const passwd* entry = getpwuid(user);
+    const MString name = entry ? MPathFromNative(entry->pw_name) : MFormat("{0}", user);
+    return MFormat(MTranslate("the user {0}"), name);
+}

@@ -1,0 +1,60 @@
+#include "foundation/files/MFolderLock.h"
+
+#include "foundation/files/posix/MNativePath.h"
+#include "foundation/text/MStringFormatter.h"
+#include "foundation/text/MUnicode.h"
+
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+constexpr int Flags = O_NOFOLLOW | O_CLOEXEC | O_NONBLOCK;
+
+/// Whether a path still leads to an open file.
+bool IsAt(int file, const char* path) {
+    struct stat opened;
+    struct stat found;
+    return fstat(file, &opened) == 0 && lstat(path, &found) == 0 && opened.st_dev == found.st_dev &&
+           opened.st_ino == found.st_ino;
+}
+
+}  // namespace
+
+MFolderLock::Attempt MFolderLock::Try(const MString& holder) {
+    const std::string native = MNativePath(path);
+    int opened = open(native.c_str(), O_RDWR | O_CREAT | Flags, 0644);
+    // One that a killed run of another user has left can be locked, but not written.
+    if (opened < 0 && errno == EACCES) opened = open(native.c_str(), O_RDONLY | Flags);
+    if (opened < 0) return Attempt::Impossible;
+    if (flock(opened, LOCK_EX | LOCK_NB) != 0) {
+        const bool isHeld = errno == EWOULDBLOCK;
+        close(opened);
+        return isHeld ? Attempt::Held : Attempt::Impossible;
+    }
+    if (!IsAt(opened, native.c_str())) {
+        // The one who held it has deleted it since it was opened here.
+        close(opened);
+        return Attempt::Held;
+    }
+    file = opened;
+    const std::string text = MEncodeUTF8Exact(MFormat("{0} (process {1})", holder, getpid()));
+    if (ftruncate(opened, 0) == 0) (void)!write(opened, text.data(), text.size());
+    return Attempt::Taken;
+}
+
+void MFolderLock::Release() {
+    (void)unlink(MNativePath(path).c_str());
+    close(static_cast<int>(file));
+}
+
+MString MFolderLock::ReadHolder() const {
+    char text[1024];
+    const int opened = open(MNativePath(path).c_str(), O_RDONLY | Flags);
+    const ssize_t count = opened < 0 ? 0 : read(opened, text, sizeof text);
+    if (opened >= 0) close(opened);
+    return MDecodeUTF8Exact({text, count < 0 ? 0 : static_cast<size_t>(count)});
+}
