@@ -124,11 +124,13 @@ TEST_F(UnattendedRunTest, RefusesBeforeWritingAnything) {
         EXPECT_EQ(scratch.ListTree(), "");
     }
     // Paths that the state would not give back, and such as would be expanded again.
-    for (const char* path : {"Plu\xffgins", "\xff\xfe", "a\xef\xbb\xbf", "a\rb", "\xed\xa0\x80",
+    for (const char* path : {"Plu\xffgins", "\xff\xfe", "a\xef\xbb\xbf", "a\rb", "a\nb", "\xed\xa0\x80",
                              "x{UserDocuments}", "{extra}/in", "{}"}) {
         DefineProduct();
         const std::string word = std::string("directory:destination=") + path;
-        EXPECT_THAT(FailureOf([&] { Run({"accept-licence", word.c_str()}); }),
+        EXPECT_THAT(FailureOf([&] {
+                        Run({"accept-licence", word.c_str()});
+                    }),
                     HasSubstr("\" cannot be used: "))
             << path;
         EXPECT_EQ(ListTree(), "");
@@ -149,7 +151,7 @@ TEST_F(UnattendedRunTest, RefusesADirectoryWhereItsOwnProgramWouldDoHarm) {
         {"setup.multi", ""},
         {"setup.state", "<install name=\"Other\"/>"},
         {"setup.state", "<install name=\"Test Product\" installationname=\"Other\"/>"},
-        {MPlatform::ExecutableExtension() == "exe" ? "setup.exe" : "setup.run", 
+        {MPlatform::ExecutableExtension() == "exe" ? "setup.exe" : "setup.run",
          "program" + installer + "MSFXMSFX" + MWordOf(static_cast<int64_t>(installer.size()), 8)},
     };
     for (const auto& [name, content] : obstacles) {

@@ -27,8 +27,15 @@ MString SaveAndLoad(const MString& path) {
     return loaded;
 }
 
+bool HoldsControlCharacter(const MString& path) {
+    for (int32_t i = 0; i < path.GetLength(); ++i)
+        if (path[i] < u' ') return true;
+    return false;
+}
+
 void CheckStatePath(const MString& path) {
-    if (SaveAndLoad(path).IsExactly(path)) return;
+    // Lists of paths, such as that of merged preset files, have a line for each.
+    if (!HoldsControlCharacter(path) && SaveAndLoad(path).IsExactly(path)) return;
     MRefuse("The folder \"{0}\" cannot be used: its name holds characters that are no text, and what is "
             "installed there could not be removed again. Please choose or make another folder.",
             path);
