@@ -31,7 +31,7 @@ endif()
 find_package(Threads REQUIRED)
 find_package(CLI11 REQUIRED)
 
-set(CORVANTH_SYSTEM_LIBRARIES)
+set(CORVANTH_SYSTEM_LIBRARIES ${CMAKE_DL_LIBS})
 if(WIN32)
     set(CORVANTH_SYSTEM_LIBRARIES ole32 shell32 shlwapi advapi32 user32 gdi32 ws2_32 uuid)
 endif()

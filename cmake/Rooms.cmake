@@ -3,7 +3,7 @@
 # programs and stay out of the libraries.
 
 # All folders of that kind.
-set(CORVANTH_PLATFORM_FOLDERS posix win32 x11 headless)
+set(CORVANTH_PLATFORM_FOLDERS posix win32 x11 headless glibc)
 
 # Collects the C++ files below a folder that this platform builds.
 function(corvanth_sources output folder)

@@ -4,15 +4,16 @@ debian_codename() {
     (. /etc/os-release && printf '%s\n' "$VERSION_CODENAME")
 }
 
-# Prints the machine's Debian entries as deb822 stanzas of the given type (deb or deb-src), without the
-# security suites, whose indexes may be out of step between architectures, and without foreign archives.
+# debian_sources TYPE [RELEASE]: prints the machine's Debian entries as deb822 stanzas of the given type (deb or
+# deb-src), without the security suites, whose indexes may be out of step between architectures, and without foreign
+# archives. With RELEASE the same archive's entries of that older release, without its updates, which cease one day.
 debian_sources() {
-    local type=$1 codename
+    local type=$1 release=${2-} codename
     codename=$(debian_codename)
     {
         cat_with_blank_lines /etc/apt/sources.list /etc/apt/sources.list.d/*.list | one_line_entries_as_stanzas
         cat_with_blank_lines /etc/apt/sources.list.d/*.sources
-    } | awk -v type="$type" -v codename="$codename" '
+    } | awk -v type="$type" -v codename="$codename" -v release="$release" '
         BEGIN { RS = ""; FS = "\n" }
         {
             suites = ""; rest = ""
@@ -25,7 +26,9 @@ debian_sources() {
                 }
                 count = split(substr($i, 8), words, /[ \t]+/)
                 for (w = 1; w <= count; w++)
-                    if (words[w] == codename || words[w] == codename "-updates")
+                    if (release != "" && words[w] == codename)
+                        suites = suites " " release
+                    else if (release == "" && (words[w] == codename || words[w] == codename "-updates"))
                         suites = suites " " words[w]
             }
             if (suites != "")
@@ -50,12 +53,13 @@ one_line_entries_as_stanzas() {
         sed -E -e 's/^\[.*signed-by=([^] ]+).*\] *$/Signed-By: \1\n/' -e 's/^\[.*\] *$//'
 }
 
-# Sets apt_options so that apt-get reads only the machine's Debian entries of the given type, with lists and
-# state of their own below the given folder: nothing of the machine's set-up changes, and root is not needed.
+# private_apt TYPE FOLDER [RELEASE]: sets apt_options so that apt-get reads only those entries, with lists and state of
+# their own below the folder: nothing of the machine's set-up changes, and root is not needed. The packages of another
+# RELEASE are taken as if none were installed.
 private_apt() {
-    local type=$1 folder=$2
+    local type=$1 folder=$2 release=${3-}
     mkdir -p "$folder/sources" "$folder/lists/partial" "$folder/archives/partial"
-    debian_sources "$type" >"$folder/sources/debian.sources"
+    debian_sources "$type" "$release" >"$folder/sources/debian.sources"
     [ -s "$folder/sources/debian.sources" ] || die "the machine's apt sources name no Debian archive"
     apt_options=(
         -q -o "Dir::Etc::sourcelist=/dev/null" -o "Dir::Etc::sourceparts=$folder/sources"
@@ -63,4 +67,8 @@ private_apt() {
         -o "Debug::NoLocking=1" -o "APT::Sandbox::User=" -o "APT::Architectures=$(dpkg --print-architecture)"
     )
     apt_options+=(-o "Acquire::Retries=3")
+    if [ -n "$release" ]; then
+        : >"$folder/status"
+        apt_options+=(-o "Dir::State::status=$folder/status")
+    fi
 }

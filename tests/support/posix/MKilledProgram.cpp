@@ -25,7 +25,7 @@ constexpr uint64_t ChangingCalls[] = {
     SYS_creat, SYS_truncate, SYS_rename,    SYS_renameat, SYS_renameat2,       SYS_unlink,  SYS_unlinkat,
     SYS_rmdir, SYS_mkdir,    SYS_mkdirat,   SYS_link,     SYS_linkat,          SYS_symlink, SYS_symlinkat,
     SYS_mknod, SYS_mknodat,  SYS_chmod,     SYS_fchmodat, SYS_chown,           SYS_lchown,  SYS_fchownat,
-    SYS_utime, SYS_utimes,   SYS_utimensat, SYS_sendfile, SYS_copy_file_range, SYS_openat2};
+    SYS_utime, SYS_utimes,   SYS_utimensat, SYS_sendfile, SYS_copy_file_range, __NR_openat2};
 
 constexpr uint64_t OpenForChange = O_WRONLY | O_RDWR | O_CREAT | O_TRUNC;
 
