@@ -54,10 +54,10 @@ protected:
         return Run(more);
     }
 
-    /// A definition with the pages that every one has, `elements` in front of them.
+    /// A definition with the pages and the directory that every one has, `elements` from the second line on.
     static std::string MakeDefinition(const std::string& elements) {
-        return "<install name=\"Corvanth Tamborel 8\">\n" + elements +
-               "<onsuccess/><onerror/><onabort/>\n</install>\n";
+        return "<install name=\"Corvanth Tamborel 8\"><directory id=\"main\" name=\"M\" default=\"{data}/T\"/>\n" +
+               elements + "<onsuccess/><onerror/><onabort/>\n</install>\n";
     }
 
     void WriteDefinition(const std::string& elements) {

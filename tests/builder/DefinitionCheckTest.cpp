@@ -1,4 +1,6 @@
 #include "builder/checks/MFileNameRules.h"
+#include "builder/definition/MDefinitionText.h"
+#include "streams/basic/MMemoryStream.h"
 #include "tests/builder/BuilderFixture.h"
 
 namespace {
@@ -92,22 +94,93 @@ TEST_F(DefinitionCheckTest, NamesThatSomePlatformRefuses) {
         return Check(MakeDefinition("<files name=\"F\" destination=\"{data}\"><file op=\"delete\" name=\"" +
                                     name + "\"/></files>\n"));
     };
-    for (const char* name : {"../x", "a/../../x", "/x", "C:/x", "CON", "con.txt", "nul .txt", "Lpt9.dll",
-                             "COM\xC2\xB2", "a.", "a ", "a&lt;b", "a|b", "a\\b", "a?", "a\x01"})
+    for (const char* name :
+         {"../x", "a/../../x", "/x", "C:/x", "CON", "con.txt", "nul .txt", "Lpt9.dll", "COM\xC2\xB2", "a.",
+          "a ", "a&lt;b", "a|b", "a\\b", "a?", "a\x01", "..", "... ", "a:b"})
         EXPECT_THAT(check(name), ElementsAre(StartsWith("2: error: The name \""))) << name;
     for (const char* name : {"console", "COM10", "com", ".hidden", "a/b.c", "C\xC3\x93N", "\xF0\x9F\x98\x80"})
         EXPECT_THAT(check(name), IsEmpty()) << name;
-    EXPECT_THAT(Check(MakeDefinition(
-                    "<files name=\"F\" path=\"x\" destination=\"{data}\"><copy destination=\"{user}\">"
-                    "<extension src=\"a\" dst=\"../b\"/></copy></files>\n")),
-                ElementsAre(HasSubstr("\"../b\" leads out")));
+    // Names as they come out in the end.
+    const auto checkItems = [this](const std::string& items) {
+        return Check(MakeDefinition("<files name=\"F\" destination=\"{data}\">" + items + "</files>\n"));
+    };
+    EXPECT_THAT(checkItems("<dir name=\"d\" path=\"x/..\">\n<dir name=\"\"/></dir>"),
+                ElementsAre(HasSubstr("3: error: The name \"..\", which comes from a \"path\"")));
+    EXPECT_THAT(checkItems("<dir name=\"d\">\n<file op=\"delete\" name=\".a\"/></dir>"
+                           "<copy destination=\"{user}\"><extension src=\"a\" dst=\"./b\"/></copy>"),
+                ElementsAre(HasSubstr("3: error: The name \"../b\", which comes from")));
 }
 
-TEST_F(DefinitionCheckTest, NamesThatAreNoUnicode) {
+/// Whatever passes comes back from the payload as it was.
+TEST_F(DefinitionCheckTest, NamesThatXMLLosesOrThatAreNoUnicode) {
+    MXMLItem names("names");
+    for (char16_t unit = 1; unit != 0; ++unit) {
+        MString name = "a b";
+        name.SetChar(1, unit);
+        if (MFileNameRules::FindFault(name).IsEmpty()) names.AddSubItem("name")->SetAttribute("name", name);
+    }
+    EXPECT_GT(names.GetSubItemCount(), 63000);
+    const std::string text = MGetDefinitionText(names);
+    MMemoryStream stream(text.data(), static_cast<int32_t>(text.size()));
+    MXMLItem loaded;
+    loaded.Load(stream);
+    for (int32_t i = 0; i < names.GetSubItemCount(); ++i) {
+        const MString name = names.GetSubItem(i)->GetAttribute("name");
+        EXPECT_TRUE(loaded.GetSubItem(i)->GetAttribute("name").IsExactly(name)) << static_cast<int>(name[1]);
+    }
     for (const MString& name : {Name("a\xFF"), Name("\xF0\x9F\x98"), Name("\xC3(.txt"), Wide(u"\xD83D.txt")})
         EXPECT_EQ(Text(MFileNameRules::FindFault(name)), "is no valid Unicode");
-    EXPECT_EQ(Text(MFileNameRules::FindFault(Name(std::string(255, 'n')))), "");
-    EXPECT_EQ(Text(MFileNameRules::FindFault(Name(std::string(256, 'n')))), "is longer than 255 characters");
+}
+
+TEST_F(DefinitionCheckTest, NamesAndPathsThatAreTooLong) {
+    const auto check = [this](const std::string& element, size_t length, const char* letter) {
+        std::string name;
+        while (name.size() < length) name += letter;
+        const std::string item = "<" + element + " op=\"delete\" preset=\"update\" name=\"" + name + "\"/>";
+        const bool isLink = element == "shortcut";
+        return Check(MakeDefinition("<files name=\"F\" linux=\"1\" windows=\"0\" destination=\"{data}\">" +
+                                    (isLink ? "<file name=\"a\" op=\"leave\"/>" : item) + "</files>\n" +
+                                    (isLink ? item : "")));
+    };
+    const std::pair<const char*, size_t> limits[] = {{"dir", 255}, {"file", 244}, {"shortcut", 247}};
+    for (const auto& [element, limit] : limits) {
+        EXPECT_THAT(check(element, limit, "n"), IsEmpty());
+        const std::string fault = "is longer than " + std::to_string(limit) + " bytes of UTF-8";
+        EXPECT_THAT(check(element, limit + 1, "n"), ElementsAre(HasSubstr(fault)));
+        EXPECT_THAT(check(element, limit + 1, "\xE2\x82\xAC"), ElementsAre(HasSubstr(fault)));
+    }
+    const auto checkPath = [this](size_t length) {
+        return Check(MakeDefinition("<files name=\"F\" destination=\"{main}/12\">\n<dir name=\"" +
+                                    std::string(length, 'd') +
+                                    "\"><dir name=\"s\" op=\"create\"/></dir></files>\n"));
+    };
+    EXPECT_THAT(checkPath(211), IsEmpty());
+    EXPECT_THAT(checkPath(212), ElementsAre(HasSubstr("will have about 260 characters on Windows")));
+}
+
+TEST_F(DefinitionCheckTest, ProductsThatShareTheirMainDirectory) {
+    const auto check = [this](const std::string& directories) {
+        return Check("<install name=\"T\">\n" + directories +
+                     "<files name=\"F\" destination=\"{data}/x\"><file name=\"a\" op=\"leave\"/></files>"
+                     "<onsuccess/><onerror/><onabort/></install>");
+    };
+    const auto make = [](const std::string& attributes, const std::string& fallBack = "{data}/T") {
+        return "<directory id=\"d" + attributes.substr(0, 1) + "\" name=\"D\" " + attributes + "><default>" +
+               fallBack + "</default></directory>\n";
+    };
+    const std::string own = make("default=\"{data}/T\"");
+    const std::string remembered = make("StoreSystemDefaults=\"1\" default=\"{data}/T\"");
+    EXPECT_THAT(check(own + remembered), IsEmpty());
+    EXPECT_THAT(check(remembered + own),
+                ElementsAre(HasSubstr("2: warning: The first directory is remembered")));
+    for (const std::string& bare : {make("default=\"{data}\\\""), make("default=\"{data}/T\"", "{user}")})
+        EXPECT_THAT(check(bare), ElementsAre(HasSubstr("2: warning: The first directory may be \"{")));
+    EXPECT_THAT(check(""), ElementsAre(HasSubstr("1: warning: There are installations without")));
+    EXPECT_THAT(check(make("x64=\"1\" default=\"{data}/T\"")),
+                ElementsAre(HasSubstr("1: warning: There are installations without")));
+    // Each platform has its own first one.
+    EXPECT_THAT(check(make("linux=\"0\" default=\"{data}/T\"") + remembered),
+                ElementsAre(HasSubstr("3: warning: The first directory is remembered")));
 }
 
 TEST_F(DefinitionCheckTest, TwoFilesForOneDestination) {

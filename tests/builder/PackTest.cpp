@@ -106,7 +106,7 @@ TEST_F(PackTest, EqualContentsAreStoredOnce) {
               presets->FindSubItem("file", "name", "B.xml")->GetInt64Attribute("filestart"));
     EXPECT_LT(file.GetSize(), 2 * 300003);
     // A directory's text and fall-back survive side by side.
-    const MXMLItem* directory = library.FindSubItem("directory");
+    const MXMLItem* directory = library.FindSubItem("directory", "id", "vst");
     EXPECT_EQ(Text(directory->GetValue()), "One two");
     EXPECT_EQ(Text(directory->GetAttribute("default")), "{programfiles}/A & \"B\"");
 }

@@ -77,20 +77,26 @@ TEST_F(InstallTest, RefusesNamesThatLeadOutBeforeWritingAnything) {
     // The names that a path, or the extension of a copy, makes.
     std::vector<std::string> items = {
         R"(<dir name="d" path="x/.."><dir/></dir>)",
-        R"(<file name=".dll"/><copy><extension src="dll" dst="./out"/></copy>)",
-        R"(<dir name="..dll"/><copy><extension src="dll" dst=""/></copy>)",
+        R"(<dir name="d"><dir name="d" path="x\../../../out"><file op="create"/></dir></dir>)",
+        R"(<file name="..dll"/><copy><extension src="dll" dst=""/></copy>)",
     };
-    for (const char* name : {"../out", "a/../../out", "..", "/out", "\\out", "C:/out", "a\\..\\..\\out"}) {
+    for (const char* extension : {".", "./", "./out", "a/../../out", "a\\..\\..\\out"})
+        items.push_back(R"(<dir name=".dll"/><copy><extension src="dll" dst=")" + std::string(extension) +
+                        "\"/></copy>");
+    for (const char* name : {"../out", "a/../../out", "..", ".. ", "... ", "/out", "\\out", "C:/out",
+                             "a\\..\\..\\out", "a:b", "d/NUL", "com1 .txt"}) {
         items.push_back("<dir name=\"d\">" + File(name, "x") + "</dir>");
         items.push_back("<dir name=\"" + std::string(name) + "\"/>");
-        items.push_back("<copy><extension src=\"dll\" dst=\"" + std::string(name) + "\"/></copy>");
+        items.push_back("<shortcutdirectory name=\"s\"><shortcut name=\"" + std::string(name) +
+                        "\"/></shortcutdirectory>");
     }
     for (const std::string& item : items) {
-        Define(Files("", File("first", "x") + item));
+        const bool isLink = item.starts_with("<shortcut");
+        Define(Files("", File("first", "x") + (isLink ? "" : item)) + (isLink ? item : ""));
         EXPECT_THROW(Perform(), MException) << item;
         EXPECT_FALSE(Exists("first")) << item;
     }
-    Define(Files("", File("..a..", "fine") + File("b/..c", "fine")));
+    Define(Files("", File("..a..", "fine") + File("./b/..c", "fine")));
     Perform();
     EXPECT_EQ(Read("..a.."), "fine");
     EXPECT_EQ(Read("b/..c"), "fine");

@@ -3,30 +3,36 @@
 #include "builder/checks/MDestinationCheck.h"
 #include "builder/checks/MElementCheck.h"
 #include "builder/checks/MFileNameRules.h"
+#include "builder/checks/MMainDirectoryCheck.h"
 #include "builder/checks/MReferenceCheck.h"
-#include "foundation/files/MFile.h"
 #include "foundation/text/MStringFormatter.h"
 #include "foundation/xml/MXMLSubItems.h"
+#include "install/definition/MItemNames.h"
+
+#include <string_view>
 
 namespace {
 
-/// A name that some platform does not take, or that leads out of its directory, is a problem.
-void CheckName(const MXMLItem& item, const MString& name, const MDefinition& definition,
-               MProblemList& problems) {
-    const MString fault = MFileNameRules::FindFault(name);
-    if (!fault.IsEmpty())
-        problems.AddError(definition.GetLine(item), MFormat("The name \"{0}\" {1}. Rename it.", name, fault));
-}
+// What names get on the disk: the links of a desktop, and files while they are written.
+constexpr std::string_view LinkExtension = ".desktop";
+constexpr std::string_view UnfinishedSuffix = ".unfinished";
 
-void CheckNames(const MXMLItem& item, const MDefinition& definition, MProblemList& problems) {
-    const MString& name = item.GetName();
-    if (name == "dir" || name == "file" || name == "shortcut" || name == "shortcutdirectory")
-        CheckName(item, item.GetAttribute("name", ""), definition, problems);
-    if (name == "extension") CheckName(item, item.GetAttribute("dst", ""), definition, problems);
-    // A child without a name takes the last name of the path.
-    if (name == "files")
-        CheckName(item, MFile::GetFileName(item.GetAttribute("path", "")), definition, problems);
-    for (const MXMLItem* child : item.GetSubItems()) CheckNames(*child, definition, problems);
+/// A name that some platform does not take, or that leads out of its directory, is a problem.
+void CheckNames(const MDefinition& definition, MProblemList& problems) {
+    MForEachItemName(definition.GetRoot(), [&](const MXMLItem& item, const MString& name) {
+        const auto suffix = static_cast<int32_t>(item.GetName() == "shortcut" ? LinkExtension.size()
+                                                 : item.GetName() == "file"   ? UnfinishedSuffix.size()
+                                                                              : 0);
+        const MString fault = MFileNameRules::FindFault(name, suffix);
+        if (fault.IsEmpty()) return;
+        const bool isOwn = name.IsExactly(item.GetAttribute("name", ""));
+        problems.AddError(
+            definition.GetLine(item),
+            MFormat(isOwn ? "The name \"{0}\" {1}. Rename it."
+                          : "The name \"{0}\", which comes from a \"path\" or an \"extension\", {1}. Correct "
+                            "it there.",
+                    name, fault));
+    });
 }
 
 /// Plug-ins have files of other kinds too that are called presets.
@@ -38,8 +44,7 @@ bool IsPresetFile(const MString& name) {
 MString FindUnprotected(const MXMLItem& container) {
     if (container.GetInt32Attribute("rewritable", 1) == 0) return MString();
     for (const MXMLItem& file : MXMLSubItems(container, "file")) {
-        MString name = file.GetAttribute("name", "");
-        if (name.IsEmpty()) name = MFile::GetFileName(container.GetAttribute("path", ""));
+        const MString name = MGetItemName(container, file, {});
         const MString op = file.GetAttribute("op", "create");
         if (IsPresetFile(name) && (op == "create" || op == "update")) return name;
     }
@@ -74,7 +79,8 @@ void MPrepareDefinition(const MString& path, const MPlaceholders& placeholders, 
     sources.Collect();
     MElementCheck(definition, problems).Run();
     MReferenceCheck(definition, problems).Run();
-    CheckNames(definition.GetRoot(), definition, problems);
+    CheckNames(definition, problems);
     MDestinationCheck(definition, problems).Run();
+    MCheckMainDirectory(definition, problems);
     CheckPresets(definition, problems);
 }

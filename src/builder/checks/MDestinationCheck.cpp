@@ -1,6 +1,7 @@
 #include "builder/checks/MDestinationCheck.h"
 
 #include "builder/checks/MFileNameRules.h"
+#include "foundation/base/MGuard.h"
 #include "foundation/files/MFile.h"
 #include "foundation/text/MStringFormatter.h"
 #include "foundation/text/MUnicode.h"
@@ -25,9 +26,8 @@ void MDestinationCheck::Run() {
 }
 
 void MDestinationCheck::AddPass(const MXMLItem& element, const MXMLItem& files) {
-    std::vector<const MXMLItem*> extensions;
-    for (const MXMLItem* child : element.GetSubItems())
-        if (child->GetName() == "extension") extensions.push_back(child);
+    MItemExtensions extensions;
+    MGuard("MDestinationCheck", [&] { extensions = MGetItemExtensions(element); });
     passes.push_back({&element, &files, element.GetAttribute("configurations", "").Split(MChar(',')),
                       element.GetInt32Attribute("ignoresubdirs", 0) != 0, MPlatforms(element), extensions});
 }
@@ -36,33 +36,53 @@ void MDestinationCheck::WalkPass(const Pass& pass) {
     MString target = pass.element->GetAttribute("destination", "");
     target.ReplaceChar(MChar('\\'), "/");
     const MString source = definition.GetSourcePath(pass.files->GetAttribute("path", ""));
-    WalkItems(pass, *pass.files, target, source, pass.isFlat);
+    const MString longest = WalkItems(pass, *pass.files, target, source, pass.isFlat);
+    constexpr int32_t MaximumLength = 259;
+    const int32_t length = EstimateLength(target) + longest.GetLength() - target.GetLength();
+    if (length > MaximumLength && pass.platforms.IsOnWindows())
+        problems.AddWarning(
+            definition.GetLine(*pass.element),
+            MFormat("\"{0}\" will have about {1} characters on Windows, where many programs open no path of "
+                    "more than {2}. Shorten names.",
+                    longest, length, MaximumLength));
 }
 
-void MDestinationCheck::WalkItems(const Pass& pass, const MXMLItem& parent, const MString& target,
-                                  const MString& source, bool isFlat) {
+int32_t MDestinationCheck::EstimateLength(const MString& destination) const {
+    // As long as the application data of a user whose name is short.
+    constexpr int32_t FolderLength = 40;
+    const int32_t start = destination.FindChar(MChar('{'));
+    const int32_t end = destination.FindChar(MChar('}'));
+    if (start != 0 || end < 0) return destination.GetLength();
+    const int32_t rest = destination.GetLength() - end - 1;
+    const MXMLItem* directory =
+        definition.GetRoot().FindSubItem("directory", "id", destination.Substring(1, end - 1));
+    // The default of a directory names no other directory.
+    const MString path = directory ? directory->GetAttribute("default", "") : MString("{}");
+    const int32_t pathEnd = path.FindChar(MChar('}'));
+    return FolderLength + path.GetLength() - pathEnd - 1 + rest;
+}
+
+MString MDestinationCheck::WalkItems(const Pass& pass, const MXMLItem& parent, const MString& target,
+                                     const MString& source, bool isFlat) {
+    MString longest = target;
+    const auto take = [&longest](const MString& path) {
+        if (path.GetLength() > longest.GetLength()) longest = path;
+    };
     for (const MXMLItem* item : parent.GetSubItems()) {
         const bool isDirectory = item->GetName() == "dir";
         if (!isDirectory && !(item->GetName() == "file")) continue;
-        const MString name = GetTargetName(pass, parent, *item);
+        const MString name = MGetItemName(parent, *item, pass.extensions);
         const MString itemTarget = MFile::Join(target, name);
         const MString itemSource = MFile::Join(source, item->GetAttribute("name", ""));
         // A flattened pass keeps the directories that have a dot in their names: they are bundles.
         const bool isDropped = isDirectory && isFlat && !name.Contains(".");
-        if (isDirectory ? !isDropped : IsWritten(*item))
+        if (isDirectory ? !isDropped : IsWritten(*item)) {
             AddPlace(itemTarget, {&pass, item, itemSource, isDirectory});
-        if (isDirectory) WalkItems(pass, *item, isDropped ? target : itemTarget, itemSource, isDropped);
+            take(itemTarget);
+        }
+        if (isDirectory) take(WalkItems(pass, *item, isDropped ? target : itemTarget, itemSource, isDropped));
     }
-}
-
-MString MDestinationCheck::GetTargetName(const Pass& pass, const MXMLItem& parent, const MXMLItem& item) {
-    MString name = item.GetAttribute("name", "");
-    if (name.IsEmpty()) name = MFile::GetFileName(parent.GetAttribute("path", ""));
-    const MString extension = MFile::GetExtension(name);
-    for (const MXMLItem* mapping : pass.extensions)
-        if (mapping->GetAttribute("src", "") == extension)
-            return MFile::ChangeExtension(name, mapping->GetAttribute("dst", ""));
-    return name;
+    return longest;
 }
 
 void MDestinationCheck::AddPlace(const MString& target, const Place& place) {

@@ -2,13 +2,14 @@
 
 #include "builder/checks/MPlatforms.h"
 #include "builder/definition/MDefinition.h"
+#include "install/definition/MItemNames.h"
 
 #include <string>
 #include <unordered_map>
 #include <vector>
 
 /// Looks for two files, or a file and a directory, that would land in one place, in the eyes of a file system
-/// that ignores case.
+/// that ignores case, and for paths that are too long for many programs of Windows.
 ///
 /// A `files` element and each `copy` in it is one pass over the files. Destinations are compared as texts,
 /// with their macros unexpanded. Two passes never meet if they are for different platforms, or if both name
@@ -29,7 +30,7 @@ private:
         MList<MString> configurations;
         bool isFlat;
         MPlatforms platforms;
-        std::vector<const MXMLItem*> extensions;
+        MItemExtensions extensions;
     };
     struct Place {
         const Pass* pass;
@@ -40,11 +41,11 @@ private:
 
     void AddPass(const MXMLItem& element, const MXMLItem& files);
     void WalkPass(const Pass& pass);
-    void WalkItems(const Pass& pass, const MXMLItem& parent, const MString& target, const MString& source,
-                   bool isFlat);
-    /// The name that an item gets in a pass.
-    [[nodiscard]] static MString GetTargetName(const Pass& pass, const MXMLItem& parent,
-                                               const MXMLItem& item);
+    /// Gives the longest target of a file.
+    MString WalkItems(const Pass& pass, const MXMLItem& parent, const MString& target, const MString& source,
+                      bool isFlat);
+    /// About the length that a destination has on Windows, in characters.
+    [[nodiscard]] int32_t EstimateLength(const MString& destination) const;
     void AddPlace(const MString& target, const Place& place);
     void Compare(const MString& target, const Place& first, const Place& second);
     [[nodiscard]] static bool CanMeet(const Pass& first, const Pass& second);

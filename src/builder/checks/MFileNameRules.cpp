@@ -2,14 +2,15 @@
 
 #include "foundation/base/MList.h"
 #include "foundation/files/MSafeName.h"
+#include "foundation/text/MStringFormatter.h"
+#include "foundation/text/MUnicode.h"
 
-#include <algorithm>
 #include <string_view>
 
 namespace {
 
 /// More than this no file system takes.
-constexpr int32_t MaximumNameLength = 255;
+constexpr int32_t MaximumNameSize = 255;
 
 constexpr std::u16string_view ForbiddenCharacters = u"<>:\"\\|?*";
 
@@ -36,30 +37,17 @@ bool IsWellFormed(const MString& name) {
     return true;
 }
 
-/// Compares unit for unit: the equality of texts would also find devices in names with accents.
-bool IsOneOf(const MString& lowerCase, std::initializer_list<const char*> names) {
-    return std::any_of(names.begin(), names.end(),
-                       [&](const char* name) { return lowerCase.IsExactly(name); });
-}
-
-bool IsDevice(const MString& name) {
-    MString stem =
-        name.Substring(0, name.FindChar(MChar('.')) >= 0 ? name.FindChar(MChar('.')) : name.GetLength());
-    stem.TrimRight();
-    stem.MakeLower();
-    if (IsOneOf(stem, {"con", "prn", "aux", "nul", "conin$", "conout$"})) return true;
-    if (stem.GetLength() != 4 || !IsOneOf(stem.Substring(0, 3), {"com", "lpt"})) return false;
-    // The superscript digits count as digits.
-    return std::u16string_view(u"123456789\u00B9\u00B2\u00B3").find(stem[3]) != std::u16string_view::npos;
-}
-
-MString FindComponentFault(const MString& name) {
+MString FindComponentFault(const MString& name, int32_t suffixLength) {
     for (int32_t i = 0; i < name.GetLength(); ++i)
         if (IsForbidden(name[i])) return "contains a character that Windows does not allow in names";
-    if (IsDevice(name)) return "is reserved by Windows";
+    // Readers take it for the mark of an encoding, and leave it out.
+    if (name.FindChar(MChar(u'\uFEFF')) >= 0) return "contains U+FEFF, which is lost in XML";
     const MChar last = name[name.GetLength() - 1];
     if (last == MChar('.') || last == MChar(' ')) return "ends with a dot or a blank, which Windows drops";
-    if (name.GetLength() > MaximumNameLength) return "is longer than 255 characters";
+    // Windows counts characters and Linux bytes, which are never fewer.
+    const auto size = static_cast<int64_t>(MEncodeUTF8Exact(name).size());
+    if (size + suffixLength > MaximumNameSize)
+        return MFormat("is longer than {0} bytes of UTF-8", MaximumNameSize - suffixLength);
     return MString();
 }
 
@@ -77,14 +65,11 @@ char16_t FoldUnit(MChar unit) {
 
 }  // namespace
 
-MString MFileNameRules::FindFault(const MString& name) {
-    if (name.IsEmpty()) return MString();
-    if (!MIsSafeName(name)) return "leads out of its directory";
+MString MFileNameRules::FindFault(const MString& name, int32_t suffixLength) {
     if (!IsWellFormed(name)) return "is no valid Unicode";
-    const MList<MString> components = name.Split(MChar('/'));
-    if (components.IsEmpty()) return "leads out of its directory";
-    for (const MString& component : components)
-        if (const MString fault = FindComponentFault(component); !fault.IsEmpty()) return fault;
+    if (MString fault = MFindNameFault(name); !fault.IsEmpty()) return fault;
+    for (const MString& component : name.Split(MChar('/')))
+        if (MString fault = FindComponentFault(component, suffixLength); !fault.IsEmpty()) return fault;
     return MString();
 }
 

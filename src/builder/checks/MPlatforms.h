@@ -14,6 +14,8 @@ public:
         isOnLinux = element.GetInt32Attribute("linux", windows) != 0;
     }
 
+    [[nodiscard]] bool IsOnWindows() const { return isOnWindows; }
+    [[nodiscard]] bool IsOnLinux() const { return isOnLinux; }
     [[nodiscard]] bool IsAnywhere() const { return isOnWindows || isOnLinux; }
     [[nodiscard]] bool Meets(const MPlatforms& other) const {
         return (isOnWindows && other.isOnWindows) || (isOnLinux && other.isOnLinux);

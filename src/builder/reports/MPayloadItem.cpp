@@ -2,6 +2,7 @@
 
 #include "foundation/files/MFile.h"
 #include "foundation/text/MNumberText.h"
+#include "install/definition/MItemNames.h"
 
 namespace {
 
@@ -15,11 +16,6 @@ bool IsUnusable(MChar character) {
     return character.IsControl() || MString("<>:\"/\\|?*").FindChar(character) >= 0;
 }
 
-MString GetItemName(const MXMLItem& parent, const MXMLItem& item) {
-    const MString name = item.GetAttribute("name", "");
-    return name.IsEmpty() ? MFile::GetFileName(parent.GetAttribute("path", "")) : name;
-}
-
 /// Puts a name behind a folder as it stands; `MFile::Join` would work off leading dots.
 MString Append(const MString& folder, const MString& name) {
     return folder + "/" + name;
@@ -27,7 +23,7 @@ MString Append(const MString& folder, const MString& name) {
 
 void CollectChildren(const MXMLItem& parent, const MString& folder, MList<MPayloadItem>& items) {
     for (MXMLItem* child : parent.GetSubItems()) {
-        const MString path = Append(folder, GetItemName(parent, *child));
+        const MString path = Append(folder, MGetItemName(parent, *child, {}));
         if (child->GetName() == "dir") CollectChildren(*child, path, items);
         if (child->GetName() == "file" && HasAttribute(*child, "filestart")) items.Add({child, path});
     }

@@ -1,5 +1,6 @@
 #include "install/definition/MItemNames.h"
 
+#include "foundation/base/MGuard.h"
 #include "foundation/base/MRaise.h"
 #include "foundation/files/MFile.h"
 #include "foundation/files/MSafeName.h"
@@ -7,53 +8,75 @@
 
 namespace {
 
-void CheckName(const MString& name) {
-    if (MIsSafeName(name)) return;
-    MRaise(MExceptionGeneral,
-           "The name \"{0}\" in the definition leads out of its directory. The installer is damaged or "
-           "not trustworthy; please get it again from its maker.",
-           name);
-}
+using Visitor = std::function<void(const MXMLItem& item, const MString& name)>;
 
-/// The names that an item has in its directory and in the copies of it.
-void CheckItem(const MString& name, const MList<const MXMLItem*>& extensions) {
-    CheckName(name);
-    for (const MXMLItem* extension : extensions)
-        if (MFile::GetExtension(name) == extension->GetAttribute("src", ""))
-            CheckName(MFile::ChangeExtension(name, extension->GetAttribute("dst", "")));
-}
-
-void CheckItems(const MXMLItem& item, const MList<const MXMLItem*>& extensions) {
-    // The name of the parent's path stands for one that is missing.
-    CheckItem(MFile::GetFileName(item.GetAttribute("path", "")), extensions);
-    for (int32_t i = 0; i < item.GetSubItemCount(); ++i) {
-        const MXMLItem& child = *item.GetSubItem(i);
+/// The plain names and, for each copy that has extensions, those that differ from them.
+void VisitItems(const MXMLItem& parent, const MList<MItemExtensions>& copies, const Visitor& visit) {
+    for (int32_t i = 0; i < parent.GetSubItemCount(); ++i) {
+        const MXMLItem& child = *parent.GetSubItem(i);
         if (!(child.GetName() == "dir" || child.GetName() == "file")) continue;
-        CheckItem(child.GetAttribute("name", ""), extensions);
-        CheckItems(child, extensions);
+        const MString plain = MGetItemName(parent, child, {});
+        visit(child, plain);
+        for (const MItemExtensions& extensions : copies) {
+            const MString name = MGetItemName(parent, child, extensions);
+            if (!name.IsExactly(plain)) visit(child, name);
+        }
+        VisitItems(child, copies, visit);
     }
 }
 
-void CheckLinks(const MXMLItem& item) {
+void VisitLinks(const MXMLItem& item, const Visitor& visit) {
     for (const MXMLItem& shortcut : MXMLSubItems(item, "shortcut"))
-        CheckName(shortcut.GetAttribute("name", ""));
+        visit(shortcut, shortcut.GetAttribute("name", ""));
     for (const MXMLItem& folder : MXMLSubItems(item, "shortcutdirectory")) {
-        CheckName(folder.GetAttribute("name", ""));
-        CheckLinks(folder);
+        visit(folder, folder.GetAttribute("name", ""));
+        VisitLinks(folder, visit);
     }
 }
 
 }  // namespace
 
-void MCheckItemNames(const MXMLItem& root) {
-    for (const MXMLItem& files : MXMLSubItems(root, "files")) {
-        MList<const MXMLItem*> extensions;
-        for (const MXMLItem& copy : MXMLSubItems(files, "copy"))
-            for (const MXMLItem& extension : MXMLSubItems(copy, "extension")) {
-                CheckName(extension.GetAttribute("dst", ""));
-                extensions.Add(&extension);
-            }
-        CheckItems(files, extensions);
+MItemExtensions MGetItemExtensions(const MXMLItem& pass) {
+    MItemExtensions extensions;
+    if (!(pass.GetName() == "copy")) return extensions;
+    for (const MXMLItem& extension : MXMLSubItems(pass, "extension")) {
+        extensions.sourceExtensions.Add(extension.GetAttribute("src"));
+        extensions.destinationExtensions.Add(extension.GetAttribute("dst"));
     }
-    CheckLinks(root);
+    return extensions;
+}
+
+MString MGetItemName(const MXMLItem& parent, const MXMLItem& child, const MItemExtensions& extensions) {
+    MString name = child.GetAttribute("name", "");
+    if (name.IsEmpty()) name = MFile::GetFileName(parent.GetAttribute("path", ""));
+    if (extensions.sourceExtensions.IsEmpty()) return name;
+    const MString extension = MFile::GetExtension(name);
+    for (int32_t i = 0; i < extensions.sourceExtensions.GetCount(); ++i)
+        if (extension == extensions.sourceExtensions[i])
+            return MFile::ChangeExtension(name, extensions.destinationExtensions[i]);
+    return name;
+}
+
+void MForEachItemName(const MXMLItem& root, const Visitor& visit) {
+    for (const MXMLItem& files : MXMLSubItems(root, "files")) {
+        MList<MItemExtensions> copies;
+        for (const MXMLItem& copy : MXMLSubItems(files, "copy"))
+            MGuard("MForEachItemName", [&] { copies.Add(MGetItemExtensions(copy)); });
+        VisitItems(files, copies, visit);
+    }
+    VisitLinks(root, visit);
+}
+
+void MRequireItemName(const MString& name) {
+    const MString fault = MFindNameFault(name);
+    if (fault.IsEmpty()) return;
+    MRaise(
+        MExceptionGeneral,
+        "The name \"{0}\" in the definition {1}. The installer is damaged or not trustworthy; please get it "
+        "again from its maker.",
+        name, fault);
+}
+
+void MCheckItemNames(const MXMLItem& root) {
+    MForEachItemName(root, [](const MXMLItem&, const MString& name) { MRequireItemName(name); });
 }

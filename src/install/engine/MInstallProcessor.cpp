@@ -1,9 +1,8 @@
 #include "install/engine/MInstallProcessor.h"
 
-#include "foundation/base/MRaise.h"
+#include "foundation/base/MAddSize.h"
 #include "foundation/files/MFile.h"
 #include "foundation/xml/MXMLSubItems.h"
-#include "install/definition/MItemNames.h"
 #include "install/definition/MPlatformElement.h"
 #include "install/engine/MInstallRetry.h"
 #include "install/presets/MUserDataMigration.h"
@@ -28,22 +27,10 @@ bool OwnsDirectory(const MXMLItem& pass) {
 }
 
 MProcessOptions MakeOptions(const MXMLItem& pass, const MString& directory, MRunKind kind) {
-    MProcessOptions options;
+    MProcessOptions options{MGetItemExtensions(pass)};
     options.uninstall = kind == MRunKind::Uninstall;
     options.ignoreSubdirs = pass.GetInt32Attribute("ignoresubdirs", 0) != 0 && !directory.Contains(".");
     return options;
-}
-
-/// The name of the parent's path stands for one that is missing.
-MString GetItemName(const MXMLItem& parent, const MXMLItem& child, const MProcessOptions& options) {
-    MString name = child.GetAttribute("name", "");
-    if (name.IsEmpty()) name = MFile::GetFileName(parent.GetAttribute("path", ""));
-    if (options.sourceExtensions.IsEmpty()) return name;
-    const MString extension = MFile::GetExtension(name);
-    for (int32_t i = 0; i < options.sourceExtensions.GetCount(); ++i)
-        if (extension == options.sourceExtensions[i])
-            return MFile::ChangeExtension(name, options.destinationExtensions[i]);
-    return name;
 }
 
 }  // namespace
@@ -73,7 +60,8 @@ void MInstallProcessor::Prepare(MXMLItem& files, MRunKind kind) {
         const MString op = item->GetAttribute("op", "");
         if (isInstall && op == "leave") continue;
         ++count;
-        if (isInstall && (op == "create" || op == "update")) size += item->GetInt64Attribute("filesize", 0);
+        if (isInstall && (op == "create" || op == "update"))
+            MAddSize(size, item->GetInt64Attribute("filesize", 0));
     }
     const auto addPass = [&](const MXMLItem& pass, bool isCounted) {
         if (!IsEnabled(pass)) return;
@@ -82,8 +70,8 @@ void MInstallProcessor::Prepare(MXMLItem& files, MRunKind kind) {
             if (OwnsDirectory(pass)) MFile::CreatePath(directory);
         }
         if (!isCounted) return;
-        progress.itemCount += count;
-        progress.totalBytes += size;
+        MAddSize(progress.itemCount, count);
+        MAddSize(progress.totalBytes, size);
     };
     addPass(files, true);
     for (const MXMLItem& copy : MXMLSubItems(files, "copy")) addPass(copy, MIsForThisPlatform(copy));
@@ -106,10 +94,6 @@ void MInstallProcessor::PerformFiles(MXMLItem& files, MRunKind kind) {
         if (!IsEnabled(copy) || !MIsForThisPlatform(copy)) continue;
         const MString directory = copy.GetAttribute("currentpath");
         MProcessOptions options = MakeOptions(copy, directory, kind);
-        for (const MXMLItem& extension : MXMLSubItems(copy, "extension")) {
-            options.sourceExtensions.Add(extension.GetAttribute("src"));
-            options.destinationExtensions.Add(extension.GetAttribute("dst"));
-        }
         ProcessItems(directory, files, true, options);
         if (isRemoval && OwnsDirectory(copy)) remover.RemoveDirectory(directory);
     }
@@ -125,7 +109,8 @@ void MInstallProcessor::ProcessItems(const MString& destination, MXMLItem& item,
         MXMLItem& child = *item.GetSubItem(i);
         const bool isDirectory = child.GetName() == "dir";
         if (!isDirectory && !(child.GetName() == "file")) continue;
-        const MString name = GetItemName(item, child, options);
+        const MString name = MGetItemName(item, child, options);
+        MRequireItemName(name);
         if (isUserData) MigrateUserData(destination);
         const Item current{child, name, MFile::Join(destination, name), child.GetAttribute("op", ""),
                            rewritable};

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "foundation/xml/MXMLItem.h"
+#include "install/definition/MItemNames.h"
 #include "install/engine/MInstallRemover.h"
 #include "install/engine/MInstallWriter.h"
 
@@ -8,13 +9,10 @@
 enum class MRunKind { Install, Uninstall };
 
 /// How the items of one destination are worked on.
-struct MProcessOptions {
+struct MProcessOptions : MItemExtensions {
     bool uninstall = false;
     /// Directories without a "." in their name are dissolved into the destination.
     bool ignoreSubdirs = false;
-    /// A name that ends in one of the first gets the extension at the same index of the second.
-    MList<MString> sourceExtensions;
-    MList<MString> destinationExtensions;
 };
 
 /// The engine of every install, uninstall and update run. The definition tree is the list of work: it is
@@ -31,11 +29,13 @@ public:
 
     /// Carries out what the `files` children of `root` say, in their `currentpath`. `library` holds the
     /// contents; to uninstall none is needed, and null may be passed. A fatal failure leaves as `MException`,
-    /// and what was done until then stays.
+    /// and what was done until then stays. What `MCheckItemNames` and `MAddSize` raise comes before any file is
+    /// touched.
     void Perform(MXMLItem& root, MLargeResourceLibrary* library, const MInstallViews& views, MRunKind kind);
 
     /// Works on the `dir` and `file` children of `item` below `destination`. A false `rewritable` protects
-    /// existing files and is inherited downwards. `options` is changed and restored during the walk.
+    /// existing files and is inherited downwards. `options` is changed and restored during the walk. Raises
+    /// what `MRequireItemName` raises.
     void ProcessItems(const MString& destination, MXMLItem& item, bool rewritable, MProcessOptions& options);
 
     /// Writes a line to the installer's log, put together from texts.

@@ -1,0 +1,63 @@
+#include "builder/checks/MMainDirectoryCheck.h"
+
+#include "builder/checks/MPlatforms.h"
+#include "foundation/text/MStringFormatter.h"
+#include "foundation/xml/MXMLSubItems.h"
+
+#include <algorithm>
+#include <vector>
+
+namespace {
+
+constexpr const char* Consequence = "the state of one product's installation replaces that of another's.";
+
+/// A macro with nothing behind it.
+bool IsBareMacro(MString path) {
+    path.ReplaceChar(MChar('\\'), "/");
+    while (path.EndsWith("/")) path.Cut(path.GetLength() - 1);
+    return path.StartsWith("{") && path.FindChar(MChar('}')) == path.GetLength() - 1;
+}
+
+void CheckDirectory(const MXMLItem& directory, const MDefinition& definition, MProblemList& problems) {
+    const int32_t line = definition.GetLine(directory);
+    if (directory.GetInt32Attribute("StoreSystemDefaults", 0) != 0)
+        problems.AddWarning(line, MFormat("The first directory is remembered for other products, so {0} Put "
+                                          "another one in front of it.",
+                                          Consequence));
+    MString bare = directory.GetAttribute("default", "");
+    for (const MXMLItem& fallBack : MXMLSubItems(directory, "default"))
+        if (!IsBareMacro(bare)) bare = fallBack.GetValue();
+    if (IsBareMacro(bare))
+        problems.AddWarning(line,
+                            MFormat("The first directory may be \"{0}\", which all products share, so {1} "
+                                    "Add a folder of the product's own.",
+                                    bare, Consequence));
+}
+
+}  // namespace
+
+void MCheckMainDirectory(const MDefinition& definition, MProblemList& problems) {
+    const MXMLItem& root = definition.GetRoot();
+    std::vector<const MXMLItem*> known;
+    // Where a run is for another kind of system, the next directory is the first.
+    const auto hasAlways = [&](bool (MPlatforms::*isOn)() const) {
+        for (const MXMLItem& directory : MXMLSubItems(root, "directory")) {
+            if (!(MPlatforms(directory).*isOn)()) continue;
+            if (std::find(known.begin(), known.end(), &directory) == known.end()) {
+                CheckDirectory(directory, definition, problems);
+                known.push_back(&directory);
+            }
+            if (directory.GetInt32Attribute("x64", 0) == 0) return true;
+        }
+        // A product that installs nothing there needs none.
+        return std::ranges::none_of(root.GetSubItems(), [&](const MXMLItem* files) {
+            return files->GetName() == "files" && (MPlatforms(*files).*isOn)();
+        });
+    };
+    const bool isOnWindows = hasAlways(&MPlatforms::IsOnWindows);
+    const bool isOnLinux = hasAlways(&MPlatforms::IsOnLinux);
+    if (!isOnWindows || !isOnLinux)
+        problems.AddWarning(
+            definition.GetLine(root),
+            MFormat("There are installations without a \"directory\", so {0} Add one.", Consequence));
+}
