@@ -51,7 +51,7 @@ void MLargeResourceLibrary::Attach(MStream* stream) {
 std::unique_ptr<MStream> MLargeResourceLibrary::OpenItem(MXMLItem* item) {
     const int64_t start = item->GetInt64Attribute("filestart");
     const int64_t size = item->GetInt64Attribute("filesize");
-    if (start < 0 || size < 0) RaiseInvalidFormat();
+    if (start < 0 || size < 0 || size > INT64_MAX - start) RaiseInvalidFormat();
     library->Seek(start, MSeekOrigin::Begin);
     if (!itemsCompressed) return std::make_unique<MLargeResourceLibraryStream>(library, size);
     const uint32_t flags = useBzip2 ? uint32_t{UseBzip2} : 0;

@@ -123,8 +123,6 @@ TEST_F(PackTest, DataFileHasItsCompanion) {
 
 TEST_F(PackTest, FailureLeavesWhatWasThere) {
     WriteProduct();
-    EXPECT_EQ(Pack("bin/plug.dll", {"--define", "KEPT=x"}), MBuilderExitFailed) << "one of the sources";
-    EXPECT_EQ(scratch.ReadFile("bin/plug.dll"), "plug-in");
     scratch.WriteFile("out/installer", "the old one");
     EXPECT_EQ(Pack("out/installer"), MBuilderExitFailed);
     EXPECT_EQ(Pack("out/installer", {"--define", "KEPT=x", "--stub", "@missing"}), MBuilderExitFailed);
@@ -136,6 +134,33 @@ TEST_F(PackTest, FailureLeavesWhatWasThere) {
     EXPECT_THAT(JoinComplaints(), HasSubstr("an installer reads at most 2097152."));
     EXPECT_EQ(scratch.ReadFile("out/installer"), "the old one");
     EXPECT_EQ(MFile::GetFileList(scratch.Join("out")).GetCount(), 1);
+}
+
+TEST_F(PackTest, OutputsReplaceNoInput) {
+    WriteProduct();
+    for (const char* name : {"product.dat.md5", "setup.multi.unfinished/product.xml", "setup.multi7.cab"})
+        scratch.WriteFile(name, MakeDefinition(""));
+    const std::string before = scratch.ListTree();
+    std::vector<std::pair<const char*, std::vector<std::string>>> lines = {
+        {"product.xml", {"--output", "@bin/../product.xml", "--stub", "@stub"}},
+        {"product.xml", {"--output", "@stub", "--stub", "@bin/../stub"}},
+        {"product.xml", {"--output", "@bin/plug.dll", "--stub", "@stub"}},
+        {"product.xml", {"--output", "@product", "--stub", "@product.unfinished"}},
+        {"product.dat.md5", {"--output", "@product.dat", "--form", "dat"}},
+        {"setup.multi.unfinished/product.xml", {"--output", "@setup.multi", "--form", "multi"}},
+        {"setup.multi7.cab", {"--output", "@setup.multi", "--form", "multi"}},
+    };
+    if (MFile::Exists(scratch.Join("STUB")))
+        lines.push_back({"product.xml", {"--output", "@STUB", "--stub", "@stub"}});
+    MFile::Copy(scratch.Join("stub"), scratch.Join("product.unfinished"));
+    for (const auto& [definition, options] : lines) {
+        std::vector<std::string> words = {"pack", std::string("@") + definition, "--define", "KEPT=x"};
+        words.insert(words.end(), options.begin(), options.end());
+        EXPECT_EQ(Run(words), MBuilderExitFailed) << options[1];
+        EXPECT_THAT(JoinComplaints(), HasSubstr("\" would replace \"")) << options[1];
+    }
+    MFile::Delete(scratch.Join("product.unfinished"));
+    EXPECT_EQ(scratch.ListTree(), before);
 }
 
 TEST_F(PackTest, ProgressGoesFromNothingToAllAndAway) {

@@ -49,7 +49,11 @@ void MBlobWriter::ReadSources() {
     LoadDescription();
     MXMLItem& resources = *root.GetOrAddSubItem("resources");
     ForgetPlaces(resources);
-    for (const MBlobSource& source : MCollectBlobSources(folder, description)) AddItem(resources, source);
+    inputs.Add(description);
+    for (const MBlobSource& source : MCollectBlobSources(folder, description)) {
+        inputs.Add(source.path);
+        AddItem(resources, source);
+    }
     RefuseItemsWithoutFile(resources);
 }
 
@@ -92,11 +96,11 @@ void MBlobWriter::StoreContent(MXMLItem& item, MMemoryStream& content) {
 
 void MBlobWriter::WriteFile(const MString& path) {
     const MString target = MFile::Normalize(path);
-    if (target.StartsWith(folder + "/"))
+    if (MIsInside(target, folder))
         MRaise(MExceptionGeneral,
                "The output \"{0}\" is in the folder to pack. Write it to another directory.", target);
-    if (target.IsExactly(description))
-        MRaise(MExceptionGeneral, "The output \"{0}\" is the description. Give it another name.", target);
+    inputs.RefuseOutput(target);
+    inputs.RefuseOutput(target + ".unfinished");
     data.Trim();
     MResourceLibrary library;
     library.Assign(root, data.GetBuffer());

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "builder/blobs/MBlobSource.h"
+#include "builder/output/MCommandInputs.h"
 #include "foundation/xml/MXMLItem.h"
 #include "streams/basic/MMemoryStream.h"
 
@@ -19,9 +20,8 @@ public:
     /// parsed, with its line; and, with code 0, an element of `resources` that no file belongs to, and
     /// sources of more than 2 GiB.
     void ReadSources();
-    /// Writes the file whole or not at all. Raises for a path inside the folder and for the
-    /// description itself, and what `MResourceLibrary::Save`
-    /// and writing raise.
+    /// Writes the file whole or not at all. Raises for a path inside the folder, and what
+    /// `MCommandInputs::RefuseOutput`, `MResourceLibrary::Save` and writing raise.
     void WriteFile(const MString& path);
 
     [[nodiscard]] int32_t GetItemCount() const { return itemCount; }
@@ -34,6 +34,7 @@ private:
 
     MString folder;
     MString description;
+    MCommandInputs inputs;
     MXMLItem root;
     MMemoryStream data;
     int32_t itemCount = 0;

@@ -5,15 +5,18 @@
 #include "builder/compression/MBzip2Pieces.h"
 #include "builder/compression/MPlainPieces.h"
 #include "builder/compression/MZLibPieces.h"
+#include "builder/output/MCommandInputs.h"
 #include "builder/output/MProgressBar.h"
 #include "builder/packing/MFileSetOutput.h"
 #include "builder/packing/MHashingStream.h"
 #include "builder/packing/MPayloadWriter.h"
 #include "builder/packing/MSetupProgram.h"
-#include "foundation/base/MRaise.h"
+#include "foundation/base/MAddSize.h"
 #include "foundation/files/MFile.h"
 
 namespace {
+
+constexpr const char* CompanionSuffix = ".md5";
 
 std::unique_ptr<MPieceCodec> MakeCodec(const MBuilderOptions& options) {
     switch (options.compression) {
@@ -30,8 +33,8 @@ MPackCommand::MPackCommand(const MBuilderOptions& options, MBuilderOutput& outpu
 
 int32_t MPackCommand::Run() {
     if (!Prepare()) return MBuilderExitFailed;
-    for (const MSourceItem& item : sources.GetItems()) sourceBytes += item.size;
-    RefuseOutputAmongSources();
+    for (const MSourceItem& item : sources.GetItems()) MAddSize(sourceBytes, item.size);
+    RefuseOutputAmongInputs();
     switch (options.form) {
     case MPayloadForm::Executable: WriteExecutable(); break;
     case MPayloadForm::Data: WriteData(); break;
@@ -51,14 +54,21 @@ bool MPackCommand::Prepare() {
     return false;
 }
 
-void MPackCommand::RefuseOutputAmongSources() const {
+void MPackCommand::RefuseOutputAmongInputs() const {
+    MCommandInputs inputs;
+    inputs.Add(MFile::Normalize(options.input));
+    for (const MSourceItem& item : sources.GetItems()) inputs.Add(item.path);
+    if (options.form == MPayloadForm::Executable) inputs.Add(MGetSetupProgramPath(options.stub));
+
     const MString path = MFile::Normalize(options.output);
-    const bool isSet = options.form == MPayloadForm::FileSet;
-    for (const MSourceItem& item : sources.GetItems())
-        if (isSet ? MFileSetOutput::Replaces(path, item.path) : item.path.IsExactly(path))
-            MRaise(MExceptionGeneral,
-                   "The output \"{0}\" is one of the files to pack. Write it to another directory.",
-                   item.path);
+    if (options.form == MPayloadForm::FileSet) {
+        for (const MString& replaced : MFileSetOutput::ListReplaced(path)) inputs.RefuseOutput(replaced);
+        return;
+    }
+    for (const char* suffix : {"", ".unfinished"}) {
+        inputs.RefuseOutput(path + suffix);
+        if (options.form == MPayloadForm::Data) inputs.RefuseOutput(path + CompanionSuffix + suffix);
+    }
 }
 
 void MPackCommand::WriteExecutable() {
@@ -74,7 +84,7 @@ void MPackCommand::WriteData() {
     MOutputFile file(MFile::Normalize(options.output));
     MHashingStream hashing(&file);
     WritePayload(hashing);
-    MOutputFile companion(file.GetPath() + ".md5");
+    MOutputFile companion(file.GetPath() + CompanionSuffix);
     companion.WriteLine(hashing.GetDigestText());
     const int64_t size = file.GetPosition();
     file.Commit();

@@ -18,7 +18,7 @@ public:
 
 private:
     [[nodiscard]] bool Prepare();
-    void RefuseOutputAmongSources() const;
+    void RefuseOutputAmongInputs() const;
     void WriteExecutable();
     void WriteData();
     void WriteFileSet();

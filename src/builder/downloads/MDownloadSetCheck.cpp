@@ -2,7 +2,7 @@
 
 #include "builder/checks/MFileNameRules.h"
 #include "builder/downloads/MDownloadSetOutput.h"
-#include "foundation/base/MGuard.h"
+#include "builder/output/MCommandInputs.h"
 #include "foundation/files/MFile.h"
 #include "foundation/text/MNumberText.h"
 #include "foundation/text/MStringFormatter.h"
@@ -62,23 +62,6 @@ bool IsHTTPAddress(const MString& mirror) {
     return IsAuthority(slash < 0 ? rest : rest.Substring(0, slash));
 }
 
-/// The path without links in it, as far as it exists and the system can tell.
-MString Resolve(const MString& path) {
-    const MString parent = MFile::GetDirectory(path);
-    if (!MFile::Exists(path) && !parent.IsEmpty())
-        return MFile::Join(Resolve(parent), MFile::GetFileName(path));
-    MString resolved = path;
-    MGuard("MDownloadSetCheck", [&] { resolved = MFile::ResolvePath(path); });
-    return resolved;
-}
-
-bool IsInside(const MString& path, const MString& directory) {
-    const MString inner = MFileNameRules::FoldCase(Resolve(path) + "/");
-    const MString outer = MFileNameRules::FoldCase(MFile::Join(Resolve(directory), "x"));
-    const int32_t length = outer.GetLength() - 1;
-    return inner.Substring(0, length).IsExactly(outer.Substring(0, length));
-}
-
 }  // namespace
 
 void MDownloadSetCheck::Run(const MDownloadSetSources& sources) {
@@ -117,10 +100,17 @@ void MDownloadSetCheck::CheckMirror(const MString& mirror) {
 void MDownloadSetCheck::CheckOutput() {
     const MString directory = MFile::Normalize(options.output);
     const MString source = MFile::Normalize(options.input);
-    if (MFile::IsDirectory(source) && IsInside(directory, source))
+    if (MFile::IsDirectory(source) && MIsInside(directory, source))
         return AddProblem("The output \"{0}\" is in the directory to offer. Name another place.", directory);
     if (!MDownloadSetOutput::IsFree(directory, options.id))
-        AddProblem("The output \"{0}\" is not empty. Name a new directory.", directory);
+        return AddProblem("The output \"{0}\" is not empty. Name a new directory.", directory);
+    MCommandInputs inputs;
+    inputs.Add(source);
+    if (!options.stub.IsEmpty()) inputs.Add(MFile::Normalize(options.stub));
+    const MString replaced =
+        inputs.FindReplaced(MDownloadSetOutput::GetUnfinishedPath(directory, options.id));
+    if (!replaced.IsEmpty())
+        AddProblem("\"{0}\" lies where the output is begun. Put it to another place.", replaced);
 }
 
 void MDownloadSetCheck::CheckPartCount(const MDownloadSetSources& sources) {

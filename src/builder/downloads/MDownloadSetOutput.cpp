@@ -14,7 +14,7 @@ MString GetUnfinishedName(const MString& id) {
 }  // namespace
 
 MDownloadSetOutput::MDownloadSetOutput(const MString& directory, const MString& id)
-    : directory(directory), unfinished(MFile::Join(directory, GetUnfinishedName(id))) {
+    : directory(directory), unfinished(GetUnfinishedPath(directory, id)) {
     for (MString path = directory; !MFile::Exists(path); path = MFile::GetDirectory(path)) made.Add(path);
     if (MFile::Exists(unfinished)) MFile::DeleteTree(unfinished);
     MFile::CreatePath(unfinished);
@@ -51,4 +51,8 @@ bool MDownloadSetOutput::IsFree(const MString& directory, const MString& id) {
     return std::all_of(entries.begin(), entries.end(), [&](const MFileListEntry& entry) {
         return entry.name.IsExactly(GetUnfinishedName(id));
     });
+}
+
+MString MDownloadSetOutput::GetUnfinishedPath(const MString& directory, const MString& id) {
+    return MFile::Join(directory, GetUnfinishedName(id));
 }

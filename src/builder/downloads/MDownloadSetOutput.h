@@ -23,6 +23,8 @@ public:
     /// Whether a set can be written there: nothing stands in the directory but what an earlier run has left
     /// unfinished. Raises what listing it raises.
     [[nodiscard]] static bool IsFree(const MString& directory, const MString& id);
+    /// The directory in which a set comes into being, and which is deleted first.
+    [[nodiscard]] static MString GetUnfinishedPath(const MString& directory, const MString& id);
 
 private:
     void TakeBack() const;

@@ -2,7 +2,7 @@
 
 #include "builder/checks/MFileNameRules.h"
 #include "builder/definition/MSortedFileList.h"
-#include "foundation/base/MRaise.h"
+#include "foundation/base/MAddSize.h"
 #include "foundation/text/MUnicode.h"
 #include "foundation/xml/MXMLItem.h"
 #include "streams/basic/MMemoryStream.h"
@@ -84,7 +84,7 @@ private:
         try {
             const int64_t size = MFile::GetFileSize(path);
             sources.files.Add({name, path, size});
-            sources.size += size;
+            MAddSize(sources.size, size);
         } catch (const MException& exception) {
             AddProblem("A file cannot be read: {0} Make it readable.", exception.GetMessage());
         }
@@ -103,7 +103,7 @@ private:
 
 int64_t MDownloadSetSources::CountParts(int64_t partSize) const {
     int64_t count = 0;
-    for (const File& file : files) count += (file.size + partSize - 1) / partSize;
+    for (const File& file : files) count += file.size / partSize + (file.size % partSize > 0);
     return count;
 }
 

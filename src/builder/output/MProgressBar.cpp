@@ -16,7 +16,8 @@ MProgressBar::~MProgressBar() {
 
 void MProgressBar::Advance(int64_t bytes) {
     done += bytes;
-    const int64_t percent = std::min<int64_t>(done * 100 / total, 100);
+    const bool isLarge = total > INT64_MAX / 100;
+    const int64_t percent = std::min<int64_t>(isLarge ? done / (total / 100) : done * 100 / total, 100);
     if (!isShown || percent == shownPercent) return;
     shownPercent = percent;
     Show();

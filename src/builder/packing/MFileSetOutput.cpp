@@ -46,10 +46,19 @@ int32_t MFileSetOutput::Commit() {
     return count;
 }
 
-bool MFileSetOutput::Replaces(const MString& output, const MString& path) {
-    const MString inside = output + UnfinishedSuffix + "/";
-    return path.IsExactly(output) || GetPartNumber(output, path) > 0 ||
-           path.Substring(0, inside.GetLength()).IsExactly(inside);
+MList<MString> MFileSetOutput::ListReplaced(const MString& output) {
+    MList<MString> paths;
+    paths.Add(output);
+    paths.Add(output + UnfinishedSuffix);
+    const MString directory = MFile::GetDirectory(output);
+    if (!MFile::IsDirectory(directory)) return paths;
+    const int32_t nameLength = MFile::GetFileName(output).GetLength();
+    for (const MFileListEntry& entry : MFile::GetFileList(directory)) {
+        const int32_t number = MParseInt32(entry.name.Substring(nameLength));
+        if (number < 1 || number > MMultiFileStream::MaximumPartCount) continue;
+        paths.Add(MMultiFileStream::MakePartPath(output, number));
+    }
+    return paths;
 }
 
 MString MFileSetOutput::GetPlace(const MString& name) const {

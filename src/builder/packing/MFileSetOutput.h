@@ -24,8 +24,9 @@ public:
     /// deleting and renaming files raise.
     int32_t Commit();
 
-    /// Whether writing a set with its index at `output` may replace or delete the file at `path`.
-    [[nodiscard]] static bool Replaces(const MString& output, const MString& path);
+    /// The files that writing a set with its index at `output` may replace or delete, and the directory that it
+    /// does so with. Those that may be there under names in another case are among them.
+    [[nodiscard]] static MList<MString> ListReplaced(const MString& output);
 
 private:
     [[nodiscard]] MString GetPlace(const MString& name) const;

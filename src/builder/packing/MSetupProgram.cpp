@@ -16,15 +16,15 @@ MString GetDefaultPath() {
                        extension.IsEmpty() ? MString("setup") : "setup." + extension);
 }
 
-MString GetPath(const MString& path) {
+}  // namespace
+
+MString MGetSetupProgramPath(const MString& path) {
     return path.IsEmpty() ? GetDefaultPath() : MFile::Normalize(path);
 }
 
-}  // namespace
-
 void MCopySetupProgram(const MString& path, MStream& target) {
     try {
-        MSfx program(GetPath(path));
+        MSfx program(MGetSetupProgramPath(path));
         program.OpenExecutable()->CopyAllToInLargePieces(target);
     } catch (const MException& exception) {
         MRaise(exception.GetCode(), "The setup program cannot be copied: {0} Name one by --stub.",
@@ -34,7 +34,7 @@ void MCopySetupProgram(const MString& path, MStream& target) {
 
 MString MGetSetupProgramExtension(const MString& path) {
     MStdFileStream program;
-    program.Open(GetPath(path), MOpenRead);
+    program.Open(MGetSetupProgramPath(path), MOpenRead);
     char start[2] = {};
     const int32_t count = program.Read(start, sizeof start);
     return std::string_view(start, static_cast<size_t>(count)) == "MZ" ? "exe" : "run";

@@ -1,6 +1,7 @@
 #include "builder/reports/MPayloadReport.h"
 
 #include "builder/reports/MPayloadItem.h"
+#include "foundation/base/MAddSize.h"
 #include "foundation/text/MStringFormatter.h"
 #include "foundation/text/MUnicode.h"
 #include "payload/MPayloadFormat.h"
@@ -33,7 +34,7 @@ void CountFiles(const MXMLItem& item, int32_t& count, int64_t& bytes) {
     for (const MXMLItem* child : item.GetSubItems()) {
         if (child->GetName() == "file" && !child->GetAttribute("filestart", "").IsEmpty()) {
             ++count;
-            bytes += child->GetInt64Attribute("filesize", 0);
+            MAddSize(bytes, child->GetInt64Attribute("filesize", 0));
         }
         if (child->GetName() == "dir") CountFiles(*child, count, bytes);
     }

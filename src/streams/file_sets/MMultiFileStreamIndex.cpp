@@ -1,4 +1,4 @@
-#include "foundation/base/MRaise.h"
+#include "foundation/base/MAddSize.h"
 #include "foundation/files/MFile.h"
 #include "foundation/files/MSafeName.h"
 #include "foundation/xml/MXMLSubItems.h"
@@ -28,9 +28,11 @@ void MMultiFileStream::Open(const MString& path) {
     try {
         indexPath = MFile::Normalize(path);
         LoadIndex();
+        int64_t size = 0;
         for (MXMLItem& element : MXMLSubItems(index, "File")) {
             CheckElement(element);
             AddItem(element, FindPart(element.GetAttribute("Name")), MOpenRead);
+            MAddSize(size, items[items.GetCount() - 1]->size);
         }
     } catch (...) {
         Forget();
