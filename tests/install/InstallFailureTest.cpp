@@ -84,6 +84,18 @@ TEST_F(InstallFailureTest, ADirectoryThatCannotBeMadeEndsTheRunWhileCounting) {
     EXPECT_EQ(Read("file"), "in the way");
 }
 
+TEST_F(InstallFailureTest, SizesThatCannotBeEndTheRunWhileCounting) {
+    const std::string largest = R"(<file name="a" op="create" filesize="9223372036854775807"/>)";
+    const std::string first = File("first", "1");
+    for (const std::string& files : {Files("", first + R"(<file name="a" op="update" filesize="-1"/>)"),
+                                     Files("", first + largest), Files("", first) + Files("/a", largest),
+                                     Files("", R"(<copy enabled="1" currentpath="{to}/b"/>)" + largest)}) {
+        Define(files);
+        EXPECT_THAT(FailureOf([this] { Perform(); }), HasSubstr("cannot be a size")) << files;
+        EXPECT_FALSE(Exists("first"));
+    }
+}
+
 TEST_F(InstallFailureTest, WhatIsHeldForMomentsIsTriedTenTimesInSilence) {
     for (const int32_t needed : {3, 20}) {
         int32_t attempts = 0;

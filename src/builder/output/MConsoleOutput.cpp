@@ -19,11 +19,10 @@ bool MConsoleOutput::IsProgressShown() const {
 }
 
 void MConsoleOutput::ShowProgress(const MString& text) {
-    MString line = "\r";
-    line += text;
+    MString line = text;
     line.Append(MChar(' '), std::max(0, shownLength - text.GetLength()));
-    if (text.IsEmpty()) line += "\r";
+    (void)MOverwriteConsoleLine(stderr, line);
+    if (text.IsEmpty()) (void)MOverwriteConsoleLine(stderr, MString());
     shownLength = text.GetLength();
-    (void)MWriteConsoleText(stderr, line);
     std::fflush(stderr);
 }

@@ -52,9 +52,11 @@ void MPayloadReport::Print() {
 }
 
 void MPayloadReport::PrintXML() {
-    MString text = MDecodeUTF8Exact(file.ReadIndexText());
-    while (text.EndsWith("\n")) text.Cut(text.GetLength() - 1);
-    output.Tell(text);
+    MString shown = MDecodeUTF8Exact(file.ReadIndexText());
+    // XML reads both kinds of line ends as one, and a console has its own.
+    shown.Replace("\r\n", "\n");
+    while (shown.EndsWith("\n")) shown.Cut(shown.GetLength() - 1);
+    output.Tell(shown);
 }
 
 void MPayloadReport::PrintFields() {

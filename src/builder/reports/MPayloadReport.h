@@ -11,7 +11,7 @@ public:
 
     /// Form, sizes, flags and digest, then tables of parts, components, directories and items.
     void Print();
-    /// The index as it is stored.
+    /// The index as it is stored, with the line ends of the console.
     void PrintXML();
 
 private:

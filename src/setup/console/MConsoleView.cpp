@@ -5,8 +5,8 @@
 
 namespace {
 
-const char* const ProgressFormat = "\r{0; 3} %";
-const char* const ProgressEraser = "\r      \r";
+const char* const ProgressFormat = "{0; 3} %";
+const char* const ProgressEraser = "      ";
 
 }  // namespace
 
@@ -31,13 +31,16 @@ void MConsoleView::SetProgress(double maximum, double value) {
 }
 
 void MConsoleView::EraseProgress() {
-    if (shownPercent >= 0) (void)MWriteConsoleText(stdout, ProgressEraser);
+    if (shownPercent >= 0) {
+        (void)MOverwriteConsoleLine(stdout, ProgressEraser);
+        (void)MOverwriteConsoleLine(stdout, MString());
+    }
     shownPercent = -1;
 }
 
 void MConsoleView::ShowPercent(int32_t percent) {
     shownPercent = percent;
-    (void)MWriteConsoleText(stdout, MFormat(ProgressFormat, percent));
+    (void)MOverwriteConsoleLine(stdout, MFormat(ProgressFormat, percent));
     std::fflush(stdout);
 }
 

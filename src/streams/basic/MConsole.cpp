@@ -1,0 +1,11 @@
+#include "streams/basic/MConsole.h"
+
+#include "foundation/text/MVisibleText.h"
+
+bool MWriteConsoleText(std::FILE* file, const MString& text) {
+    return MLibraryInternals::WriteConsole(file, MMakeVisible(text));
+}
+
+bool MOverwriteConsoleLine(std::FILE* file, const MString& text) {
+    return MLibraryInternals::WriteConsole(file, "\r" + MMakeVisible(text));
+}
