@@ -2,7 +2,12 @@
 
 #include "foundation/base/MRaise.h"
 #include "foundation/files/MFile.h"
+#include "foundation/module/MPlatform.h"
 #include "foundation/text/MUnicode.h"
+
+MCommandInputs::MCommandInputs() {
+    Add(MFile::Normalize(MPlatform::GetModulePath(nullptr)));
+}
 
 void MCommandInputs::Add(const MString& path) {
     MString place = path;

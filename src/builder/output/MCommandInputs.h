@@ -6,9 +6,12 @@
 #include <set>
 #include <string>
 
-/// The files that a command reads. It must write over none of them, by whatever path its output is named.
+/// The files that a command reads, the running program among them. It must write over none of them, by whatever
+/// path its output is named.
 class MCommandInputs {
 public:
+    MCommandInputs();
+
     /// A file, or a directory that is read. Paths are canonical.
     void Add(const MString& path);
     /// The input that writing or deleting what stands at a path would destroy, since it is the same or lies below

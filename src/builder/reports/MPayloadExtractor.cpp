@@ -27,11 +27,13 @@ void MPayloadExtractor::RequireEmpty(const MString& directory) const {
 
 void MPayloadExtractor::CheckNames(const MList<MPayloadItem>& items) {
     MCheckItemNames(file.GetLibrary());
-    for (const MPayloadItem& item : items)
-        if (!MIsSafeName(item.path) || item.path.EndsWith("/"))
-            MRaise(MExceptionGeneral,
-                   "The name \"{0}\" in the payload leads out of its directory. Do not trust this file.",
-                   item.path);
+    for (const MPayloadItem& item : items) {
+        // Nothing behind the last slash would be the directory itself.
+        const MString fault = item.path.EndsWith("/") ? MString("is empty") : MFindNameFault(item.path);
+        if (!fault.IsEmpty())
+            MRaise(MExceptionGeneral, "The name \"{0}\" in the payload {1}. Do not trust this file.",
+                   item.path, fault);
+    }
 }
 
 void MPayloadExtractor::ExtractItem(const MPayloadItem& item, const MString& path) {

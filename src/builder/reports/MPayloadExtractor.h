@@ -12,8 +12,8 @@ public:
     MPayloadExtractor(MPayloadFile& file, MBuilderOutput& output) : file(file), output(output) {}
 
     /// The directory is created; one that is there must be empty. Raises "\"{0}\" is not empty. ..." and
-    /// "The name \"{0}\" in the ... leads out of its directory. ..." (0) before anything is written,
-    /// and what reading and writing raise.
+    /// "The name \"{0}\" in the ... . ..." (0) with what `MFindNameFault` finds, before anything is written, and what
+    /// reading and writing raise.
     void Run(const MString& directory);
 
 private:

@@ -3,9 +3,9 @@
 #include "foundation/text/MVisibleText.h"
 
 bool MWriteConsoleText(std::FILE* file, const MString& text) {
-    return MLibraryInternals::WriteConsole(file, MMakeVisible(text));
+    return MLibraryInternals::WritePlainConsole(file, MMakeVisible(text));
 }
 
 bool MOverwriteConsoleLine(std::FILE* file, const MString& text) {
-    return MLibraryInternals::WriteConsole(file, "\r" + MMakeVisible(text));
+    return MLibraryInternals::WritePlainConsole(file, "\r" + MMakeVisible(text));
 }

@@ -19,6 +19,6 @@
 namespace MLibraryInternals {
 
 /// Writes a text as it stands.
-[[nodiscard]] bool WriteConsole(std::FILE* file, const MString& text);
+[[nodiscard]] bool WritePlainConsole(std::FILE* file, const MString& text);
 
 }  // namespace MLibraryInternals

@@ -4,7 +4,7 @@
 
 #include <unistd.h>
 
-bool MLibraryInternals::WriteConsole(std::FILE* file, const MString& text) {
+bool MLibraryInternals::WritePlainConsole(std::FILE* file, const MString& text) {
     const std::string encoded = MEncodeUTF8Exact(text);
     return std::fwrite(encoded.data(), 1, encoded.size(), file) == encoded.size();
 }

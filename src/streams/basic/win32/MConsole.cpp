@@ -5,7 +5,7 @@
 
 #include <io.h>
 
-bool MLibraryInternals::WriteConsole(std::FILE* file, const MString& text) {
+bool MLibraryInternals::WritePlainConsole(std::FILE* file, const MString& text) {
     const auto handle = reinterpret_cast<HANDLE>(_get_osfhandle(_fileno(file)));
     DWORD mode;
     if (!GetConsoleMode(handle, &mode)) {
