@@ -1,9 +1,11 @@
-// Reads the input as a payload: attaches it, and reads every item as far as a bound. Since no mutation
+// Reads the input as a payload: attaches it, looks at its names, and reads every item as far as a bound. Since no mutation
 // hits the digest of an index, the input is also taken for the parts of a payload whose digest is right:
 // flags in the first byte, then the items, and the index from the first "<" on.
 
 #include "builder/reports/MPayloadItem.h"
 #include "foundation/base/MException.h"
+#include "foundation/files/MFile.h"
+#include "install/definition/MItemNames.h"
 #include "payload/MLargeResourceLibrary.h"
 #include "streams/basic/MMemoryStream.h"
 #include "streams/hashes/MMD5Stream.h"
@@ -29,10 +31,26 @@ void ReadItem(MLargeResourceLibrary& library, MXMLItem* element) {
     }
 }
 
+/// Names that the installer would take stay where they belong.
+void CheckNames(const MXMLItem& root) {
+    try {
+        MCheckItemNames(root);
+    } catch (const MException&) {
+        return;
+    }
+    const MString directory = "/product/files";
+    MForEachItemName(root, [&](const MXMLItem&, const MString& name) {
+        const MString path = MFile::Join(directory, name);
+        const bool isBelow = path.IsExactly(directory) || path.StartsWith(directory + "/");
+        if (!isBelow || (MFile::Normalize(path) + "/").Contains("/../")) __builtin_trap();
+    });
+}
+
 void ReadPayload(MStream& stream) {
     try {
         MLargeResourceLibrary library;
         library.Attach(&stream);
+        CheckNames(library);
         const MList<MPayloadItem> items = MCollectPayloadItems(library);
         for (int32_t i = 0; i < items.GetCount() && i < MaximumItems; ++i)
             ReadItem(library, items[i].element);

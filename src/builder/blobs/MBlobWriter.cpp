@@ -1,6 +1,6 @@
 #include "builder/blobs/MBlobWriter.h"
 
-#include "foundation/base/MRaise.h"
+#include "foundation/base/MAddSize.h"
 #include "foundation/files/MFile.h"
 #include "foundation/xml/MXMLItemIterator.h"
 #include "foundation/xml/MXMLParser.h"
@@ -72,7 +72,7 @@ void MBlobWriter::LoadDescription() {
 void MBlobWriter::AddItem(MXMLItem& resources, const MBlobSource& source) {
     MStdFileStream file;
     file.Open(source.path, MOpenRead);
-    sourceSize += file.GetSize();
+    MAddSize(sourceSize, file.GetSize());
     if (sourceSize > INT32_MAX)
         MRaise(MExceptionGeneral, "The files take more than 2 GiB, and a blob is read into memory whole.");
     MMemoryStream content;
