@@ -86,6 +86,25 @@ TEST_F(DamagedPayloadTest, NamesThatLeadOutAreNotExtracted) {
     }
 }
 
+TEST_F(DamagedPayloadTest, NamesOfSeveralComponentsOrOfAPathComeBack) {
+    MTestPayload payload(0);
+    const std::string item = payload.Add("x") + "/>";
+    scratch.WriteFile("odd.dat", payload.Finish("<install name=\"x\"><files name=\"F\" path=\"p\\q/r\" "
+                                                "destination=\"{data}\"><file name=\"\" " +
+                                                item + "<dir name=\"d\\e\" path=\"s\"><file name=\"t/u\" " +
+                                                item + "<file name=\"\" " + item +
+                                                "</dir></files><onsuccess/><onerror/><onabort/></install>"));
+    ASSERT_EQ(Run({"extract", "@odd.dat", "--output", "@out"}), MBuilderExitDone) << JoinComplaints();
+    EXPECT_THAT(scratch.ListTree(),
+                HasSubstr("out/01-F/d/e/s\nout/01-F/d/e/t/\nout/01-F/d/e/t/u\nout/01-F/r\n"));
+    ASSERT_EQ(Run({"pack", "@out/definition.xml", "--output", "@again.dat", "--form", "dat"}),
+              MBuilderExitDone)
+        << JoinComplaints();
+    ASSERT_EQ(Run({"inspect", "@again.dat"}), MBuilderExitDone);
+    for (const char* path : {"  01-F/r\n", "  01-F/d/e/t/u\n", "  01-F/d/e/s\n"})
+        EXPECT_THAT(output.told, HasSubstr(path));
+}
+
 TEST_F(DamagedPayloadTest, ExtractingKeepsOutOfFullDirectories) {
     MTestPayload payload(0);
     const std::string item = payload.Add("fine");

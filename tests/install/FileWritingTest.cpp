@@ -77,7 +77,7 @@ TEST_F(InstallTest, RefusesNamesThatLeadOutBeforeWritingAnything) {
     // The names that a path, or the extension of a copy, makes.
     std::vector<std::string> items = {
         R"(<dir name="d" path="x/.."><dir/></dir>)",
-        R"(<dir name="d"><dir name="d" path="x\../../../out"><file op="create"/></dir></dir>)",
+        R"(<dir name="d" path=".."><dir path=".."><dir path=".."><file op="create"/></dir></dir></dir>)",
         R"(<file name="..dll"/><copy><extension src="dll" dst=""/></copy>)",
     };
     for (const char* extension : {".", "./", "./out", "a/../../out", "a\\..\\..\\out"})
@@ -96,10 +96,11 @@ TEST_F(InstallTest, RefusesNamesThatLeadOutBeforeWritingAnything) {
         EXPECT_THROW(Perform(), MException) << item;
         EXPECT_FALSE(Exists("first")) << item;
     }
-    Define(Files("", File("..a..", "fine") + File("./b/..c", "fine")));
+    Define(Files("",
+                 File("..a..", "fine") + File("./b/..c", "fine") + File("b\\d", "fine") + File("", "fine"),
+                 R"(path="x/..\e")"));
     Perform();
-    EXPECT_EQ(Read("..a.."), "fine");
-    EXPECT_EQ(Read("b/..c"), "fine");
+    for (const char* name : {"..a..", "b/..c", "b/d", "e"}) EXPECT_EQ(Read(name), "fine") << name;
 }
 
 TEST_F(InstallTest, LogTellsANewFileLineByLine) {

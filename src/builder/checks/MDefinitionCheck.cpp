@@ -23,15 +23,19 @@ void CheckNames(const MDefinition& definition, MProblemList& problems) {
         const auto suffix = static_cast<int32_t>(item.GetName() == "shortcut" ? LinkExtension.size()
                                                  : item.GetName() == "file"   ? UnfinishedSuffix.size()
                                                                               : 0);
-        const MString fault = MFileNameRules::FindFault(name, suffix);
+        const MString own = item.GetAttribute("name", "");
+        MString separated = own;
+        separated.ReplaceChar('\\', "/");
+        const bool isOwn = own.IsExactly(name) || separated.IsExactly(name);
+        // A backslash would do, but one way to write a name is enough.
+        const MString fault = MFileNameRules::FindFault(isOwn ? own : name, suffix);
         if (fault.IsEmpty()) return;
-        const bool isOwn = name.IsExactly(item.GetAttribute("name", ""));
         problems.AddError(
             definition.GetLine(item),
             MFormat(isOwn ? "The name \"{0}\" {1}. Rename it."
                           : "The name \"{0}\", which comes from a \"path\" or an \"extension\", {1}. Correct "
                             "it there.",
-                    name, fault));
+                    isOwn ? own : name, fault));
     });
 }
 

@@ -7,6 +7,19 @@
 #include "foundation/files/MSafeName.h"
 #include "install/definition/MItemNames.h"
 
+namespace {
+
+/// Writes out the names that a path stood for.
+void NameItems(const MXMLItem& parent) {
+    for (MXMLItem* child : parent.GetSubItems()) {
+        if (!(child->GetName() == "dir" || child->GetName() == "file")) continue;
+        child->SetAttribute("name", MGetItemName(parent, *child, {}));
+        NameItems(*child);
+    }
+}
+
+}  // namespace
+
 void MPayloadExtractor::Run(const MString& directory) {
     const MString root = MFile::Normalize(directory);
     const MList<MPayloadItem> items = MCollectPayloadItems(file.GetLibrary());
@@ -49,14 +62,14 @@ void MPayloadExtractor::ExtractItem(const MPayloadItem& item, const MString& pat
 }
 
 void MPayloadExtractor::PointAtSources(const MList<MPayloadItem>& items) {
-    for (const MPayloadItem& item : items) {
-        const bool isFile = item.element->GetName() == "file";
-        item.element->SetAttribute("name", isFile ? MFile::GetFileName(item.path) : item.path);
-    }
+    for (const MPayloadItem& item : items)
+        if (!(item.element->GetName() == "file")) item.element->SetAttribute("name", item.path);
     int32_t groupCount = 0;
-    for (MXMLItem* element : file.GetLibrary().GetSubItems())
-        if (element->GetName() == "files")
-            element->SetAttribute("path", MGetGroupFolder(*element, ++groupCount));
+    for (MXMLItem* element : file.GetLibrary().GetSubItems()) {
+        if (!(element->GetName() == "files")) continue;
+        NameItems(*element);
+        element->SetAttribute("path", MGetGroupFolder(*element, ++groupCount));
+    }
 }
 
 void MPayloadExtractor::WriteDefinition(const MString& path) {

@@ -48,7 +48,10 @@ MItemExtensions MGetItemExtensions(const MXMLItem& pass) {
 
 MString MGetItemName(const MXMLItem& parent, const MXMLItem& child, const MItemExtensions& extensions) {
     MString name = child.GetAttribute("name", "");
-    if (name.IsEmpty()) name = MFile::GetFileName(parent.GetAttribute("path", ""));
+    const bool isMissing = name.IsEmpty();
+    if (isMissing) name = parent.GetAttribute("path", "");
+    name.ReplaceChar('\\', "/");
+    if (isMissing) name = MFile::GetFileName(name);
     if (extensions.sourceExtensions.IsEmpty()) return name;
     const MString extension = MFile::GetExtension(name);
     for (int32_t i = 0; i < extensions.sourceExtensions.GetCount(); ++i)

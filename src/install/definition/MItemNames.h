@@ -17,7 +17,7 @@ struct MItemExtensions {
 [[nodiscard]] MItemExtensions MGetItemExtensions(const MXMLItem& pass);
 
 /// The name by which a `dir` or `file` is made or removed in a pass. The last name of the parent's `path` stands
-/// for one that is missing. Nothing says that it is harmless.
+/// for one that is missing, and a slash for each backslash. Nothing says that it is harmless.
 [[nodiscard]] MString MGetItemName(const MXMLItem& parent, const MXMLItem& child,
                                    const MItemExtensions& extensions);
 
