@@ -1,6 +1,6 @@
-// Reads the input as a payload: attaches it, looks at its names, and reads every item as far as a bound. Since no mutation
-// hits the digest of an index, the input is also taken for the parts of a payload whose digest is right:
-// flags in the first byte, then the items, and the index from the first "<" on.
+// Reads the input as a payload: attaches it, looks at its names, and reads every item as far as a bound.
+// Since no mutation hits the digest of an index, the input is also taken for the parts of a payload whose
+// digest is right: flags in the first byte, then the items, and the index from the first "<" on.
 
 #include "builder/reports/MPayloadItem.h"
 #include "foundation/base/MException.h"

@@ -17,8 +17,8 @@ public:
     void Attach(MStream* stream);
 
     /// The content of an element with `filestart` and `filesize`, in bytes, as a new stream from 0 to
-    /// `filesize`. Raises "Could not find required attribute ({0})." (0) and, for a negative number
-    /// or an end beyond 64 bits, "Invalid large resource library format." (0x100); what reading raises is told in
+    /// `filesize`. Raises "Could not find required attribute ({0})." (0) and, for a negative number or an end
+    /// beyond 64 bits, "Invalid large resource library format." (0x100); what reading raises is told in
     /// MLargeResourceLibraryStream.h.
     [[nodiscard]] std::unique_ptr<MStream> OpenItem(MXMLItem* item);
 

@@ -56,7 +56,8 @@ protected:
 
     /// A definition with the pages and the directory that every one has, `elements` from the second line on.
     static std::string MakeDefinition(const std::string& elements) {
-        return "<install name=\"Corvanth Tamborel 8\"><directory id=\"main\" name=\"M\" default=\"{data}/T\"/>\n" +
+        return R"(<install name="Corvanth Tamborel 8"><directory id="main" name="M" default="{data}/T"/>)"
+               "\n" +
                elements + "<onsuccess/><onerror/><onabort/>\n</install>\n";
     }
 

@@ -10,9 +10,9 @@ public:
     MFileNameRules() = delete;
 
     /// What is wrong with a name, to be read behind the name: "is reserved by Windows", and so on. Empty if
-    /// nothing is: then it can be used by the rule of `MFindNameFault`, every platform has it, and it comes back
-    /// from XML as it is. A name may consist of several with slashes between them; an empty one is allowed.
-    /// `suffixLength` tells how much longer the name on the disk is, in bytes of ASCII.
+    /// nothing is: then it can be used by the rule of `MFindNameFault`, every platform has it, and it comes
+    /// back from XML as it is. A name may consist of several with slashes between them; an empty one is
+    /// allowed. `suffixLength` tells how much longer the name on the disk is, in bytes of ASCII.
     [[nodiscard]] static MString FindFault(const MString& name, int32_t suffixLength = 0);
 
     /// The name as a file system compares it that ignores case: the lower case of the Latin, Greek and

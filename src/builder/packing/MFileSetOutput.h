@@ -24,8 +24,8 @@ public:
     /// deleting and renaming files raise.
     int32_t Commit();
 
-    /// The files that writing a set with its index at `output` may replace or delete, and the directory that it
-    /// does so with. Those that may be there under names in another case are among them.
+    /// The files that writing a set with its index at `output` may replace or delete, and the directory that
+    /// it does so with. Those that may be there under names in another case are among them.
     [[nodiscard]] static MList<MString> ListReplaced(const MString& output);
 
 private:

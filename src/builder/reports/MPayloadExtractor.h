@@ -11,9 +11,9 @@ public:
     /// The file and the output outlive the object.
     MPayloadExtractor(MPayloadFile& file, MBuilderOutput& output) : file(file), output(output) {}
 
-    /// The directory is created; one that is there must be empty. Raises "\"{0}\" is not empty. ..." and
-    /// "The name \"{0}\" in the ... . ..." (0) with what `MFindNameFault` finds, before anything is written, and what
-    /// reading and writing raise.
+    /// The directory is created; one that is there must be empty. Raises "\"{0}\" is not empty. ..." and "The
+    /// name \"{0}\" in the ... . ..." (0) with what `MFindNameFault` finds, before anything is written, and
+    /// what reading and writing raise.
     void Run(const MString& directory);
 
 private:

@@ -6,8 +6,8 @@
 #include <cstdint>
 #include <limits>
 
-/// Adds a size or a count that was read from somewhere to the sum of others. Raises "The number {0} cannot be a
-/// size: ..." (0) for a negative one, and where the sum would be too large for its type.
+/// Adds a size or a count that was read from somewhere to the sum of others. Raises "The number {0} cannot be
+/// a size: ..." (0) for a negative one, and where the sum would be too large for its type.
 template <std::signed_integral Number>
 void MAddSize(Number& sum, Number size) {
     if (size < 0 || size > std::numeric_limits<Number>::max() - sum)

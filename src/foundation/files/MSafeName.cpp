@@ -30,8 +30,8 @@ bool IsDevice(const MString& name, int32_t start, int32_t end) {
     return std::u16string_view(u"123456789\u00B9\u00B2\u00B3").find(stem[3]) != std::u16string_view::npos;
 }
 
-/// A component of dots and blanks only: Windows drops those at the end, and leaves the directory itself or the
-/// one above.
+/// A component of dots and blanks only: Windows drops those at the end, and leaves the directory itself or
+/// the one above.
 bool IsDotsAndBlanks(const MString& name, int32_t start, int32_t end) {
     for (int32_t i = start; i < end; ++i)
         if (name[i] != u'.' && name[i] != u' ') return false;

@@ -3,11 +3,11 @@
 #include "foundation/text/MString.h"
 
 /// What forbids to use a name from outside below a directory, to be read behind the name; empty if nothing
-/// does. Both kinds of slashes separate. An empty name, and "." among components, stay where they are. The rule
-/// is one for every platform, since one product serves all:
+/// does. Both kinds of slashes separate. An empty name, and "." among components, stay where they are. The
+/// rule is one for every platform, since one product serves all:
 ///
-/// - "leads out of its directory": an absolute path, or a component that is ".." or becomes it, such as ".. ",
-///   where the system drops dots and blanks at the end.
+/// - "leads out of its directory": an absolute path, or a component that is ".." or becomes it, as ".. " does
+/// where the system drops dots and blanks at the end.
 /// - "contains a character that Windows does not allow in names": a colon, which begins a stream of a file or
 ///   ends a drive, or a zero, which ends the path.
 /// - "is reserved by Windows": a component that is a device there, with any extension.

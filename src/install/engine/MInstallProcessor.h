@@ -29,8 +29,8 @@ public:
 
     /// Carries out what the `files` children of `root` say, in their `currentpath`. `library` holds the
     /// contents; to uninstall none is needed, and null may be passed. A fatal failure leaves as `MException`,
-    /// and what was done until then stays. What `MCheckItemNames` and `MAddSize` raise comes before any file is
-    /// touched.
+    /// and what was done until then stays. What `MCheckItemNames` and `MAddSize` raise comes before any file
+    /// is touched.
     void Perform(MXMLItem& root, MLargeResourceLibrary* library, const MInstallViews& views, MRunKind kind);
 
     /// Works on the `dir` and `file` children of `item` below `destination`. A false `rewritable` protects

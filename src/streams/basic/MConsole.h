@@ -5,8 +5,8 @@
 #include <cstdio>
 
 // What is written comes from anywhere: names of files, definitions, replies of servers. What would command a
-// terminal is therefore shown instead (see foundation/text/MVisibleText.h), whether one is there or not. A file
-// or pipe in place of a console gets UTF-8. All give false on failure.
+// terminal is therefore shown instead (see foundation/text/MVisibleText.h), whether one is there or not. A
+// file or pipe in place of a console gets UTF-8. All give false on failure.
 
 /// Puts the whole text on a console.
 [[nodiscard]] bool MWriteConsoleText(std::FILE* file, const MString& text);

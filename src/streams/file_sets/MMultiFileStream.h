@@ -32,8 +32,8 @@ public:
     /// Raises "Could not find file {0}." (0x101) with the last place that was looked at, and for an index
     /// that cannot be used (0x100): "The index \"{0}\" has more than {1} bytes.", "The index \"{0}\" names
     /// more than {1} parts.", "The part name \"{1}\" in the index \"{0}\" is no plain file name." or "The
-    /// size \"{1}\" in the index \"{0}\" is no number."; also what opening files, parsing the index, `MAddSize`
-    /// and `Close` raise. A stream that could not be opened is closed.
+    /// size \"{1}\" in the index \"{0}\" is no number."; also what opening files, parsing the index,
+    /// `MAddSize` and `Close` raise. A stream that could not be opened is closed.
     void Open(const MString& path);
     /// Begins a new set whose parts, of `partSize` bytes each but the last, will lie beside the index and
     /// bear its name with the number of the part and ".cab". Parts of these names are overwritten; an index

@@ -4,7 +4,8 @@
 #include "tests/support/MScratch.h"
 #include "tests/support/MTestText.h"
 
-/// A name in an installer, or in a folder, can hold what clears a screen or makes a line look like another one.
+/// A name in an installer, or in a folder, can hold what clears a screen or makes a line look like another
+/// one.
 TEST(ConsoleTest, ShowsWhatWouldCommandATerminal) {
     const std::pair<MString, const char*> cases[] = {
         {Wide(u"a\nb\tc\\u001B \u00E4\u200F\xD83D\xDE00"), "a\nb\tc\\u001B \u00E4\u200F\U0001F600"},
