@@ -20,13 +20,6 @@ struct stat GetStatus(const MString& path) {
 
 }  // namespace
 
-bool MIsSameFile(const MString& first, const MString& second) {
-    struct stat one;
-    struct stat other;
-    return stat(MNativePath(first).c_str(), &one) == 0 && stat(MNativePath(second).c_str(), &other) == 0 &&
-           one.st_dev == other.st_dev && one.st_ino == other.st_ino;
-}
-
 bool MMayDelete(const MString& path) {
     const MString directory = MFile::GetDirectory(path);
     if (faccessat(AT_FDCWD, MNativePath(directory).c_str(), W_OK | X_OK, AT_EACCESS) != 0)
