@@ -48,18 +48,19 @@ void MDestinationCheck::WalkPass(const Pass& pass) {
 }
 
 int32_t MDestinationCheck::EstimateLength(const MString& destination) const {
-    // As long as the application data of a user whose name is short.
-    constexpr int32_t FolderLength = 40;
-    const int32_t start = destination.FindChar(MChar('{'));
+    const auto measure = [](const MString& path) {
+        // As long as the application data of a user whose name is short.
+        constexpr int32_t FolderLength = 40;
+        const int32_t end = path.StartsWith("{") ? path.FindChar(MChar('}')) : -1;
+        return end < 0 ? path.GetLength() : FolderLength + path.GetLength() - end - 1;
+    };
     const int32_t end = destination.FindChar(MChar('}'));
-    if (start != 0 || end < 0) return destination.GetLength();
-    const int32_t rest = destination.GetLength() - end - 1;
     const MXMLItem* directory =
-        definition.GetRoot().FindSubItem("directory", "id", destination.Substring(1, end - 1));
+        end < 1 ? nullptr
+                : definition.GetRoot().FindSubItem("directory", "id", destination.Substring(1, end - 1));
+    if (!directory) return measure(destination);
     // The default of a directory names no other directory.
-    const MString path = directory ? directory->GetAttribute("default", "") : MString("{}");
-    const int32_t pathEnd = path.FindChar(MChar('}'));
-    return FolderLength + path.GetLength() - pathEnd - 1 + rest;
+    return measure(directory->GetAttribute("default", "")) + destination.GetLength() - end - 1;
 }
 
 MString MDestinationCheck::WalkItems(const Pass& pass, const MXMLItem& parent, const MString& target,
