@@ -2,17 +2,13 @@
 
 #include "foundation/text/MString.h"
 
-#include <compare>
 #include <cstdint>
 #include <optional>
+#include <utility>
 
-/// What tells a file or directory from every other one of the machine, whichever path leads to it.
-struct MFileIdentity {
-    uint64_t volume = 0;
-    uint64_t number = 0;
-
-    auto operator<=>(const MFileIdentity&) const = default;
-};
+/// What tells a file or directory from every other one of the machine, whichever path leads to it: its
+/// volume, and its number there.
+using MFileIdentity = std::pair<uint64_t, uint64_t>;
 
 /// Of what stands at a path, links followed; nothing if nothing stands there or the system does not tell.
 [[nodiscard]] std::optional<MFileIdentity> MFindFileIdentity(const MString& path);
