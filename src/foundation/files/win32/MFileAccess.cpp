@@ -1,5 +1,6 @@
 #include "foundation/files/MFileAccess.h"
 
+#include "foundation/base/MException.h"
 #include "foundation/files/win32/MNativePath.h"
 #include "foundation/text/MStringFormatter.h"
 #include "foundation/win32/MWindowsHeader.h"
