@@ -30,13 +30,14 @@ class SetupTest : public testing::Test {
 protected:
     ~SetupTest() noexcept override = default;
 
-    /// Takes the children of the root. `{scratch}` in the text becomes the scratch directory.
-    void Define(std::string children, const std::string& attributes = "") {
+    /// Takes the children of the root, and the last pages. `{scratch}` in the text becomes the scratch directory.
+    void Define(std::string children, const std::string& attributes = "",
+                const std::string& lastPages = "<onsuccess/><onerror/><onabort/>") {
         const std::string path = Text(scratch.GetPath());
         for (size_t at; (at = children.find("{scratch}")) != std::string::npos;)
             children.replace(at, 9, path);
-        bytes =
-            payload.Finish("<install name=\"Test Product\" " + attributes + ">" + children + "</install>");
+        bytes = payload.Finish("<install name=\"Test Product\" " + attributes + ">" + children + lastPages +
+                               "</install>");
         source.Attach(bytes.data(), static_cast<int32_t>(bytes.size()));
         library.Attach(&source);
     }

@@ -1,6 +1,7 @@
 #include "foundation/base/MGuard.h"
 #include "foundation/files/MFolderLock.h"
 #include "foundation/files/MInstallationNames.h"
+#include "setup/console/MSilentFrontEnd.h"
 #include "setup/console/MUnattendedRun.h"
 #include "tests/setup/SetupFixture.h"
 
@@ -34,9 +35,9 @@ TEST(UnattendedOptionsTest, ReadsEveryWordInAnyCaseAndOrder) {
 }
 
 TEST(UnattendedOptionsTest, RefusesUnknownAndIncompleteWordsByName) {
-    for (const char* word :
-         {"accept", "component:X", "component:X=maybe", "component:=on", "directory:x",
-          "directory:x=", "directory:=x", "locked=", "locked=perhaps", "remove-older=perhaps", "--help", ""})
+    for (const char* word : {"accept", "component:X", "component:X=maybe", "component:=on", "directory:x",
+                             "directory:x=", "directory:=x", "locked=", "locked=perhaps", "execute=perhaps",
+                             "remove-older=perhaps", "--help", ""})
         EXPECT_THAT(FailureOf([&] {
                         MUnattendedOptions(Words({"accept-licence", word}), "C:/");
                     }),
@@ -184,6 +185,19 @@ TEST_F(UnattendedRunTest, KeepsOtherSetupsAwayUntilItsEnd) {
     EXPECT_THAT(scratch.ListTree(), Not(HasSubstr("setup.lock")));
 }
 
+TEST_F(UnattendedRunTest, RefusesADefinitionThatLacksALastPage) {
+    const std::string pages[] = {"<onsuccess/>", "<onerror/>", "<onabort/>"};
+    for (const std::string& missing : pages) {
+        std::string others;
+        for (const std::string& page : pages) others += page == missing ? "" : page;
+        Define("", "", others);
+        EXPECT_EQ(MSilentFrontEnd({}).Install(library), MExitRefused) << missing;
+        EXPECT_THAT(FailureOf([&] { Run({}); }),
+                    HasSubstr("Could not find required subitem (" + missing.substr(1, missing.size() - 3)));
+    }
+    EXPECT_EQ(scratch.ListTree(), "");
+}
+
 TEST_F(UnattendedRunTest, AnOlderVersionThatStaysIsToldAndTheRunGoesOn) {
     scratch.WriteFile("programfiles/Corvanth/Old Tool/setup.state", "<install/>");
     DefineProduct();
@@ -231,4 +245,56 @@ TEST_F(UnattendedRunTest, NamesTheRequiredAttributeThatIsMissing) {
                   std::string("0: Could not find required attribute (") + attribute + ").");
         EXPECT_FALSE(MFile::Exists(scratch.Join("data/setup.state")));
     }
+}
+
+/// Pages with programs, each of which writes its name to a log.
+class UnattendedProgramsTest : public SetupTest {
+protected:
+    ~UnattendedProgramsTest() noexcept override = default;
+
+    /// An `execute` element for a program that is put into the user's data.
+    [[nodiscard]] std::string Execute(const std::string& name, const std::string& attributes = "",
+                                      const char* label = "") const {
+        const bool isWindows = MPlatform::GetName() == "windows";
+        const std::string program = name + (isWindows ? ".bat" : ".run");
+        const MString path =
+            scratch.WriteFile(MDecodeUTF8Exact("userdata/sub/" + program),
+                              (isWindows ? "@echo " : "#!/bin/sh\necho ") + name + ">>log\n");
+        MFile::MakeExecutable(path);
+        return "<execute wait=\"1\" destination=\"{userdata}\\sub\\" + program + "\" " + attributes + ">" +
+               label + "</execute>";
+    }
+    /// Installs, and gives the exit code and what was started.
+    [[nodiscard]] std::string Install(const std::string& children, const char* word) {
+        Define(children, "",
+               "<onsuccess><info/>" + Execute("done") + Execute("off", "enabled=\"0\"") +
+                   "<info/><execute destination=\"{userdata}/missing\"/>" +
+                   Execute("ticked", "", "Start it") +
+                   R"(<execute destination="no://address"/></onsuccess><onerror>)" + Execute("failed") +
+                   "</onerror><onabort>" + Execute("aborted") + "</onabort>");
+        MList<MString> words;
+        if (*word) words.Add(word);
+        const MString before = MFile::GetCurrentPath();
+        std::string result = std::to_string(MSilentFrontEnd(words).Install(library));
+        MFile::SetCurrentPath(before);
+        const MString log = scratch.Join("userdata/sub/log");
+        if (!MFile::Exists(log)) return result;
+        for (const char byte : MReadTestFile(log))
+            if (byte != '\r') result += byte == '\n' ? ' ' : byte;
+        MFile::Delete(log);
+        return result;
+    }
+};
+
+TEST_F(UnattendedProgramsTest, StartTheProgramsOfThePagesOnTheirWay) {
+    const std::string start =
+        "<onstart>" + Execute("start") + "<execute destination=\"{extra}/x\"/></onstart>";
+    EXPECT_EQ(Install(start, ""), "0start done ");
+    EXPECT_EQ(Install(start, "execute=all"), "0start done ticked ");
+    EXPECT_EQ(Install(start, "EXECUTE=NONE"), "0");
+    const std::string broken =
+        R"(<files required="1" destination="{data}"><file name="f" op="create"/></files>)";
+    EXPECT_EQ(Install(start + broken, ""), "1start failed ");
+    EXPECT_EQ(Install(start, "execute=some"), "2");
+    EXPECT_EQ(Install("<onstart><execute/></onstart>", ""), "1");
 }

@@ -50,3 +50,9 @@ MString MPathMacros::ExpandMacros(const MString& text) const {
     expanded.Replace(MacroKeys, MacroValues);
     return expanded;
 }
+
+MString MPathMacros::ExpandPath(const MString& text) const {
+    MString path = text;
+    if (!text.Contains("://")) path.ReplaceChar('\\', "/");
+    return ExpandMacros(path);
+}

@@ -32,7 +32,7 @@ MList<MString> MSetupSession::AddDirectoryMacros() {
 void MSetupSession::ExpandDestinations() {
     const auto expand = [this](MXMLItem& pass) {
         if (pass.GetInt32Attribute("enabled", 0) == 0) return;
-        pass.SetAttribute("currentpath", Macros.ExpandMacros(pass.GetAttribute("destination")));
+        pass.SetAttribute("currentpath", Macros.ExpandPath(pass.GetAttribute("destination")));
     };
     for (MXMLItem& files : MXMLSubItems(*Library, "files")) {
         expand(files);

@@ -75,7 +75,7 @@ void MInstallRun::Perform() {
     MUninstallEntry{session.GetInstallationName(), session.SoftwareName, setupPath}.Write();
 
     views.ShowInfo(MTranslate("Creating shortcuts..."));
-    const auto expand = [this](const MString& text) { return session.Macros.ExpandMacros(text); };
+    const auto expand = [this](const MString& text) { return session.Macros.ExpandPath(text); };
     const MShortcuts shortcuts(session.AdminRights);
     shortcuts.CreateLinks(shortcuts.GetDirectory(), session.GetDefinition(), {setupPath, expand});
 

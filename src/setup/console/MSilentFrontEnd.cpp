@@ -62,8 +62,13 @@ MExitCode MSilentFrontEnd::Install(MLargeResourceLibrary& definition) {
         views.dialogs = &answers;
         MUnattendedRun run(definition, options, views);
         run.Validate();
-        run.Perform();
-        return MExitDone;
+        const MExitCode exitCode = Guard([&] {
+            run.Perform();
+            return MExitDone;
+        });
+        // A run that was refused has shown no page.
+        if (exitCode != MExitRefused) run.Conclude(exitCode == MExitDone);
+        return exitCode;
     });
 }
 

@@ -69,6 +69,10 @@ void MUnattendedOptions::ReadWord(const MString& word, const MString& startDirec
     } else if (const auto removal = TextAfter(word, "remove-older=")) {
         removeOlder = FindAnswer<bool>(word, *removal, {{"yes", true}, {"no", false}},
                                        "write remove-older=yes or remove-older=no");
+    } else if (const auto programs = TextAfter(word, "execute=")) {
+        execute = FindAnswer<MExecuteScope>(word, *programs,
+                                            {{"all", MExecuteScope::Programs}, {"none", MExecuteScope::None}},
+                                            "write execute=all or execute=none");
     } else if (const auto answer = TextAfter(word, "locked=")) {
         locked = FindAnswer<MRetryAnswer>(word, *answer,
                                           {{"abort", MRetryAnswer::Refuse},
@@ -78,6 +82,6 @@ void MUnattendedOptions::ReadWord(const MString& word, const MString& startDirec
     } else {
         RaiseWord(word,
                   "the words of a silent run are accept-licence, configuration=ID, component:NAME=on|off, "
-                  "directory:ID=PATH, remove-older=yes|no and locked=abort|ignore|retry");
+                  "directory:ID=PATH, remove-older=yes|no, execute=all|none and locked=abort|ignore|retry");
     }
 }

@@ -3,6 +3,7 @@
 #include "foundation/base/MList.h"
 #include "foundation/base/MRefusal.h"
 #include "foundation/views/MUserDialogs.h"
+#include "setup/choices/MExecuteChoices.h"
 
 #include <optional>
 
@@ -15,7 +16,7 @@ struct MNamedChoice {
 /// The words of a run without window and questions:
 ///
 ///     silent accept-licence [configuration=ID] [component:NAME=on|off ...] [directory:ID=PATH ...]
-///            [remove-older=yes|no] [locked=abort|ignore|retry]
+///            [remove-older=yes|no] [execute=all|none] [locked=abort|ignore|retry]
 ///
 /// `silent` may stand anywhere on the command line. Without it no other word means anything here.
 class MUnattendedOptions {
@@ -36,6 +37,8 @@ public:
     MList<MNamedChoice> directories;  ///< ids with canonical paths
     /// Whether the older versions that the definition names are removed first.
     bool removeOlder = false;
+    /// What is started of the programs that the definition names.
+    MExecuteScope execute = MExecuteScope::UnaskedPrograms;
     MRetryAnswer locked = MRetryAnswer::Refuse;
 
 private:

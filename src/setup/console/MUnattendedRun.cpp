@@ -13,6 +13,12 @@ MUnattendedRun::MUnattendedRun(MLargeResourceLibrary& definition, const MUnatten
       run(session, views) {}
 
 void MUnattendedRun::Validate() {
+    for (const char* page : {"onsuccess", "onerror", "onabort"})
+        if (!session.GetDefinition().FindSubItem(page))
+            MRefuse("Could not find required subitem ({0}).", page);
+    for (const char* page : {"onstart", "onsuccess", "onerror"})
+        if (const MXMLItem* found = session.GetDefinition().FindSubItem(page))
+            MExecuteChoices(*found).Validate();
     const MString& product = session.SoftwareName;
     if (session.GetDefinition().FindSubItem("licence") && !options.acceptLicence)
         MRefuse("The licence of {0} has not been accepted. Read it, and if you agree, add the word "
@@ -36,6 +42,9 @@ void MUnattendedRun::Perform() {
     ChooseDirectories();
     if (options.removeOlder) RemoveOlderVersions();
     run.Enter();
+    MPathMacros macrosAtStart;
+    macrosAtStart.CreatePathMacros(false);
+    StartPrograms("onstart", macrosAtStart);
     directories.Remember();
     run.Perform();
 }
@@ -75,4 +84,13 @@ void MUnattendedRun::RemoveOlderVersions() {
     }
     // A folder that was proposed because it was there may be gone.
     ChooseDirectories();
+}
+
+void MUnattendedRun::Conclude(bool isDone) {
+    StartPrograms(isDone ? "onsuccess" : "onerror", session.Macros);
+}
+
+void MUnattendedRun::StartPrograms(const char* page, const MPathMacros& macros) {
+    if (const MXMLItem* found = session.GetDefinition().FindSubItem(page))
+        MExecuteChoices(*found, options.execute).Finish(macros, *views.dialogs);
 }

@@ -16,12 +16,16 @@ public:
     MUnattendedRun(MLargeResourceLibrary& definition, const MUnattendedOptions& options,
                    const MInstallViews& views);
 
-    /// Tests the words against the definition before anything is written. Raises `MRefusal` for a
-    /// licence that is not accepted, for an id or a component that the definition does not have, and for a
-    /// configuration that does not run here.
+    /// Tests the definition and the words against it before anything is written. Raises `MRefusal` for a last
+    /// page that is missing, for a licence that is not accepted, for an id or a component that the definition
+    /// does not have, and for a configuration that does not run here; and "Could not find required attribute
+    /// (destination)." (0).
     void Validate();
     /// Installs. Raises what stopped it, `MRefusal` before anything was written.
     void Perform();
+    /// Starts the programs of the last page that the wizard would show: "onsuccess", or "onerror" if
+    /// `Perform` has failed, which has been told.
+    void Conclude(bool isDone);
 
 private:
     /// The chosen one, or null if there is none.
@@ -29,6 +33,7 @@ private:
     void ChooseComponents();
     void ChooseDirectories();
     void RemoveOlderVersions();
+    void StartPrograms(const char* page, const MPathMacros& macros);
 
     const MUnattendedOptions& options;
     MInstallViews views;
