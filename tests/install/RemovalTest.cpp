@@ -25,7 +25,7 @@ class RemovalTest : public InstallTest {
 protected:
     RemovalTest() { MFile::CreatePath(GetTarget()); }
     ~RemovalTest() noexcept override {
-        if (isRegistered) MGuard("RemovalTest", [] { MUninstallEntry::Delete(EntryName); });
+        if (isRegistered) MGuard("RemovalTest", [] { DeleteEntry(); });
     }
 
     void InstallProduct(const std::string& children) {
@@ -50,6 +50,9 @@ protected:
         std::string names;
         for (const MString& path : paths) names += Text(MFile::GetFileName(path)) + " ";
         return names;
+    }
+    static void DeleteEntry() {
+        MRegistryKey::Delete(MRegistryRoot::LocalMachine, MString(MUninstallKeyName) + "\\" + EntryName);
     }
     [[nodiscard]] static bool IsRegistered() {
         MRegistryKey key;
@@ -105,7 +108,7 @@ TEST_F(RemovalTest, CountsWhatStaysAndTellsKeptFoldersFromLeftovers) {
 
 TEST_F(RemovalTest, AMissingKeyIsToldBeforeTheStateGoes) {
     InstallProduct(Files("/product", File("a", "1")) + R"(<shortcut name="Web" destination="https://a.b"/>)");
-    MUninstallEntry::Delete(EntryName);
+    DeleteEntry();
     // The state is what a later run would need to remove what this one has not.
     bool isStateThere = false;
     bool isLinkThere = true;
@@ -157,7 +160,7 @@ TEST_F(RemovalTest, LinksFollowTheirTargets) {
             EXPECT_TRUE(MFile::FindLink(MFile::Join(directory, name)).IsEmpty()) << name;
         EXPECT_EQ(MReadTestFile(MFile::Join(directory, "Folder/Inner/Site.url")),
                   "[InternetShortcut]\nURL=HTTP://a.b/%7Bsite%7D\n");
-        shortcuts.RemoveLinks(directory, library);
+        shortcuts.RemoveLinks(directory, library, {GetTarget()});
         EXPECT_TRUE(MFile::GetFileList(directory).IsEmpty());
         MWriteTestFile(MFile::Join(directory, "Folder"), "in the way");
         EXPECT_THROW(shortcuts.CreateLinks(directory, library, {InTarget("there"), Keep}), MException);

@@ -60,3 +60,14 @@ MScratchFolders::MScratchFolders(const MScratch& scratch) {
                    [&](const char* name) { return scratch.Join(name); });
     MFile::UseSpecialFolders(this);
 }
+
+MString MScratchFolders::GetPathOf(MFolderOwner of, const MString& /*installation*/, int32_t index) {
+    if (index < 0 || index >= MSpecialFolderCount) return {};
+    const auto isShared = [](int32_t folder) {
+        return folder == MSpecialFolderData || folder == MSpecialFolderStartMenu ||
+               folder == MSpecialFolderStartMenuPrograms || folder == MSpecialFolderDesktop;
+    };
+    const bool isUsers = of == MFolderOwner::User && isShared(index);
+    // The user's counterpart of these follows the shared row.
+    return paths[static_cast<size_t>(isUsers ? index + 1 : index)];
+}

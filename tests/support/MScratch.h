@@ -45,11 +45,13 @@ public:
     MScratchFolders& operator=(const MScratchFolders&) = delete;
     ~MScratchFolders() noexcept override { MFile::UseSpecialFolders(nullptr); }
 
-    [[nodiscard]] MString GetPath(int32_t index) override {
-        return index >= 0 && index < MSpecialFolderCount ? paths[static_cast<size_t>(index)] : MString();
-    }
+    [[nodiscard]] MString GetPath(int32_t index) override { return GetPathOf(owner, MString(), index); }
+    [[nodiscard]] MString GetPathOf(MFolderOwner of, const MString& installation, int32_t index) override;
+    /// Whose folders this process may write to.
+    void SetOwner(MFolderOwner newOwner) { owner = newOwner; }
     void SetPath(int32_t index, const MString& path) { paths[static_cast<size_t>(index)] = path; }
 
 private:
     std::array<MString, MSpecialFolderCount> paths;
+    MFolderOwner owner = MFolderOwner::Everybody;
 };

@@ -10,6 +10,7 @@
 namespace {
 
 MSpecialFolders* replacedFolders = nullptr;
+const MFolderOwnerScope* ownerScope = nullptr;
 
 void CopyFileContent(const MString& from, const MString& to) {
     MStdFileStream source;
@@ -27,7 +28,8 @@ MString FindRegisteredInstallation(const MString& name) {
         programs.Open(MRegistryRoot::LocalMachine, MUninstallKeyName);
         MRegistryKey program;
         program.Open(programs, name);
-        directory = MFile::GetDirectory(MFile::Normalize(program.GetValue("UninstallString")));
+        directory = MFile::GetDirectory(
+            MFile::Normalize(MPlatform::TakePathText(program.GetValue("UninstallString"))));
     });
     return directory;
 }
@@ -132,9 +134,19 @@ MString MFile::GetSpecialPath(int32_t index) {
         CreatePath(path);
         return path;
     }
-    return (replacedFolders ? *replacedFolders : MGetPlatformFolders()).GetPath(index);
+    MSpecialFolders& folders = replacedFolders ? *replacedFolders : MGetPlatformFolders();
+    return ownerScope ? ownerScope->GetPath(folders, index) : folders.GetPath(index);
 }
 
 void MFile::UseSpecialFolders(MSpecialFolders* folders) {
     replacedFolders = folders;
+}
+
+MFolderOwnerScope::MFolderOwnerScope(MFolderOwner owner, const MString& installation)
+    : owner(owner), installation(installation), outer(ownerScope) {
+    ownerScope = this;
+}
+
+MFolderOwnerScope::~MFolderOwnerScope() {
+    ownerScope = outer;
 }

@@ -65,6 +65,9 @@ public:
     [[nodiscard]] static bool IsValidDirectory(const MString& path);
     /// A directory that an installation has left its "setup.state" in.
     [[nodiscard]] static bool IsInstallation(const MString& path);
+    /// Whether two paths lead to the same file or directory; of one that does not exist, whether they are the
+    /// same text in the platform's view of case.
+    [[nodiscard]] static bool IsSame(const MString& first, const MString& second);
     /// Whether this process may write to a file, or create files in a directory.
     [[nodiscard]] static bool IsWritable(const MString& path);
     /// In bytes. Raises what `MStdFileStream::Open` raises.
@@ -108,6 +111,9 @@ public:
                            const MString& description);
     /// The file of a link that `CreateLink` has created; empty if there is none.
     [[nodiscard]] static MString FindLink(const MString& link);
+    /// The working directory of a link file of `CreateLink`, which is the directory that its target is in.
+    /// Empty for an internet shortcut, and for what cannot be read.
+    [[nodiscard]] static MString GetLinkDirectory(const MString& file);
     /// Deletes what `CreateLink` has created. Raises as `Delete`.
     static void DeleteLink(const MString& link);
     /// The entries of a directory in the platform's order, without "." and "..". The filter is a wildcard

@@ -1,5 +1,6 @@
 #include "foundation/files/MFileLink.h"
 
+#include "foundation/base/MGuard.h"
 #include "foundation/base/MRaise.h"
 #include "foundation/files/MFile.h"
 #include "foundation/module/MPlatform.h"
@@ -45,6 +46,13 @@ MString MFile::FindLink(const MString& link) {
         if (Exists(file)) return file;
     }
     return MString();
+}
+
+MString MFile::GetLinkDirectory(const MString& file) {
+    MString directory;
+    if (GetExtension(file) == MShellLinkExtension())
+        MGuard("MFile::GetLinkDirectory", [&] { directory = MReadShellLinkDirectory(file); });
+    return directory;
 }
 
 void MFile::DeleteLink(const MString& link) {

@@ -13,3 +13,7 @@
 /// the system's words for it left for `MSystemErrorText`; may raise instead.
 [[nodiscard]] bool MWriteShellLink(const MString& path, const MString& target, const MString& arguments,
                                    const MString& description);
+
+/// The working directory of a link file, in canonical form. Empty if it has none or cannot be read; may raise
+/// instead.
+[[nodiscard]] MString MReadShellLinkDirectory(const MString& path);

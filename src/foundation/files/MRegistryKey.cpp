@@ -6,7 +6,7 @@
 MRegistryKey::Parent::Parent(MRegistryRoot root) : handle(MRegistryHandle::OpenRoot(root)) {}
 
 MRegistryKey::Parent::Parent(const MRegistryKey& key) : handle(key.handle) {
-    if (!handle) MRaise(MExceptionGeneral, "The registry key has not been opened.");
+    key.RequireOpen();
 }
 
 void MRegistryKey::Open(const Parent& parent, const MString& name) {
@@ -25,17 +25,21 @@ void MRegistryKey::Delete(const Parent& parent, const MString& name) {
 
 MString MRegistryKey::GetValue(const MString& name) const {
     MString value;
-    if (!Parent(*this).handle->Read(name, value))
-        MRaise(MExceptionGeneral, "Cannot get registry value {0}", name);
+    RequireOpen();
+    if (!handle->Read(name, value)) MRaise(MExceptionGeneral, "Cannot get registry value {0}", name);
     return value;
 }
 
 void MRegistryKey::SetValue(const MString& name, const MString& text) {
-    (void)Parent(*this);
+    RequireOpen();
     if (!handle->WriteText(name, text)) MRaise(MExceptionGeneral, "Cannot set registry value {0}.", name);
 }
 
 void MRegistryKey::SetValue(const MString& name, int32_t number) {
-    (void)Parent(*this);
+    RequireOpen();
     if (!handle->WriteNumber(name, number)) MRaise(MExceptionGeneral, "Cannot set registry value {0}.", name);
+}
+
+void MRegistryKey::RequireOpen() const {
+    if (!handle) MRaise(MExceptionGeneral, "The registry key has not been opened.");
 }

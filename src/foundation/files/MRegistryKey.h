@@ -44,12 +44,14 @@ public:
     [[nodiscard]] bool IsOpen() const { return handle != nullptr; }
 
     /// The value as text, a number in decimal. Raises "Cannot get registry value {0}" (without a full stop),
-    /// and as `Parent` does.
+    /// and "The registry key has not been opened.".
     [[nodiscard]] MString GetValue(const MString& name) const;
-    /// Raise "Cannot set registry value {0}.", and as `Parent` does.
+    /// Raise "Cannot set registry value {0}.", and "The registry key has not been opened.".
     void SetValue(const MString& name, const MString& text);
     void SetValue(const MString& name, int32_t number);
 
 private:
+    void RequireOpen() const;
+
     std::shared_ptr<MRegistryHandle> handle;
 };

@@ -57,6 +57,9 @@ inline constexpr const char* MSpecialFolderNames[MSpecialFolderCount] = {
     "usertemporary",
 };
 
+/// Whose the folder of a shared row is, on a platform that has two for each.
+enum class MFolderOwner { Everybody, User };
+
 /// Where the special folders are. The platform's own come from `MGetPlatformFolders`; tests install scratch
 /// folders through `MFile::UseSpecialFolders`.
 ///
@@ -79,6 +82,32 @@ public:
     /// Canonical path of a folder, empty if there is none. `MSpecialFolderUserTemporary` is never asked for:
     /// it lies below the user's data.
     [[nodiscard]] virtual MString GetPath(int32_t index) = 0;
+    /// As above, but a shared row is the folder that belongs to `owner`, whatever this process may write to.
+    /// The user is the one who owns the directory `installation`, if this process can act for others.
+    [[nodiscard]] virtual MString GetPathOf(MFolderOwner /*owner*/, const MString& /*installation*/,
+                                            int32_t index) {
+        return GetPath(index);
+    }
+};
+
+/// As long as it lives, `MFile::GetSpecialPath` gives the folders that an installation has found, which may
+/// have been made by another user or with other rights.
+class MFolderOwnerScope {
+public:
+    /// See `MSpecialFolders::GetPathOf`.
+    MFolderOwnerScope(MFolderOwner owner, const MString& installation);
+    MFolderOwnerScope(const MFolderOwnerScope&) = delete;
+    MFolderOwnerScope& operator=(const MFolderOwnerScope&) = delete;
+    ~MFolderOwnerScope();
+
+    [[nodiscard]] MString GetPath(MSpecialFolders& folders, int32_t index) const {
+        return folders.GetPathOf(owner, installation, index);
+    }
+
+private:
+    const MFolderOwner owner;
+    const MString installation;
+    const MFolderOwnerScope* const outer;
 };
 
 /// The platform's folders; the object lives as long as the process.

@@ -24,6 +24,9 @@ public:
     /// A path in the form in which other programs expect to read it: with backslashes where the system has
     /// them.
     [[nodiscard]] static MString GetPathText(const MString& path);
+    /// The way back, for a path that another program or the user has written: a backslash that the system
+    /// takes for a part of a name becomes one that nobody takes for a separator. The rest stays as it is.
+    [[nodiscard]] static MString TakePathText(const MString& text);
     /// What the library needs of the system for the whole run of a program, the network among it, and its
     /// end. Calls come in pairs, which may nest.
     static void StartSubsystems();

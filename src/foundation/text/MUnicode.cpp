@@ -5,13 +5,13 @@
 
 namespace {
 
-/// Code points that stand for the bytes 0x80 to 0xFF of no valid sequence.
+/// Code points that stand for the bytes 0x80 to 0xFF of no valid sequence, and for the backslash.
 constexpr uint32_t RawByteBase = 0x10FE00;
 constexpr uint32_t FirstRawByte = RawByteBase + 0x80;
 constexpr uint32_t LastRawByte = RawByteBase + 0xFF;
 
 bool IsRawByte(uint32_t codePoint) {
-    return codePoint >= FirstRawByte && codePoint <= LastRawByte;
+    return (codePoint >= FirstRawByte && codePoint <= LastRawByte) || codePoint == RawByteBase + '\\';
 }
 
 void AppendEncoded(std::string& bytes, uint32_t codePoint) {

@@ -64,16 +64,33 @@ void MShortcuts::CreateLinks(const MString& directory, const MXMLItem& item,
     }
 }
 
-void MShortcuts::RemoveLinks(const MString& directory, const MXMLItem& item) {
+void MShortcuts::RemoveLinks(const MString& directory, const MXMLItem& item, const MLinkOwner& installation) {
     for (const MXMLItem& shortcut : MXMLSubItems(item, "shortcut")) {
         const MString link = GetLinkPath(directory, shortcut);
-        MGuard("Links", [&] { MFile::DeleteLink(link); });
         const MString file = MFile::FindLink(link);
-        if (!file.IsEmpty()) failures.Add(file);
+        if (file.IsEmpty() || installation.IsOfAnother(file)) continue;
+        MGuard("Links", [&] { MFile::DeleteLink(link); });
+        if (MFile::Exists(file)) failures.Add(file);
     }
     for (const MXMLItem& folder : MXMLSubItems(item, "shortcutdirectory")) {
         const MString path = MFile::Join(directory, folder.GetAttribute("name"));
-        RemoveLinks(path, folder);
-        MGuard("Links", [&] { MFile::RemoveDirectory(path); });
+        RemoveLinks(path, folder, installation);
+        const bool isRemoved = MGuard("Links", [&] { MFile::RemoveDirectory(path); });
+        if (isRemoved || !MFile::IsDirectory(path)) continue;
+        bool holdsSomething = false;
+        MGuard("Links", [&] { holdsSomething = !MFile::GetFileList(path).IsEmpty(); });
+        (holdsSomething ? keptFolders : failures).Add(path);
     }
+}
+
+bool MLinkOwner::IsOfAnother(const MString& link) const {
+    MString directory = MFile::GetLinkDirectory(link);
+    while (!directory.IsEmpty()) {
+        if (MFile::IsSame(directory, mainPath)) return false;
+        if (MFile::IsInstallation(directory)) return true;
+        const MString parent = MFile::GetDirectory(directory);
+        if (parent.IsExactly(directory)) break;
+        directory = parent;
+    }
+    return hasSuccessor;
 }

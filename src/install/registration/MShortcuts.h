@@ -10,6 +10,18 @@ struct MShortcutTargets {
     std::function<MString(const MString&)> expand;  ///< makes a path or an address of a `destination`
 };
 
+/// The installation whose links are to be removed.
+struct MLinkOwner {
+    MString mainPath;
+    /// Whether the entry in the list of programs is that of another installation of the same name, so that this
+    /// one has written last what both write.
+    bool hasSuccessor = false;
+
+    /// Whether a link file is another installation's: it leads into that one's directory, or it does not lead
+    /// into ours and the other one has written last.
+    [[nodiscard]] bool IsOfAnother(const MString& link) const;
+};
+
 /// The links of a product in the system's menu of programs and on the desktop: those of all users, or of the
 /// one user, depending on whether the product was installed with administrator rights.
 class MShortcuts {
@@ -25,16 +37,21 @@ public:
     /// one that cannot be created, is passed over in silence. Raises what `MFile::CreatePath` raises for a
     /// folder, and "Could not find required attribute ({0})." (0).
     void CreateLinks(const MString& directory, const MXMLItem& item, const MShortcutTargets& targets) const;
-    /// Undoes `CreateLinks`: removes the links, and the folders that hold nothing else. What cannot be
-    /// removed is passed over. Raises "Could not find required attribute ({0})." (0).
-    void RemoveLinks(const MString& directory, const MXMLItem& item);
+    /// Undoes `CreateLinks`: removes the links of `installation`, and the folders that hold nothing else. A link
+    /// that another installation has put in the place of ours stays. What cannot be removed is passed over.
+    /// Raises "Could not find required attribute ({0})." (0).
+    void RemoveLinks(const MString& directory, const MXMLItem& item, const MLinkOwner& installation);
 
-    /// The files of links that are still there after `RemoveLinks`.
+    /// The files of links that are still there after `RemoveLinks` and should not be, and folders that hold
+    /// nothing.
     [[nodiscard]] const MList<MString>& GetFailures() const { return failures; }
+    /// Folders that hold something else.
+    [[nodiscard]] const MList<MString>& GetKeptFolders() const { return keptFolders; }
 
 private:
     [[nodiscard]] MString GetLinkPath(const MString& directory, const MXMLItem& shortcut) const;
 
     bool adminRights;
     MList<MString> failures;
+    MList<MString> keptFolders;
 };

@@ -22,6 +22,33 @@ MRegistryKey OpenOrBegin() {
     return programs;
 }
 
+/// Where the subkey of an installation is; if it has none, where one would be.
+struct Finding {
+    MFolderOwner owner;
+    bool isOfAnother;
+};
+
+Finding Find(const MString& key, const MString& mainPath, const MList<MFolderOwner>& owners) {
+    bool isOfAnother = false;
+    for (const MFolderOwner owner : owners) {
+        const MFolderOwnerScope scope(owner, mainPath);
+        MRegistryKey programs;
+        MRegistryKey program;
+        if (!MGuard("MUninstallEntry", [&] {
+                programs.Open(MRegistryRoot::LocalMachine, MUninstallKeyName);
+                program.Open(programs, key);
+            }))
+            continue;
+        MString location = mainPath;
+        MGuard("MUninstallEntry", [&] {
+            location = MFile::Normalize(MPlatform::TakePathText(program.GetValue("InstallLocation")));
+        });
+        if (MFile::IsSame(location, mainPath)) return {owner, false};
+        isOfAnother = true;
+    }
+    return {owners[0], isOfAnother};
+}
+
 }  // namespace
 
 void MUninstallEntry::Write() const {
@@ -39,8 +66,16 @@ void MUninstallEntry::Write() const {
     program.SetValue("NoRepair", 1);
 }
 
-void MUninstallEntry::Delete(const MString& key) {
+void MUninstallEntry::Delete(const MString& key, const MString& mainPath, const MList<MFolderOwner>& owners) {
+    const Finding finding = Find(key, mainPath, owners);
+    if (finding.isOfAnother) return;
+    const MFolderOwnerScope scope(finding.owner, mainPath);
     MRegistryKey programs;
     programs.Open(MRegistryRoot::LocalMachine, MUninstallKeyName);
     MRegistryKey::Delete(programs, key);
+}
+
+bool MUninstallEntry::IsOfAnother(const MString& key, const MString& mainPath,
+                                  const MList<MFolderOwner>& owners) {
+    return Find(key, mainPath, owners).isOfAnother;
 }

@@ -3,6 +3,7 @@
 #include "foundation/files/MInstallationNames.h"
 #include "foundation/xml/MXMLSubItems.h"
 #include "install/engine/MInstallProcessor.h"
+#include "install/registration/MRegistrationOwner.h"
 #include "install/registration/MShortcuts.h"
 #include "install/registration/MUninstallEntry.h"
 #include "install/run/MInstallCheck.h"
@@ -87,6 +88,7 @@ void MInstallRun::SaveState() {
     MXMLItem& definition = session.GetDefinition();
     definition.SetAttribute("mainpath", mainPath);
     definition.SetAttribute("adminrights", session.AdminRights ? "1" : "0");
+    MRegistrationOwner::Note(definition);
     MOutputFile state(MGetStatePath(mainPath));
     definition.Save(state, false, "utf-8");
     state.Commit();

@@ -5,6 +5,7 @@
 #include "foundation/files/MFile.h"
 #include "foundation/files/MFileAccess.h"
 #include "foundation/files/MInstallationNames.h"
+#include "install/registration/MRegistrationOwner.h"
 #include "install/registration/MShortcuts.h"
 #include "install/registration/MUninstallEntry.h"
 #include "install/run/MInstallState.h"
@@ -23,16 +24,14 @@ MUninstallRun::MUninstallRun(const MString& directory, const MInstallViews& view
 void MUninstallRun::PerformUninstallation() {
     const MSetupLocks locks(mainPath, productName);
     processor = std::make_unique<MInstallProcessor>();
-    MShortcuts shortcuts(state.GetInt32Attribute("adminrights", 0) != 0);
     views.ShowInfo(MTranslate("Removing files..."));
     MInstallViews bar;
     bar.totalBar = views.totalBar;
     processor->Perform(state, nullptr, bar, MRunKind::Uninstall);
-    RemoveLinks(shortcuts);
-
     const MString key = state.GetAttribute("installationname", productName);
+    RemoveLinks(key);
     try {
-        MUninstallEntry::Delete(key);
+        MUninstallEntry::Delete(key, mainPath, MRegistrationOwner::OfEntry(state));
     } catch (const MException& exception) {
         views.dialogs->ShowError(exception.GetMessage());
         leftovers.Add(MFormat(MTranslate("the entry \"{0}\" in the list of installed programs"), key));
@@ -42,21 +41,43 @@ void MUninstallRun::PerformUninstallation() {
     views.ShowInfo(MTranslate("Done."));
 }
 
-void MUninstallRun::RemoveLinks(MShortcuts& shortcuts) {
-    try {
-        shortcuts.RemoveLinks(shortcuts.GetDirectory(), state);
-    } catch (const MException&) {
+void MUninstallRun::RemoveLinks(const MString& key) {
+    const MLinkOwner installation{
+        mainPath, MUninstallEntry::IsOfAnother(key, mainPath, MRegistrationOwner::OfEntry(state))};
+    MShortcuts shortcuts(state.GetInt32Attribute("adminrights", 0) != 0);
+    for (const MFolderOwner owner : MRegistrationOwner::OfLinks(state)) {
+        const MFolderOwnerScope scope(owner, mainPath);
         try {
-            shortcuts.RemoveLinks(shortcuts.GetFormerDirectory(), state);
+            shortcuts.RemoveLinks(shortcuts.GetDirectory(), state, installation);
         } catch (const MException&) {
-            ++failureCount;
+            try {
+                shortcuts.RemoveLinks(shortcuts.GetFormerDirectory(), state, installation);
+            } catch (const MException&) {
+                ++failureCount;
+            }
         }
     }
     for (const MString& link : shortcuts.GetFailures()) leftovers.Add(link);
+    keptFolders = shortcuts.GetKeptFolders();
 }
 
 MList<MString> MUninstallRun::GetLeftovers() const {
     MList<MString> all = leftovers;
     for (const MString& path : processor->GetRemover().GetLeftovers()) all.Add(path);
     return all;
+}
+
+MList<MString> MUninstallRun::GetKeptDirectories() const {
+    MList<MString> kept;
+    const auto add = [&](const MString& path) {
+        for (const MString& other : kept)
+            if (MFile::IsSame(path, other)) return;
+        // What held the last file of another part may have been emptied since.
+        bool holdsSomething = false;
+        MGuard("MUninstallRun", [&] { holdsSomething = !MFile::GetFileList(path).IsEmpty(); });
+        if (holdsSomething) kept.Add(path);
+    };
+    for (const MString& path : processor->GetRemover().GetKeptDirectories()) add(path);
+    for (const MString& path : keptFolders) add(path);
+    return kept;
 }

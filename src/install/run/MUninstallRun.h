@@ -5,8 +5,6 @@
 
 #include <memory>
 
-class MShortcuts;
-
 /// The removing of an installation, from what its "setup.state" says. Files below containers with
 /// `rewritable` or `uninstall` 0 stay, and so do directories that hold anything else, the program itself and
 /// the log.
@@ -29,13 +27,11 @@ public:
     }
     /// What is still there and should not be: files, links, empty directories, the key, the state.
     [[nodiscard]] MList<MString> GetLeftovers() const;
-    /// Directories that stay because they hold something else.
-    [[nodiscard]] MList<MString> GetKeptDirectories() const {
-        return processor->GetRemover().GetKeptDirectories();
-    }
+    /// Directories that stay because they hold something else, those of links too; each once.
+    [[nodiscard]] MList<MString> GetKeptDirectories() const;
 
 private:
-    void RemoveLinks(MShortcuts& shortcuts);
+    void RemoveLinks(const MString& key);
 
     MInstallViews views;
     MXMLItem state;
@@ -44,4 +40,5 @@ private:
     std::unique_ptr<MInstallProcessor> processor;
     int32_t failureCount = 0;
     MList<MString> leftovers;
+    MList<MString> keptFolders;
 };

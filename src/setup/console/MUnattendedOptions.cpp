@@ -1,6 +1,7 @@
 #include "setup/console/MUnattendedOptions.h"
 
 #include "foundation/files/MFile.h"
+#include "foundation/module/MPlatform.h"
 
 namespace {
 
@@ -64,7 +65,8 @@ void MUnattendedOptions::ReadWord(const MString& word, const MString& startDirec
         const char* const advice = "write directory:ID=PATH";
         const auto [name, path] = SplitChoice(word, *directory, directory->FindChar('='), advice);
         if (path.IsEmpty()) RaiseWord(word, advice);
-        const MString complete = MFile::IsAbsolute(path) ? path : MFile::Join(startDirectory, path);
+        const MString given = MPlatform::TakePathText(path);
+        const MString complete = MFile::IsAbsolute(given) ? given : MFile::Join(startDirectory, given);
         directories.Add({name, MFile::Normalize(complete)});
     } else if (const auto removal = TextAfter(word, "remove-older=")) {
         removeOlder = FindAnswer<bool>(word, *removal, {{"yes", true}, {"no", false}},

@@ -1,4 +1,4 @@
-#include "foundation/files/posix/MNativePath.h"
+#include "foundation/text/MUnicode.h"
 #include "setup/MProcessStart.h"
 
 #include <csignal>
@@ -9,6 +9,6 @@ int main(int argumentCount, char** arguments) {
     MList<MString> words;
     // A command line without words holds the program's own path, which no keyword equals.
     const int first = argumentCount > 1 ? 1 : 0;
-    for (int i = first; i < argumentCount; ++i) words.Add(MPathFromNative(arguments[i]));
+    for (int i = first; i < argumentCount; ++i) words.Add(MDecodeUTF8Exact(arguments[i]));
     return MRunSetupProcess(nullptr, words);
 }

@@ -24,6 +24,21 @@ std::string EscapeValue(std::string_view text) {
     return value;
 }
 
+/// Takes back what `EscapeValue` has done.
+std::string UnescapeValue(std::string_view value) {
+    constexpr std::string_view letters = "sntr";
+    std::string text;
+    for (size_t i = 0; i < value.size(); ++i) {
+        if (value[i] != '\\' || i + 1 == value.size()) {
+            text += value[i];
+            continue;
+        }
+        const size_t letter = letters.find(value[++i]);
+        text += letter == std::string_view::npos ? value[i] : " \n\t\r"[letter];
+    }
+    return text;
+}
+
 /// A word of a command. What a shell would expand within the quotes is escaped, and a percent sign is doubled
 /// since field codes begin with one.
 std::string QuoteWord(std::string_view word) {
@@ -85,6 +100,14 @@ void MDesktopEntry::SetCommand(const MList<MString>& words, const MString& direc
     AddLine("Exec", QuoteCommand(MakeProgramPlain(words)));
     AddLine("Path", MEncodeUTF8Exact(directory));
     AddLine("Terminal", "false");
+}
+
+std::string MDesktopEntry::ReadDirectory(std::string_view text) {
+    constexpr std::string_view key = "\nPath=";
+    const size_t line = text.find(key);
+    if (line == std::string_view::npos) return {};
+    const size_t start = line + key.size();
+    return UnescapeValue(text.substr(start, std::min(text.find('\n', start), text.size()) - start));
 }
 
 const std::string& MDesktopEntry::GetText() const {

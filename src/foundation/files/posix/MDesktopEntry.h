@@ -4,6 +4,7 @@
 #include "foundation/text/MString.h"
 
 #include <string>
+#include <string_view>
 
 /// The text of an application's entry by the freedesktop desktop entry specification, version 1.5.
 ///
@@ -19,6 +20,8 @@ public:
     /// Raises "A desktop entry cannot hold \"{0}\"." for control characters that the format cannot
     /// escape.
     void SetCommand(const MList<MString>& words, const MString& directory);
+    /// The directory that the command of an entry's text is started in; empty if it says none.
+    [[nodiscard]] static std::string ReadDirectory(std::string_view text);
     /// The whole entry, in UTF-8. Raises "A desktop entry cannot hold names that are no UTF-8.".
     [[nodiscard]] const std::string& GetText() const;
 

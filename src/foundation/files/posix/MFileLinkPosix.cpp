@@ -3,7 +3,9 @@
 #include "foundation/files/posix/MCommandLineWords.h"
 #include "foundation/files/posix/MDesktopEntry.h"
 #include "foundation/files/posix/MNativePath.h"
+#include "streams/basic/MMemoryStream.h"
 #include "streams/basic/MOutputFile.h"
+#include "streams/basic/MStdFileStream.h"
 
 #include <cerrno>
 #include <unistd.h>
@@ -47,4 +49,13 @@ bool MWriteShellLink(const MString& path, const MString& target, const MString& 
     file.Write(text.data(), static_cast<int32_t>(text.size()));
     file.CommitProgram();
     return true;
+}
+
+MString MReadShellLinkDirectory(const MString& path) {
+    MStdFileStream file;
+    file.Open(path, MOpenRead);
+    MMemoryStream text;
+    file.CopyAllTo(text);
+    return MPathFromNative(
+        MDesktopEntry::ReadDirectory({text.GetBuffer().Get(), static_cast<size_t>(text.GetSize())}));
 }

@@ -7,5 +7,7 @@ std::string MNativePath(const MString& path) {
 }
 
 MString MPathFromNative(std::string_view path) {
-    return MDecodeUTF8Exact(path);
+    MString text = MDecodeUTF8Exact(path);
+    text.ReplaceChar('\\', MString::Copy(MRawBackslash, 2));
+    return text;
 }

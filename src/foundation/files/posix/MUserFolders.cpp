@@ -8,6 +8,7 @@
 #include <optional>
 #include <pwd.h>
 #include <string>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
@@ -41,6 +42,14 @@ std::optional<std::string> ParseUserDirectory(const std::string& line, const std
 
 MUserFolders::MUserFolders() : home(MFile::Normalize(MPathFromNative(FindHome()))) {}
 
+MUserFolders MUserFolders::OfOwner(const MString& path) {
+    struct stat status;
+    if (geteuid() != 0 || stat(MNativePath(path).c_str(), &status) != 0 || status.st_uid == 0) return {};
+    const passwd* owner = getpwuid(status.st_uid);
+    const MString home = MFile::Normalize(MPathFromNative(owner && owner->pw_dir ? owner->pw_dir : ""));
+    return home.IsEmpty() || !MFile::IsDirectory(home) ? MUserFolders() : MUserFolders(home);
+}
+
 MString MUserFolders::GetData() const {
     return GetBase("XDG_DATA_HOME", ".local/share");
 }
@@ -55,7 +64,7 @@ MString MUserFolders::GetNamed(const char* key, const char* defaultName) const {
 }
 
 MString MUserFolders::GetBase(const char* variable, const char* defaultName) const {
-    const char* value = std::getenv(variable);
+    const char* value = isOwn ? std::getenv(variable) : nullptr;
     if (value && *value == '/') return MFile::Normalize(MPathFromNative(value));
     return MFile::Join(home, defaultName);
 }

@@ -50,12 +50,22 @@ HRESULT Fill(IShellLinkW& link, const ITEMIDLIST* items, const MString& target, 
     return SUCCEEDED(result) ? link.SetWorkingDirectory(MNativePath(directory).c_str()) : result;
 }
 
-HRESULT Save(IShellLinkW& link, const MString& path) {
+InterfacePointer<IShellLinkW> CreateShellLink(HRESULT& result) {
+    void* created = nullptr;
+    result = CoCreateInstance(CLSID_ShellLink, nullptr, CLSCTX_INPROC_SERVER, IID_IShellLinkW, &created);
+    return InterfacePointer<IShellLinkW>(static_cast<IShellLinkW*>(created));
+}
+
+InterfacePointer<IPersistFile> GetFile(IShellLinkW& link, HRESULT& result) {
     void* found = nullptr;
-    const HRESULT result = link.QueryInterface(IID_IPersistFile, &found);
-    if (FAILED(result)) return result;
-    const InterfacePointer<IPersistFile> file(static_cast<IPersistFile*>(found));
-    return file->Save(MNativePath(path).c_str(), TRUE);
+    result = link.QueryInterface(IID_IPersistFile, &found);
+    return InterfacePointer<IPersistFile>(static_cast<IPersistFile*>(found));
+}
+
+HRESULT Save(IShellLinkW& link, const MString& path) {
+    HRESULT result;
+    const InterfacePointer<IPersistFile> file = GetFile(link, result);
+    return file ? file->Save(MNativePath(path).c_str(), TRUE) : result;
 }
 
 }  // namespace
@@ -68,15 +78,25 @@ bool MWriteShellLink(const MString& path, const MString& target, const MString& 
                      const MString& description) {
     const ComSession session;
     const ItemList items = ParseTarget(target);
-    void* created = nullptr;
-    HRESULT result =
-        items ? CoCreateInstance(CLSID_ShellLink, nullptr, CLSCTX_INPROC_SERVER, IID_IShellLinkW, &created)
-              : HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND);
-    if (SUCCEEDED(result)) {
-        const InterfacePointer<IShellLinkW> link(static_cast<IShellLinkW*>(created));
-        result = Fill(*link, items.get(), target, arguments, description);
+    HRESULT result = HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND);
+    if (items) {
+        const InterfacePointer<IShellLinkW> link = CreateShellLink(result);
+        if (link) result = Fill(*link, items.get(), target, arguments, description);
         if (SUCCEEDED(result)) result = Save(*link, path);
     }
     if (FAILED(result)) SetLastError(static_cast<DWORD>(result));
     return SUCCEEDED(result);
+}
+
+MString MReadShellLinkDirectory(const MString& path) {
+    const ComSession session;
+    HRESULT result;
+    const InterfacePointer<IShellLinkW> link = CreateShellLink(result);
+    if (!link) return {};
+    const InterfacePointer<IPersistFile> file = GetFile(*link, result);
+    wchar_t directory[INFOTIPSIZE] = {};
+    if (!file || FAILED(file->Load(MNativePath(path).c_str(), STGM_READ)) ||
+        FAILED(link->GetWorkingDirectory(directory, INFOTIPSIZE)))
+        return {};
+    return MFile::Normalize(MFromWide(directory));
 }

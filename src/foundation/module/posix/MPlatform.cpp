@@ -41,6 +41,10 @@ MString MPlatform::GetPathText(const MString& path) {
     return path;
 }
 
+MString MPlatform::TakePathText(const MString& text) {
+    return MPathFromNative(MNativePath(text));
+}
+
 void MPlatform::StartSubsystems() {
     // A peer that closes its socket or pipe is a failure of the write, not the end of the process.
     std::signal(SIGPIPE, SIG_IGN);

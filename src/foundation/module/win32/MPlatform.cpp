@@ -40,6 +40,10 @@ MString MPlatform::GetPathText(const MString& path) {
     return text;
 }
 
+MString MPlatform::TakePathText(const MString& text) {
+    return text;
+}
+
 void MPlatform::StartSubsystems() {
     // A drive without a medium is a failure of the call, not a box on the screen.
     SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX);
