@@ -4,6 +4,8 @@
 #include "foundation/base/MRaise.h"
 #include "streams/hashes/MMD5Text.h"
 
+#include <optional>
+
 namespace {
 
 [[noreturn]] void RaiseCorruptData() {
@@ -19,9 +21,9 @@ MString HashWithProgress(const MString& path, MUserDialogs& dialogs) {
                         [&](int64_t done) { progress->SetProgress(maximum, static_cast<double>(done)); });
 }
 
-/// The digest that the companion file holds; empty if there is none.
-MString ReadCompanion(const MString& path) {
-    MString digest;
+/// The line that the companion file holds, which may be empty; nothing without a companion, or without a line in it.
+std::optional<MString> ReadCompanion(const MString& path) {
+    std::optional<MString> digest;
     MGuard("No md5 is available.", [&] {
         MStdFileStream companion;
         companion.Open(path + ".md5", MOpenRead);
@@ -45,15 +47,15 @@ MString FindCorruptParts(const MMultiFileStream& parts, MUserDialogs& dialogs) {
 }  // namespace
 
 bool MCheckDataFile(const MString& path, MUserDialogs& dialogs) {
-    const MString expected = ReadCompanion(path);
-    if (expected.IsEmpty()) return true;
+    const std::optional<MString> expected = ReadCompanion(path);
+    if (!expected) return true;
     MString digest;
     try {
         digest = HashWithProgress(path, dialogs);
     } catch (const MException&) {
         RaiseCorruptData();
     }
-    if (digest == expected) return true;
+    if (digest == *expected) return true;
     return dialogs.AskYesNo(MTranslate(
         "We are very sorry, but the installer is corrupt. It is strongly recommended to download it "
         "again.\n\nDo you want to try to install the software anyway?"));

@@ -5,7 +5,7 @@
 #include "streams/file_sets/MMultiFileStream.h"
 
 /// Compares "setup.dat" at `path` with the digest in its companion file, the path with ".md5" appended.
-/// Without a readable companion there is nothing to compare. False if they differ and the user declines
+/// Without a companion that has a line there is nothing to compare. False if they differ and the user declines
 /// to go on. Raises what reading the data raises.
 [[nodiscard]] bool MCheckDataFile(const MString& path, MUserDialogs& dialogs);
 

@@ -5,13 +5,6 @@
 
 namespace {
 
-MString HashFile(const MString& name, MUserDialogs& dialogs) {
-    MStdFileStream file;
-    file.Open(name, MOpenRead);
-    const auto progress = dialogs.OpenProgress(MTranslate("Generating MD5..."));
-    return MMD5OfStream(file);
-}
-
 void WriteCompanion(const MString& name, const MString& digest) {
     MStdFileStream companion;
     companion.Open(name + ".md5", MOpenWrite | MOpenCreate);
@@ -26,8 +19,12 @@ void MRunMD5Tool(const MList<MString>& arguments, MConsoleStream& console, MUser
         console.WriteLine("Generate MD5");
         const MString name = arguments.GetCount() >= 2 ? arguments[1] : MString("setup.dat");
         console.WriteLine(name);
+        MStdFileStream file;
+        file.Open(name, MOpenRead);
         console.WriteLine("Processing...");
-        const MString digest = HashFile(name, dialogs);
+        auto progress = dialogs.OpenProgress(MTranslate("Generating MD5..."));
+        const MString digest = MMD5OfStream(file);
+        progress.reset();
         console.WriteLine("Resulting hash: " + digest);
         WriteCompanion(name, digest);
         dialogs.ShowText(MTranslate("Resulting MD5 hash is"), digest);

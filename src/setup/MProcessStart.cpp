@@ -12,6 +12,14 @@ int32_t MRunSetupProcess(void* instance, const MList<MString>& arguments) {
     MWatchForProcessorFaults(isSilent);
     try {
         const MList<MString> words = MUnattendedOptions::WithoutRequest(arguments);
+        // The tool is a maker's, who reads what it shows; and whoever installs silently means no tool.
+        if (isSilent && !words.IsEmpty() && words[0] == "md5") {
+            MUnattendedDialogs(MRetryAnswer::Refuse)
+                .ShowError(
+                    MTranslate("The words silent and md5 cannot be used together: the tool that writes a "
+                               "digest is started by md5 alone."));
+            return MExitRefused;
+        }
         std::unique_ptr<MFrontEnd> frontEnd;
         if (isSilent)
             frontEnd = std::make_unique<MSilentFrontEnd>(words);

@@ -1,5 +1,6 @@
 #include "foundation/base/MGuard.h"
-#include "install/registration/MUninstallEntry.h"
+#include "foundation/files/MInstallationNames.h"
+#include "foundation/files/MRegistryKey.h"
 #include "tests/end_to_end/EndToEndFixture.h"
 #include "tests/support/MKilledProgram.h"
 #include "tests/support/MTestPresets.h"
@@ -72,7 +73,8 @@ protected:
     }
     void TearDown() override {
         machine.Restore();
-        MGuard("KilledUpgradeTest", [] { MUninstallEntry::Delete("Test Product"); });
+        const MString key = MString(MUninstallKeyName) + "\\Test Product";
+        MGuard("KilledUpgradeTest", [&] { MRegistryKey::Delete(MRegistryRoot::LocalMachine, key); });
     }
 
     /// Packs a version, with more children of the root, and gives the installer's path.

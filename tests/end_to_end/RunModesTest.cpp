@@ -93,4 +93,10 @@ TEST_F(RunModesTest, TheMD5ToolHashesDataOfTheCurrentDirectory) {
     EXPECT_EQ(ReadHome("setup.dat.md5"), "900150983CD24FB0D6963F7D28E17F72\n");
     const MProgramResult failed = Start(program, ToList({"md5", "missing"}));
     EXPECT_EQ(failed.errors, "File \"missing\" could not be open. Make sure it exists.\n");
+    EXPECT_EQ(failed.exitCode, 0);
+    EXPECT_THAT(failed.output, testing::Not(HasSubstr("Processing")));
+    const MProgramResult refused = Start(program, ToList({"silent", "md5", "setup.dat"}));
+    EXPECT_EQ(refused.exitCode, 2);
+    EXPECT_THAT(refused.errors, HasSubstr("silent and md5"));
+    EXPECT_EQ(refused.output, "");
 }

@@ -1,6 +1,7 @@
 #include "foundation/base/MGuard.h"
 #include "foundation/files/MInstallationNames.h"
 #include "foundation/files/MRegistryKey.h"
+#include "install/registration/MRegistrationOwner.h"
 #include "install/registration/MShortcuts.h"
 #include "install/registration/MUninstallEntry.h"
 #include "install/run/MUninstallRun.h"
@@ -35,9 +36,19 @@ protected:
         library.SetAttribute("mainpath", GetTarget());
         library.SetAttribute("adminrights", 1);
         library.SetAttribute("installationname", EntryName);
+        MRegistrationOwner::Note(library);
         library.SaveFile(InTarget("setup.state"), false, "utf-8");
-        MShortcuts(true).CreateLinks(MShortcuts(true).GetDirectory(), library, {GetTarget(), Keep});
-        MUninstallEntry{EntryName, "Test", InTarget("setup")}.Write();
+        Register("target");
+    }
+    /// Creates the links of the definition, and the entry, as if it had been installed in that folder.
+    void Register(const char* folder) {
+        const auto expand = [&](MString path) {
+            path.Replace(GetTarget(), scratch.Join(folder));
+            return path;
+        };
+        const MShortcuts shortcuts(true);
+        shortcuts.CreateLinks(shortcuts.GetDirectory(), library, {scratch.Join(folder), expand});
+        MUninstallEntry{EntryName, "Test", MFile::Join(scratch.Join(folder), "setup")}.Write();
         isRegistered = true;
     }
     void Remove() {
@@ -122,6 +133,47 @@ TEST_F(RemovalTest, AMissingKeyIsToldBeforeTheStateGoes) {
     EXPECT_FALSE(isLinkThere);
     EXPECT_EQ(run->GetLeftovers().GetCount(), 1);
     EXPECT_TRUE(MFile::GetFileList(GetTarget()).IsEmpty());
+}
+
+TEST_F(RemovalTest, AnotherInstallationOfTheNameKeepsItsEntryAndLinks) {
+    InstallProduct(Files("/product", File("a", "1") + File("only here", "2")) +
+                   R"(<shortcutdirectory name="Menu"><shortcut name="Tool" destination="{to}/product/a"/>)"
+                   R"(<shortcut name="Rest" destination="{to}/product/only here"/>)"
+                   R"(<shortcut name="Web" destination="https://a.b"/></shortcutdirectory>)");
+    scratch.WriteFile("other/product/a", "1");
+    scratch.WriteFile("other/setup.state", "<install/>");
+    Register("other");
+    Remove();
+    EXPECT_TRUE(IsRegistered());
+    const MString menu = scratch.Join("startmenuprograms/Menu");
+    const auto isLink = [&](const char* name) { return !MFile::FindLink(MFile::Join(menu, name)).IsEmpty(); };
+    EXPECT_TRUE(isLink("Tool") && isLink("Web"));
+    EXPECT_FALSE(isLink("Rest"));
+    EXPECT_TRUE(dialogs.errors.empty());
+    EXPECT_EQ(Shorten(run->GetLeftovers()), "");
+    EXPECT_EQ(Shorten(run->GetKeptDirectories()), "Menu ");
+}
+
+TEST_F(RemovalTest, LinksAndEntryAreFoundWhereTheInstallationHasPutThem) {
+    for (const char* note : {"linkowner", "none"}) {
+        folders.SetOwner(MFolderOwner::User);
+        InstallProduct(
+            Files("/product", File("a", "1")) +
+            R"(<shortcutdirectory name="Menu"><shortcut name="Tool" destination="{to}/product/a"/>)"
+            R"(<shortcut name="Desk" desktop="1" destination="{to}"/></shortcutdirectory>)");
+        EXPECT_THAT(scratch.ListTree(), HasSubstr("userstartmenuprograms/Menu/Tool."));
+        EXPECT_EQ(Text(library.GetAttribute("linkowner")), "user");
+        for (const char* name : {"linkowner", "entryowner"})
+            if (!library.HasAttribute(note)) library.RemoveAttribute(name);
+        library.SaveFile(InTarget("setup.state"), false, "utf-8");
+        folders.SetOwner(MFolderOwner::Everybody);
+        Remove();
+        EXPECT_TRUE(dialogs.errors.empty()) << note;
+        EXPECT_THAT(scratch.ListTree(),
+                    Not(testing::AnyOf(HasSubstr("Menu"), HasSubstr("Desk."), HasSubstr(".value"))))
+            << note;
+        EXPECT_FALSE(IsRegistered());
+    }
 }
 
 TEST_F(RemovalTest, AStateThatLeadsElsewhereRemovesNothing) {

@@ -11,8 +11,11 @@ TEST_F(DataCheckTest, AsksOnlyWhenTheCompanionTellsOfDamage) {
     const std::string large = MTestNoise(2 * 0x100000 + 17);
     const std::tuple<std::string, std::string, bool> cases[] = {
         {"abc", "900150983CD24FB0D6963F7D28E17F72", false},  // RFC 1321
-        {"abc", "900150983cd24fb0d6963f7d28e17f72\r\n", false}, {"abc", "", false},
-        {"abc", "00000000000000000000000000000000\n", true},    {large, MTestDigest(large), false},
+        {"abc", "900150983cd24fb0d6963f7d28e17f72\r\n", false},
+        {"abc", "", false},
+        {"abc", "\n", true},
+        {"abc", "00000000000000000000000000000000\n", true},
+        {large, MTestDigest(large), false},
     };
     for (const auto& [content, companion, isAsked] : cases) {
         scratch.WriteFile("setup.dat", content);

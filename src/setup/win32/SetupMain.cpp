@@ -1,9 +1,9 @@
 #include "foundation/win32/MWindowsHeader.h"
 #include "setup/MProcessStart.h"
+#include "setup/win32/MArguments.h"
 
 #include <cstdio>
 #include <io.h>
-#include <shellapi.h>
 
 namespace {
 
@@ -18,19 +18,9 @@ void AttachToConsole() {
     (void)std::freopen("CONOUT$", "w", stderr);
 }
 
-MList<MString> SplitCommandLine(const wchar_t* commandLine) {
-    MList<MString> words;
-    int count = 0;
-    // For an empty line this gives the program's own path, which no keyword equals.
-    wchar_t** pieces = CommandLineToArgvW(commandLine, &count);
-    for (int i = 0; i < count; ++i) words.Add(MString::Copy(reinterpret_cast<const char16_t*>(pieces[i])));
-    LocalFree(pieces);
-    return words;
-}
-
 }  // namespace
 
 int WINAPI wWinMain(HINSTANCE instance, HINSTANCE, wchar_t* commandLine, int) {
     AttachToConsole();
-    return MRunSetupProcess(instance, SplitCommandLine(commandLine));
+    return MRunSetupProcess(instance, MSplitArguments(commandLine));
 }
