@@ -12,7 +12,8 @@ namespace {
 /// More than this no file system takes.
 constexpr int32_t MaximumNameSize = 255;
 
-constexpr std::u16string_view ForbiddenCharacters = u"<>:\"\\|?*";
+/// The last one is `MRawBackslash`, as which a backslash comes from a disk that allows it in names.
+constexpr std::u16string_view ForbiddenCharacters = u"<>:\"\\|?*\uF05C";
 
 bool IsForbidden(MChar character) {
     return character.IsControl() || ForbiddenCharacters.find(character) != std::u16string_view::npos;

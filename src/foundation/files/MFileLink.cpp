@@ -4,22 +4,11 @@
 #include "foundation/base/MRaise.h"
 #include "foundation/files/MFile.h"
 #include "foundation/module/MPlatform.h"
-#include "foundation/text/MUnicode.h"
-#include "streams/basic/MStdFileStream.h"
 
 namespace {
 
 bool IsInternetTarget(const MString& target) {
     return target.Contains("://");
-}
-
-bool WriteInternetShortcut(const MString& path, const MString& target) {
-    const std::string text = MEncodeUTF8Exact(MString("[InternetShortcut]\nURL=") + target + "\n");
-    MStdFileStream file;
-    file.Open(path, MOpenWrite | MOpenCreate);
-    file.Write(text.data(), static_cast<int32_t>(text.size()));
-    file.Close();
-    return true;
 }
 
 }  // namespace
@@ -29,10 +18,9 @@ void MFile::CreateLink(const MString& link, const MString& target, const MString
     MString reason;
     try {
         const MString& text = description.IsEmpty() ? GetFileName(link) : description;
-        if (IsInternetTarget(target)
-                ? WriteInternetShortcut(link + ".url", target)
-                : MWriteShellLink(link + "." + MShellLinkExtension(), target, arguments, text))
-            return;
+        if (IsInternetTarget(target))
+            return MWriteInternetLink(link + "." + MInternetLinkExtension(), target, text);
+        if (MWriteShellLink(link + "." + MShellLinkExtension(), target, arguments, text)) return;
         reason = MSystemErrorText();
     } catch (const MException& exception) {
         reason = exception.GetMessage();
@@ -41,6 +29,7 @@ void MFile::CreateLink(const MString& link, const MString& target, const MString
 }
 
 MString MFile::FindLink(const MString& link) {
+    // Where internet shortcuts are another kind of file now, earlier versions have left these.
     for (const MString& extension : {MString("url"), MShellLinkExtension()}) {
         const MString file = link + "." + extension;
         if (Exists(file)) return file;

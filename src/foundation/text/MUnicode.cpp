@@ -5,19 +5,21 @@
 
 namespace {
 
-/// Code points that stand for the bytes 0x80 to 0xFF of no valid sequence, and for the backslash.
+/// Code points that stand for the bytes 0x80 to 0xFF of no valid sequence.
 constexpr uint32_t RawByteBase = 0x10FE00;
 constexpr uint32_t FirstRawByte = RawByteBase + 0x80;
 constexpr uint32_t LastRawByte = RawByteBase + 0xFF;
 
 bool IsRawByte(uint32_t codePoint) {
-    return (codePoint >= FirstRawByte && codePoint <= LastRawByte) || codePoint == RawByteBase + '\\';
+    return codePoint >= FirstRawByte && codePoint <= LastRawByte;
 }
 
 void AppendEncoded(std::string& bytes, uint32_t codePoint) {
     const auto add = [&bytes](uint32_t byte) { bytes += static_cast<char>(byte); };
     const auto addTail = [&](int shift) { add(0x80 | (codePoint >> shift & 0x3F)); };
-    if (IsRawByte(codePoint)) {
+    if (codePoint == MRawBackslash) {
+        add('\\');
+    } else if (IsRawByte(codePoint)) {
         add(codePoint - RawByteBase);
     } else if (codePoint < 0x80) {
         add(codePoint);
@@ -58,13 +60,13 @@ size_t GetSequenceLength(uint8_t lead) {
     return lead < 0xF5 ? 4 : 0;
 }
 
-/// Whether a code point is written in the one way that is allowed. Those that stand for raw bytes are none
+/// Whether a code point is written in the one way that is allowed. Those that stand for a byte are none
 /// that may come in, or two different names would be read as one.
 bool IsValid(uint32_t codePoint, size_t length) {
     constexpr uint32_t least[] = {0, 0, 0x80, 0x800, 0x10000};
     if (codePoint < least[length] || codePoint > 0x10FFFF) return false;
     if (codePoint >= 0xD800 && codePoint <= 0xDFFF) return false;
-    return !IsRawByte(codePoint);
+    return !IsRawByte(codePoint) && codePoint != MRawBackslash;
 }
 
 uint32_t TakeCodePoint(std::string_view bytes, size_t& index) {

@@ -67,10 +67,12 @@ void MShortcuts::CreateLinks(const MString& directory, const MXMLItem& item,
 void MShortcuts::RemoveLinks(const MString& directory, const MXMLItem& item, const MLinkOwner& installation) {
     for (const MXMLItem& shortcut : MXMLSubItems(item, "shortcut")) {
         const MString link = GetLinkPath(directory, shortcut);
-        const MString file = MFile::FindLink(link);
-        if (file.IsEmpty() || installation.IsOfAnother(file)) continue;
-        MGuard("Links", [&] { MFile::DeleteLink(link); });
-        if (MFile::Exists(file)) failures.Add(file);
+        // There may be one of each kind, if an earlier version led elsewhere.
+        for (MString file; !(file = MFile::FindLink(link)).IsEmpty() && !installation.IsOfAnother(file);) {
+            if (MGuard("Links", [&] { MFile::DeleteLink(link); })) continue;
+            failures.Add(file);
+            break;
+        }
     }
     for (const MXMLItem& folder : MXMLSubItems(item, "shortcutdirectory")) {
         const MString path = MFile::Join(directory, folder.GetAttribute("name"));

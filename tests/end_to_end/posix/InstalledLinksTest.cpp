@@ -10,6 +10,7 @@ protected:
 TEST_F(InstalledLinksTest, AreValidAndStartWhatTheyNameUntilTheProductIsRemoved) {
     scratch.WriteFile("product/files/Read me.txt", "text");
     desktop.WriteRecorder(InProduct("files/editor.run"));
+    scratch.WriteFile("product/files/editor.png", "picture");
     Pack(
         ToDestination("files") +
         "<shortcutdirectory name=\"\xC5\x98\xC3\xA9verbs &amp; more\"><shortcutdirectory name=\"Tools\">"
@@ -17,7 +18,7 @@ TEST_F(InstalledLinksTest, AreValidAndStartWhatTheyNameUntilTheProductIsRemoved)
         "100%\">Edits; 50% faster</shortcut></shortcutdirectory>"
         "<shortcut name=\"Manual\" destination=\"{destination}/Read me.txt\"/>"
         "<shortcut name=\"Removal\" preset=\"uninstall\"/>"
-        "<shortcut name=\"Web\" destination=\"https://example.org/\"/></shortcutdirectory>"
+        "<shortcut name=\"Web\" destination=\"https://example.org/?a=%20b&amp;c;d\"/></shortcutdirectory>"
         "<shortcut name=\"Editor\" desktop=\"1\" destination=\"{destination}/editor.run\"/>");
     const MProgramResult result = InstallSilently();
     ASSERT_EQ(result.exitCode, 0) << result.errors;
@@ -28,6 +29,7 @@ TEST_F(InstalledLinksTest, AreValidAndStartWhatTheyNameUntilTheProductIsRemoved)
         {MFile::Join(folder, "Tools/Editor.desktop"), directory + "[--file]\n[my song]\n[100%]\n"},
         {MFile::Join(folder, "Manual.desktop"), directory + "[" + Text(InHome("to/Read me.txt")) + "]\n"},
         {MFile::Join(folder, "Removal.desktop"), directory + "[uninstall]\n"},
+        {MFile::Join(folder, "Web.desktop"), Text(InHome("")) + "\n[https://example.org/?a=%20b&c;d]\n"},
         {InHome("Desktop/Editor.desktop"), directory},
     };
     MFile::Rename(InHome("to/setup.run"), InHome("to/setup"));
@@ -37,8 +39,9 @@ TEST_F(InstalledLinksTest, AreValidAndStartWhatTheyNameUntilTheProductIsRemoved)
         EXPECT_EQ(desktop.Validate(link), "");
         EXPECT_EQ(desktop.Launch(link), record);
     }
-    EXPECT_EQ(MReadTestFile(MFile::Join(folder, "Web.url")),
-              "[InternetShortcut]\nURL=https://example.org/\n");
+    EXPECT_THAT(MReadTestFile(InHome("Desktop/Editor.desktop")),
+                HasSubstr("\nIcon=" + Text(InHome("to/editor.png")) + "\n"));
+    EXPECT_THAT(MReadTestFile(links[1].first), HasSubstr("\nIcon=text-x-generic\n"));
 
     MFile::Delete(InHome("to/setup.run"));
     MFile::Rename(InHome("to/setup"), InHome("to/setup.run"));

@@ -98,8 +98,13 @@ void MDesktopEntry::SetCommand(const MList<MString>& words, const MString& direc
     for (const MString& word : words) RefuseControls(word);
     RefuseControls(directory);
     AddLine("Exec", QuoteCommand(MakeProgramPlain(words)));
-    AddLine("Path", MEncodeUTF8Exact(directory));
+    if (!directory.IsEmpty()) AddLine("Path", MEncodeUTF8Exact(directory));
     AddLine("Terminal", "false");
+    AddLine("Categories", "AudioVideo;Audio;");
+}
+
+void MDesktopEntry::SetIcon(const MString& icon) {
+    AddLine("Icon", MEncodeUTF8Exact(icon));
 }
 
 std::string MDesktopEntry::ReadDirectory(std::string_view text) {

@@ -8,6 +8,6 @@ std::string MNativePath(const MString& path) {
 
 MString MPathFromNative(std::string_view path) {
     MString text = MDecodeUTF8Exact(path);
-    text.ReplaceChar('\\', MString::Copy(MRawBackslash, 2));
+    text.ReplaceChar('\\', MString::Copy(&MRawBackslash, 1));
     return text;
 }

@@ -1,7 +1,9 @@
 #include "foundation/files/MFile.h"
 #include "foundation/files/MFileLink.h"
 #include "foundation/files/win32/MNativePath.h"
+#include "foundation/text/MUnicode.h"
 #include "foundation/win32/MWindowsHeader.h"
+#include "streams/basic/MStdFileStream.h"
 
 #include <memory>
 #include <shlobj.h>
@@ -72,6 +74,18 @@ HRESULT Save(IShellLinkW& link, const MString& path) {
 
 MString MShellLinkExtension() {
     return "lnk";
+}
+
+MString MInternetLinkExtension() {
+    return "url";
+}
+
+void MWriteInternetLink(const MString& path, const MString& address, const MString& /*description*/) {
+    const std::string text = MEncodeUTF8Exact(MString("[InternetShortcut]\nURL=") + address + "\n");
+    MStdFileStream file;
+    file.Open(path, MOpenWrite | MOpenCreate);
+    file.Write(text.data(), static_cast<int32_t>(text.size()));
+    file.Close();
 }
 
 bool MWriteShellLink(const MString& path, const MString& target, const MString& arguments,

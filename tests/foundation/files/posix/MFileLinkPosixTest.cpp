@@ -45,6 +45,8 @@ TEST_F(MFileLinkPosix, ProgramsOfAnyNameAreStartedWithTheirArguments) {
         EXPECT_EQ(desktop.Validate(scratch.Join("Entry.desktop")), "");
         EXPECT_EQ(desktop.Launch(scratch.Join("Entry.desktop")),
                   Text(MFile::GetDirectory(program)) + "\n" + expected);
+        EXPECT_EQ(Text(MFile::GetLinkDirectory(scratch.Join("Entry.desktop"))),
+                  Text(MFile::GetDirectory(program)));
     }
 }
 

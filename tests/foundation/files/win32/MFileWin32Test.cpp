@@ -60,6 +60,9 @@ TEST(MFileWin32, ShellLinksHoldWhatTheyWereGiven) {
     MFile::CreateLink(scratch.Join("Link"), target, "uninstall \"a b\"", "");
     EXPECT_EQ(ReadShellLink(scratch.Join("Link.lnk")),
               native(target) + "\nuninstall \"a b\"\nLink\n" + native(directory) + "\n");
+    EXPECT_EQ(Text(MFile::GetLinkDirectory(scratch.Join("Link.lnk"))), Text(directory));
+    MFile::CreateLink(scratch.Join("Web"), "https://example.org/?a=%20", "", "");
+    EXPECT_EQ(scratch.ReadFile("Web.url"), "[InternetShortcut]\nURL=https://example.org/?a=%20\n");
 }
 
 TEST(MFileWin32, ProgramsGiveTheirExitCode) {
