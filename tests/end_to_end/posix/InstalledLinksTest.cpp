@@ -1,3 +1,4 @@
+#include "foundation/files/posix/MNativePath.h"
 #include "tests/end_to_end/EndToEndFixture.h"
 #include "tests/support/posix/MTestDesktop.h"
 
@@ -48,4 +49,29 @@ TEST_F(InstalledLinksTest, AreValidAndStartWhatTheyNameUntilTheProductIsRemoved)
     EXPECT_EQ(Start(GetRemover("to"), ToList({"silent"})).exitCode, 0);
     for (const auto& [link, record] : links) EXPECT_FALSE(MFile::Exists(link)) << Text(link);
     EXPECT_FALSE(MFile::Exists(folder));
+}
+
+// Backslashes of a definition separate, those in the names of folders do not.
+TEST_F(InstalledLinksTest, AHomeWithABackslashInItsNameIsUsedAndLeftAsItWas) {
+    const MString home = InHome(MPathFromNative("up\\down"));
+    MFile::CreatePath(home);
+    OpenForEverybody(home);
+    scratch.WriteFile("product/files/tool.run", "#!/bin/sh\n");
+    PackAs(GetInstaller(), "name=\"Test Product\"",
+           R"(<directory id="opt" name="O" default="{programfiles}\Tool"/>)"
+           R"(<files path="files" destination="{opt}\in\bin" required="1"/>)" +
+               ToDestination("files") + R"(<shortcut name="Tool" destination="{opt}\in\bin\tool.run"/>)");
+    MList<MString> words = ToList({"silent"});
+    words.Add("directory:destination=" + InHome("up\\down/main"));
+    const MString link = MFile::Join(home, ".local/share/applications/Tool.desktop");
+    MProgramResult result = MRunTestProgram(GetInstaller(), words, InHome(""), home);
+    ASSERT_EQ(result.exitCode, 0) << result.errors;
+    EXPECT_TRUE(MFile::Exists(MFile::Join(home, ".local/opt/Tool/in/bin/tool.run")));
+    EXPECT_EQ(Text(MFile::GetLinkDirectory(link)), Text(InHome("up\\down/.local/opt/Tool/in/bin")));
+    result = MRunTestProgram(MFile::Join(home, "main/setup.run"), ToList({"silent"}), home, home);
+    ASSERT_EQ(result.exitCode, 0) << result.errors;
+    EXPECT_FALSE(MFile::Exists(link));
+    EXPECT_FALSE(MFile::Exists(MFile::Join(home, ".local/opt/Tool/in/bin")));
+    EXPECT_FALSE(MFile::Exists(MFile::Join(home, "main/tool.run")));
+    EXPECT_FALSE(IsInHome("up"));
 }

@@ -43,6 +43,10 @@ TEST_F(MFileOperations, FilesAndDirectoriesAreToldApart) {
         EXPECT_EQ(answers, expected) << Text(path);
     }
     EXPECT_TRUE(MFile::Exists("") && MFile::IsDirectory("") && MFile::IsValidDirectory(""));
+    MFile::CreatePath(scratch.Join("x"));
+    EXPECT_TRUE(MFile::IsSame(scratch.Join("x"), scratch.GetPath() + "/x/../x"));
+    EXPECT_FALSE(MFile::IsSame(scratch.Join("x"), scratch.GetPath()));
+    EXPECT_FALSE(MFile::IsSame(scratch.Join("missing"), scratch.Join("missing too")));
     scratch.WriteFile("setup.state", "");
     EXPECT_TRUE(MFile::IsInstallation(scratch.GetPath()));
 }

@@ -33,6 +33,12 @@ TEST(MSpecialFoldersTest, TheUsersFoldersLieInTheHomeOrWhereTheirFileSays) {
     EXPECT_EQ(path(MSpecialFolderTemporary), home);
     const MTestVariable missing("TMPDIR", home + "/missing");
     EXPECT_EQ(path(MSpecialFolderTemporary), "/tmp");
+    const auto pathOf = [](MFolderOwner owner, int32_t folder) {
+        return Text(MGetPlatformFolders().GetPathOf(owner, "/missing", folder));
+    };
+    EXPECT_EQ(pathOf(MFolderOwner::User, MSpecialFolderStartMenuPrograms), home + "/data/applications");
+    EXPECT_EQ(pathOf(MFolderOwner::Everybody, MSpecialFolderStartMenu), "/usr/local/share/applications");
+    EXPECT_EQ(pathOf(MFolderOwner::Everybody, MSpecialFolderData), "/var/lib/Corvanth");
     for (int32_t folder = 0; folder < MSpecialFolderUserTemporary; ++folder)
         EXPECT_TRUE(MFile::IsAbsolute(MGetPlatformFolders().GetPath(folder))) << folder;
     EXPECT_EQ(path(MSpecialFolderCount), "");
