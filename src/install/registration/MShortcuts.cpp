@@ -68,7 +68,9 @@ void MShortcuts::RemoveLinks(const MString& directory, const MXMLItem& item, con
     for (const MXMLItem& shortcut : MXMLSubItems(item, "shortcut")) {
         const MString link = GetLinkPath(directory, shortcut);
         // There may be one of each kind, if an earlier version led elsewhere.
-        for (MString file; !(file = MFile::FindLink(link)).IsEmpty() && !installation.IsOfAnother(file);) {
+        for (int32_t kind = 0; kind < 2; ++kind) {
+            const MString file = MFile::FindLink(link);
+            if (file.IsEmpty() || installation.IsOfAnother(file)) break;
             if (MGuard("Links", [&] { MFile::DeleteLink(link); })) continue;
             failures.Add(file);
             break;

@@ -67,6 +67,7 @@ void MInstallRun::Enter() {
 }
 
 void MInstallRun::Perform() {
+    const std::unique_ptr<MSetupLocks> held = std::move(locks);
     MInstallProcessor processor;
     processor.Perform(session.GetDefinition(), session.Library, views, MRunKind::Install);
 

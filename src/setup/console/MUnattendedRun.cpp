@@ -40,11 +40,12 @@ void MUnattendedRun::Validate() {
 void MUnattendedRun::Perform() {
     ChooseComponents();
     ChooseDirectories();
-    if (options.removeOlder) RemoveOlderVersions();
-    run.Enter();
+    options.removeOlder ? RemoveOlderVersions() : run.Check();
+    // A program of a page may be another setup: none starts while this one keeps others away.
     MPathMacros macrosAtStart;
     macrosAtStart.CreatePathMacros(false);
     StartPrograms("onstart", macrosAtStart);
+    run.Enter();
     directories.Remember();
     run.Perform();
 }

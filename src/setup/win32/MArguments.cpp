@@ -9,8 +9,12 @@
 MList<MString> MSplitArguments(const wchar_t* commandLine) {
     // The system takes the first word for a program's name, in which a quotation mark holds nothing together, and an
     // empty line for that of the caller.
-    const bool isEmpty = std::wstring(commandLine).find_first_not_of(L" \t") == std::wstring::npos;
-    const std::wstring line = isEmpty ? L"" : std::wstring(L"setup ") + commandLine;
+    std::wstring line = commandLine;
+    const bool isEmpty = line.find_first_not_of(L" \t") == std::wstring::npos;
+    if (isEmpty)
+        line.clear();
+    else
+        line.insert(0, L"setup ");
     MList<MString> words;
     int count = 0;
     wchar_t** pieces = CommandLineToArgvW(line.c_str(), &count);
