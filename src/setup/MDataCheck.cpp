@@ -21,7 +21,8 @@ MString HashWithProgress(const MString& path, MUserDialogs& dialogs) {
                         [&](int64_t done) { progress->SetProgress(maximum, static_cast<double>(done)); });
 }
 
-/// The line that the companion file holds, which may be empty; nothing without a companion, or without a line in it.
+/// The line that the companion file holds, which may be empty; nothing without a companion, or without a line
+/// in it.
 std::optional<MString> ReadCompanion(const MString& path) {
     std::optional<MString> digest;
     MGuard("No md5 is available.", [&] {

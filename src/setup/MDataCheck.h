@@ -5,8 +5,8 @@
 #include "streams/file_sets/MMultiFileStream.h"
 
 /// Compares "setup.dat" at `path` with the digest in its companion file, the path with ".md5" appended.
-/// Without a companion that has a line there is nothing to compare. False if they differ and the user declines
-/// to go on. Raises what reading the data raises.
+/// Without a companion that has a line there is nothing to compare. False if they differ and the user
+/// declines to go on. Raises what reading the data raises.
 [[nodiscard]] bool MCheckDataFile(const MString& path, MUserDialogs& dialogs);
 
 /// Opens the data at `path`. Raises "Setup data file is corrupt. Please download it again or contact

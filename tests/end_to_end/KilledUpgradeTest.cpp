@@ -41,8 +41,8 @@ std::string MakeShippedPresets(const std::string& version) {
            "\"/></preset></Directory></Directory></Killedpresets>";
 }
 
-/// What a musician has made of those of version 1: "Mine" and "My Sea" are new, "Init" and "Warm" are changed,
-/// "Only 1" is deleted.
+/// What a musician has made of those of version 1: "Mine" and "My Sea" are new, "Init" and "Warm" are
+/// changed, "Only 1" is deleted.
 std::string MakeUsersPresets() {
     return "<Killedpresets><preset name=\"Mine\" shape=\"7\"/><preset name=\"Init\" shape=\"mine\"/>"
            "<Directory Name=\"Pads\"><preset name=\"Warm\" compressed=\"1\">" +

@@ -30,7 +30,8 @@ class SetupTest : public testing::Test {
 protected:
     ~SetupTest() noexcept override = default;
 
-    /// Takes the children of the root, and the last pages. `{scratch}` in the text becomes the scratch directory.
+    /// Takes the children of the root, and the last pages. `{scratch}` in the text becomes the scratch
+    /// directory.
     void Define(std::string children, const std::string& attributes = "",
                 const std::string& lastPages = "<onsuccess/><onerror/><onabort/>") {
         const std::string path = Text(scratch.GetPath());

@@ -275,14 +275,18 @@ protected:
         MList<MString> words;
         if (*word) words.Add(word);
         const MString before = MFile::GetCurrentPath();
-        std::string result = std::to_string(MSilentFrontEnd(words).Install(library));
+        const std::string code = std::to_string(MSilentFrontEnd(words).Install(library));
         MFile::SetCurrentPath(before);
+        return code + TakeLog();
+    }
+    [[nodiscard]] std::string TakeLog() const {
+        std::string names;
         const MString log = scratch.Join("userdata/sub/log");
-        if (!MFile::Exists(log)) return result;
+        if (!MFile::Exists(log)) return names;
         for (const char byte : MReadTestFile(log))
-            if (byte != '\r') result += byte == '\n' ? ' ' : byte;
+            if (byte != '\r') names += byte == '\n' ? ' ' : byte;
         MFile::Delete(log);
-        return result;
+        return names;
     }
 };
 
@@ -297,4 +301,24 @@ TEST_F(UnattendedProgramsTest, StartTheProgramsOfThePagesOnTheirWay) {
     EXPECT_EQ(Install(start + broken, ""), "1start failed ");
     EXPECT_EQ(Install(start, "execute=some"), "2");
     EXPECT_EQ(Install("<onstart><execute/></onstart>", ""), "1");
+}
+
+TEST_F(UnattendedProgramsTest, StartBetweenTheScreensOfAPage) {
+    Define("<onstart>" + Execute("a") + R"(<info title="1"/>)" + Execute("b") +
+           R"(<info title="2"/></onstart>)");
+    MExecuteChoices choices(*library.FindSubItem("onstart"));
+    MPathMacros macros;
+    macros.CreatePathMacros(false);
+    MTestDialogs dialogs(false);
+    const MString before = MFile::GetCurrentPath();
+    const auto next = [&] {
+        const MXMLItem* screen = choices.NextItem(macros, dialogs);
+        return TakeLog() + (screen ? Text(screen->GetAttribute("title")) : "end");
+    };
+    EXPECT_EQ(next(), "a 1");
+    EXPECT_EQ(next(), "b 2");
+    EXPECT_EQ(next(), "end");
+    choices.Rewind();
+    EXPECT_EQ(next(), "a 1");
+    MFile::SetCurrentPath(before);
 }

@@ -2,8 +2,8 @@
 
 #include "foundation/text/MString.h"
 
-// The part of a link that the platform has a form of its own for: the shell's link files and internet shortcuts
-// on Windows, entries by the freedesktop desktop entry specification elsewhere.
+// The part of a link that the platform has a form of its own for: the shell's link files and internet
+// shortcuts on Windows, entries by the freedesktop desktop entry specification elsewhere.
 
 /// Extensions of the files, without a dot.
 [[nodiscard]] MString MShellLinkExtension();

@@ -9,11 +9,11 @@
 /// rules of their own.
 ///
 /// What cannot be written in UTF-8 survives the round trip: a byte that belongs to no valid sequence becomes
-/// the code point 0x10FE00 + byte, and that code point becomes the byte again. `MRawBackslash` becomes a backslash;
-/// decoding gives it to nobody.
+/// the code point 0x10FE00 + byte, and that code point becomes the byte again. `MRawBackslash` becomes a
+/// backslash; decoding gives it to nobody.
 
-/// For those who must tell a backslash that is a part of a name from one that separates: the code point of the
-/// private use area that stands for it on file systems of this kind elsewhere, too.
+/// For those who must tell a backslash that is a part of a name from one that separates: the code point of
+/// the private use area that stands for it on file systems of this kind elsewhere, too.
 inline constexpr char16_t MRawBackslash = 0xF05C;
 
 /// A surrogate without its pair becomes U+FFFD. A literal's byte widens by sign extension.

@@ -18,8 +18,8 @@ public:
     /// What is no key stays as it stands. A value that holds its own key would never end.
     [[nodiscard]] MString ExpandMacros(const MString& text) const;
 
-    /// The path or address that a text of the definition stands for: there backslashes separate as slashes do,
-    /// on every platform, but not in an address and not in what macros stand for.
+    /// The path or address that a text of the definition stands for: there backslashes separate as slashes
+    /// do, on every platform, but not in an address and not in what macros stand for.
     [[nodiscard]] MString ExpandPath(const MString& text) const;
     /// The first key of the table that stands in a text, braces included; empty if there is none.
     [[nodiscard]] MString FindKey(const MString& text) const;

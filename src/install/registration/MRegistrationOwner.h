@@ -4,9 +4,9 @@
 #include "foundation/files/MSpecialFolders.h"
 #include "foundation/xml/MXMLItem.h"
 
-/// Whose folders an installation has used for what it tells the system. Where a platform has two of them, which
-/// one an installation takes depends on what the process may write to; the state says which it was, in the
-/// attributes `linkowner` and `entryowner` of its root: "everybody" or "user".
+/// Whose folders an installation has used for what it tells the system. Where a platform has two of them,
+/// which one an installation takes depends on what the process may write to; the state says which it was, in
+/// the attributes `linkowner` and `entryowner` of its root: "everybody" or "user".
 class MRegistrationOwner {
 public:
     MRegistrationOwner() = delete;

@@ -13,8 +13,8 @@ struct MShortcutTargets {
 /// The installation whose links are to be removed.
 struct MLinkOwner {
     MString mainPath;
-    /// Whether the entry in the list of programs is that of another installation of the same name, so that this
-    /// one has written last what both write.
+    /// Whether the entry in the list of programs is that of another installation of the same name, so that
+    /// this one has written last what both write.
     bool hasSuccessor = false;
 
     /// Whether a link file is another installation's: it leads into that one's directory, or it does not lead
@@ -37,9 +37,9 @@ public:
     /// one that cannot be created, is passed over in silence. Raises what `MFile::CreatePath` raises for a
     /// folder, and "Could not find required attribute ({0})." (0).
     void CreateLinks(const MString& directory, const MXMLItem& item, const MShortcutTargets& targets) const;
-    /// Undoes `CreateLinks`: removes the links of `installation`, and the folders that hold nothing else. A link
-    /// that another installation has put in the place of ours stays. What cannot be removed is passed over.
-    /// Raises "Could not find required attribute ({0})." (0).
+    /// Undoes `CreateLinks`: removes the links of `installation`, and the folders that hold nothing else. A
+    /// link that another installation has put in the place of ours stays. What cannot be removed is passed
+    /// over. Raises "Could not find required attribute ({0})." (0).
     void RemoveLinks(const MString& directory, const MXMLItem& item, const MLinkOwner& installation);
 
     /// The files of links that are still there after `RemoveLinks` and should not be, and folders that hold

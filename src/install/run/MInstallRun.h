@@ -20,7 +20,8 @@ public:
     /// created is shown as an error, and the rest follow. Runs each time the installing is about to begin.
     /// Raises `MRefusal`, and what `MFolderLock` raises.
     void Enter();
-    /// Installs, and lets other setups go on then. A failure leaves as `MException`: what was written stays, and there is no new "setup.state".
+    /// Installs, and lets other setups go on then. A failure leaves as `MException`: what was written stays,
+    /// and there is no new "setup.state".
     void Perform();
 
 private:

@@ -12,7 +12,8 @@ class MUninstallRun {
 public:
     /// Reads "setup.state" in `directory`. `views` shows the phase in its `infoText` and the items in its
     /// `totalBar`; errors go to its `dialogs`. What the views point at is not owned, and the dialogs must not
-    /// be null. Raises what `MLoadInstallState` raises, and `MRefusal` for a user who may not delete the state.
+    /// be null. Raises what `MLoadInstallState` raises, and `MRefusal` for a user who may not delete the
+    /// state.
     MUninstallRun(const MString& directory, const MInstallViews& views);
 
     /// Keeps other setups away, opens the installer's log anew, and removes files, links, key and state, in

@@ -7,8 +7,8 @@
 #include <string>
 
 MList<MString> MSplitArguments(const wchar_t* commandLine) {
-    // The system takes the first word for a program's name, in which a quotation mark holds nothing together, and an
-    // empty line for that of the caller.
+    // The system takes the first word for a program's name, in which a quotation mark holds nothing together,
+    // and an empty line for that of the caller.
     std::wstring line = commandLine;
     const bool isEmpty = line.find_first_not_of(L" \t") == std::wstring::npos;
     if (isEmpty)

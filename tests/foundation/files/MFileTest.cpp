@@ -218,8 +218,8 @@ TEST(MFilePath, NormalizeMakesPathsCanonical) {
     EXPECT_EQ(Text(MFile::GetDirectory("/file")), hasRoot ? "/" : "");
 }
 
-/// Dots that lead a joined name are worked off, those inside stay; a relative path leads from the second one to the
-/// first.
+/// Dots that lead a joined name are worked off, those inside stay; a relative path leads from the second one
+/// to the first.
 TEST(MFilePath, PathsArePutTogetherAndTakenApart) {
     using Operation = MString (*)(const MString&, const MString&);
     const std::tuple<Operation, const char*, const char*, const char*> cases[] = {

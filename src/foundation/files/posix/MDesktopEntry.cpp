@@ -8,7 +8,12 @@
 
 namespace {
 
-/// Any value: line ends, tabs, backslashes and the blanks at its ends are escaped.
+bool IsControl(char byte) {
+    return static_cast<uint8_t>(byte) < ' ' || byte == '\x7F';
+}
+
+/// Any value: line ends, tabs, backslashes and the blanks at its ends are escaped. No value may hold other
+/// control characters.
 std::string EscapeValue(std::string_view text) {
     std::string value;
     for (size_t i = 0; i < text.size(); ++i) {
@@ -18,7 +23,8 @@ std::string EscapeValue(std::string_view text) {
         case '\t': value += "\\t"; break;
         case '\r': value += "\\r"; break;
         case ' ': value += i == 0 || i + 1 == text.size() ? "\\s" : " "; break;
-        default: value += text[i];
+        default:
+            if (!IsControl(text[i])) value += text[i];
         }
     }
     return value;
@@ -77,9 +83,8 @@ bool IsEscapable(char byte) {
 
 void RefuseControls(const MString& text) {
     const std::string bytes = MEncodeUTF8Exact(text);
-    if (std::any_of(bytes.begin(), bytes.end(), [](char byte) {
-            return (static_cast<uint8_t>(byte) < ' ' && !IsEscapable(byte)) || byte == '\x7F';
-        }))
+    if (std::any_of(bytes.begin(), bytes.end(),
+                    [](char byte) { return IsControl(byte) && !IsEscapable(byte); }))
         MRaise(MExceptionGeneral, "A desktop entry cannot hold \"{0}\".", text);
 }
 

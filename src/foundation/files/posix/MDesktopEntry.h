@@ -12,7 +12,8 @@
 /// Failures are an `MException` with code 0 and the text given with each operation.
 class MDesktopEntry {
 public:
-    /// `name` is what the desktop shows. Raises "A desktop entry needs a name.".
+    /// `name` is what the desktop shows; it and the description lose control characters that the format
+    /// cannot escape. Raises "A desktop entry needs a name.".
     explicit MDesktopEntry(const MString& name);
 
     void SetDescription(const MString& description);

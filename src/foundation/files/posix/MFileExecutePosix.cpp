@@ -71,7 +71,8 @@ int32_t MFile::Execute(const MString& path, const MList<MString>& arguments, con
     const bool isRefused = errno == EACCES || errno == ENOEXEC;
     const MString reason = MSystemErrorText();
     // What is no program is opened with the program that is there for it, an address too.
-    if ((isRefused && IsFile(path)) || path.Contains("://")) exitCode = Spawn({Opener, MNativePath(path)}, wait);
+    if ((isRefused && IsFile(path)) || path.Contains("://"))
+        exitCode = Spawn({Opener, MNativePath(path)}, wait);
     if (exitCode < 0) MRaise(MExceptionGeneral, "Could not execute file \"{0}\". {1}", path, reason);
     return exitCode;
 }

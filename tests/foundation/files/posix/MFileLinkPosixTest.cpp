@@ -64,6 +64,7 @@ TEST_F(MFileLinkPosix, EverythingElseIsOpenedWithTheProgramThatIsThereForIt) {
 TEST_F(MFileLinkPosix, NamesAndDescriptionsAreAnyText) {
     const MString program = WriteProgram("tool");
     const char* const cases[][3] = {{"Plug-in 2.0", "", "Name=Plug-in 2.0\nExec="},
+                                    {"red\x1B[31m", "bell\a", "Name=red[31m\nComment=bell\nExec="},
                                     {"\xC5\x98\xC3\xA9verb", "a=b; c\\d [e] #f",
                                      "Name=\xC5\x98\xC3\xA9verb\nComment=a=b; c\\\\d [e] #f\nExec="},
                                     {" ends ", "First line\nsecond\tline ",
