@@ -136,22 +136,29 @@ TEST_F(RemovalTest, AMissingKeyIsToldBeforeTheStateGoes) {
 }
 
 TEST_F(RemovalTest, AnotherInstallationOfTheNameKeepsItsEntryAndLinks) {
-    InstallProduct(Files("/product", File("a", "1") + File("only here", "2")) +
-                   R"(<shortcutdirectory name="Menu"><shortcut name="Tool" destination="{to}/product/a"/>)"
-                   R"(<shortcut name="Rest" destination="{to}/product/only here"/>)"
-                   R"(<shortcut name="Web" destination="https://a.b"/></shortcutdirectory>)");
-    scratch.WriteFile("other/product/a", "1");
-    scratch.WriteFile("other/setup.state", "<install/>");
-    Register("other");
-    Remove();
-    EXPECT_TRUE(IsRegistered());
     const MString menu = scratch.Join("startmenuprograms/Menu");
     const auto isLink = [&](const char* name) { return !MFile::FindLink(MFile::Join(menu, name)).IsEmpty(); };
-    EXPECT_TRUE(isLink("Tool") && isLink("Web"));
-    EXPECT_FALSE(isLink("Rest"));
-    EXPECT_TRUE(dialogs.errors.empty());
-    EXPECT_EQ(Shorten(run->GetLeftovers()), "");
-    EXPECT_EQ(Shorten(run->GetKeptDirectories()), "Menu ");
+    for (const bool isOtherLast : {true, false}) {
+        InstallProduct(
+            Files("/product", File("a", "1") + File("ours", "2")) +
+            R"(<shortcutdirectory name="Menu"><shortcut name="Tool" destination="{to}/product/a"/>)"
+            R"(<shortcut name="Ours" destination="{to}/product/ours"/>)"
+            R"(<shortcut name="Theirs" destination="{to}/product/theirs"/>)"
+            R"(<shortcut name="Web" destination="https://a.b"/></shortcutdirectory>)");
+        for (const char* file : {"a", "theirs"}) scratch.WriteFile(MString("other/product/") + file, "1");
+        scratch.WriteFile("other/setup.state", "<install/>");
+        Register("other");
+        if (!isOtherLast) Register("target");
+        Remove();
+        EXPECT_EQ(IsRegistered(), isOtherLast);
+        EXPECT_EQ(isLink("Tool"), isOtherLast);
+        EXPECT_EQ(isLink("Web"), isOtherLast);
+        EXPECT_TRUE(isLink("Theirs"));
+        EXPECT_FALSE(isLink("Ours"));
+        EXPECT_TRUE(dialogs.errors.empty());
+        EXPECT_EQ(Shorten(run->GetLeftovers()), "");
+        EXPECT_EQ(Shorten(run->GetKeptDirectories()), "Menu ");
+    }
 }
 
 TEST_F(RemovalTest, LinksAndEntryAreFoundWhereTheInstallationHasPutThem) {

@@ -301,6 +301,8 @@ TEST_F(UnattendedProgramsTest, StartTheProgramsOfThePagesOnTheirWay) {
     EXPECT_EQ(Install(start + broken, ""), "1start failed ");
     EXPECT_EQ(Install(start, "execute=some"), "2");
     EXPECT_EQ(Install("<onstart><execute/></onstart>", ""), "1");
+    scratch.WriteFile("data/setup.state", "<install name=\"Another product\"/>");
+    EXPECT_EQ(Install(start, ""), "2");
 }
 
 TEST_F(UnattendedProgramsTest, StartBetweenTheScreensOfAPage) {
