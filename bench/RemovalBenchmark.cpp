@@ -53,6 +53,7 @@ public:
         state.SaveFile(MFile::Join(root, "setup.state"), false, "utf-8");
         MUninstallEntry entry;
         entry.key = "Benchmark";
+        entry.setup = MFile::Join(root, "setup");
         entry.Write();
     }
 
