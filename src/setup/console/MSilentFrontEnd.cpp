@@ -67,7 +67,7 @@ MExitCode MSilentFrontEnd::Install(MLargeResourceLibrary& definition) {
             return MExitDone;
         });
         // A run that was refused has shown no page.
-        if (exitCode != MExitRefused) run.Conclude(exitCode == MExitDone);
+        if (exitCode != MExitRefused) run.Conclude(exitCode != MExitFailed);
         return exitCode;
     });
 }
