@@ -1,4 +1,5 @@
 #include "foundation/files/MFile.h"
+#include "foundation/files/MFileTrust.h"
 #include "foundation/files/win32/MNativePath.h"
 #include "foundation/module/MPlatform.h"
 #include "foundation/win32/MWindowsHeader.h"
@@ -45,6 +46,16 @@ TEST(MFileWin32, WriteProtectedFilesAreDeleted) {
     ASSERT_TRUE(SetFileAttributesW(MNativePath(file).c_str(), FILE_ATTRIBUTE_READONLY));
     MFile::Delete(file);
     EXPECT_FALSE(MFile::Exists(file));
+}
+
+TEST(MFileWin32, FoldersOfThisUserAreTrusted) {
+    const MScratch scratch;
+    MCreateOwnPath(scratch.GetPath(), "a\\.\\b/c");
+    const MString file = scratch.WriteFile("a/file", "");
+    EXPECT_EQ(scratch.ListTree(), "a/\na/b/\na/b/c/\na/file\n");
+    EXPECT_EQ(MGetFolderTrust("C:"), MFolderTrust::Own);
+    EXPECT_EQ(MGetFolderTrust(file), MFolderTrust::NoFolder);
+    EXPECT_TRUE(MIsPlainFile(file) && !MIsPlainFile(scratch.Join("a")) && !MIsPlainFile(scratch.Join("b")));
 }
 
 TEST(MFileWin32, ShellLinksHoldWhatTheyWereGiven) {
