@@ -7,6 +7,8 @@
 #include "foundation/files/MRegistryKey.h"
 #include "streams/basic/MStdFileStream.h"
 
+#include <vector>
+
 namespace {
 
 MSpecialFolders* replacedFolders = nullptr;
@@ -62,10 +64,16 @@ int64_t MFile::GetFileSize(const MString& path) {
 }
 
 void MFile::CreatePath(const MString& path) {
-    if (IsDirectory(path)) return;
-    const MString parent = GetDirectory(path);
-    if (!(parent == path)) CreatePath(parent);
-    CreateDirectory(path);
+    // No system has longer ones; looking for the ancestors of such a path could take for ever.
+    constexpr int32_t MaximumLength = 32767;
+    if (path.GetLength() > MaximumLength) return CreateDirectory(path);
+    std::vector<int32_t> missing;  // the lengths of paths
+    for (MString standing = path; !IsDirectory(standing); standing = GetDirectory(standing)) {
+        if (!missing.empty() && missing.back() == standing.GetLength()) break;
+        missing.push_back(standing.GetLength());
+    }
+    for (auto length = missing.rbegin(); length != missing.rend(); ++length)
+        CreateDirectory(path.Substring(0, *length));
 }
 
 void MFile::DeleteTree(const MString& path) {

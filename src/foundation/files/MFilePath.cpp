@@ -23,9 +23,19 @@ bool EndsInSlash(const MString& path) {
 /// Drops the last component of a directory that ends in a slash; a drive and the root directory have none to
 /// drop.
 void DropLastComponent(MString& directory) {
-    const MString component = directory.Substring(0, directory.GetLength() - 1);
-    const bool isTop = component.IsEmpty() || component[component.GetLength() - 1] == u':';
-    if (!isTop) directory.Cut(component.FindCharBackward('/') + 1);
+    int32_t start = directory.GetLength() - 1;
+    if (start <= 0 || directory[start - 1] == u':') return;
+    while (start > 0 && directory[start - 1] != u'/') --start;
+    directory.Cut(start);
+}
+
+/// A relative path's way: ".." takes back the component before it, which may be another "..".
+void AddComponent(MList<MString>& way, const MString& component) {
+    const int32_t last = way.GetCount() - 1;
+    if (last < 0 || !component.IsExactly(".."))
+        way.Add(component);
+    else if (!way[last].EndsWith(":"))
+        way.Remove(last);
 }
 
 }  // namespace
@@ -48,18 +58,21 @@ MString MFile::Join(const MString& base, const MString& name) {
     if (base.IsEmpty()) return name;
     if (name.IsEmpty()) return base;
     MString result = EndsInSlash(base) ? base : base + "/";
-    MString rest = name[0] == u'/' ? name.Substring(1) : name;
-    while (!rest.IsEmpty() && rest[0] == u'.') {
-        if (rest.StartsWith("./")) {
-            rest.Remove(0, 2);
-        } else if (rest.StartsWith("../") || rest == "..") {
-            rest.Remove(0, 3);
+    int32_t start = name[0] == u'/' ? 1 : 0;
+    const auto isAt = [&name](int32_t index, char16_t unit) {
+        return index < name.GetLength() && name[index] == unit;
+    };
+    while (isAt(start, u'.')) {
+        if (isAt(start + 1, u'/')) {
+            start += 2;
+        } else if (isAt(start + 1, u'.') && (isAt(start + 2, u'/') || start + 2 == name.GetLength())) {
+            start += 3;
             DropLastComponent(result);
         } else {
             break;
         }
     }
-    result.Append(rest);
+    result.Append(name.Substring(start));
     if (EndsInSlash(result) && result.GetLength() > 1) result.Cut(result.GetLength() - 1);
     return result;
 }
@@ -97,9 +110,13 @@ MString MFile::GetRelativePath(const MString& from, const MString& to) {
     while (common < source.GetCount() && common < target.GetCount() && source[common] == target[common])
         ++common;
 
+    MList<MString> way;
+    for (int32_t i = common; i < target.GetCount(); ++i) way.Add("..");
+    for (int32_t i = common; i < source.GetCount(); ++i) AddComponent(way, source[i]);
     MString result;
-    const auto add = [&result](const MString& component) { result = Join(result, component); };
-    for (int32_t i = common; i < target.GetCount(); ++i) result += i > common ? "/.." : "..";
-    for (int32_t i = common; i < source.GetCount(); ++i) add(source[i]);
+    for (const MString& component : way) {
+        if (!result.IsEmpty()) result.Append("/");
+        result.Append(component);
+    }
     return result;
 }

@@ -32,6 +32,7 @@ public:
     void SetName(const MString& newName) { name = newName; }
     [[nodiscard]] const MString& GetValue() const { return value; }
     void SetValue(const MString& newValue) { value = newValue; }
+    void AppendToValue(const MString& text) { value.Append(text); }
 
     /// Null for a root, and for the last or first sub-item.
     [[nodiscard]] MXMLItem* GetParent() const { return parent; }

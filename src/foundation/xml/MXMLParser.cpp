@@ -47,8 +47,9 @@ bool MXMLParser::OnText(const MString& text) {
     const MString trimmed = text.Trimmed();
     if (trimmed.IsEmpty()) return false;
     if (!current) MRaise(MExceptionGeneral, "Text outside of any element.");
-    const MString& value = current->GetValue();
-    current->SetValue(value.IsEmpty() ? trimmed : value + " " + trimmed);
+    // In place: a text may come in as many pieces as there are elements in it.
+    if (!current->GetValue().IsEmpty()) current->AppendToValue(" ");
+    current->AppendToValue(trimmed);
     return false;
 }
 

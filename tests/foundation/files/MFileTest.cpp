@@ -58,6 +58,11 @@ TEST_F(MFileOperations, PathsAreCreatedWithAllThatLeadsToThem) {
     ExpectSystemsWords([&] { MFile::CreatePath(scratch.Join("file/sub")); }, "0: Could not create path \"");
     ExpectSystemsWords([&] { MFile::CreateDirectory(scratch.Join("no/sub")); },
                        "0: Could not create path \"" + Text(scratch.Join("no/sub")) + "\". ");
+    // Once each of the components cost the memory of a path.
+    std::string deep;
+    for (int i = 0; i < 60'000; ++i) deep += "/x";
+    ExpectSystemsWords([&] { MFile::CreatePath(scratch.Join(Heap(deep.c_str()))); },
+                       "0: Could not create path \"");
 }
 
 TEST_F(MFileOperations, SeveralMayCreateTheSamePathAtOnce) {
@@ -235,6 +240,8 @@ TEST(MFilePath, PathsArePutTogetherAndTakenApart) {
         {MFile::Join, "/", "y", "/y"},
         {MFile::Join, "/x", "../../../y", "/y"},
         {MFile::Join, "x", "../y", "y"},
+        {MFile::Join, "C:/x", "./..", "C:"},
+        {MFile::Join, "C:/x/y", "/.././../.z", "C:/.z"},
         {MFile::ChangeExtension, "a/b.txt", "dat", "a/b.dat"},
         {MFile::ChangeExtension, "a.b/c", "dat", "a.b/c.dat"},
         {MFile::ChangeExtension, "b.", "x", "b.x"},
@@ -242,6 +249,7 @@ TEST(MFilePath, PathsArePutTogetherAndTakenApart) {
         {MFile::GetRelativePath, "C:/A/b", "c:/a", "b"},
         {MFile::GetRelativePath, "C:/a", "C:/a/b/c", "../.."},
         {MFile::GetRelativePath, "C:/a", "C:/a", ""},
+        {MFile::GetRelativePath, "/x/y/../z", "/w", "../x/z"},
         {MFile::GetRelativePath, "/x/y", "/x/z/w", "../../y"}};
     for (const auto& [operation, first, second, expected] : cases)
         EXPECT_EQ(Text(operation(first, second)), expected) << first << " " << second;
