@@ -2,17 +2,14 @@
 
 #include "foundation/module/MPlatform.h"
 #include "foundation/text/MNumberText.h"
+#include "streams/network/MTCPClient.h"
 #include "tests/support/MTestListener.h"
 
 #include <algorithm>
-#include <array>
-#include <bit>
 #include <cstdlib>
 #include <utility>
 
 namespace {
-
-const uint32_t Loopback = std::bit_cast<uint32_t>(std::to_array<uint8_t>({127, 0, 0, 1}));
 
 /// Whether a request has come to the end of its head and of the body that this tells.
 bool IsWhole(const std::string& request) {
@@ -53,10 +50,7 @@ MTestServer::MTestServer(Handler handler) : handler(std::move(handler)) {
 MTestServer::~MTestServer() {
     isEnding = true;
     // Wakes the thread that waits for a connection.
-    int32_t protocol = 0;
-    const MSystemSocket caller = MFindTCPProtocol(protocol) ? MOpenStreamSocket(protocol) : MNoSocket;
-    (void)MConnectSocket(caller, Loopback, port);
-    MCloseSocket(caller);
+    MTCPClient().Connect(port, "127.0.0.1");
     thread.join();
     MCloseSocket(listener);
     MPlatform::StopSubsystems();
@@ -76,5 +70,7 @@ void MTestServer::Serve(MSystemSocket connection) {
         if (count <= 0) break;
         sent += static_cast<size_t>(count);
     }
+    char byte;
+    if (reply.isLeftOpen) (void)MReceiveFromSocket(connection, &byte, 1);
     reply.isReset ? MResetConnection(connection) : MCloseSocket(connection);
 }

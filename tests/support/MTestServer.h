@@ -21,6 +21,7 @@ struct MTestReply {
     std::string bytes;
     size_t pieceSize = INT32_MAX;  ///< how many bytes go out at once
     bool isReset = false;          ///< breaks the connection in place of closing it
+    bool isLeftOpen = false;       ///< waits for the other side to hang up first
 };
 
 /// A reply of status 200 that promises what it holds.

@@ -1,32 +1,40 @@
 #include "streams/network/MHTTPReplyHead.h"
 
 #include "foundation/base/MRaise.h"
-#include "foundation/text/encodings/MEncodingReader.h"
-#include "streams/basic/MDispatchStream.h"
+#include "foundation/text/encodings/MEncoding.h"
 
 #include <algorithm>
 #include <charconv>
-#include <cstring>
 
 namespace {
 
 constexpr size_t StatusLength = 3;
 
-/// Ends the reading of a head that is too long.
-class HeadSource final : public MDispatchStream {
+/// The lines of a head, read byte by byte: behind it a server that keeps the connection may send nothing.
+class HeadLines {
 public:
-    using MDispatchStream::MDispatchStream;
+    explicit HeadLines(MStream& source) : source(source) {}
 
-    int32_t Read(void* block, int32_t size) override {
-        if (count >= MHTTPReplyHead::MaximumSize)
-            MRaise(MExceptionHTTP, "HTTP reply header is longer than {0} bytes.",
-                   MHTTPReplyHead::MaximumSize);
-        const int32_t read = MDispatchStream::Read(block, size);
-        count += std::max(read, 0);
-        return read;
+    /// False at the end of data.
+    bool Read(std::string& line) {
+        line.clear();
+        bool isFound = false;
+        for (char byte; TakeByte(byte); isFound = true) {
+            if (byte == '\n' || byte == 0) return true;
+            if (byte != '\r') line += byte;
+        }
+        return isFound;
     }
 
 private:
+    bool TakeByte(char& byte) {
+        if (count++ >= MHTTPReplyHead::MaximumSize)
+            MRaise(MExceptionHTTP, "HTTP reply header is longer than {0} bytes.",
+                   MHTTPReplyHead::MaximumSize);
+        return source.Read(&byte, 1) > 0;
+    }
+
+    MStream& source;
     int32_t count = 0;
 };
 
@@ -69,17 +77,15 @@ int64_t ParseContentLength(std::string_view text) {
 void MHTTPReplyHead::Load(MStream& source) {
     Reset();
     MHTTPReplyHead head;
-    HeadSource limited(&source);
-    MEncoding::Reader reader(limited, "utf-8");
-    std::string_view line;
-    if (!reader.ReadLineBytes(line)) MRaise(MExceptionHTTP, "Invalid HTTP reply header.");
+    HeadLines lines(source);
+    std::string line;
+    if (!lines.Read(line)) MRaise(MExceptionHTTP, "Invalid HTTP reply header.");
     head.ParseStatusLine(line);
     do {
-        if (!reader.ReadLineBytes(line)) MRaise(MExceptionHTTP, "MHTTPStream reading HTTP reply header.");
+        if (!lines.Read(line)) MRaise(MExceptionHTTP, "MHTTPStream reading HTTP reply header.");
         if (!line.empty()) head.ParseField(line);
     } while (!line.empty());
     std::ranges::stable_sort(head.fields, IsBefore);
-    head.readAhead = reader.GetBufferedBytes();
     *this = std::move(head);
 }
 
@@ -105,11 +111,4 @@ void MHTTPReplyHead::ParseField(std::string_view line) {
 const MString* MHTTPReplyHead::FindField(const MString& name) const {
     const MHTTPField* field = std::ranges::lower_bound(fields, MHTTPField{name, MString()}, IsBefore);
     return field != fields.end() && field->name == name ? &field->value : nullptr;
-}
-
-int32_t MHTTPReplyHead::TakeReadAhead(void* block, int32_t size) {
-    const size_t count = std::min(readAhead.size() - takenCount, static_cast<size_t>(std::max(size, 0)));
-    std::memcpy(block, readAhead.data() + takenCount, count);
-    takenCount += count;
-    return static_cast<int32_t>(count);
 }

@@ -4,7 +4,6 @@
 #include "streams/network/MHTTPField.h"
 
 #include <cstdint>
-#include <string>
 #include <string_view>
 
 /// The head of an HTTP reply (RFC 1945):
@@ -21,8 +20,7 @@ public:
     /// In bytes, all lines together.
     static constexpr int32_t MaximumSize = 1 << 16;
 
-    /// Reads a head. What the stream gave beyond its end waits for `TakeReadAhead`. All raised have code
-    /// 0x201: "Invalid HTTP reply header." for no reply at all; "Invalid HTTP reply header line." for a
+    /// Reads a head, and nothing behind it. All raised have code 0x201: "Invalid HTTP reply header." for no reply at all; "Invalid HTTP reply header line." for a
     /// status line that is none; "MHTTPStream reading HTTP reply header." for a head without end;
     /// "MHTTPStream invalid HTTP reply header line." for a line without colon, a line with control characters
     /// other than tabs, and a content length that is no number of at most 63 bits; "HTTP reply header is
@@ -42,9 +40,6 @@ public:
     /// The value of the first field of a name; null if there is none.
     [[nodiscard]] const MString* FindField(const MString& name) const;
 
-    /// Takes at most `size` of the bytes behind the head; returns their number, 0 when all were taken.
-    int32_t TakeReadAhead(void* block, int32_t size);
-
 private:
     void ParseStatusLine(std::string_view line);
     void ParseField(std::string_view line);
@@ -53,6 +48,4 @@ private:
     MString statusText;
     int64_t contentLength = 0;
     MHTTPFieldList fields;
-    std::string readAhead;
-    size_t takenCount = 0;
 };

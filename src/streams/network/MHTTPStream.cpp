@@ -5,7 +5,6 @@
 #include "foundation/text/MNumberText.h"
 #include "foundation/text/encodings/MEncodingWriter.h"
 
-#include <algorithm>
 #include <limits>
 
 namespace {
@@ -174,11 +173,4 @@ MString MHTTPStream::GetHeader(const MString& name) const {
     const MString* value = reply.FindField(name);
     if (!value) MRaise(MExceptionHTTP, "Requested HTTP header not found.");
     return *value;
-}
-
-int32_t MHTTPStream::Read(void* block, int32_t size) {
-    const int32_t taken = reply.TakeReadAhead(block, size);
-    if (taken > 0 && taken == size) return taken;
-    const int32_t received = MTCPClient::Read(static_cast<char*>(block) + taken, size - taken);
-    return taken > 0 ? taken + std::max(received, 0) : received;
 }

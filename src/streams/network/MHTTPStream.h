@@ -46,9 +46,6 @@ public:
     /// How many bytes the reply promises; 0 if it does not say.
     int64_t GetSize() override { return reply.GetContentLength(); }
 
-    /// Reads the body, as `MSocketStream::Read` does.
-    int32_t Read(void* block, int32_t size) override;
-
 private:
     enum class Method { Get, Post };
 

@@ -24,11 +24,16 @@ void MSocketStream::CreateSocket() {
 }
 
 void MSocketStream::ConnectSocket() {
-    if (!MConnectSocket(socket, remote.GetAddress(), remote.GetPort()))
+    bool isConnected = MBeginConnection(socket, remote.GetAddress(), remote.GetPort());
+    if (isConnected) {
+        Wait(MSocketDirection::Writing);
+        isConnected = MEndConnection(socket);
+    }
+    if (!isConnected)
         MRaise(MExceptionNetwork, "Could not connect to a TCP server (host {0}, port {1}, code {2}).",
                remote.FormatAddress(), int32_t{remote.GetPort()}, -1);
     closed = false;
-    MMakeSocketBlocking(socket);
+    if (!watcher) MMakeSocketBlocking(socket);
 }
 
 void MSocketStream::Close() noexcept {
@@ -43,7 +48,9 @@ void MSocketStream::Write(const void* block, int32_t size) {
     const auto* bytes = static_cast<const char*>(block);
     int32_t sent = 0;
     while (sent < size) {
+        if (watcher) Wait(MSocketDirection::Writing);
         const int32_t count = MSendToSocket(socket, bytes + sent, size - sent);
+        if (watcher && count == MSocketWouldBlock) continue;
         if (count < 0) closed = true;
         if (count < 0 && sent == 0)
             MRaise(MExceptionNetwork, "All data were not sent before target disconnected.");
@@ -66,16 +73,35 @@ int32_t MSocketStream::Read(void* block, int32_t size) {
     return received;
 }
 
+void MSocketStream::Wait(MSocketDirection direction) {
+    const auto start = std::chrono::steady_clock::now();
+    while (!MWaitForSocket(socket, direction, WatchMilliseconds)) {
+        if (!watcher || watcher(std::chrono::steady_clock::now() - start)) continue;
+        Close();
+        MRaise(MExceptionNetwork, "Nobody waits for the network any longer.");
+    }
+}
+
+int32_t MSocketStream::ReceiveFromSocket(char* target, int32_t size) {
+    if (!watcher) return MReceiveFromSocket(socket, target, size);
+    int32_t count = MSocketWouldBlock;
+    while (count == MSocketWouldBlock) {
+        Wait(MSocketDirection::Reading);
+        count = MReceiveFromSocket(socket, target, size);
+    }
+    return count;
+}
+
 int32_t MSocketStream::Receive(char* target, int32_t size) {
     if (readIndex < fillCount) return TakeFromBuffer(target, size);
-    if (size >= BufferSize) return MReceiveFromSocket(socket, target, size);
+    if (size >= BufferSize) return ReceiveFromSocket(target, size);
     const int32_t count = FillBuffer();
     return count > 0 ? TakeFromBuffer(target, size) : count;
 }
 
 int32_t MSocketStream::FillBuffer() {
     if (!buffer) buffer = std::make_unique_for_overwrite<char[]>(BufferSize);
-    const int32_t count = MReceiveFromSocket(socket, buffer.get(), BufferSize);
+    const int32_t count = ReceiveFromSocket(buffer.get(), BufferSize);
     readIndex = 0;
     fillCount = std::max(count, 0);
     return count;

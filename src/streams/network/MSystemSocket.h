@@ -20,11 +20,22 @@ inline constexpr MSystemSocket MNoSocket = -1;
 /// False if the system does not know TCP.
 [[nodiscard]] bool MFindTCPProtocol(int32_t& protocol);
 
-/// A stream socket that programs which this one starts do not inherit; `MNoSocket` on failure.
+/// A stream socket that programs which this one starts do not inherit, and that notices after some hours of
+/// silence when the other side is gone; `MNoSocket` on failure.
 [[nodiscard]] MSystemSocket MOpenStreamSocket(int32_t protocol);
 void MCloseSocket(MSystemSocket socket);
-/// The port is in the order of the processor. False on failure.
-[[nodiscard]] bool MConnectSocket(MSystemSocket socket, uint32_t address, uint16_t port);
+
+/// Begins to connect a socket, whose calls do not wait from there on. The port is in the order of the
+/// processor. False if it failed at once; what became of it is known when the socket is ready for writing.
+[[nodiscard]] bool MBeginConnection(MSystemSocket socket, uint32_t address, uint16_t port);
+/// Whether the connection has been made.
+[[nodiscard]] bool MEndConnection(MSystemSocket socket);
+
+enum class MSocketDirection { Reading, Writing };
+
+/// Waits at most so long until a call in that direction need not wait, or would fail. Also ends early, at a
+/// signal. False if it is still not so.
+[[nodiscard]] bool MWaitForSocket(MSystemSocket socket, MSocketDirection direction, int32_t milliseconds);
 /// Lets calls wait. False on failure.
 bool MMakeSocketBlocking(MSystemSocket socket);
 

@@ -152,8 +152,10 @@ TEST(MHTTPStream, BodiesOfEitherDirectionMayBeLargeAndComeInPieces) {
                  {"/bytes", 7, 3000, 3000},
                  {"/bytes", 1 << 20, 3000, 3000},
                  {"/cut", 1, 3000, 2500}};
+    const auto goOn = [](std::chrono::steady_clock::duration) { return true; };
     for (const auto& [path, pieceSize, promised, sent] : cases) {
         MHTTPStream stream;
+        if (pieceSize < 2000) stream.SetWatcher(goOn);
         stream.Get(server.GetURL(path));
         ASSERT_TRUE(stream.Send(0));
         EXPECT_EQ(static_cast<int64_t>(promised), stream.GetSize());
@@ -163,10 +165,36 @@ TEST(MHTTPStream, BodiesOfEitherDirectionMayBeLargeAndComeInPieces) {
     }
     MHTTPFieldList form;
     form.Add({"text", Heap(std::string(3000000, 'x').c_str())});
+    for (const MSocketStream::Watcher& watcher : {MSocketStream::Watcher(), MSocketStream::Watcher(goOn)}) {
+        MHTTPStream stream;
+        stream.SetWatcher(watcher);
+        stream.Post("127.0.0.1", "/form", form, server.GetPort());
+        EXPECT_TRUE(stream.Send(0));
+        EXPECT_EQ("3000005", MReadAll(stream));
+    }
+}
+
+TEST(MHTTPStream, AWatcherEndsTheWaitForASilentServer) {
+    MTestServer server([](const std::string&) {
+        MTestReply reply = "HTTP/1.0 200 OK\n\nbody";
+        reply.isLeftOpen = true;
+        return reply;
+    });
+    constexpr auto Limit = std::chrono::milliseconds(250);
     MHTTPStream stream;
-    stream.Post("127.0.0.1", "/form", form, server.GetPort());
+    int askCount = 0;
+    stream.SetWatcher([&](std::chrono::steady_clock::duration quiet) {
+        ++askCount;
+        return quiet < Limit;
+    });
+    stream.Get(server.GetURL("/"));
     EXPECT_TRUE(stream.Send(0));
-    EXPECT_EQ("3000005", MReadAll(stream));
+    char bytes[4];
+    EXPECT_EQ(4, stream.Read(bytes, 4));
+    EXPECT_EQ("200: Nobody waits for the network any longer.",
+              FailureOf([&] { (void)stream.Read(bytes, 1); }));
+    EXPECT_TRUE(stream.IsClosed());
+    EXPECT_GE(askCount, 3);
 }
 
 TEST(MHTTPStream, TellsWhatKeepsAReplyAway) {

@@ -30,15 +30,6 @@ int32_t ToResult(ssize_t count) {
     return errno == EAGAIN || errno == EWOULDBLOCK ? MSocketWouldBlock : MSocketError;
 }
 
-/// Waits for a connection that goes on being made although a signal has interrupted the call.
-bool WaitForConnection(int descriptor) {
-    pollfd waited{descriptor, POLLOUT, 0};
-    if (CallUninterrupted([&] { return poll(&waited, 1, -1); }) < 0) return false;
-    int error = 0;
-    socklen_t size = sizeof(error);
-    return getsockopt(descriptor, SOL_SOCKET, SO_ERROR, &error, &size) == 0 && error == 0;
-}
-
 }  // namespace
 
 bool MFindLocalHostName(MString& name) {
@@ -72,21 +63,40 @@ bool MFindTCPProtocol(int32_t& protocol) {
 }
 
 MSystemSocket MOpenStreamSocket(int32_t protocol) {
-    return ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, protocol);
+    const int socket = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, protocol);
+    if (socket < 0) return MNoSocket;
+    const int isAlive = 1;
+    setsockopt(socket, SOL_SOCKET, SO_KEEPALIVE, &isAlive, sizeof(isAlive));
+    return socket;
 }
 
 void MCloseSocket(MSystemSocket socket) {
     close(ToDescriptor(socket));
 }
 
-bool MConnectSocket(MSystemSocket socket, uint32_t address, uint16_t port) {
+bool MBeginConnection(MSystemSocket socket, uint32_t address, uint16_t port) {
     sockaddr_in target{};
     target.sin_family = AF_INET;
     target.sin_addr.s_addr = address;
     target.sin_port = htons(port);
     const int descriptor = ToDescriptor(socket);
-    if (connect(descriptor, reinterpret_cast<const sockaddr*>(&target), sizeof(target)) == 0) return true;
-    return errno == EINTR && WaitForConnection(descriptor);
+    if (fcntl(descriptor, F_SETFL, fcntl(descriptor, F_GETFL) | O_NONBLOCK) != 0) return false;
+    // A signal does not end the making of the connection.
+    return connect(descriptor, reinterpret_cast<const sockaddr*>(&target), sizeof(target)) == 0 ||
+           errno == EINPROGRESS || errno == EINTR;
+}
+
+bool MEndConnection(MSystemSocket socket) {
+    int error = 0;
+    socklen_t size = sizeof(error);
+    return getsockopt(ToDescriptor(socket), SOL_SOCKET, SO_ERROR, &error, &size) == 0 && error == 0;
+}
+
+bool MWaitForSocket(MSystemSocket socket, MSocketDirection direction, int32_t milliseconds) {
+    const short event = direction == MSocketDirection::Reading ? POLLIN : POLLOUT;
+    pollfd waited{ToDescriptor(socket), event, 0};
+    const int count = poll(&waited, 1, milliseconds);
+    return count > 0 || (count < 0 && errno != EINTR);
 }
 
 bool MMakeSocketBlocking(MSystemSocket socket) {

@@ -50,6 +50,8 @@ MSystemSocket MOpenStreamSocket(int32_t protocol) {
     const SOCKET socket = ::socket(AF_INET, SOCK_STREAM, protocol);
     if (socket == INVALID_SOCKET) return MNoSocket;
     SetHandleInformation(reinterpret_cast<HANDLE>(socket), HANDLE_FLAG_INHERIT, 0);
+    const BOOL isAlive = TRUE;
+    setsockopt(socket, SOL_SOCKET, SO_KEEPALIVE, reinterpret_cast<const char*>(&isAlive), sizeof(isAlive));
     return static_cast<MSystemSocket>(socket);
 }
 
@@ -57,12 +59,39 @@ void MCloseSocket(MSystemSocket socket) {
     closesocket(ToHandle(socket));
 }
 
-bool MConnectSocket(MSystemSocket socket, uint32_t address, uint16_t port) {
+bool MBeginConnection(MSystemSocket socket, uint32_t address, uint16_t port) {
     sockaddr_in target{};
     target.sin_family = AF_INET;
     target.sin_addr.s_addr = address;
     target.sin_port = htons(port);
-    return connect(ToHandle(socket), reinterpret_cast<const sockaddr*>(&target), sizeof(target)) == 0;
+    u_long isNonBlocking = 1;
+    if (ioctlsocket(ToHandle(socket), FIONBIO, &isNonBlocking) != 0) return false;
+    return connect(ToHandle(socket), reinterpret_cast<const sockaddr*>(&target), sizeof(target)) == 0 ||
+           WSAGetLastError() == WSAEWOULDBLOCK;
+}
+
+bool MEndConnection(MSystemSocket socket) {
+    int error = 0;
+    int size = sizeof(error);
+    if (getsockopt(ToHandle(socket), SOL_SOCKET, SO_ERROR, reinterpret_cast<char*>(&error), &size) != 0)
+        return false;
+    // Where no error is kept, only a socket that has another side is connected.
+    sockaddr_in peer{};
+    size = sizeof(peer);
+    return error == 0 && getpeername(ToHandle(socket), reinterpret_cast<sockaddr*>(&peer), &size) == 0;
+}
+
+bool MWaitForSocket(MSystemSocket socket, MSocketDirection direction, int32_t milliseconds) {
+    // WSAPoll of older systems does not tell of a connection that could not be made.
+    fd_set waited;
+    fd_set failed;
+    FD_ZERO(&waited);
+    FD_ZERO(&failed);
+    FD_SET(ToHandle(socket), &waited);
+    FD_SET(ToHandle(socket), &failed);
+    const timeval time{milliseconds / 1000, milliseconds % 1000 * 1000};
+    const bool isReading = direction == MSocketDirection::Reading;
+    return select(0, isReading ? &waited : nullptr, isReading ? nullptr : &waited, &failed, &time) != 0;
 }
 
 bool MMakeSocketBlocking(MSystemSocket socket) {
