@@ -11,17 +11,44 @@
 
 namespace {
 
-[[nodiscard]] bool IsListItself(const MString& name) {
-    const MString directory = "directory";
-    return MFile::Join(directory, name) == MFile::Join(directory, MDownloadIndex::StateName);
+/// A file of the downloader's own, or a file system's short name of one: "DOWNLO~1.DAT".
+[[nodiscard]] bool IsTaken(const MString& fileName) {
+    constexpr int32_t ShortNameLength = 8;
+    if (fileName.StartsWith(MDownloadIndex::StateName)) return true;
+    const MString extension = MFile::GetExtension(fileName);
+    const MString base = MFile::GetBaseName(fileName);
+    return base.StartsWith("do") && base.GetLength() <= ShortNameLength &&
+           base.FindChar('~') != MString::NotFound && (extension == "dat" || extension == "unf");
 }
 
-void CheckName(const MString& name) {
-    if (MIsSafeName(name) && !IsListItself(name)) return;
-    MRaise(MExceptionGeneral,
-           "The name \"{0}\" in the download list leads out of its directory. The server is damaged or not "
-           "trustworthy; nothing has been written.",
-           name);
+enum class NameKind { File, Directory };
+
+[[nodiscard]] MString CheckName(const MString& name, NameKind kind) {
+    if (name.GetLength() <= MDownloadIndex::MaximumNameLength) {
+        MString slashed = name;
+        slashed.ReplaceChar('\\', "/");
+        MString result;
+        int32_t depth = 0;
+        bool isTaken = false;
+        for (const MString& component : slashed.Split('/')) {
+            if (component.IsExactly(".")) continue;
+            if (++depth == 1) isTaken = IsTaken(component);
+            if (depth > 1) result.Append("/");
+            result.Append(component);
+        }
+        if (!MIsSafeName(name) || isTaken || (kind == NameKind::File && depth == 0))
+            MRaise(
+                MExceptionGeneral,
+                "The name \"{0}\" in the download list leads out of its directory. The server is damaged or "
+                "not trustworthy; nothing has been written.",
+                name);
+        if (depth <= MDownloadIndex::MaximumDepth) return result;
+    }
+    MRaise(
+        MExceptionGeneral,
+        "A name in the download list has more than {0} components or {1} characters. The server is damaged "
+        "or not trustworthy; nothing has been written.",
+        MDownloadIndex::MaximumDepth, MDownloadIndex::MaximumNameLength);
 }
 
 /// Without this a file that no part can ever complete would be tried for ever.
@@ -43,10 +70,17 @@ void MDownloadIndex::Load(MStream& stored) {
     root.Load(text);
 }
 
-void MDownloadIndex::Check() const {
-    for (const MXMLItem& directory : MXMLSubItems(root, "Directory")) CheckName(directory.GetValue());
-    for (const MXMLItem& file : MXMLSubItems(root, "File")) {
-        CheckName(file.GetValue());
+void MDownloadIndex::ForgetProgress() {
+    for (const char* name : {"Downloaded", "DownloadedTotal"}) root.RemoveAttribute(name);
+    for (MXMLItem& file : MXMLSubItems(root, "File"))
+        for (const char* name : {"NextPartIndex", "NextPartSize", "Finished"}) file.RemoveAttribute(name);
+}
+
+void MDownloadIndex::Check() {
+    for (MXMLItem& directory : MXMLSubItems(root, "Directory"))
+        directory.SetValue(CheckName(directory.GetValue(), NameKind::Directory));
+    for (MXMLItem& file : MXMLSubItems(root, "File")) {
+        file.SetValue(CheckName(file.GetValue(), NameKind::File));
         CheckParts(file);
     }
 }

@@ -19,10 +19,14 @@ public:
     /// Replaces the tree by one that is read from its stored form. Raises what reading XML and zlib data
     /// raises, and "Invalid large resource library format." (0x100) if it inflates to more than any list.
     void Load(MStream& stored);
-    /// Raises "The name \"{0}\" in the download list leads out of its directory. ..." (0) for the first name
-    /// that does, or that would take the place of the list itself, and "The download list has no parts for
-    /// the file \"{0}\". ..." (0) for a file that has none and is not empty.
-    void Check() const;
+    /// Takes away what only a downloader writes. What came from a mirror has fetched and checked nothing.
+    void ForgetProgress();
+    /// Brings the names into one form: "/" alone between the components, and none of these empty or ".".
+    /// Raises (0) "The name \"{0}\" in the download list leads out of its directory. ..." for the first name
+    /// that does, that would take the place of the list itself or, for a file, is empty; "A name in the
+    /// download list has more than {0} components or {1} characters. ..."; and "The download list has no parts
+    /// for the file \"{0}\". ..." for a file that has none and is not empty.
+    void Check();
     /// Writes the tree to a file, which keeps its old content until the new one is complete.
     /// Raises what `MOutputFile` raises.
     void Save(const MString& path) const;
@@ -31,7 +35,10 @@ public:
     [[nodiscard]] int64_t GetSize() const { return root.GetInt64Attribute("Size", 0); }
 
     static constexpr const char* FileName = "INDEX.ZIP";
+    /// No name in a list begins so: what a download keeps for itself does.
     static constexpr const char* StateName = "downloader.dat";
+    static constexpr int32_t MaximumDepth = 250;
+    static constexpr int32_t MaximumNameLength = 4000;
 
 private:
     MXMLItem root{"index"};

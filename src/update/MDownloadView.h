@@ -8,6 +8,7 @@ class MDownloadView : public MTextView, public MProgressView {
 public:
     /// Speed and amounts, some lines that change every few parts.
     virtual void SetStatistics(const MString& text) = 0;
-    /// Asked once after each part. What was fetched until then is kept for the next run.
+    /// Asked after each part, and about ten times a second while a download waits for the network. What was
+    /// fetched until then is kept for the next run.
     [[nodiscard]] virtual bool IsCancelled() = 0;
 };

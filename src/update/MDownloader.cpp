@@ -1,29 +1,26 @@
 #include "update/MDownloader.h"
 
-#include "foundation/base/MDateTime.h"
 #include "foundation/base/MGuard.h"
-#include "foundation/base/MLinearRandom.h"
 #include "foundation/base/MRaise.h"
 #include "foundation/files/MFile.h"
 #include "foundation/files/MFileReplacement.h"
+#include "foundation/files/MFileTrust.h"
+#include "foundation/files/MProgramFile.h"
 #include "foundation/module/MPlatform.h"
 #include "foundation/text/MByteSizeText.h"
 #include "foundation/xml/MXMLSubItems.h"
 #include "streams/hashes/MMD5Text.h"
-#include "update/MHTTPBody.h"
 
 #include <algorithm>
-#include <chrono>
+#include <array>
 
 namespace {
 
-constexpr int64_t MaximumStoredIndexSize = 0x4000000;
-
 const char* const NoMirrors = "No mirrors are available. Please check your internet connection.";
 
-/// A count of bytes for the progress, as the list has it: nothing has checked it.
-int64_t GetByteCount(const MXMLItem& item, const char* name) {
-    return std::clamp<int64_t>(item.GetInt64Attribute(name, 0), 0, int64_t{1} << 60);
+/// As the list has it: nobody has checked it.
+int64_t GetGoodBytes(const MXMLItem& item) {
+    return std::clamp<int64_t>(item.GetInt64Attribute("NextPartSize", 0), 0, int64_t{1} << 40);
 }
 
 double SecondsSince(std::chrono::steady_clock::time_point start) {
@@ -36,162 +33,183 @@ MDownloader::MDownloader(const MDownloadDefinition& definition, const MString& t
     : definition(definition),
       target(target),
       statePath(MFile::Join(target, MDownloadIndex::StateName)),
-      view(view) {}
+      view(view),
+      mirrors(definition, view) {}
+
+void MDownloader::CheckTarget() const {
+    if (MFile::Exists(target)) MRequireOwnFolder(target);
+}
 
 bool MDownloader::Run() {
     if (definition.GetMirrors().IsEmpty()) MRaise(MExceptionGeneral, NoMirrors);
     view.SetText(MTranslate("Connecting the download server..."));
-    MFile::CreateDirectory(target);
-    if (!LoadState()) FetchIndex();
-    MXMLItem& root = index.GetRoot();
+    MCreateOwnFolder(target);
+    CheckTarget();
+    if (!LoadState() && !FetchIndex()) return false;
+    const MXMLItem& root = index.GetRoot();
     for (const MXMLItem& directory : MXMLSubItems(root, "Directory"))
-        MFile::CreatePath(MFile::Join(target, directory.GetValue()));
-
-    // By chance, so that all users together load all mirrors alike.
-    MLinearRandom random(static_cast<uint32_t>(MDateTime::NowUTC().GetMicroseconds() / 1000));
-    mirror = static_cast<int32_t>(random.Next()) % definition.GetMirrors().GetCount();
-
-    finishedBytes = GetByteCount(root, "Downloaded");
+        MCreateOwnPath(target, directory.GetValue());
+    mirrors.ChooseFirst();
+    const auto goodBytes = static_cast<double>(CountGood());
     view.SetText(MTranslate("Downloading files..."));
-    view.SetProgress(static_cast<double>(index.GetSize()),
-                     static_cast<double>(root.GetInt64Attribute("DownloadedTotal", 0)));
-    for (MXMLItem& item : MXMLSubItems(root, "File"))
-        if (!FetchFile(item)) return false;
-    index.Save(statePath);
-    return true;
+    view.SetProgress(static_cast<double>(index.GetSize()), goodBytes);
+    bool isComplete = true;
+    try {
+        for (MXMLItem& item : MXMLSubItems(root, "File"))
+            if (isComplete && !item.HasAttribute("Finished")) isComplete = FetchFile(item);
+    } catch (const MException&) {
+        MGuard("MDownloader::Run", [&] { SaveState(); });
+        throw;
+    }
+    SaveState();
+    return isComplete;
 }
 
 bool MDownloader::LoadState() {
     if (!MFile::Exists(statePath)) return false;
     try {
-        MStdFileStream stored;
-        stored.Open(statePath, MOpenRead);
-        index.Load(stored);
-        index.Check();
-        return true;
+        // A link is none of ours, even where nobody else can have put it there.
+        if (MIsPlainFile(statePath)) {
+            MStdFileStream stored;
+            stored.Open(statePath, MOpenRead);
+            index.Load(stored);
+            index.Check();
+            return true;
+        }
     } catch (const MException&) {
-        MFile::Delete(statePath);
-        return false;
+        // It is fetched again.
     }
+    MFile::Delete(statePath);
+    return false;
 }
 
-void MDownloader::FetchIndex() {
-    constexpr int32_t RedirectBudget = 10;
-    for (const MString& address : definition.GetMirrors()) {
-        try {
-            MHTTPStream request;
-            request.Get(address + MDownloadIndex::FileName);
-            if (!request.Send(RedirectBudget)) continue;
-            MMemoryStream stored;
-            MReadHTTPBody(request, stored, MaximumStoredIndexSize);
-            stored.Rewind();
-            index.Load(stored);
-        } catch (const MException&) {
-            continue;
-        }
-        index.Check();
-        index.Save(statePath);
-        return;
+bool MDownloader::FetchIndex() {
+    if (!mirrors.FetchIndex(index)) {
+        if (mirrors.IsCancelled()) return false;
+        MRaise(MExceptionGeneral,
+               "Could not connect to any download server. Please check your internet connection.");
     }
-    MRaise(MExceptionGeneral,
-           "Could not connect to any download server. Please check your internet connection.");
+    index.ForgetProgress();
+    index.Check();
+    index.Save(statePath);
+    return true;
+}
+
+int64_t MDownloader::CountGood() {
+    int64_t begunBytes = 0;
+    for (MXMLItem& item : MXMLSubItems(index.GetRoot(), "File")) {
+        const bool isFinished = item.HasAttribute("Finished");
+        // Somebody may have taken away a file that was complete.
+        if (isFinished && !MIsPlainFile(MFile::Join(target, item.GetValue()))) {
+            item.RemoveAttribute("Finished");
+            Note(item, {});
+        }
+        (isFinished ? finishedBytes : begunBytes) += GetGoodBytes(item);
+    }
+    return finishedBytes + begunBytes;
 }
 
 bool MDownloader::FetchFile(MXMLItem& item) {
-    const MString path = MFile::Join(target, item.GetValue());
-    if (item.HasAttribute("Finished")) {
-        if (MFile::Exists(path)) return true;
-        // Somebody has taken away a file that was complete.
-        item.RemoveAttribute("Finished");
-        finishedBytes = std::max<int64_t>(0, finishedBytes - GetByteCount(item, "NextPartSize"));
-    }
-    MStdFileStream file;
-    Position good;
-    for (;;) {
-        file.Open(path, MFile::Exists(path) ? MOpenWrite : MOpenWrite | MOpenCreate);
-        good = {item.GetInt64Attribute("NextPartSize", 0), item.GetInt32Attribute("NextPartIndex", 0)};
-        // Somebody has changed the file since; what is missing cannot be made up by zeros.
-        if (good.bytes < 0 || good.partIndex < 0 || good.bytes > file.GetSize()) good = {};
-        file.Seek(good.bytes, MSeekOrigin::Begin);
-        file.Truncate();
+    const MString& name = item.GetValue();
+    const MString path = MFile::Join(target, name);
+    MCreateOwnPath(target, MFile::GetDirectory(name));
+    for (int32_t tries = 1; tries <= TriesPerFile; ++tries) {
+        MStdFileStream file;
+        Position good = OpenFile(item, path, file);
         if (!FetchParts(item, file, good)) return false;
 
         view.SetText(MTranslate("Checking file integrity..."));
         file.Rewind();
-        if (MMD5OfStream(file) == item.GetAttribute("md5")) break;
+        if (MMD5OfStream(file) == item.GetAttribute("md5")) {
+            FinishFile(item, file, good);
+            return true;
+        }
+        Note(item, {});
         view.SetText(MTranslate("Download failed, retrying..."));
-        item.SetAttribute("NextPartIndex", 0);
-        item.SetAttribute("NextPartSize", 0);
+        mirrors.Pause();
+        if (mirrors.IsCancelled()) return false;
     }
-    file.Close();
-    MSyncFile(path);
-    view.SetText(MTranslate("Downloading..."));
-    item.SetAttribute("Finished", "1");
-    index.GetRoot().SetAttribute("Downloaded", finishedBytes + good.bytes);
-    SaveState(item, good);
-    finishedBytes += good.bytes;
-    return true;
+    MRaise(
+        MExceptionGeneral,
+        "The file \"{0}\" is not what the download list says, although each of its parts is. The server is "
+        "damaged; please tell its maker.",
+        name);
+}
+
+MDownloader::Position MDownloader::OpenFile(MXMLItem& item, const MString& path, MStdFileStream& file) {
+    // What is written through a link or into a pipe is not in this folder.
+    if (MFile::IsLink(path) || MFile::IsDevice(path)) MFile::Delete(path);
+    file.Open(path, MFile::Exists(path) ? MOpenWrite : MOpenWrite | MOpenCreate);
+    Position good{item.GetInt64Attribute("NextPartSize", 0), item.GetInt32Attribute("NextPartIndex", 0)};
+    // Somebody has changed the file since; what is missing cannot be made up by zeros.
+    if (good.bytes < 0 || good.partIndex < 0 || good.bytes > file.GetSize()) good = {};
+    file.Seek(good.bytes, MSeekOrigin::Begin);
+    file.Truncate();
+    return good;
 }
 
 bool MDownloader::FetchParts(MXMLItem& item, MStdFileStream& file, Position& good) {
-    const auto size = static_cast<double>(index.GetSize());
+    const int64_t size = index.GetSize();
+    // No part is larger than all files together; a list without that number sets no limit.
+    const int64_t limit = size > 0 ? size : INT64_MAX;
     MMemoryStream part;
     int32_t position = 0;
     for (const MXMLItem& child : MXMLSubItems(item, "Part")) {
         if (position++ < good.partIndex) continue;
         const auto start = std::chrono::steady_clock::now();
-        try {
-            FetchPart(item.GetAttribute("ID") + "." + child.GetValue() + ".zip", child.GetAttribute("md5"),
-                      part);
-            file.Write(part.GetBuffer().GetBlock(), static_cast<int32_t>(part.GetSize()));
-            file.Flush();
-        } catch (const MException&) {
-            MGuard("MDownloader::FetchParts", [&] { SaveState(item, good); });
-            throw;
+        const MString name = item.GetAttribute("ID") + "." + child.GetValue() + ".zip";
+        if (!mirrors.FetchPart(name, child.GetAttribute("md5"), limit, part)) {
+            if (mirrors.IsCancelled()) return false;
+            MRaise(MExceptionGeneral, NoMirrors);
         }
+        file.Write(part.GetBuffer().GetBlock(), static_cast<int32_t>(part.GetSize()));
+        file.Flush();
         good.bytes += part.GetSize();
         ++good.partIndex;
-        view.SetProgress(size, static_cast<double>(finishedBytes + good.bytes));
+        Note(item, good);
+        const int64_t total = finishedBytes + good.bytes;
+        view.SetProgress(static_cast<double>(size), static_cast<double>(total));
         if (speed.Add(part.GetSize(), SecondsSince(start)))
             view.SetStatistics(MFormat(MTranslate("Speed: {0}/s\nDownloaded: {1}\nTotal size: {2}"),
-                                       MByteSizeText(speed.Get()), MByteSizeText(finishedBytes + good.bytes),
-                                       MByteSizeText(index.GetSize())));
-        if (view.IsCancelled()) {
-            SaveState(item, good);
-            return false;
-        }
+                                       MByteSizeText(speed.Get()), MByteSizeText(total),
+                                       MByteSizeText(size)));
+        if (mirrors.IsCancelled()) return false;
     }
     return true;
 }
 
-void MDownloader::FetchPart(const MString& name, const MString& digest, MMemoryStream& part) {
-    // No part is larger than all files together; a list without that number sets no limit.
-    const int64_t limit = index.GetSize() > 0 ? index.GetSize() : INT64_MAX;
-    const MList<MString>& mirrors = definition.GetMirrors();
-    for (int32_t tries = 1; tries <= TriesPerPart; ++tries) {
-        try {
-            MHTTPStream request;
-            request.Get(mirrors[mirror] + name);
-            if (request.Send(0)) {
-                part.Reset();
-                MReadHTTPBody(request, part, limit);
-                const auto size = static_cast<int32_t>(part.GetSize());
-                if (MMD5OfBlock(part.GetBuffer().GetBlock(), size) == digest) return;
-            }
-        } catch (const MException&) {
-            // As a part with a wrong digest: the next mirror may do better.
-        }
-        mirror = (mirror + 1) % mirrors.GetCount();
-        if (tries % mirrors.GetCount() == 0 && tries < TriesPerPart) MPlatform::Sleep(PauseMilliseconds);
-    }
-    MRaise(MExceptionGeneral, NoMirrors);
+void MDownloader::FinishFile(MXMLItem& item, MStdFileStream& file, const Position& good) {
+    std::array<char, 4> start;
+    file.Rewind();
+    const int32_t count = file.Read(start.data(), start.size());
+    file.Close();
+    if (MBeginsProgram({start.data(), static_cast<size_t>(count)}))
+        MGuard("MDownloader::FinishFile", [&] { MFile::MakeExecutable(file.GetFileName()); });
+    unsynced.Add(file.GetFileName());
+    view.SetText(MTranslate("Downloading..."));
+    item.SetAttribute("Finished", "1");
+    Note(item, good);
+    finishedBytes += good.bytes;
+    if (std::chrono::steady_clock::now() >= nextSave) SaveState();
 }
 
-void MDownloader::SaveState(MXMLItem& item, const Position& good) {
+void MDownloader::Note(MXMLItem& item, const Position& good) {
     item.SetAttribute("NextPartIndex", good.partIndex);
     item.SetAttribute("NextPartSize", good.bytes);
     index.GetRoot().SetAttribute("DownloadedTotal", finishedBytes + good.bytes);
+}
+
+void MDownloader::SaveState() {
+    constexpr auto Interval = std::chrono::seconds(1);
+    constexpr int32_t Share = 10;
+    const auto start = std::chrono::steady_clock::now();
+    for (const MString& path : unsynced) MSyncFile(path);
+    unsynced.Clear();
+    index.GetRoot().SetAttribute("Downloaded", finishedBytes);
     index.Save(statePath);
+    // The list of a package of many small files takes longer to save than one of these to fetch.
+    const auto end = std::chrono::steady_clock::now();
+    nextSave = end + std::max<std::chrono::steady_clock::duration>(Interval, Share * (end - start));
 }
 
 MString MFindDownloadedSetup(const MString& directory) {

@@ -2,32 +2,34 @@
 
 #include "streams/basic/MMemoryStream.h"
 #include "streams/basic/MStdFileStream.h"
-#include "update/MDownloadDefinition.h"
-#include "update/MDownloadIndex.h"
 #include "update/MDownloadSpeed.h"
-#include "update/MDownloadView.h"
+#include "update/MMirrors.h"
 
 /// Fetches a package from its mirrors, part by part, into a directory of its own. Each part and each finished
 /// file is checked by MD5; what fails is fetched again, a part from the next mirror.
 ///
 /// How far a download is stands in "downloader.dat" in that directory. It is saved when the list has arrived,
-/// after each file, when the user cancels and when a run fails; a later run goes on from there. All of a run
-/// happens in the calling thread.
+/// after a file unless that was done a moment ago, when the user cancels and when a run ends or fails; a
+/// later run goes on from there. All of a run happens in the calling thread.
 class MDownloader {
 public:
     /// `target` is the directory; the definition and the view outlive the downloader.
     MDownloader(const MDownloadDefinition& definition, const MString& target, MDownloadView& view);
 
-    /// False if the user has cancelled. Raises "No mirrors are available. Please check your internet
-    /// connection." (0) if the definition names none or a part failed 10 times, "Could not connect to any
-    /// download server. Please check your internet connection." (0) if no mirror gives the list, what
-    /// `MDownloadIndex::Check` raises before anything is written but the directory, and what creating and
-    /// writing files raises.
+    /// Raises what `MRequireOwnFolder` raises (MFileTrust.h) if the target stands and somebody else may have
+    /// put something into it.
+    void CheckTarget() const;
+    /// False if the user has cancelled. Raises what `CheckTarget` raises; "No mirrors are available. Please
+    /// check your internet connection." (0) if the definition names none or a part failed 10 times; "Could not
+    /// connect to any download server. Please check your internet connection." (0) if no mirror gives the
+    /// list; what `MDownloadIndex::Check` raises before anything is written but the directory; "The file
+    /// \"{0}\" is not what the download list says, ..." (0) for one whose parts are all good and whose whole
+    /// is not, `TriesPerFile` times; and what creating and writing files raises.
     [[nodiscard]] bool Run();
 
-    static constexpr int32_t TriesPerPart = 10;
-    /// Between tries, once all mirrors have failed.
-    static constexpr int32_t PauseMilliseconds = 250;
+    static constexpr int32_t TriesPerFile = 3;
+
+    [[nodiscard]] MMirrors& GetMirrors() { return mirrors; }
 
 private:
     /// How much of the file in hand is good.
@@ -38,23 +40,30 @@ private:
 
     /// False if there is no usable list on the disk.
     [[nodiscard]] bool LoadState();
-    void FetchIndex();
+    /// False if the user has cancelled.
+    [[nodiscard]] bool FetchIndex();
+    /// Finds out what is finished. Gives the bytes of all that is good.
+    [[nodiscard]] int64_t CountGood();
     /// False if the user has cancelled.
     [[nodiscard]] bool FetchFile(MXMLItem& item);
+    /// Opens a file at the end of what is good of it.
+    [[nodiscard]] Position OpenFile(MXMLItem& item, const MString& path, MStdFileStream& file);
     [[nodiscard]] bool FetchParts(MXMLItem& item, MStdFileStream& file, Position& good);
-    /// Fetches a part by its name on the mirrors.
-    void FetchPart(const MString& name, const MString& digest, MMemoryStream& part);
-    /// Notes how much of a file is good, and saves the list.
-    void SaveState(MXMLItem& item, const Position& good);
+    void FinishFile(MXMLItem& item, MStdFileStream& file, const Position& good);
+    /// Notes how much of a file is good.
+    void Note(MXMLItem& item, const Position& good);
+    void SaveState();
 
     const MDownloadDefinition& definition;
     const MString target;
     const MString statePath;
     MDownloadView& view;
+    MMirrors mirrors;
     MDownloadIndex index;
-    int32_t mirror = 0;  ///< the one that parts come from
     MDownloadSpeed speed;
     int64_t finishedBytes = 0;  ///< of all files that are complete
+    MList<MString> unsynced;    ///< finished files that a power cut may still damage
+    std::chrono::steady_clock::time_point nextSave;
 };
 
 /// The first program in a directory whose name holds "setup"; empty if there is none. Raises what

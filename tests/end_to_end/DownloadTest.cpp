@@ -64,7 +64,6 @@ TEST_F(DownloadSetTest, FetchesAnInstallerThatThenInstalls) {
         result.output.ends_with("The software has successfully been downloaded.\n" + Text(fetched) + "\n"))
         << result.output;
     ExpectRelease();
-    MFile::MakeExecutable(fetched);
     EXPECT_EQ(Start(fetched, ToList({"silent", "directory:destination=to"})).exitCode, 0);
     EXPECT_EQ(ReadHome("to/file.txt"), "content");
 

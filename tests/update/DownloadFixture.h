@@ -12,6 +12,13 @@
 #include <memory>
 #include <mutex>
 
+/// A server that keeps the connection, after what it has sent.
+inline MTestReply LeftOpen(const MTestReply& reply) {
+    MTestReply open = reply;
+    open.isLeftOpen = true;
+    return open;
+}
+
 inline const char* const NotFound = "HTTP/1.0 404 Not Found\n\n";
 inline const char* const NoMirrors = "0: No mirrors are available. Please check your internet connection.";
 
@@ -55,14 +62,17 @@ public:
         maximum = newMaximum;
         values.push_back(value);
     }
-    [[nodiscard]] bool IsCancelled() override { return ++partCount == cancelAfter; }
+    [[nodiscard]] bool IsCancelled() override {
+        return values.size() == cancelAfter + 1 || ++askCount == cancelAtQuestion;
+    }
 
     std::string texts;
     std::vector<std::string> statistics;
     double maximum = 0;
     std::vector<double> values;
-    int32_t partCount = 0;
-    int32_t cancelAfter = 0;
+    size_t cancelAfter = SIZE_MAX - 1;
+    int32_t askCount = 0;
+    int32_t cancelAtQuestion = 0;
 };
 
 /// A package "package" of three files in five parts, on two mirrors.
@@ -108,14 +118,17 @@ protected:
         return {first.GetAddress(), second.GetAddress() + "/"};
     }
     [[nodiscard]] bool Run(MDownloadView& view, const std::vector<MString>& mirrors) const {
-        return MDownloader(Define(mirrors), target, view).Run();
+        const MDownloadDefinition definition = Define(mirrors);
+        MDownloader downloader(definition, target, view);
+        downloader.GetMirrors().quietLimit = std::chrono::milliseconds(300);
+        return downloader.Run();
     }
     [[nodiscard]] std::string FailureOfRun(const std::vector<MString>& mirrors) const {
         MTestDownloadView view;
         return FailureOf([&] { (void)Run(view, mirrors); });
     }
     /// Cancels after a number of parts.
-    void RunInPart(int32_t parts) const {
+    void RunInPart(size_t parts) const {
         MTestDownloadView view;
         view.cancelAfter = parts;
         EXPECT_FALSE(Run(view, {first.GetAddress()}));

@@ -19,7 +19,7 @@ TEST_F(DownloadTest, FetchesEachPartOnceAndAFurtherRunNothing) {
 TEST_F(DownloadTest, GoesOnWithTheNextPartWhereverItWasCancelled) {
     const std::string parts = "big.1.zip\nbig.2.zip\nbig.3.zip\nbig.4.zip\nsmall.1.zip\n";
     const double bytes[] = {4, 8, 12, 14, 19};
-    for (int32_t cancelled = 1; cancelled <= 5; ++cancelled) {
+    for (size_t cancelled = 1; cancelled <= 5; ++cancelled) {
         RunInPart(cancelled);
         (void)first.TakeRequests();
         // What was written after the state was saved is cut away.
@@ -51,6 +51,58 @@ TEST_F(DownloadTest, FilesThatWereChangedBehindItsBackAreFetchedAgain) {
     // Finished, and then deleted.
     MFile::Delete(scratch.Join("target/big.bin"));
     EXPECT_EQ(RunToTheEnd(Both()).values.back(), 14 + 5);
+    const std::string saved = scratch.ReadFile("target/downloader.dat");
+    MMemoryStream stored = MStreamOf(saved);
+    MDownloadIndex index;
+    index.Load(stored);
+    EXPECT_EQ(index.GetRoot().GetInt64Attribute("Downloaded"), 19);
+}
+
+TEST_F(DownloadTest, WhatAMirrorSaysIsFetchedAndWhatLiesAroundCountForNothing) {
+    std::string index = GetIndex();
+    const std::string lies = "Finished=\"1\" NextPartIndex=\"3\" NextPartSize=\"12\" ";
+    for (size_t at = 0; (at = index.find("<File ", at)) != std::string::npos; at += lies.size())
+        index.insert(at += 6, lies);
+    Publish(first, index);
+    scratch.WriteFile("target/big.bin", "planted planted");
+    RunToTheEnd({first.GetAddress()});
+    EXPECT_EQ(first.TakeRequests(), "INDEX.ZIP\nbig.1.zip\nbig.2.zip\nbig.3.zip\nbig.4.zip\nsmall.1.zip\n");
+}
+
+TEST_F(DownloadTest, AFileThatIsWrongAsAWholeIsFetchedThreeTimes) {
+    const std::string digest = MTestDigest("aaaabbbbccccdd");
+    std::string index = GetIndex();
+    Publish(first, index.replace(index.find(digest), digest.size(), MTestDigest("else")));
+    EXPECT_EQ(
+        FailureOfRun({first.GetAddress()}),
+        "0: The file \"big.bin\" is not what the download list says, although each of its parts is. The "
+        "server is damaged; please tell its maker.");
+    const std::string round = "big.1.zip\nbig.2.zip\nbig.3.zip\nbig.4.zip\n";
+    EXPECT_EQ(first.TakeRequests(), "INDEX.ZIP\n" + round + round + round);
+}
+
+TEST_F(DownloadTest, ASilentMirrorIsLeftForAnotherOrByTheUser) {
+    // One that keeps the connection has still sent all that it announced.
+    second.Put("/package/big.2.zip", LeftOpen(MTestBody("bbbb")));
+    MTestDownloadView patient;
+    patient.cancelAtQuestion = 60;
+    EXPECT_TRUE(Run(patient, {second.GetAddress()}));
+
+    MFile::DeleteTree(target);
+    second.Put("/package/big.3.zip", LeftOpen("HTTP/1.0 200 OK\n\ncc"));
+    first.Put("/package/big.4.zip", LeftOpen(""));
+    first.Put("/package/INDEX.ZIP", LeftOpen(""));
+    RunToTheEnd(Both());
+
+    MFile::DeleteTree(target);
+    first.Put("/package/INDEX.ZIP", MTestBody(MDeflate(GetIndex())));
+    MTestDownloadView view;
+    view.cancelAtQuestion = 12;
+    EXPECT_FALSE(Run(view, {first.GetAddress()}));
+    EXPECT_EQ(view.values.back(), 12);
+    (void)TakeRequests();
+    RunToTheEnd(Both());
+    EXPECT_EQ(TakeRequests().find("big.1.zip"), std::string::npos);
 }
 
 TEST_F(DownloadTest, APartThatOneMirrorCannotGiveComesFromTheNext) {
@@ -108,8 +160,17 @@ TEST_F(DownloadTest, TheListComesFromTheFirstMirrorThatHasOne) {
 }
 
 TEST_F(DownloadTest, NamesThatLeadOutAreRefusedBeforeAnythingIsWritten) {
-    const std::string names[] = {"../out", "folder/../../out",    "/out",  "C:/out",
-                                 "C:out",  "folder\\..\\..\\out", "\\out", "./downloader.dat"};
+    const std::string names[] = {"../out",
+                                 "folder/../../out",
+                                 "/out",
+                                 "C:/out",
+                                 "C:out",
+                                 "folder\\..\\..\\out",
+                                 "\\out",
+                                 "./downloader.dat",
+                                 ".//Downloader.dat/x",
+                                 ".\\downloader.dat.unfinished",
+                                 "DOWNLO~1.DAT"};
     for (const std::string& name : names) {
         for (const std::string& item :
              {DescribeFile("big", name, {"aaaa"}), "<Directory>" + name + "</Directory>"}) {
@@ -121,6 +182,15 @@ TEST_F(DownloadTest, NamesThatLeadOutAreRefusedBeforeAnythingIsWritten) {
                           "trustworthy; nothing has been written.");
             EXPECT_EQ(scratch.ListTree(), "target/\n");
         }
+    }
+    std::string deep = "x";
+    for (int i = 0; i < MDownloadIndex::MaximumDepth; ++i) deep += "/x";
+    for (const std::string& name : {deep, std::string(5000, 'x')}) {
+        Publish(first, "<index>" + DescribeFile("big", name, {"aaaa"}) + "</index>");
+        EXPECT_EQ(
+            FailureOfRun({first.GetAddress()}),
+            "0: A name in the download list has more than 250 components or 4000 characters. The server is "
+            "damaged or not trustworthy; nothing has been written.");
     }
     Publish(first, "<index><File ID=\"a\" md5=\"00\">name</File></index>");
     EXPECT_EQ(

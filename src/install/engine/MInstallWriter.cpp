@@ -2,6 +2,7 @@
 
 #include "foundation/base/MGuard.h"
 #include "foundation/files/MFile.h"
+#include "foundation/files/MProgramFile.h"
 #include "install/engine/MInstallRetry.h"
 #include "install/presets/MPresetFile.h"
 
@@ -19,14 +20,6 @@ MString GetBundlePath(const MString& path) {
 
 bool HoldsPresets(const MString& path) {
     return path.Contains("presets.");
-}
-
-/// Whether a file that begins so is a program, an ELF image or a script with an interpreter line. Platforms
-/// with execute permissions want them set on such files.
-bool BeginsProgram(std::string_view bytes) {
-    return bytes.starts_with("\x7f"
-                             "ELF") ||
-           bytes.starts_with("#!");
 }
 
 }  // namespace
@@ -117,7 +110,7 @@ bool MInstallWriter::CopyContent(MStream& content, MStdFileStream& target) {
         if (count <= 0) return isProgram;
         const auto* const piece = static_cast<const char*>(buffer.GetBlock());
         if (progress.filePosition == 0)
-            isProgram = BeginsProgram(std::string_view(piece, static_cast<size_t>(count)));
+            isProgram = MBeginsProgram(std::string_view(piece, static_cast<size_t>(count)));
         target.Write(piece, count);
         progress.doneBytes += count;
         progress.filePosition += count;
