@@ -18,13 +18,18 @@ TEST_F(DownloadSetPosixTest, NamesThatWindowsCannotHaveAreAllTold) {
     for (const char* name :
          {"aux.txt", "ab:c", "back\\slash", "dot.", "tab\t", "\xFFraw", "Case/x", "case/y"})
         scratch.WriteFile("files/" + Name(name), "x");
+    scratch.WriteFile("files/Downloader.dat.old", "x");
+    MString deep = "files";
+    for (int i = 0; i < 251; ++i) deep += "/d";
+    scratch.WriteFile(deep, "x");
     const std::string before = scratch.ListTree();
     EXPECT_EQ(MakeSet(), MBuilderExitFailed);
     for (const char* problem : {"\"aux.txt\" is reserved", "\"ab:c\" contains", "\"back\\slash\" contains",
                                 "\"dot.\" ends with a dot", "\"tab\t\" contains", "\" is no valid Unicode",
-                                "\"Case\" and \"case\" differ in case only"})
+                                "\"Case\" and \"case\" differ in case only",
+                                "\"Downloader.dat.old\" begins as", "/d\" is too long or too deep"})
         EXPECT_THAT(JoinComplaints(), HasSubstr(problem));
-    EXPECT_EQ(output.complaints.size(), 8u) << JoinComplaints();
+    EXPECT_EQ(output.complaints.size(), 10u) << JoinComplaints();
     EXPECT_EQ(scratch.ListTree(), before);
 }
 
