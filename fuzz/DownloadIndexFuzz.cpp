@@ -17,6 +17,7 @@ namespace {
 void RequireInside(const MXMLItem& root, const MString& kind) {
     const MString target = MFile::GetCurrentPath();
     for (const MXMLItem& item : MXMLSubItems(root, kind)) {
+        if (item.GetValue().StartsWith(MDownloadIndex::StateName)) __builtin_trap();
         const MString path = MFile::Join(target, item.GetValue());
         if (!path.StartsWith(target) || path.Contains("/../") || path.EndsWith("/..")) __builtin_trap();
     }

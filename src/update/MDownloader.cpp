@@ -55,8 +55,10 @@ bool MDownloader::Run() {
     view.SetProgress(static_cast<double>(index.GetSize()), goodBytes);
     bool isComplete = true;
     try {
-        for (MXMLItem& item : MXMLSubItems(root, "File"))
-            if (isComplete && !item.HasAttribute("Finished")) isComplete = FetchFile(item);
+        for (MXMLItem& item : MXMLSubItems(root, "File")) {
+            if (!item.HasAttribute("Finished")) isComplete = FetchFile(item);
+            if (!isComplete) break;
+        }
     } catch (const MException&) {
         MGuard("MDownloader::Run", [&] { SaveState(); });
         throw;
@@ -185,7 +187,7 @@ void MDownloader::FinishFile(MXMLItem& item, MStdFileStream& file, const Positio
     file.Close();
     if (MBeginsProgram({start.data(), static_cast<size_t>(count)}))
         MGuard("MDownloader::FinishFile", [&] { MFile::MakeExecutable(file.GetFileName()); });
-    unsynced.Add(file.GetFileName());
+    unsynced.push_back(&item);
     view.SetText(MTranslate("Downloading..."));
     item.SetAttribute("Finished", "1");
     Note(item, good);
@@ -203,8 +205,11 @@ void MDownloader::SaveState() {
     constexpr auto Interval = std::chrono::seconds(1);
     constexpr int32_t Share = 10;
     const auto start = std::chrono::steady_clock::now();
-    for (const MString& path : unsynced) MSyncFile(path);
-    unsynced.Clear();
+    // A file that cannot be synced, since somebody has it open, is checked once more by the next run.
+    for (MXMLItem* item : unsynced)
+        if (!MGuard("MDownloader::SaveState", [&] { MSyncFile(MFile::Join(target, item->GetValue())); }))
+            item->RemoveAttribute("Finished");
+    unsynced.clear();
     index.GetRoot().SetAttribute("Downloaded", finishedBytes);
     index.Save(statePath);
     // The list of a package of many small files takes longer to save than one of these to fetch.

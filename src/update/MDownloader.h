@@ -5,6 +5,8 @@
 #include "update/MDownloadSpeed.h"
 #include "update/MMirrors.h"
 
+#include <vector>
+
 /// Fetches a package from its mirrors, part by part, into a directory of its own. Each part and each finished
 /// file is checked by MD5; what fails is fetched again, a part from the next mirror.
 ///
@@ -61,8 +63,8 @@ private:
     MMirrors mirrors;
     MDownloadIndex index;
     MDownloadSpeed speed;
-    int64_t finishedBytes = 0;  ///< of all files that are complete
-    MList<MString> unsynced;    ///< finished files that a power cut may still damage
+    int64_t finishedBytes = 0;        ///< of all files that are complete
+    std::vector<MXMLItem*> unsynced;  ///< finished files that a power cut may still damage
     std::chrono::steady_clock::time_point nextSave;
 };
 

@@ -89,7 +89,7 @@ bool MWaitForSocket(MSystemSocket socket, MSocketDirection direction, int32_t mi
     FD_ZERO(&failed);
     FD_SET(ToHandle(socket), &waited);
     FD_SET(ToHandle(socket), &failed);
-    const timeval time{milliseconds / 1000, milliseconds % 1000 * 1000};
+    timeval time{milliseconds / 1000, milliseconds % 1000 * 1000};
     const bool isReading = direction == MSocketDirection::Reading;
     return select(0, isReading ? &waited : nullptr, isReading ? nullptr : &waited, &failed, &time) != 0;
 }
