@@ -2,6 +2,7 @@
 
 #include "foundation/base/MGuard.h"
 #include "foundation/base/MRaise.h"
+#include "foundation/base/MRefusal.h"
 #include "foundation/files/MFile.h"
 #include "foundation/files/MFileReplacement.h"
 #include "foundation/files/MFileTrust.h"
@@ -36,15 +37,15 @@ MDownloader::MDownloader(const MDownloadDefinition& definition, const MString& t
       view(view),
       mirrors(definition, view) {}
 
-void MDownloader::CheckTarget() const {
-    if (MFile::Exists(target)) MRequireOwnFolder(target);
-}
-
 bool MDownloader::Run() {
     if (definition.GetMirrors().IsEmpty()) MRaise(MExceptionGeneral, NoMirrors);
     view.SetText(MTranslate("Connecting the download server..."));
     MCreateOwnFolder(target);
-    CheckTarget();
+    try {
+        MRequireOwnFolder(target);
+    } catch (const MException& exception) {
+        throw MRefusal(exception.GetMessage());
+    }
     if (!LoadState() && !FetchIndex()) return false;
     const MXMLItem& root = index.GetRoot();
     for (const MXMLItem& directory : MXMLSubItems(root, "Directory"))

@@ -18,10 +18,9 @@ public:
     /// `target` is the directory; the definition and the view outlive the downloader.
     MDownloader(const MDownloadDefinition& definition, const MString& target, MDownloadView& view);
 
-    /// Raises what `MRequireOwnFolder` raises (MFileTrust.h) if the target stands and somebody else may have
-    /// put something into it.
-    void CheckTarget() const;
-    /// False if the user has cancelled. Raises what `CheckTarget` raises; "No mirrors are available. Please
+    /// False if the user has cancelled. Raises `MRefusal` with what `MRequireOwnFolder` says (MFileTrust.h) if
+    /// the target stands and somebody else may have put something into it; what `MCreateOwnPath` raises for a
+    /// directory in it; "No mirrors are available. Please
     /// check your internet connection." (0) if the definition names none or a part failed 10 times; "Could not
     /// connect to any download server. Please check your internet connection." (0) if no mirror gives the
     /// list; what `MDownloadIndex::Check` raises before anything is written but the directory; "The file

@@ -113,13 +113,7 @@ MExitCode MSilentFrontEnd::Download(const MDownloadDefinition& definition, const
         const MString target = GetDownloadTarget(program);
         MDownloadConsoleView console;
         console.SetText(definition.GetID() + MTranslate(" downloader"));
-        MDownloader downloader(definition, target, console);
-        try {
-            downloader.CheckTarget();
-        } catch (const MException& exception) {
-            throw MRefusal(exception.GetMessage());
-        }
-        if (!downloader.Run()) {
+        if (!MDownloader(definition, target, console).Run()) {
             dialogs.ShowError(
                 MTranslate("The download has been interrupted. Start it again to go on where it has ended."));
             return MExitFailed;
