@@ -13,7 +13,7 @@ enum MExitCode : int32_t {
     MExitDone = 0,
     MExitFailed = 1,      ///< the run failed; its text is on standard error
     MExitRefused = 2,     ///< refused before anything was written
-    MExitIncomplete = 3,  ///< removed, but for what is listed
+    MExitIncomplete = 3,  ///< installed or removed, but for what is listed
 };
 
 /// How a process meets its user: through windows, or without any by the words of its command line and lines

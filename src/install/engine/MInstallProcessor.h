@@ -49,6 +49,8 @@ public:
     void Complete() { writer.Complete(); }
 
     [[nodiscard]] const MInstallProgress& GetProgress() const { return progress; }
+    /// Preset files that were left as they were.
+    [[nodiscard]] const MList<MUnmergedPresets>& GetUnmerged() const { return writer.GetUnmerged(); }
     /// What could not be removed.
     [[nodiscard]] const MInstallRemover& GetRemover() const { return remover; }
 

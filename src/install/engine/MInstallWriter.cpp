@@ -65,8 +65,10 @@ void MInstallWriter::Write(MXMLItem& element, const MString& name, bool rewritab
 
 void MInstallWriter::Merge(MXMLItem& element, const MString& path, MLargeResourceLibrary& library) {
     progress.Log("Processing preset file ", path);
-    progress.doneBytes += MMergePresetFile(
+    const MPresetMergeOutcome outcome = MMergePresetFile(
         path, [&] { return library.OpenItem(&element); }, journal);
+    if (!outcome.failure.IsEmpty()) unmerged.Add({path, outcome.failure});
+    progress.doneBytes += outcome.sourceBytes;
     ++progress.itemIndex;
     progress.ShowBytes();
 }

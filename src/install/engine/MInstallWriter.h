@@ -5,6 +5,12 @@
 #include "install/presets/MPresetJournal.h"
 #include "payload/MLargeResourceLibrary.h"
 
+/// A preset file into which the new presets could not be merged.
+struct MUnmergedPresets {
+    MString path;
+    MString reason;
+};
+
 /// Puts the files of an installation onto the disk: writes what may be written, merges the presets of what is
 /// there and protected, and leaves everything else.
 class MInstallWriter {
@@ -24,6 +30,8 @@ public:
     /// See `MPresetJournal::Complete`.
     void Complete() { journal.Complete(); }
 
+    [[nodiscard]] const MList<MUnmergedPresets>& GetUnmerged() const { return unmerged; }
+
 private:
     void Merge(MXMLItem& element, const MString& path, MLargeResourceLibrary& library);
     /// Opens what is `written` in the end as `path`, under which the user hears of it. False if it shall be
@@ -38,4 +46,5 @@ private:
     MInstallProgress& progress;
     MBuffer buffer;
     MPresetJournal journal;
+    MList<MUnmergedPresets> unmerged;
 };

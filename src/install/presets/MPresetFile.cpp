@@ -1,16 +1,25 @@
 #include "install/presets/MPresetFile.h"
 
 #include "foundation/base/MGuard.h"
+#include "foundation/base/MRaise.h"
 #include "foundation/files/MFile.h"
+#include "foundation/files/MFileReplacement.h"
+#include "foundation/text/MUnicode.h"
 #include "install/presets/MPresetMerge.h"
 #include "streams/basic/MMemoryStream.h"
 #include "streams/basic/MOutputFile.h"
 #include "streams/hashes/MMD5Text.h"
 
+#include <algorithm>
+#include <string>
+
 namespace {
 
 /// The exchange index of presets that an installation has brought.
 constexpr int32_t InstalledIndex = 0;
+
+/// What a file begins with while it is being written in its place. No preset file begins so.
+constexpr char TornMark = '\0';
 
 MString GetDigest(MMemoryStream& content) {
     return MMD5OfBlock(content.GetBuffer().Get(), static_cast<int32_t>(content.GetSize()));
@@ -23,56 +32,163 @@ void ReadFile(const MString& path, MMemoryStream& content) {
     content.Rewind();
 }
 
-/// The copy comes into being whole before it takes the place of an older one, and the file itself stays.
-void MakeBackup(const MString& path) {
-    const MString backup = path + "backup";
+MString GetBackup(const MString& path) {
+    return path + "backup";
+}
+
+/// For files in folders where nothing can be created.
+MString GetDistantBackup(const MString& path) {
+    const std::string folder = MEncodeUTF8Exact(MFile::GetDirectory(path));
+    const MString backups = MFile::Join(MFile::GetSpecialPath(MSpecialFolderUserData), "InstallerBackups");
+    return MFile::Join(MFile::Join(backups, MMD5OfBlock(folder.data(), static_cast<int32_t>(folder.size()))),
+                       MFile::GetFileName(GetBackup(path)));
+}
+
+void MakeWay(const MString& backup) {
     if (MFile::IsDirectory(backup)) MFile::DeleteTree(backup);
-    MStdFileStream file;
-    file.Open(path, MOpenRead);
+}
+
+/// The file gets its backup's name as a second one, which needs no space.
+void LinkBackup(const MString& path) {
+    const MString backup = GetBackup(path);
+    const MString link = backup + ".unfinished";
+    if (MFile::Exists(link)) MFile::Delete(link);
+    MLinkFile(path, link);
+    MakeWay(backup);
+    MReplaceFile(link, backup);
+    // Where the one name replaces the other and both are of the same file, the system leaves both.
+    if (MFile::Exists(link)) MFile::Delete(link);
+}
+
+void CopyBackup(const MString& path, MMemoryStream& existing, const MString& backup) {
     MOutputFile copy(backup);
-    file.CopyAllToInLargePieces(copy);
+    copy.CopyOwnership(path);
+    existing.Rewind();
+    existing.CopyAllToInLargePieces(copy);
+    copy.Complete();
+    MakeWay(backup);
     copy.Commit();
 }
 
-void WriteResult(const MString& path, MMemoryStream& result) {
-    MOutputFile file(path);
-    result.Rewind();
-    result.CopyAllToInLargePieces(file);
-    file.Flush();
-    MGuard("Rename current preset as backup", [&] { MakeBackup(path); });
-    file.Commit();
+/// A backup that shares no bytes with the file.
+void CopyBackup(const MString& path, MMemoryStream& existing) {
+    try {
+        CopyBackup(path, existing, GetBackup(path));
+    } catch (const MException&) {
+        const MString backup = GetDistantBackup(path);
+        MFile::CreatePath(MFile::GetDirectory(backup));
+        CopyBackup(path, existing, backup);
+    }
 }
 
-void Merge(const MString& path, MMemoryStream& existing, MMemoryStream& source, MPresetJournal& journal) {
-    const MString sourceDigest = GetDigest(source);
-    if (journal.IsMerged(path, sourceDigest, GetDigest(existing))) return;
+/// Takes no more space than the file has. What is begun and not completed is seen by its first byte.
+void Overwrite(MStdFileStream& file, MMemoryStream& content) {
+    file.Rewind();
+    file.Write(&TornMark, 1);
+    file.Sync();
+    content.Seek(1, MSeekOrigin::Begin);
+    content.CopyAllToInLargePieces(file);
+    file.Truncate();
+    file.Sync();
+    file.Rewind();
+    file.Write(content.GetBuffer().Get(), 1);
+    file.Sync();
+}
+
+void WriteInPlace(const MPresetMergeRecord& record, MMemoryStream& existing, MMemoryStream& result,
+                  MPresetJournal& journal) {
+    MStdFileStream file;
+    file.Open(record.path, MOpenWrite);
+    try {
+        // The space is taken before anything is overwritten. Line feeds behind a document say nothing.
+        const int64_t growth = std::max<int64_t>(result.GetSize() - existing.GetSize(), 0);
+        const std::string padding(static_cast<size_t>(growth), '\n');
+        file.Seek(0, MSeekOrigin::End);
+        file.Write(padding.data(), static_cast<int32_t>(padding.size()));
+        file.Sync();
+        journal.Add(record);
+        CopyBackup(record.path, existing);
+    } catch (const MException&) {
+        MGuard("Merge presets", [&] {
+            file.Seek(existing.GetSize(), MSeekOrigin::Begin);
+            file.Truncate();
+        });
+        throw;
+    }
+    try {
+        Overwrite(file, result);
+    } catch (const MException&) {
+        MGuard("Merge presets", [&] { Overwrite(file, existing); });
+        throw;
+    }
+}
+
+void Replace(const MPresetMergeRecord& record, MMemoryStream& existing, MMemoryStream& result,
+             MPresetJournal& journal) {
+    MOutputFile file(record.path);
+    file.CopyOwnership(record.path);
+    result.Rewind();
+    result.CopyAllToInLargePieces(file);
+    file.Complete();
+    journal.Add(record);
+    if (!MGuard("Rename current preset as backup", [&] { LinkBackup(record.path); }))
+        CopyBackup(record.path, existing, GetBackup(record.path));
+    if (!MGuard("Merge presets", [&] { file.Commit(); })) WriteInPlace(record, existing, result, journal);
+}
+
+/// Reads what a file holds, or what it held before a merge was killed that was writing into it.
+void ReadExisting(const MString& path, MMemoryStream& content, const MPresetJournal& journal) {
+    ReadFile(path, content);
+    if (content.IsEnd() || *content.GetPointer() != TornMark) return;
+    for (const MString& backup : {GetBackup(path), GetDistantBackup(path)}) {
+        if (!MFile::IsFile(backup)) continue;
+        content.Reset();
+        ReadFile(backup, content);
+        if (journal.IsBefore(path, GetDigest(content))) return;
+    }
+    MRaise(MExceptionGeneral, "The file \"{0}\" is damaged.", path);
+}
+
+void Merge(const MString& path, MMemoryStream& source, MPresetJournal& journal) {
+    MMemoryStream existing;
+    ReadExisting(path, existing, journal);
+    MPresetMergeRecord record{path, GetDigest(source), MString(), GetDigest(existing)};
+    if (journal.IsMerged(path, record.sourceDigest, record.beforeDigest)) return;
     MXMLItem target;
     target.Load(existing);
     MXMLItem presets;
     presets.Load(source);
     if (MergePresets(target, presets, InstalledIndex, MMergeReplace, false) == 0) return;
 
+    const MRewriteWay way = MFindRewriteWay(path);
+    if (way == MRewriteWay::None) MRaise(MExceptionGeneral, "The file \"{0}\" is write-protected.", path);
     MMemoryStream result;
     target.Save(result, false, "utf-8");
-    journal.Add({path, sourceDigest, GetDigest(result)});
-    WriteResult(path, result);
+    record.resultDigest = GetDigest(result);
+    (way == MRewriteWay::Replace ? Replace : WriteInPlace)(record, existing, result, journal);
 }
 
 }  // namespace
 
-int64_t MMergePresetFile(const MString& path, const MPresetSource& openSource, MPresetJournal& journal) {
-    int64_t sourceBytes = 0;
+MPresetMergeOutcome MMergePresetFile(const MString& path, const MPresetSource& openSource,
+                                     MPresetJournal& journal) {
+    MPresetMergeOutcome outcome;
+    outcome.failure = MTranslate("An error occurred.");
     MGuard("Merge presets", [&] {
-        MMemoryStream existing;
-        ReadFile(path, existing);
-        const std::unique_ptr<MStream> content = openSource();
-        sourceBytes = content->GetSize();
-        MMemoryStream source;
-        content->CopyAllToInLargePieces(source);
-        source.Rewind();
-        Merge(path, existing, source, journal);
+        try {
+            const std::unique_ptr<MStream> content = openSource();
+            outcome.sourceBytes = content->GetSize();
+            MMemoryStream source;
+            content->CopyAllToInLargePieces(source);
+            source.Rewind();
+            Merge(path, source, journal);
+            journal.Visit(path);
+            outcome.failure = MString();
+        } catch (const MException& exception) {
+            outcome.failure = exception.GetMessage();
+        }
     });
-    return sourceBytes;
+    return outcome;
 }
 
 void MRecordNewPresetFile(const MString& path, const MString& written, MPresetJournal& journal) {
@@ -80,6 +196,7 @@ void MRecordNewPresetFile(const MString& path, const MString& written, MPresetJo
         MMemoryStream content;
         ReadFile(written, content);
         const MString digest = GetDigest(content);
-        journal.Add({path, digest, digest});
+        journal.Visit(path);
+        journal.Add({path, digest, digest, digest});
     });
 }

@@ -11,10 +11,12 @@
 namespace {
 
 constexpr int32_t DigestLength = 2 * MMD5Stream::DigestSize;
-constexpr int32_t PathStart = 2 * (DigestLength + 1);
+constexpr int32_t DigestStep = DigestLength + 1;
+constexpr int32_t PathStart = 3 * DigestStep;
 
 std::string FormatRecord(const MPresetMergeRecord& record) {
-    return MEncodeUTF8Exact(record.sourceDigest + " " + record.resultDigest + " " + record.path + "\n");
+    return MEncodeUTF8Exact(record.sourceDigest + " " + record.resultDigest + " " +
+                            record.beforeDigest + " " + record.path + "\n");
 }
 
 }  // namespace
@@ -33,23 +35,27 @@ void MPresetJournal::Read() {
         const MString line = MDecodeUTF8Exact({text.data() + start, end - start});
         if (line.GetLength() > PathStart)
             records.Add({line.Substring(PathStart), line.Substring(0, DigestLength),
-                         line.Substring(DigestLength + 1, DigestLength)});
+                         line.Substring(DigestStep, DigestLength),
+                         line.Substring(2 * DigestStep, DigestLength)});
     }
 }
 
-bool MPresetJournal::IsMerged(const MString& path, const MString& sourceDigest, const MString& digest) {
-    visited.Add(path);
-    for (const MPresetMergeRecord& record : records)
-        if (record.path.IsExactly(path) && record.sourceDigest == sourceDigest &&
-            record.resultDigest == digest)
-            return true;
-    return false;
+bool MPresetJournal::IsMerged(const MString& path, const MString& sourceDigest, const MString& digest) const {
+    return std::ranges::any_of(records, [&](const MPresetMergeRecord& record) {
+        return record.path.IsExactly(path) && record.sourceDigest == sourceDigest &&
+               record.resultDigest == digest;
+    });
+}
+
+bool MPresetJournal::IsBefore(const MString& path, const MString& digest) const {
+    return std::ranges::any_of(records, [&](const MPresetMergeRecord& record) {
+        return record.path.IsExactly(path) && record.beforeDigest == digest;
+    });
 }
 
 void MPresetJournal::Add(const MPresetMergeRecord& record) {
-    visited.Add(record.path);
     records.Add(record);
-    MGuard("MPresetJournal", [this] { Rewrite(); });
+    Rewrite();
 }
 
 void MPresetJournal::Complete() {

@@ -70,6 +70,7 @@ void MInstallRun::Perform() {
     const std::unique_ptr<MSetupLocks> held = std::move(locks);
     MInstallProcessor processor;
     processor.Perform(session.GetDefinition(), session.Library, views, MRunKind::Install);
+    unmerged = processor.GetUnmerged();
 
     const MString setupPath = MGetSetupPath(mainPath);
     session.InstalledExecutable = MPlatform::GetPathText(setupPath);

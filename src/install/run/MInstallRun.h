@@ -1,7 +1,7 @@
 #pragma once
 
 #include "install/definition/MSetupSession.h"
-#include "install/engine/MInstallViews.h"
+#include "install/engine/MInstallWriter.h"
 #include "install/run/MSetupLocks.h"
 
 /// The installing itself, after every choice stands in the definition: directories, destinations, the files,
@@ -24,12 +24,16 @@ public:
     /// and there is no new "setup.state".
     void Perform();
 
+    /// The preset files that `Perform` has left as they were.
+    [[nodiscard]] const MList<MUnmergedPresets>& GetUnmerged() const { return unmerged; }
+
 private:
     void SaveState();
 
     MSetupSession& session;
     MInstallViews views;
     MList<MString> directories;
+    MList<MUnmergedPresets> unmerged;
     MString mainPath;  ///< the first available directory, else the maker's data
     std::unique_ptr<MSetupLocks> locks;
 };

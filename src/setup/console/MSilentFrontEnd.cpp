@@ -62,10 +62,15 @@ MExitCode MSilentFrontEnd::Install(MLargeResourceLibrary& definition) {
         views.dialogs = &answers;
         MUnattendedRun run(definition, options, views);
         run.Validate();
+        MList<MString> unmerged;
         const MExitCode exitCode = Guard([&] {
-            run.Perform();
-            return MExitDone;
+            for (const MUnmergedPresets& presets : run.Perform())
+                unmerged.Add(presets.path + ": " + presets.reason);
+            return unmerged.IsEmpty() ? MExitDone : MExitIncomplete;
         });
+        if (!unmerged.IsEmpty())
+            dialogs.ShowError(ListLines(
+                "The new presets could not be merged into these files, which stay as they are:", unmerged));
         // A run that was refused has shown no page.
         if (exitCode != MExitRefused) run.Conclude(exitCode != MExitFailed);
         return exitCode;

@@ -37,7 +37,7 @@ void MUnattendedRun::Validate() {
             MRefuse("{0} has no directory \"{1}\" to choose.", product, directory.name);
 }
 
-void MUnattendedRun::Perform() {
+MList<MUnmergedPresets> MUnattendedRun::Perform() {
     ChooseComponents();
     ChooseDirectories();
     options.removeOlder ? RemoveOlderVersions() : run.Check();
@@ -48,6 +48,7 @@ void MUnattendedRun::Perform() {
     run.Enter();
     directories.Remember();
     run.Perform();
+    return run.GetUnmerged();
 }
 
 void MUnattendedRun::ChooseComponents() {

@@ -16,14 +16,24 @@ MOutputFile::~MOutputFile() {
     MGuard("MOutputFile", [this] { MFile::Delete(GetFileName()); });
 }
 
+void MOutputFile::CopyOwnership(const MString& from) {
+    RequireOpen();
+    MCopyOwnership(from, GetFileName(), writeHandle);
+}
+
 void MOutputFile::CommitProgram() {
     MFile::MakeExecutable(GetFileName());
     Commit();
 }
 
-void MOutputFile::Commit() {
+void MOutputFile::Complete() {
+    if (!IsOpen()) return;
+    Sync();
     Close();
-    MSyncFile(GetFileName());
+}
+
+void MOutputFile::Commit() {
+    Complete();
     MReplaceFile(GetFileName(), path);
     isCommitted = true;
 }

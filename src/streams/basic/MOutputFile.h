@@ -12,7 +12,12 @@ public:
     ~MOutputFile() override;
 
     [[nodiscard]] const MString& GetPath() const { return path; }
-    /// Closes, and puts the file into its place. Raises what `MStdFileStream::Close`, `MSyncFile` and
+    /// See `MCopyOwnership`.
+    void CopyOwnership(const MString& from);
+    /// Closes the file, which then is sure to be on the disk, but not yet in its place. Raises what
+    /// `MStdFileStream::Sync` and `Close` raise.
+    void Complete();
+    /// Completes the file if that is not done, and puts it into its place. Raises what `Complete` and
     /// `MReplaceFile` raise.
     void Commit();
     /// As `Commit`, and gives the file the right to be executed. Raises what `MFile::MakeExecutable` raises

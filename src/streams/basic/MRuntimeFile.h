@@ -20,3 +20,6 @@
 
 /// Sets the length in bytes. What is buffered must have been flushed. False on failure.
 [[nodiscard]] bool MTruncateRuntimeFile(std::FILE* file, int64_t size);
+
+/// Waits until what was written is on the disk. What is buffered must have been flushed. False on failure.
+[[nodiscard]] bool MSyncRuntimeFile(std::FILE* file);

@@ -154,6 +154,11 @@ void MStdFileStream::Flush() {
     if (direction == Direction::Writing && std::fflush(writeHandle) != 0) RaiseWriteError();
 }
 
+void MStdFileStream::Sync() {
+    Flush();
+    if (!writeHandle || !MSyncRuntimeFile(writeHandle)) RaiseWriteError();
+}
+
 bool MStdFileStream::IsEnd() {
     return GetPosition() >= sizeAtOpening;
 }

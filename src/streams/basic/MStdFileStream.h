@@ -49,6 +49,8 @@ public:
     void Seek(int64_t offset, MSeekOrigin origin) override;
     int64_t GetPosition() override;
     void Flush() override;
+    /// Makes what was written survive a power cut, as far as the system can tell. Raises as `Write`.
+    void Sync();
     /// True at or past the size that the file had when it was opened.
     bool IsEnd() override;
     void Truncate() override;

@@ -5,6 +5,18 @@
 #include "foundation/module/MPlatform.h"
 #include "foundation/win32/MWindowsHeader.h"
 
+#include <vector>
+
+namespace {
+
+bool CanOpen(const std::wstring& path, DWORD access) {
+    constexpr DWORD ShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+    const HANDLE file = CreateFileW(path.c_str(), access, ShareAll, nullptr, OPEN_EXISTING, 0, nullptr);
+    return file != INVALID_HANDLE_VALUE && CloseHandle(file);
+}
+
+}  // namespace
+
 void MSyncFile(const MString& path) {
     const HANDLE file = CreateFileW(MNativePath(path).c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr,
                                     OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
@@ -23,4 +35,33 @@ void MReplaceFile(const MString& from, const MString& to) {
     if (!MoveFileExW(MNativePath(from).c_str(), target.c_str(), Flags))
         MRaise(MExceptionGeneral, "Could not rename file \"{0}\" to \"{1}\". {2}", from, to,
                MSystemErrorText());
+}
+
+MRewriteWay MFindRewriteWay(const MString& path) {
+    const std::wstring native = MNativePath(path);
+    const DWORD attributes = GetFileAttributesW(native.c_str());
+    if (attributes == INVALID_FILE_ATTRIBUTES || attributes & FILE_ATTRIBUTE_READONLY ||
+        !CanOpen(native, GENERIC_WRITE))
+        return MRewriteWay::None;
+    // A program that has the file open may let others write into it and not let them replace it.
+    const bool isFree = !(attributes & FILE_ATTRIBUTE_REPARSE_POINT) && CanOpen(native, DELETE);
+    return isFree ? MRewriteWay::Replace : MRewriteWay::InPlace;
+}
+
+void MLinkFile(const MString& path, const MString& name) {
+    if (!CreateHardLinkW(MNativePath(name).c_str(), MNativePath(path).c_str(), nullptr))
+        MRaise(MExceptionGeneral, "Could not create file link at \"{0}\" to \"{1}\". {2}", name, path,
+               MSystemErrorText());
+}
+
+void MCopyOwnership(const MString& from, const MString& to, std::FILE* /*file*/) {
+    const std::wstring source = MNativePath(from);
+    const std::wstring target = MNativePath(to);
+    DWORD size = 0;
+    GetFileSecurityW(source.c_str(), DACL_SECURITY_INFORMATION, nullptr, 0, &size);
+    std::vector<BYTE> permissions(size);
+    if (GetFileSecurityW(source.c_str(), DACL_SECURITY_INFORMATION, permissions.data(), size, &size))
+        SetFileSecurityW(target.c_str(), DACL_SECURITY_INFORMATION, permissions.data());
+    const DWORD attributes = GetFileAttributesW(source.c_str());
+    if (attributes != INVALID_FILE_ATTRIBUTES) SetFileAttributesW(target.c_str(), attributes);
 }

@@ -27,3 +27,7 @@ int64_t MTellRuntimeFile(std::FILE* file) {
 bool MTruncateRuntimeFile(std::FILE* file, int64_t size) {
     return ftruncate(fileno(file), static_cast<off_t>(size)) == 0;
 }
+
+bool MSyncRuntimeFile(std::FILE* file) {
+    return fsync(fileno(file)) == 0;
+}

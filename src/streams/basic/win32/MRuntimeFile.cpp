@@ -39,3 +39,7 @@ int64_t MTellRuntimeFile(std::FILE* file) {
 bool MTruncateRuntimeFile(std::FILE* file, int64_t size) {
     return _chsize_s(_fileno(file), size) == 0;
 }
+
+bool MSyncRuntimeFile(std::FILE* file) {
+    return _commit(_fileno(file)) == 0;
+}
