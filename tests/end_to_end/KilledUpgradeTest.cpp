@@ -66,6 +66,9 @@ protected:
         for (const MString& path : presetFiles) WriteAsUser(path, MakeUsersPresets());
         WriteAsUser(InHome("to/shared/Sounds/Killedpresets.xmlbackup"), "<Killedpresets/>");
         WriteAsUser(InHome("to/shared/Sounds/settings.ini"), "changed");
+        // Where the system knows such permissions, this folder takes no new file and gives none away.
+        std::filesystem::permissions(Text(InHome("to/fixed")),
+                                     std::filesystem::perms::owner_read | std::filesystem::perms::owner_exec);
         // Both installers have the same program, which is left as it is if it stands there already.
         WriteAsUser(GetRemover("to"), "the program of version 1");
         WriteAsUser(MFile::Join(oldFolder, "Bank/One.xml"), "old one");
@@ -90,12 +93,14 @@ protected:
             write(name + version + ".txt", "text");
         write("/shared/Sounds/settings.ini", version);
         for (const std::string& name : {std::string("/shared/Sounds/Killed"), "/shared/Sounds/Only" + version,
-                                        std::string("/user/KilledUser")})
+                                        std::string("/user/KilledUser"),
+                                        std::string("/fixed/Fixed")})
             write(name + "presets.xml", MakeShippedPresets(version));
 
         const std::string path = "\" required=\"1\" path=\"" + version;
         Pack("<files destination=\"{destination}" + path + "/program\"/>" +
              "<files destination=\"{destination}/shared" + path + "/shared\" rewritable=\"0\"/>" +
+             "<files destination=\"{destination}/fixed" + path + "/fixed\" rewritable=\"0\"/>" +
              "<files destination=\"{userdata}" + path + "/user\" rewritable=\"0\"/>" + more +
              "<shortcutdirectory name=\"Killed Test\">"
              "<shortcut name=\"Tool\" destination=\"{destination}/tool\"/>"
@@ -112,8 +117,9 @@ protected:
     }
 
     static MList<MString> Words() { return ToList({"silent", "directory:destination=to"}); }
-    [[nodiscard]] MKilledProgramResult Upgrade(int32_t fatalOperation) const {
-        return MRunKilledProgram(second, Words(), InHome(""), InHome(""), fatalOperation);
+    [[nodiscard]] MKilledProgramResult Upgrade(int32_t fatalOperation,
+                                               MDisturbance disturbance = MDisturbance::Kill) const {
+        return MRunKilledProgram(second, Words(), InHome(""), InHome(""), fatalOperation, disturbance);
     }
     /// All that a run can write, without the log, which tells of one run only.
     [[nodiscard]] MTreeSnapshot Look() const {
@@ -124,12 +130,21 @@ protected:
     void ExpectUsersPresets() const {
         const Presets wanted = ReadPresets(scratch.WriteFile("users.xml", MakeUsersPresets()));
         ASSERT_EQ(wanted.size(), 5u);
-        for (const MString& path : presetFiles)
-            EXPECT_TRUE(ReadPresets(path) == wanted || ReadPresets(path + "backup") == wanted) << Text(path);
+        for (const MString& path : presetFiles) {
+            bool isThere = ReadPresets(path) == wanted || ReadPresets(path + "backup") == wanted;
+            const auto look = [&](const MString& directory, const MFileListEntry& entry) {
+                isThere = isThere || (entry.name.StartsWith(MFile::GetFileName(path) + "backup") &&
+                                      ReadPresets(MFile::Join(directory, entry.name)) == wanted);
+                return true;
+            };
+            MFile::GetFileListRecursed(MFile::Join(userData, "InstallerBackups"), "", look);
+            EXPECT_TRUE(isThere) << Text(path);
+        }
     }
     MString userData = MTestUserData(InHome(""));
     MString oldFolder = MFile::Join(MFile::GetDirectory(userData), "Kestrum");
-    MString presetFiles[2] = {InHome("to/shared/Sounds/Killedpresets.xml"),
+    MString presetFiles[3] = {InHome("to/shared/Sounds/Killedpresets.xml"),
+                              InHome("to/fixed/Fixedpresets.xml"),
                               MFile::Join(userData, "KilledUserpresets.xml")};
     MScratchFolders folders{scratch};
     MTreeSnapshot machine = Look();  ///< what stood there before the test
@@ -157,6 +172,32 @@ TEST_F(KilledUpgradeTest, KeepsThePresetsAndIsCompletedByTheNextRun) {
         ExpectUsersPresets();
         const MProgramResult next = Start(second, Words());
         EXPECT_EQ(next.exitCode, 0) << next.errors;
+        EXPECT_EQ(after.DescribeChanges(Look()), "");
+    }
+}
+
+// The backup was a copy, and the merge stood without it when there was no room for that.
+TEST_F(KilledUpgradeTest, AFullDiskCostsNoPresetsAndIsTold) {
+    const MTreeSnapshot before = Look();
+    const int32_t count = Upgrade(0).operationCount;
+    ASSERT_GE(count, 200);
+    const MTreeSnapshot after = Look();
+    for (int32_t first = 1; first <= count && !HasFailure(); first += KILLED_RUN_STRIDE) {
+        SCOPED_TRACE("full from file operation " + std::to_string(first) + " of " + std::to_string(count));
+        before.Restore();
+        const MProgramResult result = Upgrade(first, MDisturbance::FullDisk).program;
+        ExpectUsersPresets();
+        if (result.exitCode == 0) {
+            EXPECT_EQ(after.DescribeChanges(Look()), "");
+            continue;
+        }
+        const MProgramResult next = Start(second, Words());
+        EXPECT_EQ(next.exitCode, 0) << next.errors;
+        // A preset file that has come while the journal could not be written is merged with itself.
+        const MString shipped = InHome("to/shared/Sounds/Only2presets.xml");
+        EXPECT_EQ(ReadPresets(shipped).size(), 4u);
+        MWriteTestFile(shipped, MakeShippedPresets("2"));
+        if (MFile::Exists(shipped + "backup")) MFile::Delete(shipped + "backup");
         EXPECT_EQ(after.DescribeChanges(Look()), "");
     }
 }

@@ -27,6 +27,12 @@ protected:
         processor->Complete();
         processor.reset();
     }
+    void ExpectUnmerged(const char* reason) const {
+        const MList<MUnmergedPresets>& unmerged = processor->GetUnmerged();
+        ASSERT_EQ(unmerged.GetCount(), 1);
+        EXPECT_EQ(Text(unmerged[0].path), Text(InTarget("Setpresets.xml")));
+        EXPECT_THAT(Text(unmerged[0].reason), HasSubstr(reason));
+    }
     void ExpectMergedFromUsers() const {
         EXPECT_EQ(Read("Setpresets.xml"), Merged);
         EXPECT_EQ(Read("Setpresets.xmlbackup"), Users);
@@ -65,12 +71,16 @@ TEST_F(PresetInstallationTest, WhateverIsInTheWayGivesWay) {
     Put("Setpresets.xmlbackup/folder/file", "in the way");
     Perform();
     ExpectMergedFromUsers();
-    for (const char* name : {"Setpresets.xml", "Setpresets.xmlbackup"}) {
-        Put(name, Users);
-        std::filesystem::permissions(Text(InTarget(name)), perms::owner_read | perms::group_read);
-    }
+    Put("Setpresets.xml", Users);
+    std::filesystem::permissions(Text(InTarget("Setpresets.xmlbackup")), perms::owner_read);
     PerformCompletely();
     ExpectMergedFromUsers();
+
+    Put("Setpresets.xml", Users);
+    std::filesystem::permissions(Text(InTarget("Setpresets.xml")), perms::owner_read | perms::group_read);
+    Perform();
+    EXPECT_EQ(Read("Setpresets.xml"), Users);
+    ExpectUnmerged("write-protected");
 }
 
 TEST_F(PresetInstallationTest, WhatCannotBeReadStaysAndTheRunGoesOn) {
@@ -86,6 +96,7 @@ TEST_F(PresetInstallationTest, WhatCannotBeReadStaysAndTheRunGoesOn) {
         EXPECT_EQ(Read("Setpresets.xml"), existing);
         EXPECT_FALSE(Exists("Setpresets.xmlbackup"));
         EXPECT_EQ(Read("last"), "3");
+        ExpectUnmerged("");
     }
 }
 

@@ -10,7 +10,6 @@
 #include "streams/basic/MOutputFile.h"
 #include "streams/hashes/MMD5Text.h"
 
-#include <algorithm>
 #include <string>
 
 namespace {
@@ -99,22 +98,9 @@ void WriteInPlace(const MPresetMergeRecord& record, MMemoryStream& existing, MMe
                   MPresetJournal& journal) {
     MStdFileStream file;
     file.Open(record.path, MOpenWrite);
-    try {
-        // The space is taken before anything is overwritten. Line feeds behind a document say nothing.
-        const int64_t growth = std::max<int64_t>(result.GetSize() - existing.GetSize(), 0);
-        const std::string padding(static_cast<size_t>(growth), '\n');
-        file.Seek(0, MSeekOrigin::End);
-        file.Write(padding.data(), static_cast<int32_t>(padding.size()));
-        file.Sync();
-        journal.Add(record);
-        CopyBackup(record.path, existing);
-    } catch (const MException&) {
-        MGuard("Merge presets", [&] {
-            file.Seek(existing.GetSize(), MSeekOrigin::Begin);
-            file.Truncate();
-        });
-        throw;
-    }
+    file.Reserve(result.GetSize());
+    journal.Add(record);
+    CopyBackup(record.path, existing);
     try {
         Overwrite(file, result);
     } catch (const MException&) {

@@ -159,6 +159,11 @@ void MStdFileStream::Sync() {
     if (!writeHandle || !MSyncRuntimeFile(writeHandle)) RaiseWriteError();
 }
 
+void MStdFileStream::Reserve(int64_t size) {
+    Flush();
+    if (!writeHandle || !MReserveRuntimeFile(writeHandle, size)) RaiseWriteError();
+}
+
 bool MStdFileStream::IsEnd() {
     return GetPosition() >= sizeAtOpening;
 }

@@ -51,6 +51,9 @@ public:
     void Flush() override;
     /// Makes what was written survive a power cut, as far as the system can tell. Raises as `Write`.
     void Sync();
+    /// Takes the space that a file of this size needs, as far as the system can; what the file holds stays.
+    /// Raises as `Write`.
+    void Reserve(int64_t size);
     /// True at or past the size that the file had when it was opened.
     bool IsEnd() override;
     void Truncate() override;

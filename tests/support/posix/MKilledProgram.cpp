@@ -3,6 +3,7 @@
 #include "tests/support/posix/MTestProcess.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <csignal>
 #include <cstdint>
 #include <cstdlib>
@@ -12,6 +13,7 @@
 #include <sys/ptrace.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
+#include <sys/user.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -26,6 +28,11 @@ constexpr uint64_t ChangingCalls[] = {
     SYS_rmdir, SYS_mkdir,    SYS_mkdirat,   SYS_link,     SYS_linkat,          SYS_symlink, SYS_symlinkat,
     SYS_mknod, SYS_mknodat,  SYS_chmod,     SYS_fchmodat, SYS_chown,           SYS_lchown,  SYS_fchownat,
     SYS_utime, SYS_utimes,   SYS_utimensat, SYS_sendfile, SYS_copy_file_range, __NR_openat2};
+
+constexpr uint64_t SpaceTakingCalls[] = {SYS_write,    SYS_pwrite64, SYS_writev,  SYS_pwritev,
+                                         SYS_pwritev2, SYS_fallocate, SYS_fsync,  SYS_fdatasync,
+                                         SYS_creat,    SYS_mkdir,    SYS_mkdirat, SYS_link,
+                                         SYS_linkat,   SYS_symlink,  SYS_symlinkat};
 
 constexpr uint64_t OpenForChange = O_WRONLY | O_RDWR | O_CREAT | O_TRUNC;
 
@@ -43,6 +50,22 @@ bool IsBeforeFileOperation(pid_t process) {
     const std::string path = "/proc/" + std::to_string(process) + "/fd/" + std::to_string(arguments[0]);
     struct stat status;
     return arguments[0] > STDERR_FILENO && stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode);
+}
+
+/// Makes the call that the stopped process is about to make fail as on a full disk, if it would need space.
+void FailForSpace(pid_t process) {
+    user_regs_struct registers;
+    ptrace(PTRACE_GETREGS, process, nullptr, &registers);
+    const bool isCreation = (registers.orig_rax == SYS_open && (registers.rsi & O_CREAT)) ||
+                            (registers.orig_rax == SYS_openat && (registers.rdx & O_CREAT));
+    if (!isCreation && std::ranges::count(SpaceTakingCalls, registers.orig_rax) == 0) return;
+    registers.orig_rax = static_cast<unsigned long long>(-1);
+    ptrace(PTRACE_SETREGS, process, nullptr, &registers);
+    int status = 0;
+    ptrace(PTRACE_SYSCALL, process, nullptr, 0);
+    waitpid(process, &status, 0);
+    registers.rax = static_cast<unsigned long long>(-ENOSPC);
+    ptrace(PTRACE_SETREGS, process, nullptr, &registers);
 }
 
 /// In the new process. It stops at the start of its program until the watcher lets it go on.
@@ -64,7 +87,7 @@ bool Continue(pid_t process, int signal, int& status) {
 
 MKilledProgramResult MRunKilledProgram(const MString& program, const MList<MString>& arguments,
                                        const MString& directory, const MString& home,
-                                       int32_t fatalOperation) {
+                                       int32_t fatalOperation, MDisturbance disturbance) {
     constexpr int StopAtCall = SIGTRAP | 0x80;
     const MTestProcess process(program, arguments, directory, home, true, BeWatched);
     MKilledProgramResult result;
@@ -79,8 +102,11 @@ MKilledProgramResult MRunKilledProgram(const MString& program, const MList<MStri
     while (Continue(process.GetId(), signal, status)) {
         signal = WSTOPSIG(status) == StopAtCall ? 0 : WSTOPSIG(status);
         if (signal != 0 || !IsBeforeFileOperation(process.GetId())) continue;
+        ++result.operationCount;
+        if (fatalOperation == 0 || result.operationCount < fatalOperation) continue;
         // A process that is killed here does not perform the call any more.
-        if (++result.operationCount == fatalOperation) kill(process.GetId(), SIGKILL);
+        if (disturbance == MDisturbance::Kill) kill(process.GetId(), SIGKILL);
+        if (disturbance == MDisturbance::FullDisk) FailForSpace(process.GetId());
     }
     result.isKilled = WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL;
     result.program = process.GetResult(status);

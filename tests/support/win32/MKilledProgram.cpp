@@ -16,6 +16,8 @@ using Stack = std::array<DWORD, 10>;
 struct WatchedCall {
     const char* name;
     bool (*changesFile)(const Stack& stack);
+    DWORD argumentCount;
+    bool (*takesSpace)(const Stack& stack);
 };
 
 constexpr DWORD OpenDisposition = 1;  // FILE_OPEN: what is missing is not created
@@ -29,19 +31,25 @@ bool IsForChange(DWORD access) {
 constexpr DWORD Changes[] = {4, 10, 11, 13, 19, 20, 64, 65};
 
 constexpr auto Always = [](const Stack&) { return true; };
+constexpr auto Never = [](const Stack&) { return false; };
+
+/// Each a FILE_INFORMATION_CLASS: link and length.
+constexpr DWORD Growths[] = {11, 20};
 
 /// What all changes of files and of the registry come down to, whoever asks for them.
 constexpr WatchedCall WatchedCalls[] = {
-    {"NtCreateFile", [](const Stack& stack) { return IsForChange(stack[2]) || stack[8] != OpenDisposition; }},
-    {"NtOpenFile", [](const Stack& stack) { return IsForChange(stack[2]); }},
-    {"NtSetInformationFile", [](const Stack& stack) { return std::ranges::count(Changes, stack[5]) > 0; }},
-    {"NtWriteFile", Always},
-    {"NtFlushBuffersFile", Always},
-    {"NtDeleteFile", Always},
-    {"NtCreateKey", Always},
-    {"NtSetValueKey", Always},
-    {"NtDeleteKey", Always},
-    {"NtDeleteValueKey", Always},
+    {"NtCreateFile", [](const Stack& stack) { return IsForChange(stack[2]) || stack[8] != OpenDisposition; }, 11,
+     [](const Stack& stack) { return stack[8] != OpenDisposition; }},
+    {"NtOpenFile", [](const Stack& stack) { return IsForChange(stack[2]); }, 6, Never},
+    {"NtSetInformationFile", [](const Stack& stack) { return std::ranges::count(Changes, stack[5]) > 0; }, 5,
+     [](const Stack& stack) { return std::ranges::count(Growths, stack[5]) > 0; }},
+    {"NtWriteFile", Always, 9, Always},
+    {"NtFlushBuffersFile", Always, 2, Always},
+    {"NtDeleteFile", Always, 1, Never},
+    {"NtCreateKey", Always, 7, Never},
+    {"NtSetValueKey", Always, 6, Never},
+    {"NtDeleteKey", Always, 1, Never},
+    {"NtDeleteValueKey", Always, 2, Never},
 };
 
 /// Each call starts with the instruction "mov eax, number", of one byte and the number.
@@ -49,11 +57,13 @@ constexpr BYTE LoadNumberCode = 0xB8;
 constexpr DWORD LoadNumberSize = 1 + sizeof(DWORD);
 constexpr BYTE BreakpointCode = 0xCC;
 
+constexpr DWORD DiskFullStatus = 0xC000007F;
+
 /// Debugs a program, with a breakpoint at the start of each watched call.
 class Watcher {
 public:
-    Watcher(const MTestProcess& process, int32_t fatalOperation)
-        : process(process), fatalOperation(fatalOperation) {}
+    Watcher(const MTestProcess& process, int32_t fatalOperation, MDisturbance disturbance)
+        : process(process), fatalOperation(fatalOperation), disturbance(disturbance) {}
 
     /// To the program's end.
     MKilledProgramResult Watch() {
@@ -92,10 +102,11 @@ private:
         CONTEXT context{};
         context.ContextFlags = CONTEXT_CONTROL | CONTEXT_INTEGER;  // NOLINT(misc-redundant-expression)
         GetThreadContext(thread, &context);
-        CountCall(*breakpoint->second.call, context);
-        // Does what the instruction does whose place the breakpoint has taken.
-        context.Eax = breakpoint->second.number;
-        context.Eip = address + LoadNumberSize;
+        if (!DisturbCall(*breakpoint->second.call, context)) {
+            // Does what the instruction does whose place the breakpoint has taken.
+            context.Eax = breakpoint->second.number;
+            context.Eip = address + LoadNumberSize;
+        }
         SetThreadContext(thread, &context);
         CloseHandle(thread);
         return DBG_CONTINUE;
@@ -116,13 +127,21 @@ private:
         FlushInstructionCache(process.GetHandle(), nullptr, 0);
     }
 
-    void CountCall(const WatchedCall& call, const CONTEXT& context) {
+    /// True if the call has returned without having been made.
+    bool DisturbCall(const WatchedCall& call, CONTEXT& context) {
         Stack stack{};
         ReadProcessMemory(process.GetHandle(), reinterpret_cast<void*>(context.Esp), stack.data(),
                           sizeof stack, nullptr);
-        if (!call.changesFile(stack) || process.IsOutput(reinterpret_cast<HANDLE>(stack[1]))) return;
-        if (++result.operationCount != fatalOperation) return;
-        result.isKilled = TerminateProcess(process.GetHandle(), static_cast<UINT>(-1)) != FALSE;
+        if (!call.changesFile(stack) || process.IsOutput(reinterpret_cast<HANDLE>(stack[1]))) return false;
+        ++result.operationCount;
+        if (fatalOperation == 0 || result.operationCount < fatalOperation) return false;
+        if (disturbance == MDisturbance::Kill)
+            result.isKilled = TerminateProcess(process.GetHandle(), static_cast<UINT>(-1)) != FALSE;
+        if (disturbance == MDisturbance::Kill || !call.takesSpace(stack)) return false;
+        context.Eax = DiskFullStatus;
+        context.Eip = stack[0];
+        context.Esp += (1 + call.argumentCount) * sizeof(DWORD);
+        return true;
     }
 
     struct Breakpoint {
@@ -132,6 +151,7 @@ private:
 
     const MTestProcess& process;
     int32_t fatalOperation;
+    MDisturbance disturbance;
     std::map<DWORD, Breakpoint> breakpoints;  ///< by address
     MKilledProgramResult result;
 };
@@ -140,11 +160,11 @@ private:
 
 MKilledProgramResult MRunKilledProgram(const MString& program, const MList<MString>& arguments,
                                        const MString& directory, const MString& /*home*/,
-                                       int32_t fatalOperation) {
+                                       int32_t fatalOperation, MDisturbance disturbance) {
     const MTestProcess process(program, arguments, directory, DEBUG_ONLY_THIS_PROCESS);
     if (!process.GetHandle()) {
         ADD_FAILURE() << "The system does not let this test watch the program that it starts.";
         return {};
     }
-    return Watcher(process, fatalOperation).Watch();
+    return Watcher(process, fatalOperation, disturbance).Watch();
 }

@@ -2,6 +2,8 @@
 
 #include "foundation/files/posix/MNativePath.h"
 
+#include <cerrno>
+#include <fcntl.h>
 #include <string>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -30,4 +32,9 @@ bool MTruncateRuntimeFile(std::FILE* file, int64_t size) {
 
 bool MSyncRuntimeFile(std::FILE* file) {
     return fsync(fileno(file)) == 0;
+}
+
+bool MReserveRuntimeFile(std::FILE* file, int64_t size) {
+    return size <= 0 || fallocate(fileno(file), FALLOC_FL_KEEP_SIZE, 0, static_cast<off_t>(size)) == 0 ||
+           (errno != ENOSPC && errno != EDQUOT && errno != EFBIG);
 }

@@ -1,6 +1,7 @@
 #include "streams/basic/MRuntimeFile.h"
 
 #include "foundation/files/win32/MNativePath.h"
+#include "foundation/win32/MWindowsHeader.h"
 
 #include <cstring>
 #include <fcntl.h>
@@ -42,4 +43,15 @@ bool MTruncateRuntimeFile(std::FILE* file, int64_t size) {
 
 bool MSyncRuntimeFile(std::FILE* file) {
     return _commit(_fileno(file)) == 0;
+}
+
+bool MReserveRuntimeFile(std::FILE* file, int64_t size) {
+    const auto handle = reinterpret_cast<HANDLE>(_get_osfhandle(_fileno(file)));
+    FILE_ALLOCATION_INFO info;
+    LARGE_INTEGER before;
+    info.AllocationSize.QuadPart = size;
+    // An allocation below the length would cut the file.
+    if (!GetFileSizeEx(handle, &before) || size <= before.QuadPart) return true;
+    return SetFileInformationByHandle(handle, FileAllocationInfo, &info, sizeof info) ||
+           GetLastError() != ERROR_DISK_FULL;
 }
