@@ -8,9 +8,17 @@
 /// What the runtime library's buffered files need from the platform: paths of 16-bit text and offsets of 64
 /// bits.
 
-/// Opens a file by a mode of `fopen`. It is not inherited by programs that this one starts.
-/// Gives null if it cannot be opened, or is a directory.
-[[nodiscard]] std::FILE* MOpenRuntimeFile(const MString& path, const char* mode);
+enum class MRuntimeAccess { Read, ReadAndWrite };
+
+/// Opens a file of bytes; null for one that is missing, for a directory, a pipe or a device, none of which is
+/// waited for. It is not inherited by programs that this one starts. Where there is `MFileWay`, raises what
+/// that raises for a file that is to be written.
+[[nodiscard]] std::FILE* MOpenRuntimeFile(const MString& path, MRuntimeAccess access);
+
+/// Opens an empty file for reading and writing. What stood there is deleted, a link too, and the file is
+/// created only if then nothing stands there. What cannot be deleted is emptied if this user may write into
+/// it. Gives null and raises as `MOpenRuntimeFile`.
+[[nodiscard]] std::FILE* MCreateRuntimeFile(const MString& path);
 
 /// False on failure. `origin` is one of SEEK_SET, SEEK_CUR, SEEK_END.
 [[nodiscard]] bool MSeekRuntimeFile(std::FILE* file, int64_t offset, int origin);

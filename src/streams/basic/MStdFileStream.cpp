@@ -1,6 +1,5 @@
 #include "streams/basic/MStdFileStream.h"
 
-#include "foundation/base/MGuard.h"
 #include "foundation/base/MRaise.h"
 #include "foundation/files/MFile.h"
 #include "streams/basic/MRuntimeFile.h"
@@ -15,9 +14,11 @@ constexpr size_t BufferSize = 1 << 16;
 
 constexpr const char* WriteErrorText = "Error writing to file \"{0}\". Probably disk full.";
 
-const char* GetMode(MOpenFlags flags) {
-    if (flags & MOpenWrite) return flags & MOpenCreate ? "w+b" : "r+b";
-    return flags & MOpenRead ? "rb" : "";
+std::FILE* OpenRuntimeFile(const MString& name, MOpenFlags flags) {
+    if (name.IsEmpty() || !(flags & (MOpenRead | MOpenWrite))) return nullptr;
+    if (!(flags & MOpenWrite)) return MOpenRuntimeFile(name, MRuntimeAccess::Read);
+    return flags & MOpenCreate ? MCreateRuntimeFile(name)
+                               : MOpenRuntimeFile(name, MRuntimeAccess::ReadAndWrite);
 }
 
 }  // namespace
@@ -30,14 +31,15 @@ void MStdFileStream::Open(const MString& name, MOpenFlags flags) {
     Close();
     if (!name.IsEmpty()) fileName = name;
 
-    const char* mode = GetMode(flags);
     const bool isEmptied = (flags & MOpenWrite) && (flags & MOpenCreate);
     std::FILE* file = nullptr;
-    if (!fileName.IsEmpty() && *mode) {
-        if (isEmptied && MFile::IsFile(fileName) && !MFile::IsDevice(fileName))
-            MGuard("MStdFileStream::Open", [this] { MFile::Delete(fileName); });
-        file = MOpenRuntimeFile(fileName, mode);
+    try {
+        file = OpenRuntimeFile(fileName, flags);
+    } catch (const MException& exception) {
+        throw MException(MString(), exception.GetMessage(), MExceptionStreamOpen);
     }
+    if (!file && MFile::IsDevice(fileName))
+        MRaise(MExceptionStreamOpen, "\"{0}\" is a device or a pipe where a file is expected.", fileName);
     if (!file && (flags & MOpenCreate))
         MRaise(
             MExceptionStreamOpen,

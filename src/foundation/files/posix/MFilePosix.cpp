@@ -1,5 +1,6 @@
 #include "foundation/base/MRaise.h"
 #include "foundation/files/MFile.h"
+#include "foundation/files/posix/MFileWay.h"
 #include "foundation/files/posix/MNativePath.h"
 #include "foundation/module/MPlatform.h"
 
@@ -24,15 +25,37 @@ mode_t GetKind(const MString& path, bool followLinks) {
 }
 
 /// Fails with EEXIST, as the other platform does, where plain renaming would replace the target.
-int RenameWithoutReplacing(const std::string& from, const std::string& to) {
-    const int result = renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE);
-    if (result == 0 || (errno != EINVAL && errno != ENOSYS)) return result;
-    // Not every file system knows the flag.
-    if (faccessat(AT_FDCWD, to.c_str(), F_OK, AT_SYMLINK_NOFOLLOW) == 0) {
-        errno = EEXIST;
-        return -1;
-    }
-    return rename(from.c_str(), to.c_str());
+int RenameWithoutReplacing(const MFileWay& from, const MFileWay& to) {
+    return from.Do([&](int fromFolder, const char* fromName) {
+        return to.Do([&](int toFolder, const char* toName) {
+            const int result = renameat2(fromFolder, fromName, toFolder, toName, RENAME_NOREPLACE);
+            if (result == 0 || (errno != EINVAL && errno != ENOSYS)) return result;
+            // Not every file system knows the flag.
+            if (faccessat(toFolder, toName, F_OK, AT_SYMLINK_NOFOLLOW) == 0) {
+                errno = EEXIST;
+                return -1;
+            }
+            return renameat(fromFolder, fromName, toFolder, toName);
+        });
+    });
+}
+
+/// Deletes by `unlinkat`.
+bool Unlink(const MString& path, int flags) {
+    return MFileWay(path).Do([flags](int folder, const char* name) {
+        return unlinkat(folder, name, flags);
+    }) == 0;
+}
+
+/// As a new file of ours is opened whose permissions are to be changed.
+int OpenUnfollowed(const MString& path) {
+    return MFileWay(path).Do([](int folder, const char* name) {
+        return openat(folder, name, O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
+    });
+}
+
+bool MakeDirectory(const MString& path) {
+    return MFileWay(path).Do([](int folder, const char* name) { return mkdirat(folder, name, 0777); }) == 0;
 }
 
 }  // namespace
@@ -90,14 +113,14 @@ void MFile::SetFileTime(const MString& path, int64_t time) {
 }
 
 void MFile::CreateDirectory(const MString& path) {
-    if (IsDirectory(path) || mkdir(MNativePath(path).c_str(), 0777) == 0) return;
+    if (IsDirectory(path) || MakeDirectory(path)) return;
     const MString reason = MSystemErrorText();
     // Somebody else may have created it at the same moment.
     if (!IsDirectory(path)) MRaise(MExceptionGeneral, "Could not create path \"{0}\". {1}", path, reason);
 }
 
 void MFile::Rename(const MString& from, const MString& to) {
-    if (RenameWithoutReplacing(MNativePath(from), MNativePath(to)) == 0) return;
+    if (RenameWithoutReplacing(MFileWay(from), MFileWay(to)) == 0) return;
     if (errno != EXDEV || Exists(to))
         MRaise(MExceptionGeneral, "Could not rename file \"{0}\" to \"{1}\".", from, to);
     Copy(from, to);
@@ -105,23 +128,24 @@ void MFile::Rename(const MString& from, const MString& to) {
 }
 
 void MFile::Delete(const MString& path) {
-    if (unlink(MNativePath(path).c_str()) != 0)
-        MRaise(MExceptionGeneral, "Could not delete file \"{0}\".", path);
+    if (!Unlink(path, 0)) MRaise(MExceptionGeneral, "Could not delete file \"{0}\".", path);
 }
 
 void MFile::RemoveDirectory(const MString& path) {
-    if (rmdir(MNativePath(path).c_str()) != 0)
+    if (!Unlink(path, AT_REMOVEDIR))
         MRaise(MExceptionGeneral, "Could not remove directory \"{0}\".", path);
 }
 
 void MFile::MakeExecutable(const MString& path) {
-    const std::string native = MNativePath(path);
+    const int file = OpenUnfollowed(path);
     struct stat status;
-    if (stat(native.c_str(), &status) == 0) {
+    bool isDone = false;
+    if (file >= 0 && fstat(file, &status) == 0) {
         const mode_t readers = status.st_mode & (S_IRUSR | S_IRGRP | S_IROTH);
-        if (chmod(native.c_str(), (status.st_mode & 07777) | readers >> 2) == 0) return;
+        isDone = fchmod(file, (status.st_mode & 07777) | readers >> 2) == 0;
     }
-    MRaise(MExceptionGeneral, "Could not make file \"{0}\" executable.", path);
+    if (file >= 0) close(file);
+    if (!isDone) MRaise(MExceptionGeneral, "Could not make file \"{0}\" executable.", path);
 }
 
 MString MFile::ResolvePath(const MString& path) {

@@ -2,6 +2,7 @@
 
 #include "foundation/base/MRaise.h"
 #include "foundation/files/MFile.h"
+#include "foundation/files/posix/MFileWay.h"
 #include "foundation/files/posix/MNativePath.h"
 #include "foundation/module/MPlatform.h"
 
@@ -44,7 +45,11 @@ void MSyncFile(const MString& path) {
 }
 
 void MReplaceFile(const MString& from, const MString& to) {
-    if (std::rename(MNativePath(from).c_str(), MNativePath(to).c_str()) != 0)
+    const std::string target = MNativePath(MFile::GetFileName(to));
+    const auto rename = [&](int folder, const char* name) {
+        return renameat(folder, name, folder, target.c_str());
+    };
+    if (MFileWay(from).Do(rename) != 0)
         MRaise(MExceptionGeneral, "Could not rename file \"{0}\" to \"{1}\". {2}", from, to,
                MSystemErrorText());
     // The file is in its place; a directory that cannot be synced loses at most the new name.
@@ -70,7 +75,11 @@ MRewriteWay MFindRewriteWay(const MString& path) {
 }
 
 void MLinkFile(const MString& path, const MString& name) {
-    if (link(MNativePath(path).c_str(), MNativePath(name).c_str()) != 0)
+    const std::string second = MNativePath(MFile::GetFileName(name));
+    const auto link = [&](int folder, const char* first) {
+        return linkat(folder, first, folder, second.c_str(), 0);
+    };
+    if (MFileWay(path).Do(link) != 0)
         MRaise(MExceptionGeneral, "Could not create file link at \"{0}\" to \"{1}\". {2}", name, path,
                MSystemErrorText());
 }

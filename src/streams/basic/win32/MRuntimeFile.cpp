@@ -1,32 +1,43 @@
 #include "streams/basic/MRuntimeFile.h"
 
+#include "foundation/base/MGuard.h"
+#include "foundation/files/MFile.h"
 #include "foundation/files/win32/MNativePath.h"
 #include "foundation/win32/MWindowsHeader.h"
 
-#include <cstring>
+#include <cerrno>
 #include <fcntl.h>
 #include <io.h>
 #include <sys/stat.h>
 
 namespace {
 
-/// The mode in the form of the descriptor's call, which alone can keep a file from being inherited by every
-/// version of the runtime library.
-int GetFlags(const char* mode) {
-    int flags = _O_BINARY | _O_NOINHERIT;
-    flags |= std::strchr(mode, '+') ? _O_RDWR : _O_RDONLY;
-    if (*mode == 'w') flags |= _O_CREAT | _O_TRUNC;
-    return flags;
+/// Of the descriptor's calls, which alone can keep a file from being inherited by every version of the runtime
+/// library.
+constexpr int CommonFlags = _O_BINARY | _O_NOINHERIT;
+
+/// Null for what is no file of bytes.
+std::FILE* Open(const MString& path, int flags, const char* mode) {
+    const int descriptor = _wopen(MNativePath(path).c_str(), flags | CommonFlags, _S_IREAD | _S_IWRITE);
+    if (descriptor < 0) return nullptr;
+    if (GetFileType(reinterpret_cast<HANDLE>(_get_osfhandle(descriptor))) == FILE_TYPE_DISK)
+        if (std::FILE* file = _fdopen(descriptor, mode)) return file;
+    _close(descriptor);
+    return nullptr;
 }
 
 }  // namespace
 
-std::FILE* MOpenRuntimeFile(const MString& path, const char* mode) {
-    const int descriptor = _wopen(MNativePath(path).c_str(), GetFlags(mode), _S_IREAD | _S_IWRITE);
-    if (descriptor < 0) return nullptr;
-    std::FILE* file = _fdopen(descriptor, mode);
-    if (!file) _close(descriptor);
-    return file;
+std::FILE* MOpenRuntimeFile(const MString& path, MRuntimeAccess access) {
+    return access == MRuntimeAccess::Read ? Open(path, _O_RDONLY, "rb") : Open(path, _O_RDWR, "r+b");
+}
+
+std::FILE* MCreateRuntimeFile(const MString& path) {
+    constexpr int Create = _O_RDWR | _O_CREAT | _O_EXCL;
+    std::FILE* created = Open(path, Create, "r+b");
+    if (created || errno != EEXIST || MFile::IsDirectory(path)) return created;
+    if (MGuard("MCreateRuntimeFile", [&] { MFile::Delete(path); })) return Open(path, Create, "r+b");
+    return MFile::IsLink(path) ? nullptr : Open(path, _O_RDWR | _O_TRUNC, "r+b");
 }
 
 bool MSeekRuntimeFile(std::FILE* file, int64_t offset, int origin) {
