@@ -129,21 +129,24 @@ TEST_F(PresetInstallationTest, OlderDataMovesIntoTheUsersFolder) {
     Define("<files enabled=\"1\" currentpath=\"" + Text(scratch.Join("userdata")) + "\">" +
            File("plain", "1") + "</files>");
     for (const char* name :
-         {"my.presets.xml", "presets.xml", "MTunerpresets.active", "StepSequencepresets.xml", "Kestrum/a/b",
+         {"my.presets.xml", "presets.xml", "MTunerpresets.active", "StepSequencepresets.xml", "Kestrum/a/b", "Kestrum/taken",
           "Corvanth IR", "other/mpresets.xml", "mtaken.presets.xml"})
         scratch.WriteFile(name, name);
     scratch.WriteFile("userdata/mtaken.presets.xml", "newer");
     scratch.WriteFile("userdata/Kestrum/kept", "kept");
+    scratch.WriteFile("userdata/Kestrum/taken", "newer");
     Perform();
     EXPECT_EQ(scratch.ReadFile("userdata/my.presets.xml"), "my.presets.xml");
     EXPECT_EQ(scratch.ReadFile("userdata/MTunerpresets.active"), "MTunerpresets.active");
     EXPECT_EQ(scratch.ReadFile("userdata/MStepSequencepresets.xml"), "StepSequencepresets.xml");
     EXPECT_EQ(scratch.ReadFile("userdata/Kestrum/a/b"), "Kestrum/a/b");
     EXPECT_EQ(scratch.ReadFile("userdata/Kestrum/kept"), "kept");
+    EXPECT_EQ(scratch.ReadFile("userdata/Kestrum/taken"), "newer");
+    EXPECT_EQ(scratch.ReadFile("Kestrum/taken"), "Kestrum/taken");
     EXPECT_EQ(scratch.ReadFile("userdata/Corvanth IR"), "Corvanth IR");
     EXPECT_EQ(scratch.ReadFile("userdata/mtaken.presets.xml"), "newer");
     for (const char* name : {"presets.xml", "mtaken.presets.xml", "other/mpresets.xml"})
         EXPECT_EQ(scratch.ReadFile(name), name);
-    for (const char* name : {"my.presets.xml", "Kestrum", "Corvanth IR", "StepSequencepresets.xml"})
+    for (const char* name : {"my.presets.xml", "Kestrum/a", "Corvanth IR", "StepSequencepresets.xml"})
         EXPECT_FALSE(MFile::Exists(scratch.Join(name))) << name;
 }

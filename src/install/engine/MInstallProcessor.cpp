@@ -120,6 +120,7 @@ void MInstallProcessor::ProcessItems(const MString& destination, MXMLItem& item,
             ProcessDirectory(current, destination, options);
         else
             ProcessFile(current, options);
+        progress.TellSharedFolders();
     }
 }
 

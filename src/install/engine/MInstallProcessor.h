@@ -46,7 +46,10 @@ public:
 
     /// To be told when all that belongs to an installation is in place, so that the next run is not taken for
     /// one that completes this one.
-    void Complete() { writer.Complete(); }
+    void Complete() {
+        writer.Complete();
+        progress.TellSharedFolders();
+    }
 
     [[nodiscard]] const MInstallProgress& GetProgress() const { return progress; }
     /// Preset files that were left as they were.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "foundation/base/MException.h"
+#include "foundation/files/MSharedFolders.h"
 #include "foundation/text/MStringFormatter.h"
 #include "install/engine/MInstallLog.h"
 #include "install/engine/MInstallViews.h"
@@ -25,6 +26,15 @@ struct MInstallProgress {
     void ShowBytes() const {
         views.ShowTotalProgress(totalBytes, doneBytes);
         views.ShowFileProgress(fileBytes, filePosition);
+    }
+    /// Says once of each folder that what is installed there is not safe from others.
+    void TellSharedFolders() {
+        for (const MString& folder : MTakeSharedFolders()) {
+            const MString text =
+                MFormat(MTranslate("Other users may write into \"{0}\", and change what is installed there."), folder);
+            Log(text);
+            views.ShowInfo(text);
+        }
     }
     void ShowItems() const { views.ShowTotalProgress(itemCount, itemIndex); }
     /// Writes a line to the log, put together from texts.

@@ -26,8 +26,11 @@ void MigratePresetFiles(const MString& parent, const MString& destination) {
 
 void MigrateFolder(const MString& from, const MString& to) {
     if (!MFile::Exists(from)) return;
+    if (!MFile::IsLink(from)) return MFile::Move(from, to);
+    // A link may lead somewhere else from its new place.
+    if (MFile::Exists(to)) return;
     MFile::Copy(from, to);
-    MFile::DeleteTree(from);
+    MFile::Delete(from);
 }
 
 }  // namespace

@@ -1,11 +1,9 @@
+#include "foundation/module/MPlatform.h"
 #include "foundation/text/MUnicode.h"
 #include "setup/MProcessStart.h"
 
-#include <csignal>
-
 int main(int argumentCount, char** arguments) {
-    // Whoever reads our lines may go away; the installation goes on.
-    std::signal(SIGPIPE, SIG_IGN);
+    MPlatform::PrepareProcess();
     MList<MString> words;
     // A command line without words holds the program's own path, which no keyword equals.
     const int first = argumentCount > 1 ? 1 : 0;

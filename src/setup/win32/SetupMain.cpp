@@ -1,3 +1,4 @@
+#include "foundation/module/MPlatform.h"
 #include "foundation/win32/MWindowsHeader.h"
 #include "setup/MProcessStart.h"
 #include "setup/win32/MArguments.h"
@@ -22,5 +23,6 @@ void AttachToConsole() {
 
 int WINAPI wWinMain(HINSTANCE instance, HINSTANCE, wchar_t* commandLine, int) {
     AttachToConsole();
+    MPlatform::PrepareProcess();
     return MRunSetupProcess(instance, MSplitArguments(commandLine));
 }

@@ -24,7 +24,7 @@ TEST_F(DiskFaultsTest, AFullDiskIsToldAndLeavesNoState) {
     for (const char* compression : {"none", "bzip2"}) {
         PackNoise(compression);
         // Files cannot grow beyond 1,000 blocks of 512 bytes: the system refuses the write as on a full disk.
-        const MProgramResult result = InstallBehind("trap '' XFSZ; ulimit -f 1000; exec \"$@\"");
+        const MProgramResult result = InstallBehind("ulimit -f 1000; exec \"$@\"");
         EXPECT_EQ(result.exitCode, 1);
         EXPECT_THAT(result.errors, HasSubstr("Error writing to file \"" + Text(InHome("to/b-noise")) +
                                              "\". Probably disk full."));

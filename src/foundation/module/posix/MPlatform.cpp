@@ -5,10 +5,13 @@
 #include <cerrno>
 #include <climits>
 #include <csignal>
+#include <cstdlib>
 #include <cstring>
 #include <ctime>
 #include <dlfcn.h>
+#include <fcntl.h>
 #include <string_view>
+#include <sys/stat.h>
 #include <sys/utsname.h>
 #include <unistd.h>
 
@@ -43,6 +46,15 @@ MString MPlatform::GetPathText(const MString& path) {
 
 MString MPlatform::TakePathText(const MString& text) {
     return MPathFromNative(MNativePath(text));
+}
+
+void MPlatform::PrepareProcess() {
+    for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
+        if (fcntl(stream, F_GETFD) < 0 && open("/dev/null", O_RDWR) != stream) _exit(EXIT_FAILURE);
+    // A reader who goes away, and a file that may not grow any more.
+    for (const int failure : {SIGPIPE, SIGXFSZ}) std::signal(failure, SIG_IGN);
+    constexpr mode_t OthersWrite = S_IWGRP | S_IWOTH;
+    if (geteuid() == 0) umask(umask(OthersWrite) | OthersWrite);
 }
 
 void MPlatform::StartSubsystems() {

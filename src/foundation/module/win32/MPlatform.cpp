@@ -4,6 +4,8 @@
 #include "foundation/files/win32/MNativePath.h"
 #include "foundation/win32/MWindowsHeader.h"
 
+#include <cstdio>
+#include <io.h>
 #include <vector>
 #include <winsock2.h>
 
@@ -42,6 +44,13 @@ MString MPlatform::GetPathText(const MString& path) {
 
 MString MPlatform::TakePathText(const MString& text) {
     return text;
+}
+
+void MPlatform::PrepareProcess() {
+    constexpr intptr_t NoHandle = -1;
+    for (std::FILE* stream : {stdin, stdout, stderr})
+        if (_fileno(stream) < 0 || _get_osfhandle(_fileno(stream)) <= NoHandle)
+            (void)std::freopen("NUL", stream == stdin ? "r" : "w", stream);
 }
 
 void MPlatform::StartSubsystems() {

@@ -6,6 +6,7 @@
 #include "tests/support/posix/MTestFileSizeLimit.h"
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
@@ -36,16 +37,20 @@ TEST(MStdFileStreamDiskFull, EveryWayToTheDiskTellsOnce) {
     }
 }
 
-TEST(MStdFileStreamDevice, ADeviceIsWrittenThroughAndNotReplaced) {
+// A pipe was waited for without end.
+TEST(MStdFileStreamDevice, DevicesAndPipesAreRefusedAndStay) {
     const MScratch scratch;
     const MString link = scratch.Join("null");
+    const MString pipe = scratch.Join("pipe");
     ASSERT_EQ(symlink("/dev/null", MNativePath(link).c_str()), 0);
-    MStdFileStream stream;
-    stream.Open(link, MOpenWrite | MOpenCreate);
-    stream.Write("x", 1);
-    stream.Close();
-    EXPECT_TRUE(MFile::IsDevice(link));
-    EXPECT_TRUE(MFile::IsLink(link));
+    ASSERT_EQ(mkfifo(MNativePath(pipe).c_str(), 0600), 0);
+    for (const MString& path : {link, pipe})
+        for (const MOpenFlags flags : {MOpenRead, MOpenWrite, MOpenWrite | MOpenCreate}) {
+            MStdFileStream stream;
+            EXPECT_EQ(FailureOf([&] { stream.Open(path, flags); }),
+                      "101: \"" + Text(path) + "\" is a device or a pipe where a file is expected.");
+            EXPECT_TRUE(MFile::IsDevice(path));
+        }
 }
 
 TEST(MStdFileStreamDevice, OpenFilesAreNotInherited) {
