@@ -8,8 +8,8 @@
 /// Raises "Error writing to file \"{0}\". Probably disk full." (0x100).
 void MSyncFile(const MString& path);
 
-/// Renames a file to another name of its directory, in one step, replacing what stands there,
-/// a write-protected file too.
+/// Renames a file to another name on its volume, in one step, replacing what stands there, a write-protected
+/// file too.
 /// Raises "Could not rename file \"{0}\" to \"{1}\"." and the system's words (0).
 void MReplaceFile(const MString& from, const MString& to);
 

@@ -45,11 +45,13 @@ void MSyncFile(const MString& path) {
 }
 
 void MReplaceFile(const MString& from, const MString& to) {
-    const std::string target = MNativePath(MFile::GetFileName(to));
-    const auto rename = [&](int folder, const char* name) {
-        return renameat(folder, name, folder, target.c_str());
-    };
-    if (MFileWay(from).Do(rename) != 0)
+    const MFileWay target(to);
+    const int result = MFileWay(from).Do([&](int folder, const char* name) {
+        return target.Do([&](int newFolder, const char* newName) {
+            return renameat(folder, name, newFolder, newName);
+        });
+    });
+    if (result != 0)
         MRaise(MExceptionGeneral, "Could not rename file \"{0}\" to \"{1}\". {2}", from, to,
                MSystemErrorText());
     // The file is in its place; a directory that cannot be synced loses at most the new name.
@@ -63,15 +65,14 @@ MRewriteWay MFindRewriteWay(const MString& path) {
     struct stat file;
     struct stat folder;
     // Permissions do not keep the administrator from anything, but they tell what the owner wants.
-    if (stat(native.c_str(), &file) != 0 || !(file.st_mode & AnyoneWrites) ||
-        access(native.c_str(), W_OK) != 0)
-        return MRewriteWay::None;
+    if (stat(native.c_str(), &file) != 0 || !(file.st_mode & AnyoneWrites)) return MRewriteWay::None;
     const uid_t user = geteuid();
     const bool isFree = access(folderName.c_str(), W_OK | X_OK) == 0 &&
                         stat(folderName.c_str(), &folder) == 0 && folder.st_dev == file.st_dev &&
                         (!(folder.st_mode & S_ISVTX) || user == 0 || user == file.st_uid ||
                          user == folder.st_uid);
-    return isFree && !MFile::IsLink(path) ? MRewriteWay::Replace : MRewriteWay::InPlace;
+    if (isFree && !MFile::IsLink(path)) return MRewriteWay::Replace;
+    return access(native.c_str(), W_OK) == 0 ? MRewriteWay::InPlace : MRewriteWay::None;
 }
 
 void MLinkFile(const MString& path, const MString& name) {
