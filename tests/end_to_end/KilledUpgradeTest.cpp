@@ -93,8 +93,7 @@ protected:
             write(name + version + ".txt", "text");
         write("/shared/Sounds/settings.ini", version);
         for (const std::string& name : {std::string("/shared/Sounds/Killed"), "/shared/Sounds/Only" + version,
-                                        std::string("/user/KilledUser"),
-                                        std::string("/fixed/Fixed")})
+                                        std::string("/user/KilledUser"), std::string("/fixed/Fixed")})
             write(name + "presets.xml", MakeShippedPresets(version));
 
         const std::string path = "\" required=\"1\" path=\"" + version;

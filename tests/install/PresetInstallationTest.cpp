@@ -129,8 +129,8 @@ TEST_F(PresetInstallationTest, OlderDataMovesIntoTheUsersFolder) {
     Define("<files enabled=\"1\" currentpath=\"" + Text(scratch.Join("userdata")) + "\">" +
            File("plain", "1") + "</files>");
     for (const char* name :
-         {"my.presets.xml", "presets.xml", "MTunerpresets.active", "StepSequencepresets.xml", "Kestrum/a/b", "Kestrum/taken",
-          "Corvanth IR", "other/mpresets.xml", "mtaken.presets.xml"})
+         {"my.presets.xml", "presets.xml", "MTunerpresets.active", "StepSequencepresets.xml", "Kestrum/a/b",
+          "Kestrum/taken", "Corvanth IR", "other/mpresets.xml", "mtaken.presets.xml"})
         scratch.WriteFile(name, name);
     scratch.WriteFile("userdata/mtaken.presets.xml", "newer");
     scratch.WriteFile("userdata/Kestrum/kept", "kept");

@@ -31,7 +31,8 @@ struct MInstallProgress {
     void TellSharedFolders() {
         for (const MString& folder : MTakeSharedFolders()) {
             const MString text =
-                MFormat(MTranslate("Other users may write into \"{0}\", and change what is installed there."), folder);
+                MFormat(MTranslate("Other users may write into \"{0}\", and change what is installed there."),
+                        folder);
             Log(text);
             views.ShowInfo(text);
         }

@@ -15,8 +15,8 @@ constexpr int32_t DigestStep = DigestLength + 1;
 constexpr int32_t PathStart = 3 * DigestStep;
 
 std::string FormatRecord(const MPresetMergeRecord& record) {
-    return MEncodeUTF8Exact(record.sourceDigest + " " + record.resultDigest + " " +
-                            record.beforeDigest + " " + record.path + "\n");
+    return MEncodeUTF8Exact(record.sourceDigest + " " + record.resultDigest + " " + record.beforeDigest +
+                            " " + record.path + "\n");
 }
 
 }  // namespace

@@ -22,7 +22,7 @@ protected:
         ASSERT_EQ(chmod(MNativePath(InHome(name)).c_str(), mode), 0);
     }
     [[nodiscard]] struct stat GetStatus(const MString& name) const {
-        struct stat status{};
+        struct stat status {};
         EXPECT_EQ(lstat(MNativePath(InHome(name)).c_str(), &status), 0) << Text(name);
         return status;
     }

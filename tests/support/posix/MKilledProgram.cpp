@@ -29,10 +29,10 @@ constexpr uint64_t ChangingCalls[] = {
     SYS_mknod, SYS_mknodat,  SYS_chmod,     SYS_fchmodat, SYS_chown,           SYS_lchown,  SYS_fchownat,
     SYS_utime, SYS_utimes,   SYS_utimensat, SYS_sendfile, SYS_copy_file_range, __NR_openat2};
 
-constexpr uint64_t SpaceTakingCalls[] = {SYS_write,    SYS_pwrite64, SYS_writev,  SYS_pwritev,
-                                         SYS_pwritev2, SYS_fallocate, SYS_fsync,  SYS_fdatasync,
-                                         SYS_creat,    SYS_mkdir,    SYS_mkdirat, SYS_link,
-                                         SYS_linkat,   SYS_symlink,  SYS_symlinkat};
+constexpr uint64_t SpaceTakingCalls[] = {SYS_write,    SYS_pwrite64,  SYS_writev,   SYS_pwritev,
+                                         SYS_pwritev2, SYS_fallocate, SYS_fsync,    SYS_fdatasync,
+                                         SYS_creat,    SYS_mkdir,     SYS_mkdirat,  SYS_link,
+                                         SYS_linkat,   SYS_symlink,   SYS_symlinkat};
 
 constexpr uint64_t OpenForChange = O_WRONLY | O_RDWR | O_CREAT | O_TRUNC;
 
@@ -86,8 +86,8 @@ bool Continue(pid_t process, int signal, int& status) {
 }  // namespace
 
 MKilledProgramResult MRunKilledProgram(const MString& program, const MList<MString>& arguments,
-                                       const MString& directory, const MString& home,
-                                       int32_t fatalOperation, MDisturbance disturbance) {
+                                       const MString& directory, const MString& home, int32_t fatalOperation,
+                                       MDisturbance disturbance) {
     constexpr int StopAtCall = SIGTRAP | 0x80;
     const MTestProcess process(program, arguments, directory, home, true, BeWatched);
     MKilledProgramResult result;

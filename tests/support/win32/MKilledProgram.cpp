@@ -38,8 +38,8 @@ constexpr DWORD Growths[] = {11, 20};
 
 /// What all changes of files and of the registry come down to, whoever asks for them.
 constexpr WatchedCall WatchedCalls[] = {
-    {"NtCreateFile", [](const Stack& stack) { return IsForChange(stack[2]) || stack[8] != OpenDisposition; }, 11,
-     [](const Stack& stack) { return stack[8] != OpenDisposition; }},
+    {"NtCreateFile", [](const Stack& stack) { return IsForChange(stack[2]) || stack[8] != OpenDisposition; },
+     11, [](const Stack& stack) { return stack[8] != OpenDisposition; }},
     {"NtOpenFile", [](const Stack& stack) { return IsForChange(stack[2]); }, 6, Never},
     {"NtSetInformationFile", [](const Stack& stack) { return std::ranges::count(Changes, stack[5]) > 0; }, 5,
      [](const Stack& stack) { return std::ranges::count(Growths, stack[5]) > 0; }},

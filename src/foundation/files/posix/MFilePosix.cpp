@@ -42,9 +42,8 @@ int RenameWithoutReplacing(const MFileWay& from, const MFileWay& to) {
 
 /// Deletes by `unlinkat`.
 bool Unlink(const MString& path, int flags) {
-    return MFileWay(path).Do([flags](int folder, const char* name) {
-        return unlinkat(folder, name, flags);
-    }) == 0;
+    return MFileWay(path).Do(
+               [flags](int folder, const char* name) { return unlinkat(folder, name, flags); }) == 0;
 }
 
 /// As a new file of ours is opened whose permissions are to be changed.
@@ -132,8 +131,7 @@ void MFile::Delete(const MString& path) {
 }
 
 void MFile::RemoveDirectory(const MString& path) {
-    if (!Unlink(path, AT_REMOVEDIR))
-        MRaise(MExceptionGeneral, "Could not remove directory \"{0}\".", path);
+    if (!Unlink(path, AT_REMOVEDIR)) MRaise(MExceptionGeneral, "Could not remove directory \"{0}\".", path);
 }
 
 void MFile::MakeExecutable(const MString& path) {

@@ -47,9 +47,8 @@ void MSyncFile(const MString& path) {
 void MReplaceFile(const MString& from, const MString& to) {
     const MFileWay target(to);
     const int result = MFileWay(from).Do([&](int folder, const char* name) {
-        return target.Do([&](int newFolder, const char* newName) {
-            return renameat(folder, name, newFolder, newName);
-        });
+        return target.Do(
+            [&](int newFolder, const char* newName) { return renameat(folder, name, newFolder, newName); });
     });
     if (result != 0)
         MRaise(MExceptionGeneral, "Could not rename file \"{0}\" to \"{1}\". {2}", from, to,
@@ -67,10 +66,10 @@ MRewriteWay MFindRewriteWay(const MString& path) {
     // Permissions do not keep the administrator from anything, but they tell what the owner wants.
     if (stat(native.c_str(), &file) != 0 || !(file.st_mode & AnyoneWrites)) return MRewriteWay::None;
     const uid_t user = geteuid();
-    const bool isFree = access(folderName.c_str(), W_OK | X_OK) == 0 &&
-                        stat(folderName.c_str(), &folder) == 0 && folder.st_dev == file.st_dev &&
-                        (!(folder.st_mode & S_ISVTX) || user == 0 || user == file.st_uid ||
-                         user == folder.st_uid);
+    const bool isFree =
+        access(folderName.c_str(), W_OK | X_OK) == 0 && stat(folderName.c_str(), &folder) == 0 &&
+        folder.st_dev == file.st_dev &&
+        (!(folder.st_mode & S_ISVTX) || user == 0 || user == file.st_uid || user == folder.st_uid);
     if (isFree && !MFile::IsLink(path)) return MRewriteWay::Replace;
     return access(native.c_str(), W_OK) == 0 ? MRewriteWay::InPlace : MRewriteWay::None;
 }

@@ -1,6 +1,6 @@
+#include "foundation/files/posix/MFileWay.h"
 #include "foundation/files/MFileReplacement.h"
 #include "foundation/files/MSharedFolders.h"
-#include "foundation/files/posix/MFileWay.h"
 #include "foundation/files/posix/MNativePath.h"
 #include "streams/basic/MStdFileStream.h"
 #include "tests/support/MScratch.h"
@@ -73,12 +73,12 @@ TEST_F(MFileWayTest, LinksOfThisUserAreFollowedAndFoldersMayChange) {
     scratch.WriteFile("own/second", "2");
     EXPECT_EQ(scratch.ReadFile("a/b/second"), "2");
     Link("circle", "circle");
-    EXPECT_THAT(FailureOf([this] { scratch.WriteFile("circle/file", "x"); }), HasSubstr("Could not create path"));
+    EXPECT_THAT(FailureOf([this] { scratch.WriteFile("circle/file", "x"); }),
+                HasSubstr("Could not create path"));
 }
 
 TEST_F(MFileWayTest, FoldersThatOthersMayWriteIntoAreToldOnce) {
-    const std::pair<const char*, mode_t> folders[] = {
-        {"open", 0777}, {"sticky", 01777}, {"private", 0755}};
+    const std::pair<const char*, mode_t> folders[] = {{"open", 0777}, {"sticky", 01777}, {"private", 0755}};
     for (const auto& [name, mode] : folders) {
         MFile::CreatePath(scratch.Join(name));
         ASSERT_EQ(chmod(MNativePath(scratch.Join(name)).c_str(), mode), 0);
