@@ -1,19 +1,23 @@
 #include "foundation/files/MSharedFolders.h"
 
+#include <atomic>
 #include <mutex>
-#include <utility>
 
 namespace {
 
 std::mutex lock;
 MList<MString> known;
 int32_t takenCount = 0;
+/// Asked before each file of a run.
+std::atomic<bool> isAnyNew = false;
 
 }  // namespace
 
 MList<MString> MTakeSharedFolders() {
-    const std::lock_guard guard(lock);
     MList<MString> taken;
+    if (!isAnyNew.load(std::memory_order_acquire)) return taken;
+    isAnyNew = false;
+    const std::lock_guard guard(lock);
     for (; takenCount < known.GetCount(); ++takenCount) taken.Add(known[takenCount]);
     return taken;
 }
@@ -23,4 +27,5 @@ void MNoteSharedFolder(const MString& path) {
     for (const MString& other : known)
         if (other.IsExactly(path)) return;
     known.Add(path);
+    isAnyNew.store(true, std::memory_order_release);
 }

@@ -10,6 +10,7 @@
 #include <climits>
 #include <fcntl.h>
 #include <pwd.h>
+#include <string_view>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -121,34 +122,35 @@ struct LastWalk {
 
 thread_local LastWalk lastWalk;
 
-/// Whether the remembered folder is still what the path leads to.
-bool IsRemembered(const std::string& path) {
+/// Whether the remembered folder is still what a path, of which it is the first part, leads to.
+bool IsRemembered(std::string_view path) {
     struct stat now;
-    return lastWalk.folder && lastWalk.path == path && stat(path.c_str(), &now) == 0 &&
+    return lastWalk.folder && lastWalk.path == path && stat(lastWalk.path.c_str(), &now) == 0 &&
            lastWalk.device == now.st_dev && lastWalk.file == now.st_ino;
 }
 
-void Remember(const std::string& path, const Folder& folder) {
+void Remember(std::string_view path, const Folder& folder) {
     struct stat status;
-    if (folder && fstat(*folder, &status) == 0) lastWalk = {path, folder, status.st_dev, status.st_ino};
+    if (folder && fstat(*folder, &status) == 0)
+        lastWalk = {std::string(path), folder, status.st_dev, status.st_ino};
 }
 
 }  // namespace
 
-MFileWay::MFileWay(const MString& path, MLastLink lastLink) {
-    const std::string native = MNativePath(path);
+MFileWay::MFileWay(const MString& path, MLastLink lastLink) : name(MNativePath(path)) {
     if (lastLink == MLastLink::Follow) {
-        folder = Walk(native).Go(lastLink, name);
+        folder = Walk(name).Go(lastLink, name);
         error = errno;
         return;
     }
-    const std::string parent = native.substr(0, native.rfind('/') + 1);
-    if (IsRemembered(parent)) {
+    const size_t parentLength = name.rfind('/') + 1;
+    if (IsRemembered({name.data(), parentLength})) {
         folder = lastWalk.folder;
-        name = native.substr(parent.size());
+        nameStart = parentLength;
         return;
     }
-    folder = Walk(native).Go(lastLink, name);
+    const std::string parent = name.substr(0, parentLength);
+    folder = Walk(name).Go(lastLink, name);
     error = errno;
     Remember(parent, folder);
 }

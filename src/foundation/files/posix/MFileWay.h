@@ -29,14 +29,12 @@ public:
     template <class Call>
     int Do(Call call) const {
         errno = error;
-        return folder ? call(*folder, name.c_str()) : -1;
+        return folder ? call(*folder, name.c_str() + nameStart) : -1;
     }
-    /// The open folder; null if there is none.
-    [[nodiscard]] const std::shared_ptr<const int>& GetFolder() const { return folder; }
-    [[nodiscard]] const char* GetName() const { return name.c_str(); }
 
 private:
     std::shared_ptr<const int> folder;
-    std::string name;
+    std::string name;  ///< in the folder, behind `nameStart` bytes of its path
+    size_t nameStart = 0;
     int error = 0;
 };
