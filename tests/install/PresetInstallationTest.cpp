@@ -106,6 +106,10 @@ TEST_F(PresetInstallationTest, ARunAfterAKilledOneKeepsTheFirstBackup) {
     Put("Setpresets.xml", Users);
     Perform();
     ExpectMergedFromUsers();
+    // As it is left by a run that was killed while it was writing the file in its place.
+    Put("Setpresets.xml", std::string(1, '\0') + Merged.substr(1, 40));
+    Perform();
+    ExpectMergedFromUsers();
     PerformCompletely();
     ExpectMergedFromUsers();
     EXPECT_FALSE(MFile::Exists(scratch.Join("userdata/InstallerMerges.txt")));

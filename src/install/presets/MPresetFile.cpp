@@ -122,22 +122,23 @@ void Replace(const MPresetMergeRecord& record, MMemoryStream& existing, MMemoryS
     if (!MGuard("Merge presets", [&] { file.Commit(); })) WriteInPlace(record, existing, result, journal);
 }
 
-/// Reads what a file holds, or what it held before a merge was killed that was writing into it.
-void ReadExisting(const MString& path, MMemoryStream& content, const MPresetJournal& journal) {
+/// Reads what a file holds, or what it held before a merge was killed that was writing into it; true for the
+/// latter.
+bool ReadExisting(const MString& path, MMemoryStream& content, const MPresetJournal& journal) {
     ReadFile(path, content);
-    if (content.IsEnd() || *content.GetPointer() != TornMark) return;
+    if (content.IsEnd() || *content.GetPointer() != TornMark) return false;
     for (const MString& backup : {GetBackup(path), GetDistantBackup(path)}) {
         if (!MFile::IsFile(backup)) continue;
         content.Reset();
         ReadFile(backup, content);
-        if (journal.IsBefore(path, GetDigest(content))) return;
+        if (journal.IsBefore(path, GetDigest(content))) return true;
     }
     MRaise(MExceptionGeneral, "The file \"{0}\" is damaged.", path);
 }
 
 void Merge(const MString& path, MMemoryStream& source, MPresetJournal& journal) {
     MMemoryStream existing;
-    ReadExisting(path, existing, journal);
+    const bool isTorn = ReadExisting(path, existing, journal);
     MPresetMergeRecord record{path, GetDigest(source), MString(), GetDigest(existing)};
     if (journal.IsMerged(path, record.sourceDigest, record.beforeDigest)) return;
     MXMLItem target;
@@ -151,7 +152,8 @@ void Merge(const MString& path, MMemoryStream& source, MPresetJournal& journal) 
     MMemoryStream result;
     target.Save(result, false, "utf-8");
     record.resultDigest = GetDigest(result);
-    (way == MRewriteWay::Replace ? Replace : WriteInPlace)(record, existing, result, journal);
+    // What is torn must not become the backup.
+    (way == MRewriteWay::Replace && !isTorn ? Replace : WriteInPlace)(record, existing, result, journal);
 }
 
 }  // namespace
