@@ -3,6 +3,7 @@
 #include "foundation/MProductConstants.h"
 #include "foundation/base/MGuard.h"
 #include "foundation/files/MFileList.h"
+#include "foundation/files/MFileIdentity.h"
 #include "foundation/files/MInstallationNames.h"
 #include "foundation/files/MRegistryKey.h"
 #include "streams/basic/MStdFileStream.h"
@@ -55,6 +56,12 @@ bool MFile::IsFile(const MString& path) {
 
 bool MFile::IsInstallation(const MString& path) {
     return Exists(MGetStatePath(path));
+}
+
+bool MFile::IsSame(const MString& first, const MString& second) {
+    const auto identity = MFindFileIdentity(first);
+    const auto other = MFindFileIdentity(second);
+    return identity || other ? identity == other : first.IsExactly(second);
 }
 
 int64_t MFile::GetFileSize(const MString& path) {

@@ -65,8 +65,8 @@ public:
     [[nodiscard]] static bool IsValidDirectory(const MString& path);
     /// A directory that an installation has left its "setup.state" in.
     [[nodiscard]] static bool IsInstallation(const MString& path);
-    /// Whether two paths lead to the same file or directory; of one that does not exist, whether they are the
-    /// same text in the platform's view of case.
+    /// Whether two paths lead to the same file or directory, by whatever links, short names or mapped drives.
+    /// Two that lead to nothing are compared as texts.
     [[nodiscard]] static bool IsSame(const MString& first, const MString& second);
     /// Whether this process may write to a file, or create files in a directory.
     [[nodiscard]] static bool IsWritable(const MString& path);

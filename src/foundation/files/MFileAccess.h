@@ -2,10 +2,6 @@
 
 #include "foundation/text/MString.h"
 
-/// Whether two paths lead to the same file or directory, by whatever links, short names or mapped drives.
-/// False if one of them leads to nothing.
-[[nodiscard]] bool MIsSameFile(const MString& first, const MString& second);
-
 /// Whether the system lets this process delete a file. Also true where something else than rights is in the
 /// way: that may change.
 [[nodiscard]] bool MMayDelete(const MString& path);

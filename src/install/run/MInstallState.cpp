@@ -1,14 +1,13 @@
 #include "install/run/MInstallState.h"
 
 #include "foundation/base/MRefusal.h"
-#include "foundation/files/MFileAccess.h"
 #include "foundation/files/MInstallationNames.h"
 
 void MLoadInstallState(const MString& directory, MXMLItem& state) {
     state.LoadFile(MGetStatePath(directory));
     (void)state.GetAttribute("name");
     const MString mainPath = state.GetAttribute("mainpath");
-    if (!MIsSameFile(mainPath, directory))
+    if (!MFile::IsSame(mainPath, directory))
         MRefuse("{0} was installed in \"{1}\", but this program stands in \"{2}\". Nothing has been changed. "
                 "Please start \"{3}\" instead; if the folder of the software has been moved, move it back "
                 "first, or install the software again.",

@@ -1,7 +1,5 @@
 #include "foundation/files/MFolderLock.h"
 
-#include "foundation/files/MFile.h"
-#include "foundation/files/MFileAccess.h"
 #include "tests/support/MScratch.h"
 #include "tests/support/MTestText.h"
 
@@ -20,13 +18,4 @@ TEST(MFolderLockTest, KeepsAFolderToOneAtATime) {
     first.reset();
     EXPECT_EQ(FailureOf([&] { MFolderLock(scratch.GetPath(), "Second", 0); }), "none");
     EXPECT_EQ(scratch.ListTree(), "");
-}
-
-TEST(MFileAccessTest, KnowsTheSameFileByAnotherWay) {
-    const MScratch scratch;
-    scratch.WriteFile("sub/file", "1");
-    EXPECT_TRUE(MIsSameFile(scratch.Join("sub"), MFile::Join(scratch.Join("sub"), ".")));
-    EXPECT_FALSE(MIsSameFile(scratch.Join("sub"), scratch.GetPath()));
-    EXPECT_FALSE(MIsSameFile(scratch.Join("gone"), scratch.Join("gone")));
-    EXPECT_TRUE(MMayDelete(scratch.Join("sub/file")));
 }

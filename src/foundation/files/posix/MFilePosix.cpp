@@ -80,14 +80,6 @@ bool MFile::IsValidDirectory(const MString& path) {
     return IsDirectory(path);
 }
 
-bool MFile::IsSame(const MString& first, const MString& second) {
-    struct stat one;
-    struct stat other;
-    if (stat(MNativePath(first).c_str(), &one) != 0 || stat(MNativePath(second).c_str(), &other) != 0)
-        return first.IsExactly(second);
-    return one.st_dev == other.st_dev && one.st_ino == other.st_ino;
-}
-
 bool MFile::IsWritable(const MString& path) {
     return access(MNativePath(path).c_str(), W_OK) == 0;
 }

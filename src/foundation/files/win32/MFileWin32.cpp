@@ -65,19 +65,6 @@ bool MFile::IsValidDirectory(const MString& path) {
            HasAttribute(path, FILE_ATTRIBUTE_DIRECTORY);
 }
 
-bool MFile::IsSame(const MString& first, const MString& second) {
-    BY_HANDLE_FILE_INFORMATION one;
-    BY_HANDLE_FILE_INFORMATION other;
-    const FileHandle firstFile = OpenFileHandle(first, 0);
-    const FileHandle secondFile = OpenFileHandle(second, 0);
-    if (!firstFile || !secondFile || !GetFileInformationByHandle(firstFile.get(), &one) ||
-        !GetFileInformationByHandle(secondFile.get(), &other))
-        return CompareStringOrdinal(MNativePath(first).c_str(), -1, MNativePath(second).c_str(), -1, TRUE) ==
-               CSTR_EQUAL;
-    return one.dwVolumeSerialNumber == other.dwVolumeSerialNumber &&
-           one.nFileIndexHigh == other.nFileIndexHigh && one.nFileIndexLow == other.nFileIndexLow;
-}
-
 bool MFile::IsWritable(const MString& path) {
     return OpenFileHandle(path, GENERIC_WRITE) != nullptr;
 }
