@@ -63,11 +63,11 @@ void MUnattendedOptions::ReadWord(const MString& word, const MString& startDirec
         components.Add(choice);
     } else if (const auto directory = TextAfter(word, "directory:")) {
         const char* const advice = "write directory:ID=PATH";
-        const auto [name, path] = SplitChoice(word, *directory, directory->FindChar('='), advice);
-        if (path.IsEmpty()) RaiseWord(word, advice);
-        const MString given = MPlatform::TakePathText(path);
-        const MString complete = MFile::IsAbsolute(given) ? given : MFile::Join(startDirectory, given);
-        directories.Add({name, MFile::Normalize(complete)});
+        MNamedChoice choice = SplitChoice(word, *directory, directory->FindChar('='), advice);
+        if (choice.text.IsEmpty()) RaiseWord(word, advice);
+        const MString path = MPlatform::TakePathText(choice.text);
+        choice.text = MFile::Normalize(MFile::IsAbsolute(path) ? path : MFile::Join(startDirectory, path));
+        directories.Add(choice);
     } else if (const auto removal = TextAfter(word, "remove-older=")) {
         removeOlder = FindAnswer<bool>(word, *removal, {{"yes", true}, {"no", false}},
                                        "write remove-older=yes or remove-older=no");
