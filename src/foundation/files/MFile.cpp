@@ -8,6 +8,7 @@
 #include "foundation/files/MRegistryKey.h"
 #include "streams/basic/MStdFileStream.h"
 
+#include <algorithm>
 #include <vector>
 
 namespace {
@@ -79,8 +80,8 @@ void MFile::CreatePath(const MString& path) {
         if (!missing.empty() && missing.back() == standing.GetLength()) break;
         missing.push_back(standing.GetLength());
     }
-    for (auto length = missing.rbegin(); length != missing.rend(); ++length)
-        CreateDirectory(path.Substring(0, *length));
+    std::ranges::reverse(missing);
+    for (const int32_t length : missing) CreateDirectory(path.Substring(0, length));
 }
 
 void MFile::DeleteTree(const MString& path) {
