@@ -6,6 +6,7 @@
 #include "foundation/files/MFile.h"
 #include "foundation/files/MFileReplacement.h"
 #include "foundation/files/MFileTrust.h"
+#include "foundation/files/MFolderLock.h"
 #include "foundation/files/MProgramFile.h"
 #include "foundation/module/MPlatform.h"
 #include "foundation/text/MByteSizeText.h"
@@ -46,6 +47,8 @@ bool MDownloader::Run() {
     } catch (const MException& exception) {
         throw MRefusal(exception.GetMessage());
     }
+    const MFolderLock lock(target, definition.GetID(), MFolderLock::PatienceMilliseconds,
+                           MString(MDownloadIndex::StateName) + ".lock");
     if (!LoadState() && !FetchIndex()) return false;
     const MXMLItem& root = index.GetRoot();
     for (const MXMLItem& directory : MXMLSubItems(root, "Directory"))

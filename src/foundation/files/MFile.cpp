@@ -2,8 +2,8 @@
 
 #include "foundation/MProductConstants.h"
 #include "foundation/base/MGuard.h"
-#include "foundation/files/MFileList.h"
 #include "foundation/files/MFileIdentity.h"
+#include "foundation/files/MFileList.h"
 #include "foundation/files/MInstallationNames.h"
 #include "foundation/files/MRegistryKey.h"
 #include "streams/basic/MStdFileStream.h"

@@ -4,8 +4,9 @@
 #include "foundation/files/MFile.h"
 #include "foundation/module/MPlatform.h"
 
-MFolderLock::MFolderLock(const MString& folder, const MString& holder, int32_t patienceMilliseconds)
-    : path(MFile::Join(folder, "setup.lock")) {
+MFolderLock::MFolderLock(const MString& folder, const MString& holder, int32_t patienceMilliseconds,
+                         const MString& fileName)
+    : path(MFile::Join(folder, fileName)) {
     constexpr int32_t PauseMilliseconds = 100;
     for (int32_t waited = 0; Try(holder) == Attempt::Held; waited += PauseMilliseconds) {
         if (waited >= patienceMilliseconds)

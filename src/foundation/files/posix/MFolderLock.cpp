@@ -1,5 +1,8 @@
 #include "foundation/files/MFolderLock.h"
 
+#include "foundation/base/MGuard.h"
+#include "foundation/files/MFile.h"
+#include "foundation/files/posix/MFileWay.h"
 #include "foundation/files/posix/MNativePath.h"
 #include "foundation/text/MStringFormatter.h"
 #include "foundation/text/MUnicode.h"
@@ -14,28 +17,36 @@ namespace {
 
 constexpr int Flags = O_NOFOLLOW | O_CLOEXEC | O_NONBLOCK;
 
+int Open(const MFileWay& way, int flags) {
+    return way.Do(
+        [flags](int folder, const char* name) { return openat(folder, name, flags | Flags, 0644); });
+}
+
 /// Whether a path still leads to an open file.
-bool IsAt(int file, const char* path) {
+bool IsAt(int file, const MFileWay& way) {
     struct stat opened;
     struct stat found;
-    return fstat(file, &opened) == 0 && lstat(path, &found) == 0 && opened.st_dev == found.st_dev &&
+    const auto look = [&found](int folder, const char* name) {
+        return fstatat(folder, name, &found, AT_SYMLINK_NOFOLLOW);
+    };
+    return fstat(file, &opened) == 0 && way.Do(look) == 0 && opened.st_dev == found.st_dev &&
            opened.st_ino == found.st_ino;
 }
 
 }  // namespace
 
 MFolderLock::Attempt MFolderLock::Try(const MString& holder) {
-    const std::string native = MNativePath(path);
-    int opened = open(native.c_str(), O_RDWR | O_CREAT | Flags, 0644);
+    const MFileWay way(path);
+    int opened = Open(way, O_RDWR | O_CREAT);
     // One that a killed run of another user has left can be locked, but not written.
-    if (opened < 0 && errno == EACCES) opened = open(native.c_str(), O_RDONLY | Flags);
+    if (opened < 0 && errno == EACCES) opened = Open(way, O_RDONLY);
     if (opened < 0) return Attempt::Impossible;
     if (flock(opened, LOCK_EX | LOCK_NB) != 0) {
         const bool isHeld = errno == EWOULDBLOCK;
         close(opened);
         return isHeld ? Attempt::Held : Attempt::Impossible;
     }
-    if (!IsAt(opened, native.c_str())) {
+    if (!IsAt(opened, way)) {
         // The one who held it has deleted it since it was opened here.
         close(opened);
         return Attempt::Held;
@@ -47,7 +58,7 @@ MFolderLock::Attempt MFolderLock::Try(const MString& holder) {
 }
 
 void MFolderLock::Release() {
-    (void)unlink(MNativePath(path).c_str());
+    MGuard("MFolderLock", [this] { MFile::Delete(path); });
     close(static_cast<int>(file));
 }
 
