@@ -159,12 +159,19 @@ TEST_F(UnattendedRunTest, RefusesADirectoryWhereItsOwnProgramWouldDoHarm) {
         MWriteTestFile(MFile::Join(scratch.Join("product"), name), content);
         DefineProduct();
         const std::string before = ListTree();
-        EXPECT_THAT(FailureOf([&] { Run({"accept-licence"}); }),
-                    HasSubstr("Test Product cannot be installed in \"" + InScratch("product")))
+        const std::string failure = FailureOf([&] { Run({"accept-licence"}); });
+        EXPECT_THAT(failure, HasSubstr("Test Product cannot be installed in \"" + InScratch("product")))
             << name;
+        EXPECT_EQ(failure.find(": Other is installed there") != std::string::npos,
+                  name == std::string("setup.state"));
         EXPECT_EQ(ListTree(), before);
         MFile::DeleteTree(scratch.Join("product"));
     }
+    // It could be installed, and never be removed or upgraded.
+    Define(R"(<directory id="d" name="D" default="{data}"/><files required="1" destination="{d}/x\..">)"
+           R"(<copy required="1" destination="{d}"><extension src="txt" dst="DAT"/></copy>)"
+           R"(<file name="setup.txt" op="create"/></files>)");
+    EXPECT_THAT(FailureOf([&] { Run({}); }), HasSubstr("it brings a file \"setup.dat\" there"));
 }
 
 TEST_F(UnattendedRunTest, KeepsOtherSetupsAwayUntilItsEnd) {
@@ -228,25 +235,6 @@ TEST_F(UnattendedRunTest, AProductWithoutDirectoriesLeavesItsStateInTheMakersDat
     EXPECT_TRUE(MFile::Exists(scratch.Join("data/setup.state")));
 }
 
-TEST_F(UnattendedRunTest, NamesTheRequiredAttributeThatIsMissing) {
-    const std::pair<const char*, const char*> cases[] = {
-        {R"(<configuration name="x"/>)", "id"},
-        {R"(<directory name="x" default="y"/>)", "id"},
-        {R"(<directory id="x" name="y"/>)", "default"},
-        {R"(<files name="x"/>)", "destination"},
-        {R"(<files required="1" destination="{scratch}/to"><file name="f" op="create"/></files>)",
-         "filestart"},
-        {R"(<files name="x" destination="{scratch}"><copy destination="{scratch}"><extension dst="y"/></copy></files>)",
-         "src"},
-    };
-    for (const auto& [children, attribute] : cases) {
-        Define(children);
-        EXPECT_EQ(FailureOf([&] { Run({}); }),
-                  std::string("0: Could not find required attribute (") + attribute + ").");
-        EXPECT_FALSE(MFile::Exists(scratch.Join("data/setup.state")));
-    }
-}
-
 /// Pages with programs, each of which writes its name to a log.
 class UnattendedProgramsTest : public SetupTest {
 protected:
@@ -303,24 +291,4 @@ TEST_F(UnattendedProgramsTest, StartTheProgramsOfThePagesOnTheirWay) {
     EXPECT_EQ(Install("<onstart><execute/></onstart>", ""), "1");
     scratch.WriteFile("data/setup.state", "<install name=\"Another product\"/>");
     EXPECT_EQ(Install(start, ""), "2");
-}
-
-TEST_F(UnattendedProgramsTest, StartBetweenTheScreensOfAPage) {
-    Define("<onstart>" + Execute("a") + R"(<info title="1"/>)" + Execute("b") +
-           R"(<info title="2"/></onstart>)");
-    MExecuteChoices choices(*library.FindSubItem("onstart"));
-    MPathMacros macros;
-    macros.CreatePathMacros(false);
-    MTestDialogs dialogs(false);
-    const MString before = MFile::GetCurrentPath();
-    const auto next = [&] {
-        const MXMLItem* screen = choices.NextItem(macros, dialogs);
-        return TakeLog() + (screen ? Text(screen->GetAttribute("title")) : "end");
-    };
-    EXPECT_EQ(next(), "a 1");
-    EXPECT_EQ(next(), "b 2");
-    EXPECT_EQ(next(), "end");
-    choices.Rewind();
-    EXPECT_EQ(next(), "a 1");
-    MFile::SetCurrentPath(before);
 }

@@ -4,6 +4,8 @@
 #include "foundation/base/MRefusal.h"
 #include "foundation/files/MInstallationNames.h"
 #include "foundation/xml/MXMLSubItems.h"
+#include "install/definition/MItemNames.h"
+#include "install/definition/MPlatformElement.h"
 #include "install/run/MInstallState.h"
 #include "payload/MSfx.h"
 #include "streams/basic/MMemoryStream.h"
@@ -59,6 +61,25 @@ MString FindInstallationName(const MString& directory) {
     return name;
 }
 
+/// Whether an enabled part puts a file of its own to a path.
+bool Brings(const MXMLItem& definition, const MString& path) {
+    for (const MXMLItem& files : MXMLSubItems(definition, "files")) {
+        const auto bringsBy = [&](const MXMLItem& pass) {
+            if (pass.GetInt32Attribute("enabled", 0) == 0 || !MIsForThisPlatform(pass)) return false;
+            const MItemExtensions extensions = MGetItemExtensions(pass);
+            for (const MXMLItem& file : MXMLSubItems(files, "file"))
+                if (MFile::Join(pass.GetAttribute("currentpath"), MGetItemName(files, file, extensions)) ==
+                    path)
+                    return true;
+            return false;
+        };
+        if (bringsBy(files)) return true;
+        for (const MXMLItem& copy : MXMLSubItems(files, "copy"))
+            if (bringsBy(copy)) return true;
+    }
+    return false;
+}
+
 bool CarriesPayload(const MString& program) {
     bool isOpen = false;
     // What is too short for a payload has none.
@@ -96,6 +117,12 @@ void MCheckMainDirectory(const MSetupSession& session, const MString& mainPath,
         MRefuse("{0} cannot be installed in \"{1}\": the installer \"{2}\" lies there, and would be replaced "
                 "by the program that removes the software. Please choose another folder.",
                 session.SoftwareName, mainPath, setup);
+    for (const char* name : MSetupDataNames)
+        if (Brings(session.GetDefinition(), MFile::Join(mainPath, name)))
+            MRefuse(
+                "{0} cannot be installed in \"{1}\": it brings a file \"{2}\" there, and the program that "
+                "removes the software would take that for the data of an installer. Please tell its maker.",
+                session.SoftwareName, mainPath, name);
     const MString data = MFindSetupData(mainPath);
     if (!data.IsEmpty())
         MRefuse("{0} cannot be installed in \"{1}\": the installer data \"{2}\" lie there. Please choose "
@@ -104,6 +131,6 @@ void MCheckMainDirectory(const MSetupSession& session, const MString& mainPath,
     const MString other = FindInstallationName(mainPath);
     if (other.IsEmpty() || other == session.GetInstallationName() || IsInList(replaced, other)) return;
     MRefuse("{0} cannot be installed in \"{1}\": {2} is installed there, and could not be removed any more. "
-            "Please choose another folder, or remove {2} first.",
-            session.SoftwareName, mainPath, other);
+            "Please choose another folder, or remove {3} first.",
+            session.SoftwareName, mainPath, other, other);
 }

@@ -15,6 +15,7 @@ void MCheckStatePaths(const MSetupSession& session, const MString& mainPath);
 /// Refuses a main directory in which the program that the installation leaves would replace an installer with
 /// its payload, maybe the running one; one where that program would find installer data beside itself; and
 /// one that is the main directory of another product, whose state would be lost. Products whose names are in
-/// `replaced` are as good as removed. Raises `MRefusal`.
+/// `replaced` are as good as removed. A product that would itself put such data there is refused too. Raises
+/// `MRefusal`, and "Could not find required attribute ({0})." (0) for an `extension`.
 void MCheckMainDirectory(const MSetupSession& session, const MString& mainPath,
                          const MList<MString>& replaced);

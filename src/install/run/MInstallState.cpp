@@ -21,7 +21,7 @@ void MLoadInstallState(const MString& directory, MXMLItem& state) {
 }
 
 MString MFindSetupData(const MString& directory) {
-    for (const char* name : {"setup.dat", "setup.multi"}) {
+    for (const char* name : MSetupDataNames) {
         const MString path = MFile::Join(directory, name);
         if (MFile::IsFile(path)) return path;
     }

@@ -9,6 +9,9 @@
 /// for one beside which the data of an installer lie: no installation leaves these.
 void MLoadInstallState(const MString& directory, MXMLItem& state);
 
-/// Whether the data of an installer lie in a folder, "setup.dat" or "setup.multi"; gives the path of the
+/// Under these names a program finds the data of an installer beside itself.
+inline constexpr const char* MSetupDataNames[] = {"setup.dat", "setup.multi"};
+
+/// Whether the data of an installer lie in a folder; gives the path of the
 /// first, else an empty one.
 [[nodiscard]] MString MFindSetupData(const MString& directory);
