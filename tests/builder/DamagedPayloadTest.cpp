@@ -39,15 +39,6 @@ TEST_F(DamagedPayloadTest, FlippedBitsAreSeenOrHarmless) {
     }
 }
 
-TEST_F(DamagedPayloadTest, TruncatedFilesAreRefused) {
-    scratch.WriteFile("a.txt", "some text");
-    WriteDefinition("<files name=\"A\" path=\"a.txt\" destination=\"{data}\"/>");
-    ASSERT_EQ(Pack("out.run"), 0);
-    const std::string sound = scratch.ReadFile("out.run");
-    for (size_t size = 0; size < sound.size(); size += 7)
-        EXPECT_EQ(LookAt(sound.substr(0, size)), MBuilderExitFailed);
-}
-
 TEST_F(DamagedPayloadTest, EveryBadItemIsTold) {
     MTestPayload payload(7);
     const std::string good = payload.Add("good content");

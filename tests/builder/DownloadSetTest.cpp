@@ -135,16 +135,6 @@ TEST_F(DownloadSetTest, TheDefinitionStandsBehindTheProgram) {
     }
 }
 
-TEST_F(DownloadSetTest, WithoutAProgramTheDefinitionIsADataFileWithItsDigest) {
-    WriteSmallSet();
-    ASSERT_EQ(MakeSet({"--mirror", secondMirror}), MBuilderExitDone) << JoinComplaints();
-    MXMLItem root;
-    LoadTree(scratch.ReadFile("out/setup.dat"), root);
-    ExpectDefinition(root);
-    EXPECT_EQ(scratch.ReadFile("out/setup.dat.md5"), MTestDigest(scratch.ReadFile("out/setup.dat")) + "\n");
-    EXPECT_THAT(output.told, HasSubstr("out/setup.dat and "));
-}
-
 TEST_F(DownloadSetTest, IDsThatCannotNameADirectoryAreRefused) {
     WriteSmallSet();
     for (const std::string id : {"", ".a", "a b", "a/b", "..", "a\\b", "a:b", "\xC3\xA4", "a%20"}) {
@@ -231,16 +221,6 @@ TEST_F(DownloadSetTest, AProgramThatCannotBeCopiedLeavesNothing) {
     ExpectRefused("missing.exe\" could not be open", {"--stub", "@missing.exe", "--output", "@new/deep"});
     scratch.WriteFile("short.exe", "MZ");
     ExpectRefused("Name one by --stub.", {"--stub", "@short.exe", "--output", "@new/deep"});
-}
-
-TEST_F(DownloadSetTest, ProgressRunsToTheEnd) {
-    WriteSmallSet();
-    output.isWatched = true;
-    ASSERT_EQ(MakeSet({"--part-size", "1K"}), MBuilderExitDone) << JoinComplaints();
-    ASSERT_GE(output.progress.size(), 3u);
-    EXPECT_THAT(output.progress.front(), HasSubstr("] 0 %"));
-    EXPECT_THAT(output.progress[output.progress.size() - 2], HasSubstr("] 100 %"));
-    EXPECT_EQ(output.progress.back(), "");
 }
 
 }  // namespace

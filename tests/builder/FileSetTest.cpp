@@ -92,17 +92,6 @@ TEST_F(FileSetTest, FailureLeavesTheOldSetWhole) {
     EXPECT_EQ(Run({"verify", "@set/setup.multi"}), 0) << JoinComplaints();
 }
 
-TEST_F(FileSetTest, OutputThatIsASourceIsRefused) {
-    for (const char* name : {"setup.multi", "setup.multi12.cab", "setup.multi.unfinished/x"}) {
-        const std::string source = std::string("set/") + name;
-        scratch.WriteFile(MDecodeUTF8Exact(source), "precious");
-        WriteDefinition("<files name=\"N\" path=\"" + source + "\" destination=\"{data}\"/>");
-        EXPECT_EQ(PackSet(), MBuilderExitFailed) << name;
-        EXPECT_THAT(JoinComplaints(), HasSubstr("would replace \""));
-        EXPECT_EQ(scratch.ReadFile(MDecodeUTF8Exact(source)), "precious");
-    }
-}
-
 TEST_F(FileSetTest, EveryBadPartIsTold) {
     WriteProduct();
     MFile::CreatePath(scratch.Join("set"));

@@ -33,12 +33,3 @@ TEST_F(ExampleProductTest, LandsByteForByteKeepsWhatAMusicianChangedAndGoesAgain
     EXPECT_FALSE(IsInHome("vst"));
     EXPECT_FALSE(MFile::Exists(GetMenu()));
 }
-
-TEST_F(ExampleProductTest, TheSmallConfigurationHoldsTheReverbsOnly) {
-    PackExample();
-    InstallExample("configuration=small");
-    ExpectPlugins("dragonfly-reverb-vst/usr/lib/lxvst", "vst/Dragonfly");
-    for (const char* absent : {"vst/Dragonfly older hosts", "vst/lsp-plugins", "vst/Synthesizer"})
-        EXPECT_FALSE(IsInHome(absent)) << absent;
-    EXPECT_EQ(MFile::GetFileList(GetUserData()).GetCount(), 1) << "presets only";
-}

@@ -18,20 +18,6 @@ protected:
     }
 };
 
-TEST_F(UnattendedInstallTest, WritesTheProductInEveryCompression) {
-    for (const char* compression : {"bzip2", "zlib", "none"}) {
-        PackProduct({"--compression", compression});
-        const MProgramResult result = InstallSilently({"accept-licence"});
-        ASSERT_EQ(result.exitCode, 0) << compression << result.errors;
-        EXPECT_EQ(result.errors, "");
-        EXPECT_EQ(ReadHome(MDecodeUTF8Exact("to/sub/Čeština 😀.txt")), "unicode");
-        EXPECT_EQ(ReadHome("to/large.bin"), std::string(2000000, 'L'));
-        EXPECT_EQ(ReadHome("to/plugins/plugin.dll"), "binary");
-        EXPECT_EQ(ReadHome("to/plugins/VST3/plugin.vst3"), "binary");
-        MFile::DeleteTree(InHome("to"));
-    }
-}
-
 TEST_F(UnattendedInstallTest, RefusesWithCode2AndAFileInTheWayFailsOrIsIgnored) {
     PackProduct();
     EXPECT_EQ(InstallSilently().exitCode, 2);

@@ -69,18 +69,6 @@ TEST_F(UninstallTest, RefusesACopiedOrMovedFolderAndAPlantedState) {
     EXPECT_TRUE(IsInHome("to/files/b.txt"));
 }
 
-TEST_F(UninstallTest, AnInstallerIsNotReplacedByTheProgramThatItLeaves) {
-    PackProduct();
-    MFile::Rename(GetInstaller(), InHome(MFile::GetFileName(GetRemover("x"))));
-    const MString installer = InHome(MFile::GetFileName(GetRemover("x")));
-    const std::string bytes = MReadTestFile(installer);
-    const MProgramResult result = Start(installer, ToList({"silent", "directory:destination=."}));
-    EXPECT_EQ(result.exitCode, 2);
-    EXPECT_THAT(result.errors, HasSubstr("would be replaced by the program that removes the software"));
-    EXPECT_TRUE(MReadTestFile(installer) == bytes);
-    EXPECT_FALSE(IsInHome("files"));
-}
-
 TEST_F(UninstallTest, OlderVersionsGoOnlyWhenAskedFor) {
     PackProduct();
     ASSERT_EQ(Install({"silent", "directory:destination=old"}).exitCode, 0);

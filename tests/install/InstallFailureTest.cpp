@@ -7,7 +7,8 @@ using testing::StartsWith;
 
 class InstallFailureTest : public InstallTest {
 protected:
-    /// "first" can be written, "blocked" cannot since a directory that holds something has its name, and "last" can.
+    /// "first" can be written, "blocked" cannot since a directory that holds something has its name, and
+    /// "last" can.
     void DefineBlocked() {
         Define(Files("", File("first", "1") + File("blocked", "2") + File("last", "3")));
         Put("blocked/inside", "in the way");

@@ -16,9 +16,9 @@ enum class MDisturbance {
 };
 
 /// Runs a program as `MRunTestProgram` does, and disturbs it at the operation with the number
-/// `fatalOperation`, counted from 1; 0 lets it run to its end. Counted are the calls of the system that change
-/// what the disk holds: creating, writing, syncing, renaming, deleting and the like. Fails the test if this
-/// machine does not let one program watch another.
+/// `fatalOperation`, counted from 1; 0 lets it run to its end. Counted are the calls of the system that
+/// change what the disk holds: creating, writing, syncing, renaming, deleting and the like. Fails the test if
+/// this machine does not let one program watch another.
 [[nodiscard]] MKilledProgramResult MRunKilledProgram(const MString& program, const MList<MString>& arguments,
                                                      const MString& directory, const MString& home,
                                                      int32_t fatalOperation,

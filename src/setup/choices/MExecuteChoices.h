@@ -32,8 +32,6 @@ public:
     void Finish(const MPathMacros& macros, MUserDialogs& dialogs) {
         while (NextItem(macros, dialogs)) {}
     }
-    /// The next screen is the first one again.
-    void Rewind() { cursor = 0; }
 
 private:
     [[nodiscard]] bool IsChosen(const MXMLItem& execute, const MString& destination) const;

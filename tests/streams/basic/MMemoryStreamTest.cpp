@@ -4,16 +4,6 @@
 #include "tests/support/MTestBytes.h"
 #include "tests/support/MTestText.h"
 
-TEST(MMemoryStream, TrimmingLeavesNoSpareBytes) {
-    MMemoryStream stream;
-    for (const int32_t count : {5, 1, 3}) stream.WriteFill(count);
-    stream.Trim();
-    EXPECT_EQ(stream.GetBuffer().GetSize(), 9);
-    stream.Reset();
-    stream.Trim();
-    EXPECT_EQ(stream.GetPointer(), nullptr);
-}
-
 TEST(MMemoryStream, WritingLeavesWhatItWasGivenAlone) {
     const std::string memory = "abcd";
     MMemoryStream attached = MStreamOf(memory);

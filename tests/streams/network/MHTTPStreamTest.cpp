@@ -174,29 +174,6 @@ TEST(MHTTPStream, BodiesOfEitherDirectionMayBeLargeAndComeInPieces) {
     }
 }
 
-TEST(MHTTPStream, AWatcherEndsTheWaitForASilentServer) {
-    MTestServer server([](const std::string&) {
-        MTestReply reply = "HTTP/1.0 200 OK\n\nbody";
-        reply.isLeftOpen = true;
-        return reply;
-    });
-    constexpr auto Limit = std::chrono::milliseconds(250);
-    MHTTPStream stream;
-    int askCount = 0;
-    stream.SetWatcher([&](std::chrono::steady_clock::duration quiet) {
-        ++askCount;
-        return quiet < Limit;
-    });
-    stream.Get(server.GetURL("/"));
-    EXPECT_TRUE(stream.Send(0));
-    char bytes[4];
-    EXPECT_EQ(4, stream.Read(bytes, 4));
-    EXPECT_EQ("200: Nobody waits for the network any longer.",
-              FailureOf([&] { (void)stream.Read(bytes, 1); }));
-    EXPECT_TRUE(stream.IsClosed());
-    EXPECT_GE(askCount, 3);
-}
-
 TEST(MHTTPStream, TellsWhatKeepsAReplyAway) {
     MTestServer server([](const std::string& request) -> MTestReply {
         const std::string path = MTestServer::GetPath(request);

@@ -48,16 +48,6 @@ TEST(MFileWin32, WriteProtectedFilesAreDeleted) {
     EXPECT_FALSE(MFile::Exists(file));
 }
 
-TEST(MFileWin32, FoldersOfThisUserAreTrusted) {
-    const MScratch scratch;
-    MCreateOwnPath(scratch.GetPath(), "a\\.\\b/c");
-    const MString file = scratch.WriteFile("a/file", "");
-    EXPECT_EQ(scratch.ListTree(), "a/\na/b/\na/b/c/\na/file\n");
-    EXPECT_EQ(MGetFolderTrust("C:"), MFolderTrust::Own);
-    EXPECT_EQ(MGetFolderTrust(file), MFolderTrust::NoFolder);
-    EXPECT_TRUE(MIsPlainFile(file) && !MIsPlainFile(scratch.Join("a")) && !MIsPlainFile(scratch.Join("b")));
-}
-
 TEST(MFileWin32, ShellLinksHoldWhatTheyWereGiven) {
     const MScratch scratch;
     const MString target = scratch.WriteFile(MDecodeUTF8Exact("dir/\xC5\x99 program.exe"), "x");
