@@ -1,5 +1,5 @@
-// The bytes are the reply of a server. A head that is taken must be in order and end at a line, and where it leads
-// to must be an address.
+// The bytes are the reply of a server. A head that is taken must be in order and end at a line, and where it
+// leads to must be an address.
 
 #include "foundation/base/MException.h"
 #include "streams/basic/MMemoryStream.h"

@@ -24,8 +24,8 @@ public:
     /// Brings the names into one form: "/" alone between the components, and none of these empty or ".".
     /// Raises (0) "The name \"{0}\" in the download list leads out of its directory. ..." for the first name
     /// that does, that would take the place of the list itself or, for a file, is empty; "A name in the
-    /// download list has more than {0} components or {1} characters. ..."; and "The download list has no parts
-    /// for the file \"{0}\". ..." for a file that has none and is not empty.
+    /// download list has more than {0} components or {1} characters. ..."; and "The download list has no
+    /// parts for the file \"{0}\". ..." for a file that has none and is not empty.
     void Check();
     /// Writes the tree to a file, which keeps its old content until the new one is complete.
     /// Raises what `MOutputFile` raises.

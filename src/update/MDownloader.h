@@ -18,14 +18,14 @@ public:
     /// `target` is the directory; the definition and the view outlive the downloader.
     MDownloader(const MDownloadDefinition& definition, const MString& target, MDownloadView& view);
 
-    /// False if the user has cancelled. Raises `MRefusal` with what `MRequireOwnFolder` says (MFileTrust.h) if
-    /// the target stands and somebody else may have put something into it; what `MCreateOwnPath` raises for a
-    /// directory in it; what `MFolderLock` raises if another download is at work there; "No mirrors are
-    /// available. Please check your internet connection." (0) if the definition names none or a part failed 10
-    /// times; "Could not connect to any download server. Please check your internet connection." (0) if no
-    /// mirror gives the list; what `MDownloadIndex::Check` raises before anything is written but the directory;
-    /// "The file \"{0}\" is not what the download list says, ..." (0) for one whose parts are all good and
-    /// whose whole is not, `TriesPerFile` times; and what creating and writing files raises.
+    /// False if the user has cancelled. Raises `MRefusal` with what `MRequireOwnFolder` says (MFileTrust.h)
+    /// if the target stands and somebody else may have put something into it; what `MCreateOwnPath` raises
+    /// for a directory in it; what `MFolderLock` raises if another download is at work there; "No mirrors are
+    /// available. Please check your internet connection." (0) if the definition names none or a part failed
+    /// 10 times; "Could not connect to any download server. Please check your internet connection." (0) if no
+    /// mirror gives the list; what `MDownloadIndex::Check` raises before anything is written but the
+    /// directory; "The file \"{0}\" is not what the download list says, ..." (0) for one whose parts are all
+    /// good and whose whole is not, `TriesPerFile` times; and what creating and writing files raises.
     [[nodiscard]] bool Run();
 
     static constexpr int32_t TriesPerFile = 3;

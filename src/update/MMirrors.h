@@ -17,8 +17,8 @@ public:
 
     /// Parts come from a mirror chosen by chance, so that all users together load all mirrors alike.
     void ChooseFirst();
-    /// Fetches the list from the first mirror that has one which can be read. False if the user has cancelled,
-    /// or if there is none.
+    /// Fetches the list from the first mirror that has one which can be read. False if the user has
+    /// cancelled, or if there is none.
     [[nodiscard]] bool FetchIndex(MDownloadIndex& index);
     /// Fetches a part by its name on the mirrors. False if the user has cancelled, or if it could not be had
     /// in `TriesPerPart` tries.

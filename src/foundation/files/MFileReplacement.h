@@ -28,5 +28,6 @@ enum class MRewriteWay {
 void MLinkFile(const MString& path, const MString& name);
 
 /// Gives the file `to`, which is open as `file`, the owner, the permissions and the other attributes of the
-/// file `from`, as far as this user may; it becomes open to no group that was not meant. Failures are ignored.
+/// file `from`, as far as this user may; it becomes open to no group that was not meant. Failures are
+/// ignored.
 void MCopyOwnership(const MString& from, const MString& to, std::FILE* file);

@@ -25,8 +25,8 @@ enum class MFolderTrust {
 /// Raises "The folder \"{0}\" is not used: ..." (0), with the reason, for one that is not `Own`.
 void MRequireOwnFolder(const MString& path);
 
-/// Creates a folder into which no other user may write, and leaves what stands there as it is, whatever it is.
-/// Raises as `MFile::CreateDirectory`.
+/// Creates a folder into which no other user may write, and leaves what stands there as it is, whatever it
+/// is. Raises as `MFile::CreateDirectory`.
 void MCreateOwnFolder(const MString& path);
 
 /// Creates the folders that lead from `base`, which stands, to `name` below it, `name` included, each so that

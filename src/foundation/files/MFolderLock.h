@@ -4,14 +4,14 @@
 
 #include <cstdint>
 
-/// Keeps a folder to one process at a time: a file in it, which is gone when the lock is, and never outlives a
-/// process as a lock. Where a process may not create files in the folder there is nothing
-/// to keep, and the lock is none; in a folder that does not exist likewise.
+/// Keeps a folder to one process at a time: a file in it, which is gone when the lock is, and never outlives
+/// a process as a lock. Where a process may not create files in the folder there is nothing to keep, and the
+/// lock is none; in a folder that does not exist likewise.
 class MFolderLock {
 public:
-    /// Takes the lock for `holder`, a name that others are told. Waits for at most `patienceMilliseconds`, and
-    /// then raises "Another setup is at work in \"{0}\": {1}. ..." (0). On the way to the folder no link of
-    /// another user is followed, which raises as in `MFile::CreateDirectory`.
+    /// Takes the lock for `holder`, a name that others are told. Waits for at most `patienceMilliseconds`,
+    /// and then raises "Another setup is at work in \"{0}\": {1}. ..." (0). On the way to the folder no link
+    /// of another user is followed, which raises as in `MFile::CreateDirectory`.
     MFolderLock(const MString& folder, const MString& holder,
                 int32_t patienceMilliseconds = PatienceMilliseconds, const MString& fileName = "setup.lock");
     MFolderLock(const MFolderLock&) = delete;

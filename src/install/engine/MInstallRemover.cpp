@@ -15,8 +15,8 @@ MList<MString> GetExisting(const MList<MString>& paths) {
 
 }  // namespace
 
-// A file that is missing is found out by its deletion: asking before would take an eighth of the time. The log
-// is not behind for that, as its lines reach the disk by the directory.
+// A file that is missing is found out by its deletion: asking before would take an eighth of the time. The
+// log is not behind for that, as its lines reach the disk by the directory.
 void MInstallRemover::RemoveFile(const MString& path) {
     const bool isBundle = MFile::GetExtension(path) == "aaxplugin";
     try {

@@ -32,6 +32,6 @@ enum class MRuntimeAccess { Read, ReadAndWrite };
 /// Waits until what was written is on the disk. What is buffered must have been flushed. False on failure.
 [[nodiscard]] bool MSyncRuntimeFile(std::FILE* file);
 
-/// Takes the space of a file of this size in bytes, whose length stays. False if there is none; true also where
-/// the system cannot tell.
+/// Takes the space of a file of this size in bytes, whose length stays. False if there is none; true also
+/// where the system cannot tell.
 [[nodiscard]] bool MReserveRuntimeFile(std::FILE* file, int64_t size);

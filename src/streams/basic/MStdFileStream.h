@@ -32,7 +32,8 @@ public:
     /// An empty name opens the last one again.
     /// Raises "File \"{0}\" could not be created. Make sure there is no write-protected file already
     /// existing.", "File \"{0}\" could not be open. Make sure it exists.", "\"{0}\" is a device or a pipe
-    /// where a file is expected." or, for a file to be written, that a link on the way is not followed (0x101).
+    /// where a file is expected." or, for a file to be written, that a link on the way is not followed
+    /// (0x101).
     void Open(const MString& name, MOpenFlags flags);
     /// Does nothing when closed. Raises "Error writing to file \"{0}\". Probably disk full." (0x100) if what
     /// was still buffered could not be written and no operation has told so before; the file is closed all

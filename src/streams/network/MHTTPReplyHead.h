@@ -20,11 +20,12 @@ public:
     /// In bytes, all lines together.
     static constexpr int32_t MaximumSize = 1 << 16;
 
-    /// Reads a head, and nothing behind it. All raised have code 0x201: "Invalid HTTP reply header." for no reply at all; "Invalid HTTP reply header line." for a
-    /// status line that is none; "MHTTPStream reading HTTP reply header." for a head without end;
-    /// "MHTTPStream invalid HTTP reply header line." for a line without colon, a line with control characters
-    /// other than tabs, and a content length that is no number of at most 63 bits; "HTTP reply header is
-    /// longer than {0} bytes.". The head is then as if nothing had been read.
+    /// Reads a head, and nothing behind it. All raised have code 0x201: "Invalid HTTP reply header." for no
+    /// reply at all; "Invalid HTTP reply header line." for a status line that is none; "MHTTPStream reading
+    /// HTTP reply header." for a head without end; "MHTTPStream invalid HTTP reply header line." for a line
+    /// without colon, a line with control characters other than tabs, and a content length that is no number
+    /// of at most 63 bits; "HTTP reply header is longer than {0} bytes.". The head is then as if nothing had
+    /// been read.
     void Load(MStream& source);
     /// Before any reply.
     void Reset() { *this = MHTTPReplyHead(); }

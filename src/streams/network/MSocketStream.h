@@ -22,8 +22,8 @@ public:
     /// Closes.
     ~MSocketStream() override;
 
-    /// Asked on the thread of the call again and again while a call waits for the network, `WatchMilliseconds`
-    /// apart or less: how long nothing has moved, and whether to go on waiting.
+    /// Asked on the thread of the call again and again while a call waits for the network,
+    /// `WatchMilliseconds` apart or less: how long nothing has moved, and whether to go on waiting.
     using Watcher = std::function<bool(std::chrono::steady_clock::duration quiet)>;
     static constexpr int32_t WatchMilliseconds = 100;
     /// Makes `ConnectSocket`, `Write` and `Read` close the connection and raise "Nobody waits for the network
@@ -35,8 +35,8 @@ public:
     /// retrieve TCP protocol info.", "Could not create TCP socket." (0x200) and what
     /// `MNetEntity::ResolveLocalHost` raises.
     void CreateSocket();
-    /// Connects the socket with the remote end, and puts it into blocking mode unless it is watched. Raises "Could not connect to a TCP server
-    /// (host {0}, port {1}, code {2})." (0x200).
+    /// Connects the socket with the remote end, and puts it into blocking mode unless it is watched. Raises
+    /// "Could not connect to a TCP server (host {0}, port {1}, code {2})." (0x200).
     void ConnectSocket();
     /// Does nothing without a socket.
     void Close() noexcept;

@@ -1,5 +1,6 @@
 // The compiler's static libraries were made for the machine's C library. What they ask of it and an older one
-// lacks stands here, for builds that are linked with the older one; hidden, so that no other library finds it.
+// lacks stands here, for builds that are linked with the older one; hidden, so that no other library finds
+// it.
 
 #include <cerrno>
 #include <cstdint>
@@ -69,8 +70,9 @@ int FindFrameTable(dl_phdr_info* object, size_t, void* argument) {
 
 }  // namespace
 
-/// Since glibc 2.35: 0 if the address lies in an object that has a table of frames, without which no exception
-/// is caught. The list of objects is locked meanwhile; for an exception of ours the first entry ends the search.
+/// Since glibc 2.35: 0 if the address lies in an object that has a table of frames, without which no
+/// exception is caught. The list of objects is locked meanwhile; for an exception of ours the first entry
+/// ends the search.
 int _dl_find_object(void* address, dl_find_object* found) noexcept {
     FrameTableSearch search = {reinterpret_cast<uintptr_t>(address), found};
     return dl_iterate_phdr(FindFrameTable, &search) == 1 ? 0 : -1;

@@ -12,8 +12,8 @@
 
 namespace {
 
-/// Of the descriptor's calls, which alone can keep a file from being inherited by every version of the runtime
-/// library.
+/// Of the descriptor's calls, which alone can keep a file from being inherited by every version of the
+/// runtime library.
 constexpr int CommonFlags = _O_BINARY | _O_NOINHERIT;
 
 /// Null for what is no file of bytes.
