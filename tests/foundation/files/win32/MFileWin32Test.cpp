@@ -1,5 +1,4 @@
 #include "foundation/files/MFile.h"
-#include "foundation/files/MFileTrust.h"
 #include "foundation/files/win32/MNativePath.h"
 #include "foundation/module/MPlatform.h"
 #include "foundation/win32/MWindowsHeader.h"
