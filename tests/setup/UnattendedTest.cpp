@@ -205,6 +205,18 @@ TEST_F(UnattendedRunTest, RefusesADefinitionThatLacksALastPage) {
     EXPECT_EQ(scratch.ListTree(), "");
 }
 
+TEST_F(UnattendedRunTest, AFailedRunTellsItsUnmergedPresetsToo) {
+    Define(R"(<files required="1" rewritable="0" destination="{data}"><file name="presets.xml" op="create")" +
+           payload.Add("<S/>") + R"(/><file name="broken" op="create"/></files>)");
+    scratch.WriteFile("data/presets.xml", "no XML");
+    const MUnattendedOptions options(Words({}), scratch.GetPath());
+    MInstallViews views;
+    views.dialogs = &dialogs;
+    MUnattendedRun run(library, options, views);
+    EXPECT_THROW(run.Perform(), MException);
+    EXPECT_EQ(run.GetUnmerged().GetCount(), 1);
+}
+
 TEST_F(UnattendedRunTest, AnOlderVersionThatStaysIsToldAndTheRunGoesOn) {
     scratch.WriteFile("programfiles/Corvanth/Old Tool/setup.state", "<install/>");
     DefineProduct();

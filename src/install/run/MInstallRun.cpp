@@ -69,7 +69,12 @@ void MInstallRun::Enter() {
 void MInstallRun::Perform() {
     const std::unique_ptr<MSetupLocks> held = std::move(locks);
     MInstallProcessor processor;
-    processor.Perform(session.GetDefinition(), session.Library, views, MRunKind::Install);
+    try {
+        processor.Perform(session.GetDefinition(), session.Library, views, MRunKind::Install);
+    } catch (const MException&) {
+        unmerged = processor.GetUnmerged();
+        throw;
+    }
     unmerged = processor.GetUnmerged();
 
     const MString setupPath = MGetSetupPath(mainPath);

@@ -24,7 +24,7 @@ public:
     /// and there is no new "setup.state".
     void Perform();
 
-    /// The preset files that `Perform` has left as they were.
+    /// The preset files that `Perform` has left as they were, also if it has failed.
     [[nodiscard]] const MList<MUnmergedPresets>& GetUnmerged() const { return unmerged; }
 
 private:

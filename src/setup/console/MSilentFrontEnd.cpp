@@ -62,12 +62,13 @@ MExitCode MSilentFrontEnd::Install(MLargeResourceLibrary& definition) {
         views.dialogs = &answers;
         MUnattendedRun run(definition, options, views);
         run.Validate();
-        MList<MString> unmerged;
         const MExitCode exitCode = Guard([&] {
-            for (const MUnmergedPresets& presets : run.Perform())
-                unmerged.Add(presets.path + ": " + presets.reason);
-            return unmerged.IsEmpty() ? MExitDone : MExitIncomplete;
+            run.Perform();
+            return run.GetUnmerged().IsEmpty() ? MExitDone : MExitIncomplete;
         });
+        MList<MString> unmerged;
+        for (const MUnmergedPresets& presets : run.GetUnmerged())
+            unmerged.Add(presets.path + ": " + presets.reason);
         if (!unmerged.IsEmpty())
             dialogs.ShowError(ListLines(
                 "The new presets could not be merged into these files, which stay as they are:", unmerged));

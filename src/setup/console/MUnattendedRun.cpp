@@ -37,7 +37,7 @@ void MUnattendedRun::Validate() {
             MRefuse("{0} has no directory \"{1}\" to choose.", product, directory.name);
 }
 
-MList<MUnmergedPresets> MUnattendedRun::Perform() {
+void MUnattendedRun::Perform() {
     ChooseComponents();
     ChooseDirectories();
     options.removeOlder ? RemoveOlderVersions() : run.Check();
@@ -48,7 +48,6 @@ MList<MUnmergedPresets> MUnattendedRun::Perform() {
     run.Enter();
     directories.Remember();
     run.Perform();
-    return run.GetUnmerged();
 }
 
 void MUnattendedRun::ChooseComponents() {

@@ -21,9 +21,10 @@ public:
     /// does not have, and for a configuration that does not run here; and "Could not find required attribute
     /// (destination)." (0).
     void Validate();
-    /// Installs, and gives the preset files that were left as they were. Raises what stopped it, `MRefusal`
-    /// before anything was written.
-    MList<MUnmergedPresets> Perform();
+    /// Installs. Raises what stopped it, `MRefusal` before anything was written.
+    void Perform();
+    /// See `MInstallRun::GetUnmerged`.
+    [[nodiscard]] const MList<MUnmergedPresets>& GetUnmerged() const { return run.GetUnmerged(); }
     /// Starts the programs of the last page that the wizard would show: "onsuccess", or "onerror" if
     /// `Perform` has failed, which has been told.
     void Conclude(bool isDone);
