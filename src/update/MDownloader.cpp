@@ -119,7 +119,8 @@ bool MDownloader::FetchFile(MXMLItem& item) {
     const MString& name = item.GetValue();
     const MString path = MFile::Join(target, name);
     MCreateOwnPath(target, MFile::GetDirectory(name));
-    for (int32_t tries = 1; tries <= TriesPerFile; ++tries) {
+    int32_t pause = MMirrors::PauseMilliseconds;
+    while (!mirrors.IsCancelled()) {
         MStdFileStream file;
         Position good = OpenFile(item, path, file);
         if (!FetchParts(item, file, good)) return false;
@@ -132,14 +133,10 @@ bool MDownloader::FetchFile(MXMLItem& item) {
         }
         Note(item, {});
         view.SetText(MTranslate("Download failed, retrying..."));
-        mirrors.Pause();
-        if (mirrors.IsCancelled()) return false;
+        mirrors.Pause(pause);
+        pause = std::min(2 * pause, LongestPauseMilliseconds);
     }
-    MRaise(
-        MExceptionGeneral,
-        "The file \"{0}\" is not what the download list says, although each of its parts is. The server is "
-        "damaged; please tell its maker.",
-        name);
+    return false;
 }
 
 MDownloader::Position MDownloader::OpenFile(MXMLItem& item, const MString& path, MStdFileStream& file) {

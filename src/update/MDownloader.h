@@ -24,11 +24,12 @@ public:
     /// available. Please check your internet connection." (0) if the definition names none or a part failed
     /// 10 times; "Could not connect to any download server. Please check your internet connection." (0) if no
     /// mirror gives the list; what `MDownloadIndex::Check` raises before anything is written but the
-    /// directory; "The file \"{0}\" is not what the download list says, ..." (0) for one whose parts are all
-    /// good and whose whole is not, `TriesPerFile` times; and what creating and writing files raises.
+    /// directory; and what creating and writing files raises.
     [[nodiscard]] bool Run();
 
-    static constexpr int32_t TriesPerFile = 3;
+    /// Before a file is fetched again that is not as the list says as a whole; the first pause is that of
+    /// `MMirrors`, and each is twice the one before.
+    static constexpr int32_t LongestPauseMilliseconds = 60000;
 
     [[nodiscard]] MMirrors& GetMirrors() { return mirrors; }
 

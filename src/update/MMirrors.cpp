@@ -64,9 +64,9 @@ bool MMirrors::Request(const MString& url, int32_t redirectBudget, int64_t limit
     return true;
 }
 
-void MMirrors::Pause() {
+void MMirrors::Pause(int32_t milliseconds) {
     constexpr int32_t Slice = 50;
-    for (int32_t waited = 0; waited < PauseMilliseconds && !IsCancelled(); waited += Slice)
+    for (int32_t waited = 0; waited < milliseconds && !IsCancelled(); waited += Slice)
         MPlatform::Sleep(Slice);
 }
 

@@ -25,7 +25,7 @@ public:
     [[nodiscard]] bool FetchPart(const MString& name, const MString& digest, int64_t limit,
                                  MMemoryStream& part);
     /// Between rounds: for what has failed everywhere just now.
-    void Pause();
+    void Pause(int32_t milliseconds = PauseMilliseconds);
     /// Stays true once it is.
     [[nodiscard]] bool IsCancelled();
 
