@@ -119,6 +119,19 @@ TEST_F(PresetInstallationTest, ARunAfterAKilledOneKeepsTheFirstBackup) {
     EXPECT_EQ(Read("Setpresets.xmlbackup"), Merged);
 }
 
+TEST_F(PresetInstallationTest, ARunAfterOneThatCouldNotMergeAllKeepsTheFirstBackup) {
+    Define(
+        Files("", File("Otherpresets.xml", Shipped) + File("Setpresets.xml", Shipped), "rewritable=\"0\""));
+    Put("Setpresets.xml", Users);
+    Put("Otherpresets.xml", "damaged");
+    PerformCompletely();
+    Put("Otherpresets.xml", Users);
+    PerformCompletely();
+    ExpectMergedFromUsers();
+    EXPECT_EQ(Read("Otherpresets.xmlbackup"), Users);
+    EXPECT_FALSE(MFile::Exists(scratch.Join("userdata/InstallerMerges.txt")));
+}
+
 TEST_F(PresetInstallationTest, ARunOfAnotherVersionAfterAKilledOneMerges) {
     DefinePresets();
     Put("Setpresets.xml", Users);

@@ -27,8 +27,11 @@ public:
     /// Raises what opening the content, reading and writing raise; what opening the file raises only if the
     /// user refuses to go on without it.
     void Write(MXMLItem& element, const MString& path, bool rewritable, MLargeResourceLibrary& library);
-    /// See `MPresetJournal::Complete`.
-    void Complete() { journal.Complete(); }
+    /// See `MPresetJournal::Complete`. While there are preset files that were left as they were, the next run
+    /// completes this one, and keeps the backups of the others.
+    void Complete() {
+        if (unmerged.IsEmpty()) journal.Complete();
+    }
 
     [[nodiscard]] const MList<MUnmergedPresets>& GetUnmerged() const { return unmerged; }
 

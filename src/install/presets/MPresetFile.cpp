@@ -145,7 +145,8 @@ void Merge(const MString& path, MMemoryStream& source, MPresetJournal& journal) 
     target.Load(existing);
     MXMLItem presets;
     presets.Load(source);
-    if (MergePresets(target, presets, InstalledIndex, MMergeReplace, false) == 0) return;
+    // What is torn must be made whole, whatever comes.
+    if (MergePresets(target, presets, InstalledIndex, MMergeReplace, false) == 0 && !isTorn) return;
 
     const MRewriteWay way = MFindRewriteWay(path);
     if (way == MRewriteWay::None) MRaise(MExceptionGeneral, "The file \"{0}\" is write-protected.", path);

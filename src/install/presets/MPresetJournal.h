@@ -18,7 +18,7 @@ struct MPresetMergeRecord {
 ///
 /// The file "InstallerMerges.txt" stands beside the installer's log, one merge on a line: digest of the
 /// source, digest of the result, digest of what was there, path, with blanks between them, in UTF-8. It is
-/// there only between a merge and the end of its run, and longer for files whose merges have failed.
+/// there only between a merge and the end of its run, and longer if some merge has failed.
 class MPresetJournal {
 public:
     /// Reads what an interrupted run has left. What cannot be read is left out in silence.
