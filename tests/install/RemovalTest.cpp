@@ -183,6 +183,26 @@ TEST_F(RemovalTest, LinksAndEntryAreFoundWhereTheInstallationHasPutThem) {
     }
 }
 
+// A removal may have waited for another setup.
+TEST_F(RemovalTest, RemovesWhatStandsWhenItBegins) {
+    const auto stateOf = [this](const std::string& file) {
+        return Place("<install name=\"x\" mainpath=\"{to}\"><files enabled=\"1\" currentpath=\"{to}\">") +
+               "<file name=\"" + file + "\" op=\"create\"/></files></install>";
+    };
+    Put("old", "1");
+    Put("new", "1");
+    Put("setup.state", stateOf("old"));
+    MInstallViews views;
+    views.dialogs = &dialogs;
+    MUninstallRun first(GetTarget(), views);
+    MUninstallRun second(GetTarget(), views);
+    Put("setup.state", stateOf("new"));
+    first.PerformUninstallation();
+    EXPECT_TRUE(Exists("old"));
+    EXPECT_FALSE(Exists("new"));
+    EXPECT_THAT(FailureOf([&] { second.PerformUninstallation(); }), HasSubstr("by another setup"));
+}
+
 TEST_F(RemovalTest, AStateThatLeadsElsewhereRemovesNothing) {
     Put("victim", "1");
     const char* const states[] = {

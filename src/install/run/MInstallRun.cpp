@@ -57,6 +57,8 @@ void MInstallRun::Enter() {
     Check();
     locks.reset();
     locks = std::make_unique<MSetupLocks>(mainPath, session.SoftwareName);
+    // Another setup may have been at work there until now.
+    MCheckMainDirectory(session, mainPath, {});
     for (const MString& directory : directories) {
         try {
             MFile::CreatePath(directory);

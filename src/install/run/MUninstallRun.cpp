@@ -1,6 +1,7 @@
 #include "install/run/MUninstallRun.h"
 
 #include "foundation/base/MGuard.h"
+#include "foundation/base/MRaise.h"
 #include "foundation/base/MRefusal.h"
 #include "foundation/files/MFile.h"
 #include "foundation/files/MFileAccess.h"
@@ -23,6 +24,12 @@ MUninstallRun::MUninstallRun(const MString& directory, const MInstallViews& view
 
 void MUninstallRun::PerformUninstallation() {
     const MSetupLocks locks(mainPath, productName);
+    // Another setup may have been at work here until now.
+    if (!MFile::IsInstallation(mainPath))
+        MRaise(MExceptionGeneral, "{0} has been removed by another setup meanwhile.", productName);
+    MXMLItem current;
+    MLoadInstallState(mainPath, current);
+    state.CopyFrom(current);
     processor = std::make_unique<MInstallProcessor>();
     views.ShowInfo(MTranslate("Removing files..."));
     MInstallViews bar;
