@@ -1,5 +1,7 @@
+#include "foundation/base/MGuard.h"
 #include "foundation/base/MRaise.h"
 #include "foundation/files/MFile.h"
+#include "foundation/files/MFileReplacement.h"
 #include "foundation/files/posix/MFileWay.h"
 #include "foundation/files/posix/MNativePath.h"
 #include "foundation/module/MPlatform.h"
@@ -114,7 +116,16 @@ void MFile::Rename(const MString& from, const MString& to) {
     if (RenameWithoutReplacing(MFileWay(from), MFileWay(to)) == 0) return;
     if (errno != EXDEV || Exists(to))
         MRaise(MExceptionGeneral, "Could not rename file \"{0}\" to \"{1}\".", from, to);
-    Copy(from, to);
+    // Under its name it is there whole or not at all.
+    const MString copy = to + ".unfinished";
+    try {
+        Copy(from, copy);
+        MSyncFile(copy);
+        Rename(copy, to);
+    } catch (const MException&) {
+        MGuard("MFile::Rename", [&] { DeleteTree(copy); });
+        throw;
+    }
     DeleteTree(from);
 }
 

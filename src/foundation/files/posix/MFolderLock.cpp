@@ -22,9 +22,8 @@ int Open(const MFileWay& way, int flags) {
         [flags](int folder, const char* name) { return openat(folder, name, flags | Flags, 0644); });
 }
 
-/// Whether a path still leads to an open file.
-bool IsAt(int file, const MFileWay& way) {
-    struct stat opened;
+/// Whether a path still leads to an open file, of which `opened` becomes the status.
+bool IsAt(int file, const MFileWay& way, struct stat& opened) {
     struct stat found;
     const auto look = [&found](int folder, const char* name) {
         return fstatat(folder, name, &found, AT_SYMLINK_NOFOLLOW);
@@ -46,14 +45,16 @@ MFolderLock::Attempt MFolderLock::Try(const MString& holder) {
         close(opened);
         return isHeld ? Attempt::Held : Attempt::Impossible;
     }
-    if (!IsAt(opened, way)) {
+    struct stat status;
+    if (!IsAt(opened, way, status)) {
         // The one who held it has deleted it since it was opened here.
         close(opened);
         return Attempt::Held;
     }
     file = opened;
     const std::string text = MEncodeUTF8Exact(MFormat("{0} (process {1})", holder, getpid()));
-    if (ftruncate(opened, 0) == 0) (void)!write(opened, text.data(), text.size());
+    // A file that has other names too holds something else.
+    if (status.st_nlink == 1 && ftruncate(opened, 0) == 0) (void)!write(opened, text.data(), text.size());
     return Attempt::Taken;
 }
 

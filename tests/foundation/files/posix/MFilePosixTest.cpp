@@ -1,4 +1,5 @@
 #include "foundation/files/MFile.h"
+#include "foundation/files/MFolderLock.h"
 #include "foundation/files/MRegistryKey.h"
 #include "foundation/files/posix/MNativePath.h"
 #include "tests/support/MScratch.h"
@@ -19,6 +20,34 @@ TEST(MFilePosix, NamesThatAreNoUTF8AreListedCopiedAndDeleted) {
     EXPECT_EQ(scratch.ListTree(), "from/\nfrom/" + name + "\nto/\nto/" + name + "\n");
     MFile::DeleteTree(scratch.Join("from"));
     EXPECT_FALSE(MFile::Exists(scratch.Join("from")));
+}
+
+TEST(MFilePosix, WhatCannotBeMovedToAnotherDiskLeavesNothingThere) {
+    const MScratch scratch;
+    struct stat here;
+    struct stat there;
+    ASSERT_EQ(stat(MNativePath(scratch.GetPath()).c_str(), &here), 0);
+    ASSERT_EQ(stat("/var/tmp", &there), 0);
+    const MString to = MString("/var/tmp/") + MFile::GetFileName(scratch.GetPath());
+    if (here.st_dev == there.st_dev) GTEST_SKIP() << "needs a second disk";
+    scratch.WriteFile("from/file", "x");
+    ASSERT_EQ(mkfifo(MNativePath(scratch.Join("from/pipe")).c_str(), 0600), 0);
+    EXPECT_THROW(MFile::Rename(scratch.Join("from"), to), MException);
+    EXPECT_FALSE(MFile::Exists(to) || MFile::Exists(to + ".unfinished"));
+    EXPECT_EQ(scratch.ReadFile("from/file"), "x");
+    MFile::Delete(scratch.Join("from/pipe"));
+    MFile::Rename(scratch.Join("from"), to);
+    EXPECT_EQ(MReadTestFile(MFile::Join(to, "file")), "x");
+    EXPECT_EQ(scratch.ListTree(), "");
+    MFile::DeleteTree(to);
+}
+
+TEST(MFilePosix, ALockLeavesAFileWithASecondNameAlone) {
+    const MScratch scratch;
+    const MString work = scratch.WriteFile("work", "mine");
+    ASSERT_EQ(link(MNativePath(work).c_str(), MNativePath(scratch.Join("setup.lock")).c_str()), 0);
+    MFolderLock(scratch.GetPath(), "First", 0);
+    EXPECT_EQ(scratch.ReadFile("work"), "mine");
 }
 
 TEST(MFilePosix, LinksAreDeletedAndNotFollowed) {
