@@ -35,6 +35,8 @@ void MInstallRemover::RemoveDirectory(const MString& path) {
         MFile::RemoveDirectory(path);
     } catch (const MException&) {
         ++failureCount;
+        // No installation makes links of folders: it is the user's own, and may lead to what others use.
+        if (MFile::IsLink(path)) return;
         bool holdsSomething = false;
         MGuard("MInstallRemover", [&] { holdsSomething = !MFile::GetFileList(path).IsEmpty(); });
         (holdsSomething ? keptDirectories : leftovers).Add(path);
