@@ -31,6 +31,16 @@ Value FindAnswer(const MString& word, const MString& answer,
     RaiseWord(word, advice);
 }
 
+/// What only a system with drives knows: a path that depends on the current drive or on that of its current
+/// directory, and one of another machine. None of them stays what it is in the state.
+bool IsOfDrive(const MString& path) {
+    const auto isSeparator = [&path](int32_t index) {
+        return index < path.GetLength() && (path[index] == u'/' || path[index] == u'\\');
+    };
+    if (MPlatform::HasRootDirectory()) return true;
+    return path.GetLength() > 1 && path[1] == u':' ? isSeparator(2) : !isSeparator(0);
+}
+
 }  // namespace
 
 bool MUnattendedOptions::IsRequested(const MList<MString>& arguments) {
@@ -65,6 +75,7 @@ void MUnattendedOptions::ReadWord(const MString& word, const MString& startDirec
         const char* const advice = "write directory:ID=PATH";
         MNamedChoice choice = SplitChoice(word, *directory, directory->FindChar('='), advice);
         if (choice.text.IsEmpty()) RaiseWord(word, advice);
+        if (!IsOfDrive(choice.text)) RaiseWord(word, "begin the path with a drive, as in C:\\Folder");
         const MString path = MPlatform::TakePathText(choice.text);
         choice.text = MFile::Normalize(MFile::IsAbsolute(path) ? path : MFile::Join(startDirectory, path));
         directories.Add(choice);
