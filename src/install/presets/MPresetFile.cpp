@@ -143,6 +143,8 @@ void Merge(const MString& path, MMemoryStream& source, MPresetJournal& journal) 
     if (journal.IsMerged(path, record.sourceDigest, record.beforeDigest)) return;
     MXMLItem target;
     target.Load(existing);
+    MMemoryStream former;
+    target.Save(former, false, "utf-8");
     MXMLItem presets;
     presets.Load(source);
     // What is torn must be made whole, whatever comes.
@@ -153,6 +155,8 @@ void Merge(const MString& path, MMemoryStream& source, MPresetJournal& journal) 
     MMemoryStream result;
     target.Save(result, false, "utf-8");
     record.resultDigest = GetDigest(result);
+    // An installation that is repeated brings nothing new, and must not cost the backup.
+    if (!isTorn && record.resultDigest == GetDigest(former)) return;
     // What is torn must not become the backup.
     (way == MRewriteWay::Replace && !isTorn ? Replace : WriteInPlace)(record, existing, result, journal);
 }
