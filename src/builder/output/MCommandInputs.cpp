@@ -29,4 +29,7 @@ void MCommandInputs::RefuseOutput(const MString& output) const {
         MRaise(MExceptionGeneral,
                "The output \"{0}\" would replace \"{1}\", which is read. Write it to another place.", output,
                input);
+    // It would not be written to, but taken away.
+    if (MFile::IsDevice(output))
+        MRaise(MExceptionGeneral, "The output \"{0}\" is a device or a pipe. Write it to a file.", output);
 }

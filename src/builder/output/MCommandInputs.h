@@ -18,7 +18,7 @@ public:
     /// below it; empty if there is none.
     [[nodiscard]] MString FindReplaced(const MString& output) const;
     /// Raises "The output \"{0}\" would replace \"{1}\", which is read. Write it to another place." (0) if
-    /// there is one.
+    /// there is one, and "The output \"{0}\" is a device or a pipe. Write it to a file." (0).
     void RefuseOutput(const MString& output) const;
 
 private:

@@ -27,4 +27,16 @@ TEST_F(PackPosixTest, OutputsThatLeadToAnInputByLinksReplaceNothing) {
     EXPECT_EQ(scratch.ReadFile("real/x.xml"), MakeDefinition("<note/>"));
 }
 
+TEST_F(PackPosixTest, PipesAreNoOutputs) {
+    scratch.WriteFile("product.xml", MakeDefinition("<note/>"));
+    scratch.WriteFile("folder/a", "x");
+    const std::string pipe = MNativePath(scratch.Join("pipe"));
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    EXPECT_EQ(Pack("pipe"), MBuilderExitFailed);
+    EXPECT_EQ(Run({"blob", "@folder", "@product.xml", "--output", "@pipe"}), MBuilderExitFailed);
+    EXPECT_THAT(output.complaints, testing::Each(HasSubstr("pipe\" is a device or a pipe.")));
+    struct stat kind;
+    EXPECT_TRUE(stat(pipe.c_str(), &kind) == 0 && S_ISFIFO(kind.st_mode));
+}
+
 }  // namespace
