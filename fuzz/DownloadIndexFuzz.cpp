@@ -4,6 +4,7 @@
 #include "foundation/base/MException.h"
 #include "foundation/files/MFile.h"
 #include "foundation/xml/MXMLSubItems.h"
+#include "payload/MDownloadNames.h"
 #include "streams/basic/MMemoryStream.h"
 #include "streams/basic/MStdFileStream.h"
 #include "tests/support/MScratch.h"
@@ -17,7 +18,7 @@ namespace {
 void RequireInside(const MXMLItem& root, const MString& kind) {
     const MString target = MFile::GetCurrentPath();
     for (const MXMLItem& item : MXMLSubItems(root, kind)) {
-        if (item.GetValue().StartsWith(MDownloadIndex::StateName)) __builtin_trap();
+        if (item.GetValue().StartsWith(MDownloadNames::State)) __builtin_trap();
         const MString path = MFile::Join(target, item.GetValue());
         if (!path.StartsWith(target) || path.Contains("/../") || path.EndsWith("/..")) __builtin_trap();
     }

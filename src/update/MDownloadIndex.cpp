@@ -1,9 +1,9 @@
 #include "update/MDownloadIndex.h"
 
 #include "foundation/base/MRaise.h"
-#include "foundation/files/MFile.h"
 #include "foundation/files/MSafeName.h"
 #include "foundation/xml/MXMLSubItems.h"
+#include "payload/MDownloadNames.h"
 #include "payload/MPayloadFormat.h"
 #include "payload/MPayloadIndex.h"
 #include "streams/basic/MOutputFile.h"
@@ -11,20 +11,10 @@
 
 namespace {
 
-/// A file of the downloader's own, or a file system's short name of one: "DOWNLO~1.DAT".
-[[nodiscard]] bool IsTaken(const MString& fileName) {
-    constexpr int32_t ShortNameLength = 8;
-    if (fileName.StartsWith(MDownloadIndex::StateName)) return true;
-    const MString extension = MFile::GetExtension(fileName);
-    const MString base = MFile::GetBaseName(fileName);
-    return base.StartsWith("do") && base.GetLength() <= ShortNameLength &&
-           base.FindChar('~') != MString::NotFound && (extension == "dat" || extension == "unf");
-}
-
 enum class NameKind { File, Directory };
 
 [[nodiscard]] MString CheckName(const MString& name, NameKind kind) {
-    if (name.GetLength() <= MDownloadIndex::MaximumNameLength) {
+    if (name.GetLength() <= MDownloadNames::MaximumLength) {
         MString slashed = name;
         slashed.ReplaceChar('\\', "/");
         MString result;
@@ -32,7 +22,7 @@ enum class NameKind { File, Directory };
         bool isTaken = false;
         for (const MString& component : slashed.Split('/')) {
             if (component.IsExactly(".")) continue;
-            if (++depth == 1) isTaken = IsTaken(component);
+            if (++depth == 1) isTaken = MDownloadNames::IsTaken(component);
             if (depth > 1) result.Append("/");
             result.Append(component);
         }
@@ -42,13 +32,13 @@ enum class NameKind { File, Directory };
                 "The name \"{0}\" in the download list leads out of its directory. The server is damaged or "
                 "not trustworthy; nothing has been written.",
                 name);
-        if (depth <= MDownloadIndex::MaximumDepth) return result;
+        if (depth <= MDownloadNames::MaximumDepth) return result;
     }
     MRaise(
         MExceptionGeneral,
         "A name in the download list has more than {0} components or {1} characters. The server is damaged "
         "or not trustworthy; nothing has been written.",
-        MDownloadIndex::MaximumDepth, MDownloadIndex::MaximumNameLength);
+        MDownloadNames::MaximumDepth, MDownloadNames::MaximumLength);
 }
 
 /// Without this a file that no part can ever complete would be tried for ever.

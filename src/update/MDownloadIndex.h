@@ -35,10 +35,6 @@ public:
     [[nodiscard]] int64_t GetSize() const { return root.GetInt64Attribute("Size", 0); }
 
     static constexpr const char* FileName = "INDEX.ZIP";
-    /// No name in a list begins so: what a download keeps for itself does.
-    static constexpr const char* StateName = "downloader.dat";
-    static constexpr int32_t MaximumDepth = 250;
-    static constexpr int32_t MaximumNameLength = 4000;
 
 private:
     MXMLItem root{"index"};

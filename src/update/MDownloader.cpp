@@ -11,6 +11,7 @@
 #include "foundation/module/MPlatform.h"
 #include "foundation/text/MByteSizeText.h"
 #include "foundation/xml/MXMLSubItems.h"
+#include "payload/MDownloadNames.h"
 #include "streams/hashes/MMD5Text.h"
 
 #include <algorithm>
@@ -34,7 +35,7 @@ double SecondsSince(std::chrono::steady_clock::time_point start) {
 MDownloader::MDownloader(const MDownloadDefinition& definition, const MString& target, MDownloadView& view)
     : definition(definition),
       target(target),
-      statePath(MFile::Join(target, MDownloadIndex::StateName)),
+      statePath(MFile::Join(target, MDownloadNames::State)),
       view(view),
       mirrors(definition, view) {}
 
@@ -48,7 +49,7 @@ bool MDownloader::Run() {
         throw MRefusal(exception.GetMessage());
     }
     const MFolderLock lock(target, definition.GetID(), MFolderLock::PatienceMilliseconds,
-                           MString(MDownloadIndex::StateName) + ".lock");
+                           MString(MDownloadNames::State) + ".lock");
     if (!LoadState() && !FetchIndex()) return false;
     const MXMLItem& root = index.GetRoot();
     for (const MXMLItem& directory : MXMLSubItems(root, "Directory"))

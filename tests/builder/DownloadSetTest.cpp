@@ -173,7 +173,7 @@ TEST_F(DownloadSetTest, NamesThatTheDownloadCannotHaveAreRefused) {
     scratch.WriteFile("files/sub/Downloader.DAT", "this one is no state");
     ASSERT_EQ(MakeSet(), MBuilderExitDone) << JoinComplaints();
     MFile::DeleteTree(scratch.Join("out"));
-    for (const char* name : {"Downloader.DAT", " blank"}) {
+    for (const char* name : {"Downloader.DAT", "Downlo~1.DAT", " blank"}) {
         scratch.WriteFile("files/" + MString(name), "x");
         ExpectRefused("The name \"" + std::string(name) + "\" ");
         MFile::DeleteTree(scratch.Join("files"));

@@ -1,3 +1,4 @@
+#include "payload/MDownloadNames.h"
 #include "tests/update/DownloadFixture.h"
 
 TEST_F(DownloadTest, FetchesEachPartOnceAndAFurtherRunNothing) {
@@ -181,7 +182,7 @@ TEST_F(DownloadTest, NamesThatLeadOutAreRefusedBeforeAnythingIsWritten) {
         }
     }
     std::string deep = "x";
-    for (int i = 0; i < MDownloadIndex::MaximumDepth; ++i) deep += "/x";
+    for (int i = 0; i < MDownloadNames::MaximumDepth; ++i) deep += "/x";
     for (const std::string& name : {deep, std::string(5000, 'x')}) {
         Publish(first, "<index>" + DescribeFile("big", name, {"aaaa"}) + "</index>");
         EXPECT_EQ(

@@ -5,18 +5,13 @@
 #include "foundation/base/MAddSize.h"
 #include "foundation/text/MUnicode.h"
 #include "foundation/xml/MXMLItem.h"
+#include "payload/MDownloadNames.h"
 #include "streams/basic/MMemoryStream.h"
 
 #include <map>
 #include <string>
 
 namespace {
-
-/// With which the names of all begin that the downloader keeps beside the files.
-constexpr const char* StateFileName = "downloader.dat";
-/// What it takes.
-constexpr int32_t MaximumDepth = 250;
-constexpr int32_t MaximumLength = 4000;
 
 /// A blank in front of a text is lost in XML, and so may be characters that no codec is made for.
 bool SurvivesInIndex(const MString& name) {
@@ -33,9 +28,11 @@ MString FindNameFault(const MString& name) {
     if (const MString fault = MFileNameRules::FindFault(name); !fault.IsEmpty()) return fault;
     if (!SurvivesInIndex(name))
         return "begins with a blank, or with something else that an index cannot hold";
-    if (name.StartsWith(StateFileName))
-        return "begins as that of the file in which the downloader keeps what it has done";
-    if (name.GetLength() > MaximumLength || name.Split('/').GetCount() > MaximumDepth)
+    const MList<MString> components = name.Split('/');
+    if (MDownloadNames::IsTaken(components[0]))
+        return "begins as that of the file in which the downloader keeps what it has done, or is short for it";
+    if (name.GetLength() > MDownloadNames::MaximumLength ||
+        components.GetCount() > MDownloadNames::MaximumDepth)
         return "is too long or too deep for the downloader, which takes 4,000 characters and 250 directories";
     return MString();
 }
