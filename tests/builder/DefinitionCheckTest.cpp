@@ -212,6 +212,22 @@ TEST_F(DefinitionCheckTest, TwoFilesForOneDestination) {
     }
 }
 
+TEST_F(DefinitionCheckTest, WhatTheInstallerNeedsInTheFirstDirectoryIsNoProductsFile) {
+    for (const char* name : {"a/Setup.dat", "b/setup.lock", "setup.exe", "setup.run"})
+        scratch.WriteFile("files/" + MString(name), "x");
+    const auto check = [this](const std::string& destination, const std::string& attributes) {
+        return Check(MakeDefinition("<directory id=\"e\" name=\"E\" default=\"{user}/P\"/>\n"
+                                    "<files name=\"F\" path=\"files\" destination=\"" +
+                                    destination + "\" " + attributes + "/>\n"));
+    };
+    EXPECT_THAT(check("{Main}", "ignoresubdirs=\"1\" linux=\"0\""),
+                ElementsAre(HasSubstr("\"{Main}/Setup.dat\" is a name of the installer's own"),
+                            HasSubstr("{Main}/setup.lock\""), HasSubstr("{Main}/setup.exe\"")));
+    EXPECT_THAT(check("{main}", ""),
+                ElementsAre(HasSubstr("{main}/setup.exe\""), HasSubstr("{main}/setup.run\"")));
+    for (const char* destination : {"{e}", "{main}/sub"}) EXPECT_THAT(check(destination, ""), IsEmpty());
+}
+
 TEST_F(DefinitionCheckTest, IdsOfOnePlatformAreUnique) {
     const auto check = [this](const std::string& attributes) {
         return Check(

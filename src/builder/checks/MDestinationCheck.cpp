@@ -5,8 +5,18 @@
 #include "foundation/files/MFile.h"
 #include "foundation/text/MStringFormatter.h"
 #include "foundation/text/MUnicode.h"
+#include "foundation/xml/MXMLSubItems.h"
+
+#include <algorithm>
 
 namespace {
+
+/// What an installation leaves in its first directory, and what its program would take there for the data of
+/// an installer: it would then neither remove the product nor be installed over it.
+bool IsInstallersOwn(const MString& name, const char* program) {
+    const char* const names[] = {program, "setup.state", "setup.lock", "setup.dat", "setup.multi"};
+    return std::ranges::any_of(names, [&](const char* own) { return name == own; });
+}
 
 bool IsWritten(const MXMLItem& item) {
     const MString op = item.GetAttribute("op", "");
@@ -90,21 +100,43 @@ void MDestinationCheck::AddPlace(const MString& target, const Place& place) {
     std::vector<Place>& others = places[MEncodeUTF8Exact(MFileNameRules::FoldCase(target))];
     for (const Place& other : others) Compare(target, other, place);
     others.push_back(place);
+    if ((IsInMainDirectory(target, place, &MPlatforms::IsOnWindows) &&
+         IsInstallersOwn(MFile::GetFileName(target), "setup.exe")) ||
+        (IsInMainDirectory(target, place, &MPlatforms::IsOnLinux) &&
+         IsInstallersOwn(MFile::GetFileName(target), "setup.run")))
+        problems.AddError(GetLine(place),
+                          MFormat("\"{0}\" is a name of the installer's own in the first directory. Rename "
+                                  "the file, or give it another destination.",
+                                  target));
+}
+
+bool MDestinationCheck::IsInMainDirectory(const MString& target, const Place& place,
+                                          bool (MPlatforms::*isOn)() const) const {
+    if (!(place.pass->platforms.*isOn)()) return false;
+    const MString folder = MFile::GetDirectory(target);
+    for (const MXMLItem& directory : MXMLSubItems(definition.GetRoot(), "directory")) {
+        if (!(MPlatforms(directory).*isOn)()) continue;
+        if (folder == "{" + directory.GetAttribute("id", "") + "}") return true;
+        // Where a run is for another kind of system, the next directory is the first.
+        if (directory.GetInt32Attribute("x64", 0) == 0) return false;
+    }
+    return false;
+}
+
+int32_t MDestinationCheck::GetLine(const Place& place) const {
+    const bool isCopy = place.pass->element != place.pass->files;
+    return definition.GetLine(isCopy ? *place.pass->element : *place.item);
 }
 
 void MDestinationCheck::Compare(const MString& target, const Place& first, const Place& second) {
     const bool isOneSource = first.item != second.item && first.source.IsExactly(second.source);
     const bool areDirectories = first.isDirectory && second.isDirectory;
     if (isOneSource || areDirectories || !CanMeet(*first.pass, *second.pass)) return;
-    const auto getLine = [this](const Place& place) {
-        return definition.GetLine(place.pass->element == place.pass->files ? *place.item
-                                                                           : *place.pass->element);
-    };
     problems.AddError(
-        getLine(second),
+        GetLine(second),
         MFormat("Two items would become \"{0}\"; the other is in line {1}. Rename one, or give them "
                 "different destinations or configurations.",
-                target, getLine(first)));
+                target, GetLine(first)));
 }
 
 bool MDestinationCheck::CanMeet(const Pass& first, const Pass& second) {

@@ -9,7 +9,8 @@
 #include <vector>
 
 /// Looks for two files, or a file and a directory, that would land in one place, in the eyes of a file system
-/// that ignores case, and for paths that are too long for many programs of Windows.
+/// that ignores case, for those that would take the place of the installer's own, and for paths that are too
+/// long for many programs of Windows.
 ///
 /// A `files` element and each `copy` in it is one pass over the files. Destinations are compared as texts,
 /// with their macros unexpanded. Two passes never meet if they are for different platforms, or if both name
@@ -47,6 +48,9 @@ private:
     /// About the length that a destination has on Windows, in characters.
     [[nodiscard]] int32_t EstimateLength(const MString& destination) const;
     void AddPlace(const MString& target, const Place& place);
+    [[nodiscard]] bool IsInMainDirectory(const MString& target, const Place& place,
+                                         bool (MPlatforms::*isOn)() const) const;
+    [[nodiscard]] int32_t GetLine(const Place& place) const;
     void Compare(const MString& target, const Place& first, const Place& second);
     [[nodiscard]] static bool CanMeet(const Pass& first, const Pass& second);
 
