@@ -228,6 +228,16 @@ TEST_F(DefinitionCheckTest, WhatTheInstallerNeedsInTheFirstDirectoryIsNoProducts
     for (const char* destination : {"{e}", "{main}/sub"}) EXPECT_THAT(check(destination, ""), IsEmpty());
 }
 
+TEST_F(DefinitionCheckTest, PathsThatBeginWithoutAMacro) {
+    scratch.WriteFile("files/a", "x");
+    for (const char* path : {"folder", "{data", "/opt/{data}", ""})
+        EXPECT_THAT(
+            Check(MakeDefinition(std::string("<directory id=\"d\" name=\"D\" default=\"") + path +
+                                 "\"/>\n<files name=\"F\" path=\"files\" destination=\"" + path + "\"/>\n")),
+            ElementsAre(StartsWith("2: warning: The default \""),
+                        StartsWith("3: warning: The destination \"")));
+}
+
 TEST_F(DefinitionCheckTest, IdsOfOnePlatformAreUnique) {
     const auto check = [this](const std::string& attributes) {
         return Check(

@@ -51,6 +51,8 @@ void MReferenceCheck::CheckIds(const MString& elementName) {
 void MReferenceCheck::CheckItem(const MXMLItem& item) {
     const MString& name = item.GetName();
     if (name == "files" || name == "copy") CheckConfigurations(item);
+    if (name == "files" || name == "copy") CheckStart(item, "destination");
+    if (name == "directory") CheckStart(item, "default");
     if (name == "directory") CheckMacros(item, item.GetAttribute("default", ""), false);
     if (name == "default") CheckMacros(item, item.GetValue(), false);
     if (name == "files" || name == "copy" || name == "shortcut" || name == "execute") {
@@ -68,6 +70,15 @@ void MReferenceCheck::CheckConfigurations(const MXMLItem& item) {
                 MFormat("There is no configuration \"{0}\". Define it, or correct the id; blanks beside "
                         "commas belong to the ids.",
                         id));
+}
+
+void MReferenceCheck::CheckStart(const MXMLItem& item, const char* attribute) {
+    const MString path = item.GetAttribute(attribute, "{}");
+    if (path.StartsWith("{") && path.FindChar(MChar('}')) >= 0) return;
+    problems.AddWarning(definition.GetLine(item),
+                        MFormat("The {0} \"{1}\" does not begin with a macro in braces: it may lie somewhere "
+                                "else on every machine, and a removal would not find it. Add one.",
+                                attribute, path));
 }
 
 void MReferenceCheck::CheckMacros(const MXMLItem& item, const MString& path, bool knowsDirectories) {

@@ -17,6 +17,7 @@ private:
     void CheckIds(const MString& elementName);
     void CheckItem(const MXMLItem& item);
     void CheckConfigurations(const MXMLItem& item);
+    void CheckStart(const MXMLItem& item, const char* attribute);
     /// A path that is expanded before the user has chosen directories knows the machine's folders only.
     void CheckMacros(const MXMLItem& item, const MString& path, bool knowsDirectories);
     void CheckMacro(const MXMLItem& item, const MString& name, bool knowsDirectories);
