@@ -106,8 +106,9 @@ int64_t MDownloader::CountGood() {
     int64_t begunBytes = 0;
     for (MXMLItem& item : MXMLSubItems(index.GetRoot(), "File")) {
         const bool isFinished = item.HasAttribute("Finished");
-        // Somebody may have taken away a file that was complete.
-        if (isFinished && !MIsPlainFile(MFile::Join(target, item.GetValue()))) {
+        // Somebody may have taken away or changed a file that was complete.
+        const MString path = MFile::Join(target, item.GetValue());
+        if (isFinished && !(MIsPlainFile(path) && MFile::GetFileSize(path) == GetGoodBytes(item))) {
             item.RemoveAttribute("Finished");
             Note(item, {});
         }

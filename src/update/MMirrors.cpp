@@ -38,7 +38,7 @@ bool MMirrors::FetchPart(const MString& name, const MString& digest, int64_t lim
     for (int32_t tries = 1; !IsCancelled(); ++tries) {
         try {
             const bool isOnly = addresses.GetCount() == 1;
-            if (Request(addresses[current] + name, 0, limit, isOnly, part) &&
+            if (Request(addresses[current] + name, 0, std::min(limit, MaximumPartSize), isOnly, part) &&
                 MMD5OfBlock(part.GetBuffer().GetBlock(), static_cast<int32_t>(part.GetSize())) == digest)
                 return true;
         } catch (const MException&) {
@@ -60,7 +60,7 @@ bool MMirrors::Request(const MString& url, int32_t redirectBudget, int64_t limit
     request.Get(url);
     if (!request.Send(redirectBudget)) return false;
     body.Reset();
-    MReadHTTPBody(request, body, request.GetSize() > 0 ? limit : std::min(limit, MaximumUnannounced));
+    MReadHTTPBody(request, body, limit);
     return true;
 }
 

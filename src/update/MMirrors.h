@@ -31,8 +31,8 @@ public:
 
     static constexpr int32_t TriesPerPart = 10;
     static constexpr int32_t PauseMilliseconds = 250;
-    /// What a body may have whose length is not announced: the most that a part of a set has.
-    static constexpr int64_t MaximumUnannounced = 0x10000000;
+    /// No part of a set has more bytes.
+    static constexpr int64_t MaximumPartSize = 0x10000000;
 
     /// A mirror that sends nothing for so long has failed, if there is another one.
     std::chrono::steady_clock::duration quietLimit = std::chrono::minutes(1);

@@ -49,7 +49,9 @@ TEST_F(DownloadTest, FilesThatWereChangedBehindItsBackAreFetchedAgain) {
               std::string::npos);
     EXPECT_EQ(first.TakeRequests(), "big.4.zip\nbig.1.zip\nbig.2.zip\nbig.3.zip\nbig.4.zip\nsmall.1.zip\n");
 
-    // Finished, and then deleted.
+    // Finished, and then cut; finished, and then deleted.
+    scratch.WriteFile("target/big.bin", "cut");
+    (void)RunToTheEnd(Both());
     MFile::Delete(scratch.Join("target/big.bin"));
     EXPECT_EQ(RunToTheEnd(Both()).values.back(), 14 + 5);
     const std::string saved = scratch.ReadFile("target/downloader.dat");

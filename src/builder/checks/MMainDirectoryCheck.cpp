@@ -3,9 +3,6 @@
 #include "builder/checks/MPlatforms.h"
 #include "foundation/text/MStringFormatter.h"
 #include "foundation/xml/MXMLSubItems.h"
-#include "install/definition/MItemNames.h"
-#include "install/definition/MPathMacros.h"
-#include "install/run/MInstallState.h"
 
 #include <algorithm>
 #include <vector>
@@ -37,30 +34,10 @@ void CheckDirectory(const MXMLItem& directory, const MDefinition& definition, MP
                                     bare, Consequence));
 }
 
-/// The program that removes the product would take them for the data of an installer, and refuse.
-void CheckSetupData(const MDefinition& definition, MProblemList& problems) {
-    const MXMLItem& root = definition.GetRoot();
-    const MXMLItem* first = root.FindSubItem("directory");
-    if (!first) return;
-    const MString main = MPathMacros::GetKey(first->GetAttribute("id", ""));
-    for (const MXMLItem& files : MXMLSubItems(root, "files")) {
-        if (!(files.GetAttribute("destination", "") == main)) continue;
-        for (const MXMLItem& file : MXMLSubItems(files, "file"))
-            for (const char* name : MSetupDataNames)
-                if (MGetItemName(files, file, {}) == name)
-                    problems.AddError(
-                        definition.GetLine(file),
-                        MFormat("\"{0}\" in the first directory would be taken for the data of an installer, "
-                                "and the product is refused there. Rename it.",
-                                name));
-    }
-}
-
 }  // namespace
 
 void MCheckMainDirectory(const MDefinition& definition, MProblemList& problems) {
     const MXMLItem& root = definition.GetRoot();
-    CheckSetupData(definition, problems);
     std::vector<const MXMLItem*> known;
     // Where a run is for another kind of system, the next directory is the first.
     const auto hasAlways = [&](bool (MPlatforms::*isOn)() const) {

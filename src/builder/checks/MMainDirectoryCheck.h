@@ -4,5 +4,4 @@
 
 /// Warns where the products of one maker could share their main directory, which is the first that exists in
 /// a run: what they remember of their installations lies there, and each would replace that of the others.
-/// "setup.dat" and "setup.multi" in the first one are errors.
 void MCheckMainDirectory(const MDefinition& definition, MProblemList& problems);
