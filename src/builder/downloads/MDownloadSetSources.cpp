@@ -30,7 +30,8 @@ MString FindNameFault(const MString& name) {
         return "begins with a blank, or with something else that an index cannot hold";
     const MList<MString> components = name.Split('/');
     if (MDownloadNames::IsTaken(components[0]))
-        return "begins as that of the file in which the downloader keeps what it has done, or is short for it";
+        return "begins as that of the file in which the downloader keeps what it has done, or is short for "
+               "it";
     if (name.GetLength() > MDownloadNames::MaximumLength ||
         components.GetCount() > MDownloadNames::MaximumDepth)
         return "is too long or too deep for the downloader, which takes 4,000 characters and 250 directories";

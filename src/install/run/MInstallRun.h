@@ -16,9 +16,10 @@ public:
     /// the main one. Gives each available directory its macro, and each part its `currentpath`. Products
     /// whose names are in `replaced` will be removed before the installing begins. Raises `MRefusal`.
     void Check(const MList<MString>& replaced = MList<MString>());
-    /// Checks again, keeps other setups away, looks once more at what they have left in the main directory, and creates each available directory; one that cannot be
-    /// created is shown as an error, and the rest follow. Runs each time the installing is about to begin.
-    /// Raises `MRefusal`, and what `MFolderLock` raises.
+    /// Checks again, keeps other setups away, looks once more at what they have left in the main directory,
+    /// and creates each available directory; one that cannot be created is shown as an error, and the rest
+    /// follow. Runs each time the installing is about to begin. Raises `MRefusal`, and what `MFolderLock`
+    /// raises.
     void Enter();
     /// Installs, and lets other setups go on then. A failure leaves as `MException`: what was written stays,
     /// and there is no new "setup.state".

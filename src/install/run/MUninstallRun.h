@@ -16,10 +16,10 @@ public:
     /// state.
     MUninstallRun(const MString& directory, const MInstallViews& views);
 
-    /// Keeps other setups away, reads the state again, opens the installer's log anew, and removes files, links, key and state, in
-    /// this order; what cannot be removed is counted and passed over. Raises what stopped it: another setup
-    /// (what `MFolderLock` raises, or that it has removed the product meanwhile), a state that lacks an attribute, or names what lies outside of the
-    /// product's directories.
+    /// Keeps other setups away, reads the state again, opens the installer's log anew, and removes files,
+    /// links, key and state, in this order; what cannot be removed is counted and passed over. Raises what
+    /// stopped it: another setup (what `MFolderLock` raises, or that it has removed the product meanwhile), a
+    /// state that lacks an attribute, or names what lies outside of the product's directories.
     void PerformUninstallation();
 
     /// How many files and directories could not be removed.

@@ -31,14 +31,15 @@ Value FindAnswer(const MString& word, const MString& answer,
     RaiseWord(word, advice);
 }
 
-/// What only a system with drives knows: a path that depends on the current drive or on that of its current
-/// directory, and one of another machine. None of them stays what it is in the state.
-bool IsOfDrive(const MString& path) {
+/// Where there are drives, a path that depends on the current one or on the current directory of one, and one
+/// of another machine: "\sub", "C:sub", "\\server\share". The state would not find it again.
+bool LacksFixedDrive(const MString& path) {
     const auto isSeparator = [&path](int32_t index) {
         return index < path.GetLength() && (path[index] == u'/' || path[index] == u'\\');
     };
-    if (MPlatform::HasRootDirectory()) return true;
-    return path.GetLength() > 1 && path[1] == u':' ? isSeparator(2) : !isSeparator(0);
+    if (MPlatform::HasRootDirectory()) return false;
+    const bool hasDrive = path.GetLength() > 1 && path[1] == u':';
+    return hasDrive ? !isSeparator(2) : isSeparator(0);
 }
 
 }  // namespace
@@ -75,7 +76,7 @@ void MUnattendedOptions::ReadWord(const MString& word, const MString& startDirec
         const char* const advice = "write directory:ID=PATH";
         MNamedChoice choice = SplitChoice(word, *directory, directory->FindChar('='), advice);
         if (choice.text.IsEmpty()) RaiseWord(word, advice);
-        if (!IsOfDrive(choice.text)) RaiseWord(word, "begin the path with a drive, as in C:\\Folder");
+        if (LacksFixedDrive(choice.text)) RaiseWord(word, "begin the path with a drive, as in C:\\Folder");
         const MString path = MPlatform::TakePathText(choice.text);
         choice.text = MFile::Normalize(MFile::IsAbsolute(path) ? path : MFile::Join(startDirectory, path));
         directories.Add(choice);
