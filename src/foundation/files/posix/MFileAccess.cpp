@@ -36,5 +36,7 @@ MString MWhoMayDelete(const MString& path) {
     const uid_t user = (directory.st_mode & S_ISVTX) != 0 ? GetStatus(path).st_uid : directory.st_uid;
     const passwd* entry = getpwuid(user);
     const MString name = entry ? MPathFromNative(entry->pw_name) : MFormat("{0}", user);
-    return MFormat(MTranslate("the user {0}"), name);
+    const char* const text =
+        user == geteuid() ? "the user {0} after the folder has been made writable" : "the user {0}";
+    return MFormat(MTranslate(text), name);
 }
