@@ -22,6 +22,8 @@ bool IsDevice(const MString& name, int32_t start, int32_t end) {
     while (stemEnd < end && name[stemEnd] != u'.') ++stemEnd;
     while (stemEnd > start && name[stemEnd - 1].IsBlank()) --stemEnd;
     if (stemEnd - start < 3 || stemEnd - start > LongestDevice) return false;
+    // Most names are known for none by their first letter.
+    if (std::u16string_view(u"acnlpACNLP").find(name[start]) == std::u16string_view::npos) return false;
     MString stem = name.Substring(start, stemEnd - start);
     stem.MakeLower();
     if (IsOneOf(stem, {"con", "prn", "aux", "nul", "conin$", "conout$"})) return true;

@@ -6,7 +6,8 @@
 namespace {
 
 std::mutex lock;
-MList<MString> known;
+/// Lives for ever: at the end of the process static objects delete files.
+MList<MString>& known = *new MList<MString>;
 int32_t takenCount = 0;
 /// Asked before each file of a run.
 std::atomic<bool> isAnyNew = false;

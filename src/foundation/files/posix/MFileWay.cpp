@@ -112,8 +112,16 @@ private:
     int links = 0;
 };
 
+/// At the end of a thread what it remembers is gone before the last files are: static objects delete some.
+thread_local constinit bool isMemoryGone = false;
+
 /// What the last walk of a thread has come to.
 struct LastWalk {
+    LastWalk() = default;
+    LastWalk(const LastWalk&) = delete;
+    LastWalk& operator=(const LastWalk&) = delete;
+    ~LastWalk() { isMemoryGone = true; }
+
     std::string path;
     Folder folder;
     dev_t device = 0;
@@ -125,14 +133,18 @@ thread_local LastWalk lastWalk;
 /// Whether the remembered folder is still what a path, of which it is the first part, leads to.
 bool IsRemembered(std::string_view path) {
     struct stat now;
-    return lastWalk.folder && lastWalk.path == path && stat(lastWalk.path.c_str(), &now) == 0 &&
-           lastWalk.device == now.st_dev && lastWalk.file == now.st_ino;
+    return !isMemoryGone && lastWalk.folder && lastWalk.path == path &&
+           stat(lastWalk.path.c_str(), &now) == 0 && lastWalk.device == now.st_dev &&
+           lastWalk.file == now.st_ino;
 }
 
 void Remember(std::string_view path, const Folder& folder) {
     struct stat status;
-    if (folder && fstat(*folder, &status) == 0)
-        lastWalk = {std::string(path), folder, status.st_dev, status.st_ino};
+    if (isMemoryGone || !folder || fstat(*folder, &status) != 0) return;
+    lastWalk.path = path;
+    lastWalk.folder = folder;
+    lastWalk.device = status.st_dev;
+    lastWalk.file = status.st_ino;
 }
 
 }  // namespace

@@ -1,4 +1,5 @@
 #include "foundation/files/posix/MFileWay.h"
+#include "foundation/files/MFile.h"
 #include "foundation/files/MFileReplacement.h"
 #include "foundation/files/MSharedFolders.h"
 #include "foundation/files/posix/MNativePath.h"
@@ -9,6 +10,7 @@
 
 #include <functional>
 #include <sys/stat.h>
+#include <thread>
 #include <unistd.h>
 
 using testing::HasSubstr;
@@ -25,6 +27,19 @@ protected:
 
     MScratch scratch;
 };
+
+// A static object that deleted its files freed what the thread had remembered and given back already.
+TEST_F(MFileWayTest, FilesAreDeletedAfterTheMemoryOfTheirThread) {
+    struct Cleaner {
+        ~Cleaner() { MFile::Delete(path); }
+        MString path;
+    };
+    std::thread([path = scratch.WriteFile("sub/file", "x")] {
+        thread_local Cleaner cleaner{path};
+        MFile::CreateDirectory(MFile::GetDirectory(cleaner.path) + "/made");
+    }).join();
+    EXPECT_EQ(scratch.ListTree(), "sub/\nsub/made/\n");
+}
 
 // Root wrote through such a link, and deleted behind it.
 TEST_F(MFileWayTest, LinksOfOtherUsersAreNotFollowed) {
