@@ -100,7 +100,7 @@ void MBlobWriter::WriteFile(const MString& path) {
         MRaise(MExceptionGeneral,
                "The output \"{0}\" is in the folder to pack. Write it to another directory.", target);
     inputs.RefuseOutput(target);
-    inputs.RefuseOutput(target + ".unfinished");
+    inputs.RefuseOutput(target + MOutputFile::UnfinishedSuffix);
     data.Trim();
     MResourceLibrary library;
     library.Assign(root, data.GetBuffer());

@@ -8,6 +8,7 @@
 #include "foundation/text/MStringFormatter.h"
 #include "foundation/xml/MXMLSubItems.h"
 #include "install/definition/MItemNames.h"
+#include "streams/basic/MOutputFile.h"
 
 #include <string_view>
 
@@ -15,7 +16,7 @@ namespace {
 
 // What names get on the disk: the links of a desktop, and files while they are written.
 constexpr std::string_view LinkExtension = ".desktop";
-constexpr std::string_view UnfinishedSuffix = ".unfinished";
+constexpr std::string_view UnfinishedSuffix = MOutputFile::UnfinishedSuffix;
 
 /// A name that some platform does not take, or that leads out of its directory, is a problem.
 void CheckNames(const MDefinition& definition, MProblemList& problems) {

@@ -1,11 +1,12 @@
 #include "builder/checks/MDestinationCheck.h"
 
 #include "builder/checks/MFileNameRules.h"
+#include "builder/checks/MMainDirectoryCheck.h"
 #include "foundation/base/MGuard.h"
 #include "foundation/files/MFile.h"
 #include "foundation/text/MStringFormatter.h"
 #include "foundation/text/MUnicode.h"
-#include "foundation/xml/MXMLSubItems.h"
+#include "install/definition/MPathMacros.h"
 
 #include <algorithm>
 
@@ -114,13 +115,10 @@ bool MDestinationCheck::IsInMainDirectory(const MString& target, const Place& pl
                                           bool (MPlatforms::*isOn)() const) const {
     if (!(place.pass->platforms.*isOn)()) return false;
     const MString folder = MFile::GetDirectory(target);
-    for (const MXMLItem& directory : MXMLSubItems(definition.GetRoot(), "directory")) {
-        if (!(MPlatforms(directory).*isOn)()) continue;
-        if (folder == "{" + directory.GetAttribute("id", "") + "}") return true;
-        // Where a run is for another kind of system, the next directory is the first.
-        if (directory.GetInt32Attribute("x64", 0) == 0) return false;
-    }
-    return false;
+    return std::ranges::any_of(MListMainDirectories(definition.GetRoot(), isOn),
+                               [&](const MXMLItem* directory) {
+                                   return folder == MPathMacros::GetKey(directory->GetAttribute("id", ""));
+                               });
 }
 
 int32_t MDestinationCheck::GetLine(const Place& place) const {

@@ -1,11 +1,9 @@
 #include "builder/checks/MMainDirectoryCheck.h"
 
-#include "builder/checks/MPlatforms.h"
 #include "foundation/text/MStringFormatter.h"
 #include "foundation/xml/MXMLSubItems.h"
 
 #include <algorithm>
-#include <vector>
 
 namespace {
 
@@ -36,19 +34,27 @@ void CheckDirectory(const MXMLItem& directory, const MDefinition& definition, MP
 
 }  // namespace
 
+std::vector<const MXMLItem*> MListMainDirectories(const MXMLItem& root, bool (MPlatforms::*isOn)() const) {
+    std::vector<const MXMLItem*> directories;
+    for (const MXMLItem& directory : MXMLSubItems(root, "directory")) {
+        if (!(MPlatforms(directory).*isOn)()) continue;
+        directories.push_back(&directory);
+        if (directory.GetInt32Attribute("x64", 0) == 0) break;
+    }
+    return directories;
+}
+
 void MCheckMainDirectory(const MDefinition& definition, MProblemList& problems) {
     const MXMLItem& root = definition.GetRoot();
     std::vector<const MXMLItem*> known;
-    // Where a run is for another kind of system, the next directory is the first.
     const auto hasAlways = [&](bool (MPlatforms::*isOn)() const) {
-        for (const MXMLItem& directory : MXMLSubItems(root, "directory")) {
-            if (!(MPlatforms(directory).*isOn)()) continue;
-            if (std::find(known.begin(), known.end(), &directory) == known.end()) {
-                CheckDirectory(directory, definition, problems);
-                known.push_back(&directory);
-            }
-            if (directory.GetInt32Attribute("x64", 0) == 0) return true;
+        const std::vector<const MXMLItem*> directories = MListMainDirectories(root, isOn);
+        for (const MXMLItem* directory : directories) {
+            if (std::ranges::count(known, directory) > 0) continue;
+            CheckDirectory(*directory, definition, problems);
+            known.push_back(directory);
         }
+        if (!directories.empty() && directories.back()->GetInt32Attribute("x64", 0) == 0) return true;
         // A product that installs nothing there needs none.
         return std::ranges::none_of(root.GetSubItems(), [&](const MXMLItem* files) {
             return files->GetName() == "files" && (MPlatforms(*files).*isOn)();

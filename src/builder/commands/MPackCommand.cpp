@@ -65,7 +65,7 @@ void MPackCommand::RefuseOutputAmongInputs() const {
         for (const MString& replaced : MFileSetOutput::ListReplaced(path)) inputs.RefuseOutput(replaced);
         return;
     }
-    for (const char* suffix : {"", ".unfinished"}) {
+    for (const char* suffix : {"", MOutputFile::UnfinishedSuffix}) {
         inputs.RefuseOutput(path + suffix);
         if (options.form == MPayloadForm::Data) inputs.RefuseOutput(path + CompanionSuffix + suffix);
     }

@@ -5,6 +5,7 @@
 #include "foundation/files/MProgramFile.h"
 #include "install/engine/MInstallRetry.h"
 #include "install/presets/MPresetFile.h"
+#include "streams/basic/MOutputFile.h"
 
 #include <string_view>
 
@@ -44,7 +45,7 @@ void MInstallWriter::Write(MXMLItem& element, const MString& name, bool rewritab
     }
     progress.Log("Rewriting file ", path);
     // The next run leaves a protected file as it finds it: none may stand half written after a kill.
-    const MString written = rewritable ? path : path + ".unfinished";
+    const MString written = rewritable ? path : path + MOutputFile::UnfinishedSuffix;
     MStdFileStream target;
     if (!OpenTarget(target, written, path, exists)) return progress.Log("File not open!");
     try {

@@ -50,7 +50,7 @@ void MakeWay(const MString& backup) {
 /// The file gets its backup's name as a second one, which needs no space.
 void LinkBackup(const MString& path) {
     const MString backup = GetBackup(path);
-    const MString link = backup + ".unfinished";
+    const MString link = backup + MOutputFile::UnfinishedSuffix;
     if (MFile::Exists(link)) MFile::Delete(link);
     MLinkFile(path, link);
     MakeWay(backup);

@@ -12,6 +12,5 @@ void MLoadInstallState(const MString& directory, MXMLItem& state);
 /// Under these names a program finds the data of an installer beside itself.
 inline constexpr const char* MSetupDataNames[] = {"setup.dat", "setup.multi"};
 
-/// Whether the data of an installer lie in a folder; gives the path of the
-/// first, else an empty one.
+/// The path of the installer data that lie in a folder, the first of them; empty if there are none.
 [[nodiscard]] MString MFindSetupData(const MString& directory);

@@ -5,7 +5,7 @@
 #include "foundation/files/MFileReplacement.h"
 
 MOutputFile::MOutputFile(const MString& path) : path(path) {
-    Open(path + ".unfinished", MOpenWrite | MOpenCreate);
+    Open(path + UnfinishedSuffix, MOpenWrite | MOpenCreate);
 }
 
 MOutputFile::~MOutputFile() {

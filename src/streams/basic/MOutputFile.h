@@ -6,6 +6,9 @@
 /// what stood there before stays until it is complete.
 class MOutputFile : public MStdFileStream {
 public:
+    /// What stands behind the name of a file that is not complete yet.
+    static constexpr const char* UnfinishedSuffix = ".unfinished";
+
     /// Opens for writing. Raises what `MStdFileStream::Open` raises.
     explicit MOutputFile(const MString& path);
     /// Deletes what was written unless it was committed.

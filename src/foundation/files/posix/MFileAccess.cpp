@@ -2,11 +2,11 @@
 
 #include "foundation/files/MFile.h"
 #include "foundation/files/posix/MNativePath.h"
+#include "foundation/files/posix/MUserName.h"
 #include "foundation/text/MStringFormatter.h"
 
 #include <cerrno>
 #include <fcntl.h>
-#include <pwd.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -34,9 +34,7 @@ MString MWhoMayDelete(const MString& path) {
     // Where anybody may write, the owner of the file may delete it, elsewhere that of the directory.
     const struct stat directory = GetStatus(MFile::GetDirectory(path));
     const uid_t user = (directory.st_mode & S_ISVTX) != 0 ? GetStatus(path).st_uid : directory.st_uid;
-    const passwd* entry = getpwuid(user);
-    const MString name = entry ? MPathFromNative(entry->pw_name) : MFormat("{0}", user);
     const char* const text =
         user == geteuid() ? "the user {0} after the folder has been made writable" : "the user {0}";
-    return MFormat(MTranslate(text), name);
+    return MFormat(MTranslate(text), MGetUserName(user));
 }

@@ -3,13 +3,13 @@
 #include "foundation/base/MRaise.h"
 #include "foundation/files/MSharedFolders.h"
 #include "foundation/files/posix/MNativePath.h"
+#include "foundation/files/posix/MUserName.h"
 
 #include <algorithm>
 #include <array>
 #include <cerrno>
 #include <climits>
 #include <fcntl.h>
-#include <pwd.h>
 #include <string_view>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -30,14 +30,6 @@ Folder OpenFolder(const Folder& parent, const char* name) {
         close(*opened);
         delete opened;
     });
-}
-
-MString GetUserName(uid_t user) {
-    std::array<char, 4096> text;
-    passwd entry;
-    passwd* found = nullptr;
-    const bool isKnown = getpwuid_r(user, &entry, text.data(), text.size(), &found) == 0 && found;
-    return MPathFromNative(isKnown ? entry.pw_name : std::to_string(user));
 }
 
 bool IsTrusted(uid_t owner) {
@@ -91,7 +83,7 @@ private:
     bool Follow(const std::string& name, uid_t owner) {
         if (!IsTrusted(owner))
             MRaise(MExceptionGeneral, "The link \"{0}\" is not followed: it belongs to another user ({1}).",
-                   MPathFromNative(gone + "/" + name), GetUserName(owner));
+                   MPathFromNative(gone + "/" + name), MGetUserName(owner));
         std::array<char, PATH_MAX> target;
         const ssize_t length = readlinkat(*folder, name.c_str(), target.data(), target.size());
         if (length <= 0) return false;

@@ -1,21 +1,12 @@
 #include "foundation/files/MFileReplacement.h"
 
 #include "foundation/base/MRaise.h"
+#include "foundation/files/win32/MFileHandle.h"
 #include "foundation/files/win32/MNativePath.h"
 #include "foundation/module/MPlatform.h"
 #include "foundation/win32/MWindowsHeader.h"
 
 #include <vector>
-
-namespace {
-
-bool CanOpen(const std::wstring& path, DWORD access) {
-    constexpr DWORD ShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
-    const HANDLE file = CreateFileW(path.c_str(), access, ShareAll, nullptr, OPEN_EXISTING, 0, nullptr);
-    return file != INVALID_HANDLE_VALUE && CloseHandle(file);
-}
-
-}  // namespace
 
 void MSyncFile(const MString& path) {
     const HANDLE file = CreateFileW(MNativePath(path).c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr,
@@ -38,13 +29,12 @@ void MReplaceFile(const MString& from, const MString& to) {
 }
 
 MRewriteWay MFindRewriteWay(const MString& path) {
-    const std::wstring native = MNativePath(path);
-    const DWORD attributes = GetFileAttributesW(native.c_str());
+    const DWORD attributes = GetFileAttributesW(MNativePath(path).c_str());
     if (attributes == INVALID_FILE_ATTRIBUTES || attributes & FILE_ATTRIBUTE_READONLY ||
-        !CanOpen(native, GENERIC_WRITE))
+        !MOpenFileHandle(path, GENERIC_WRITE))
         return MRewriteWay::None;
     // A program that has the file open may let others write into it and not let them replace it.
-    const bool isFree = !(attributes & FILE_ATTRIBUTE_REPARSE_POINT) && CanOpen(native, DELETE);
+    const bool isFree = !(attributes & FILE_ATTRIBUTE_REPARSE_POINT) && MOpenFileHandle(path, DELETE);
     return isFree ? MRewriteWay::Replace : MRewriteWay::InPlace;
 }
 

@@ -1,28 +1,18 @@
 #include "foundation/base/MRaise.h"
 #include "foundation/files/MFileTrust.h"
+#include "foundation/files/win32/MFileHandle.h"
 #include "foundation/files/win32/MNativePath.h"
 #include "foundation/module/MPlatform.h"
 #include "foundation/win32/MWindowsHeader.h"
 
 #include <aclapi.h>
 #include <array>
-#include <memory>
 
 namespace {
 
-struct CloseFile {
-    using pointer = HANDLE;
-    void operator()(HANDLE handle) const { CloseHandle(handle); }
-};
-using FileHandle = std::unique_ptr<HANDLE, CloseFile>;
-
 /// What stands at a path, a link itself and not what it leads to; null if there is nothing.
-FileHandle OpenUnfollowed(const MString& path, DWORD access) {
-    constexpr DWORD ShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
-    constexpr DWORD Flags = FILE_FLAG_BACKUP_SEMANTICS | FILE_FLAG_OPEN_REPARSE_POINT;
-    const HANDLE handle =
-        CreateFileW(MNativePath(path).c_str(), access, ShareAll, nullptr, OPEN_EXISTING, Flags, nullptr);
-    return FileHandle(handle == INVALID_HANDLE_VALUE ? nullptr : handle);
+MFileHandle OpenUnfollowed(const MString& path, DWORD access) {
+    return MOpenFileHandle(path, access, FILE_FLAG_OPEN_REPARSE_POINT);
 }
 
 /// False for links of all kinds. What the system stores elsewhere on its own account, in a cloud or without
@@ -58,7 +48,7 @@ bool IsTrustedOwner(PSID owner) {
 }  // namespace
 
 MFolderTrust MGetFolderTrust(const MString& path) {
-    const FileHandle folder = OpenUnfollowed(path, READ_CONTROL | FILE_READ_ATTRIBUTES);
+    const MFileHandle folder = OpenUnfollowed(path, READ_CONTROL | FILE_READ_ATTRIBUTES);
     DWORD attributes = 0;
     if (!folder || !GetAttributesOfNoLink(folder.get(), attributes) ||
         !(attributes & FILE_ATTRIBUTE_DIRECTORY))
@@ -81,7 +71,7 @@ void MCreateOwnFolder(const MString& path) {
 
 bool MIsPlainFile(const MString& path) {
     constexpr DWORD Others = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_DEVICE;
-    const FileHandle file = OpenUnfollowed(path, FILE_READ_ATTRIBUTES);
+    const MFileHandle file = OpenUnfollowed(path, FILE_READ_ATTRIBUTES);
     DWORD attributes = 0;
     return file && GetAttributesOfNoLink(file.get(), attributes) && !(attributes & Others);
 }

@@ -1,10 +1,10 @@
 #include "foundation/base/MRaise.h"
 #include "foundation/files/MFile.h"
+#include "foundation/files/win32/MFileHandle.h"
 #include "foundation/files/win32/MNativePath.h"
 #include "foundation/module/MPlatform.h"
 #include "foundation/win32/MWindowsHeader.h"
 
-#include <memory>
 #include <shlobj.h>
 
 namespace {
@@ -12,20 +12,6 @@ namespace {
 /// From 1601-01-01, where the system's times begin, to 1970-01-01; in the system's units of 100 nanoseconds.
 constexpr int64_t EpochDistance = 116444736000000000;
 constexpr int64_t UnitsPerMicrosecond = 10;
-
-struct CloseFile {
-    using pointer = HANDLE;
-    void operator()(HANDLE handle) const { CloseHandle(handle); }
-};
-using FileHandle = std::unique_ptr<HANDLE, CloseFile>;
-
-/// A file or directory, opened for its attributes or contents; null on failure.
-FileHandle OpenFileHandle(const MString& path, DWORD access) {
-    constexpr DWORD shareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
-    const HANDLE handle = CreateFileW(MNativePath(path).c_str(), access, shareAll, nullptr, OPEN_EXISTING,
-                                      FILE_FLAG_BACKUP_SEMANTICS, nullptr);
-    return FileHandle(handle == INVALID_HANDLE_VALUE ? nullptr : handle);
-}
 
 DWORD GetAttributes(const MString& path) {
     return GetFileAttributesW(MNativePath(path).c_str());
@@ -66,11 +52,11 @@ bool MFile::IsValidDirectory(const MString& path) {
 }
 
 bool MFile::IsWritable(const MString& path) {
-    return OpenFileHandle(path, GENERIC_WRITE) != nullptr;
+    return MOpenFileHandle(path, GENERIC_WRITE) != nullptr;
 }
 
 int64_t MFile::GetFileTime(const MString& path) {
-    const FileHandle file = OpenFileHandle(path, GENERIC_READ);
+    const MFileHandle file = MOpenFileHandle(path, GENERIC_READ);
     FILETIME time;
     if (!file || !::GetFileTime(file.get(), nullptr, nullptr, &time))
         MRaise(MExceptionGeneral, "Cannot retrieve file time of  \"{0}\".", path);
@@ -79,7 +65,7 @@ int64_t MFile::GetFileTime(const MString& path) {
 }
 
 void MFile::SetFileTime(const MString& path, int64_t time) {
-    const FileHandle file = OpenFileHandle(path, FILE_WRITE_ATTRIBUTES);
+    const MFileHandle file = MOpenFileHandle(path, FILE_WRITE_ATTRIBUTES);
     const auto units = static_cast<uint64_t>(time * UnitsPerMicrosecond + EpochDistance);
     const FILETIME native = {static_cast<DWORD>(units), static_cast<DWORD>(units >> 32)};
     if (!file || !::SetFileTime(file.get(), nullptr, nullptr, &native))
