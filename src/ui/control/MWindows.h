@@ -1,0 +1,92 @@
+#pragma once
+
+#include "foundation/base/MList.h"
+#include "foundation/events/MEventProcessor.h"
+#include "foundation/events/MLock.h"
+#include "ui/control/MTimer.h"
+#include "ui/control/MTimerQueue.h"
+#include "ui/control/MWindowSystem.h"
+
+#include <atomic>
+#include <memory>
+
+class MControl;
+class MControlInvalidator;
+class MStyle;
+
+/// What controls ask and show by windows of their own. Implemented where those windows are; called on the
+/// thread of the user interface. `owner` is a root.
+class MWindowDialogs {
+public:
+    virtual ~MWindowDialogs() = default;
+    [[nodiscard]] virtual bool AskYesNo(MControl& owner, const MString& question) = 0;
+    virtual void ShowInformation(MControl& owner, const MString& text) = 0;
+    /// A page of rich text.
+    virtual void ShowDocument(MControl& owner, const MString& title, const MString& text) = 0;
+};
+
+/// The windows of a program: all roots that have one, the style, the window system, and what there is once
+/// for all windows. There is one such object at a time, made and destroyed by the module of the program (or by
+/// a test) on the thread of the user interface, to which everything belongs unless something else is said.
+class MWindows final : public MEventProcessor, public MTimer {
+public:
+    /// The file with the user's settings of the style.
+    static constexpr const char* StyleSettings = "StyleSettings.cfg";
+
+    /// Opens the platform. Raises what `MWindowSystem::Initialize` raises.
+    explicit MWindows(std::unique_ptr<MWindowSystem> system);
+    MWindows(const MWindows&) = delete;
+    MWindows& operator=(const MWindows&) = delete;
+    ~MWindows() override;
+
+    /// Null in a program that shows no windows.
+    [[nodiscard]] static MWindows* GetInstance();
+
+    [[nodiscard]] MWindowSystem& GetSystem() const { return *system; }
+    /// Of all roots without a style of their own; there is none in the beginning.
+    [[nodiscard]] MStyle* GetStyle() const { return style.get(); }
+    void SetStyle(std::unique_ptr<MStyle> newStyle);
+
+    // Registration, by the roots and invalidators themselves.
+    void AddRoot(MControl& root);
+    void RemoveRoot(MControl& root);
+    [[nodiscard]] const MList<MControl, MListPointers>& GetRoots() const { return roots; }
+    [[nodiscard]] bool HasRoot(const MControl* root) const;
+    /// Whether a root is blocked by a modal window that was opened over it.
+    [[nodiscard]] bool IsBlocked(const MControl& root) const;
+    void AddInvalidator(MControlInvalidator& invalidator);
+    void RemoveInvalidator(MControlInvalidator& invalidator);
+    /// The control of no invalidator is this one any more.
+    void ForgetControl(MControl& control);
+
+    // Time.
+    [[nodiscard]] MTimerQueue& GetTimers() { return timers; }
+    /// Something has to be painted: the tick comes soon. From any thread.
+    void RequestTick();
+    /// What the window system calls after `WakeUp` and at the time of the alarm: dispatches posted events,
+    /// runs what is due and sets the next alarm.
+    void Attend();
+    /// The tick: hands on what invalidators have recorded, and everything dirty to the platform.
+    void OnTimer() override;
+
+    /// Guards what is recorded as dirty. Taken after the lock of a tree.
+    [[nodiscard]] MLock& GetPaintLock() { return paintLock; }
+
+    MWindowDialogs* dialogs = nullptr;  ///< not owned; without it nothing is asked
+    MControl* dragSource = nullptr;     ///< the control that is being dragged
+    MControl* messageFilter = nullptr;  ///< the only root that gets mouse and keyboard
+    int32_t forcedCursor = -1;          ///< an `MStdCursor` for all windows; none below 0
+
+protected:
+    void WakeUp() override;
+
+private:
+    std::unique_ptr<MWindowSystem> system;
+    std::unique_ptr<MStyle> style;
+    MList<MControl, MListPointers> roots;
+    MLock invalidatorLock;
+    MList<MControlInvalidator, MListPointers> invalidators;
+    MLock paintLock;
+    MTimerQueue timers;
+    std::atomic<bool> isTickRequested = false;
+};

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "foundation/text/MString.h"
+
+#include <cstdint>
+
+/// Where something stands in a rectangle: at an edge of either direction, else in the middle; or all over it.
+enum MAlignment : uint8_t {
+    MAlignCenter = 0,
+    MAlignLeft = 1,
+    MAlignRight = 2,
+    MAlignTop = 4,
+    MAlignBottom = 8,
+    MAlignFill = 16,
+};
+
+constexpr MAlignment operator|(MAlignment left, MAlignment right) {
+    return static_cast<MAlignment>(static_cast<uint8_t>(left) | static_cast<uint8_t>(right));
+}
+
+/// The value of a name such as "left,top" or "All", compared ignoring case. Raises "Invalid MAlignment
+/// identifier to parse ({0})." (0).
+[[nodiscard]] MAlignment MParseAlignment(const MString& name);

@@ -1,0 +1,57 @@
+#pragma once
+
+#include "foundation/base/MList.h"
+#include "ui/control/MControl.h"
+#include "ui/control/MWindowSystem.h"
+
+#include <cstdint>
+
+/// What the messages of a platform mean to the windows of a program, the same on every platform: the window
+/// systems translate what they hear into these calls. Points are in the window's coordinates unless something
+/// else is said. Nothing that is thrown leaves an operation. Any of them may end the root.
+///
+/// On the thread of the user interface.
+class MWindowMessages final {
+public:
+    explicit MWindowMessages(MWindowSystem& system) : system(system) {}
+
+    /// After a window was hidden, presses and releases are dropped for so long, in milliseconds, so that the
+    /// click that closed a popup does not reach what lay behind it.
+    static constexpr int64_t HoldOff = 100;
+
+    void EnableEvents(bool mouse, bool keyboard);
+    /// A window was hidden.
+    void ArmHoldOff();
+
+    // Each returns whether the event was consumed.
+
+    /// A move, press, release, double click or turn of the wheel, whose delta is in 120ths of a step. What is
+    /// not consumed of a double click comes as a press. An inactive window is activated by a press, and gets
+    /// nothing else unless a control wants it; one behind a modal window gets nothing.
+    bool OnMouse(MControl& root, MEventType type, MPoint point, MKeyModifiers modifiers,
+                 int32_t wheelDelta = 0);
+    void OnMouseLeave(MControl& root);
+    void OnCaptureLost(MControl& root);
+    bool OnKey(MControl& root, MEventType type, int32_t key);
+    /// A unit of UTF-16.
+    bool OnCharacter(MControl& root, char16_t character);
+    /// Paths in the platform's form.
+    bool OnFilesDropped(MControl& root, const MList<MString>& paths, MPoint point);
+
+    void OnActivated(MControl& root);
+    /// `other`: the root that is active now, or null; `otherTitle`: the title of the window that got the focus,
+    /// if it is another program's.
+    void OnDeactivated(MControl& root, MControl* other, const MString& otherTitle);
+    /// On the screen.
+    void OnMoved(MControl& root, MPoint newPosition);
+    void OnSized(MControl& root, MPoint newSize);
+    void OnCloseRequested(MControl& root);
+
+private:
+    [[nodiscard]] bool TakesMouse(MControl& root, MEventType type, MPoint point);
+
+    MWindowSystem& system;
+    bool isMouseEnabled = true;
+    bool isKeyboardEnabled = true;
+    int64_t hiddenTime = -1;  ///< when a window was last hidden; below 0 for long ago
+};
