@@ -5,9 +5,11 @@
 #include "ui/geometry/MRect.h"
 
 class MControl;
+class MWindows;
 
 /// Lets another thread have a control painted anew. `Invalidate` and `InvalidateRect` may be called by any
-/// thread; the rest belongs to the thread of the user interface. A control that ends is forgotten.
+/// thread; the rest belongs to the thread of the user interface. A control that ends is forgotten; the object
+/// itself ends before the windows of the program do.
 class MControlInvalidator : public MEventTarget {
 public:
     MControlInvalidator() = default;
@@ -24,11 +26,13 @@ public:
 private:
     friend class MWindows;
 
+    static constexpr int32_t WholeSize = 1 << 30;  ///< larger than any control, which cuts it
+
     /// Hands on what has been recorded.
     void Process();
 
     MControl* control = nullptr;
-    bool isRegistered = false;
+    MWindows* windows = nullptr;  ///< once it is registered there
     MLock lock;
     MRect pendingRect;
 };

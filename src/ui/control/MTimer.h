@@ -2,6 +2,8 @@
 
 #include <cstdint>
 
+class MTimerQueue;
+
 /// A mixin for whatever is called back periodically, on the thread of the user interface.
 class MTimer {
 public:
@@ -16,11 +18,12 @@ public:
     /// for. Nothing happens in a program without windows.
     void StartTimer(int32_t milliseconds);
     void StopTimer();
-    [[nodiscard]] bool IsTimerRunning() const { return interval > 0; }
+    [[nodiscard]] bool IsTimerRunning() const { return queue != nullptr; }
 
 private:
     friend class MTimerQueue;
 
+    MTimerQueue* queue = nullptr;  ///< while it runs
     int32_t interval = 0;
     int64_t dueTime = 0;
 };

@@ -3,7 +3,6 @@
 #include "foundation/base/MList.h"
 #include "foundation/events/MEventProcessor.h"
 #include "foundation/events/MLock.h"
-#include "ui/control/MTimer.h"
 #include "ui/control/MTimerQueue.h"
 #include "ui/control/MWindowSystem.h"
 
@@ -28,7 +27,7 @@ public:
 /// The windows of a program: all roots that have one, the style, the window system, and what there is once
 /// for all windows. There is one such object at a time, made and destroyed by the module of the program (or by
 /// a test) on the thread of the user interface, to which everything belongs unless something else is said.
-class MWindows final : public MEventProcessor, public MTimer {
+class MWindows final : public MEventProcessor {
 public:
     /// The file with the user's settings of the style.
     static constexpr const char* StyleSettings = "StyleSettings.cfg";
@@ -60,14 +59,18 @@ public:
     void ForgetControl(MControl& control);
 
     // Time.
+    /// Between two ticks, in milliseconds: about the time between two pictures of a screen.
+    static constexpr int64_t TickInterval = 15;
     [[nodiscard]] MTimerQueue& GetTimers() { return timers; }
     /// Something has to be painted: the tick comes soon. From any thread.
     void RequestTick();
-    /// What the window system calls after `WakeUp` and at the time of the alarm: dispatches posted events,
-    /// runs what is due and sets the next alarm.
+    /// What the window system calls after `WakeUp` and at the time of the alarm: dispatches posted events, runs
+    /// what is due and sets the next alarm.
     void Attend();
     /// The tick: hands on what invalidators have recorded, and everything dirty to the platform.
-    void OnTimer() override;
+    void OnTimer();
+    /// The timers have changed.
+    void UpdateAlarm();
 
     /// Guards what is recorded as dirty. Taken after the lock of a tree.
     [[nodiscard]] MLock& GetPaintLock() { return paintLock; }
@@ -89,4 +92,5 @@ private:
     MLock paintLock;
     MTimerQueue timers;
     std::atomic<bool> isTickRequested = false;
+    int64_t lastTick = 0;
 };

@@ -1,6 +1,6 @@
 #include "ui/geometry/MAlignment.h"
 
-#include "foundation/text/MRaise.h"
+#include "foundation/base/MRaise.h"
 
 #include <iterator>
 

@@ -48,7 +48,9 @@ public:
     void OnCloseRequested(MControl& root);
 
 private:
-    [[nodiscard]] bool TakesMouse(MControl& root, MEventType type, MPoint point);
+    [[nodiscard]] bool IsHoldingOff();
+    [[nodiscard]] bool TakesMouse(MControl& root, const MSystemEvent& event);
+    bool SendKey(MControl& root, MSystemEvent event);
 
     MWindowSystem& system;
     bool isMouseEnabled = true;

@@ -1,0 +1,40 @@
+#include "ui/control/MControlInvalidator.h"
+
+#include "foundation/events/MLockGuard.h"
+#include "ui/control/MControl.h"
+#include "ui/control/MWindows.h"
+
+#include <utility>
+
+MControlInvalidator::~MControlInvalidator() {
+    if (windows) windows->RemoveInvalidator(*this);
+}
+
+void MControlInvalidator::SetControl(MControl* newControl) {
+    if (newControl && !windows) {
+        windows = MWindows::GetInstance();
+        if (windows) windows->AddInvalidator(*this);
+    }
+    const MLockGuard guard(&lock);
+    control = newControl;
+    pendingRect = MRect();
+}
+
+void MControlInvalidator::Invalidate() {
+    InvalidateRect(MRect::FromSize(0, 0, WholeSize, WholeSize));
+}
+
+void MControlInvalidator::InvalidateRect(const MRect& rect) {
+    const MLockGuard guard(&lock);
+    pendingRect = pendingRect.United(rect);
+    if (windows && !pendingRect.IsEmpty()) windows->RequestTick();
+}
+
+void MControlInvalidator::Process() {
+    MRect rect;
+    {
+        const MLockGuard guard(&lock);
+        std::swap(rect, pendingRect);
+    }
+    if (control && !rect.IsEmpty()) control->InvalidateRect(rect);
+}

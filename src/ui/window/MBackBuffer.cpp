@@ -1,0 +1,28 @@
+#include "ui/window/MBackBuffer.h"
+
+#include "foundation/events/MEmulatedLockGuard.h"
+#include "foundation/events/MLockGuard.h"
+#include "ui/control/MControlRoot.h"
+#include "ui/control/MWindows.h"
+
+MRect MBackBuffer::PaintWindow(MControl& root, const MRect& rect) {
+    MWindows* const windows = MWindows::GetInstance();
+    const MPoint size = root.GetShownSize();
+    if (!windows || rect.IsEmpty() || size.x < 1 || size.y < 1) return MRect();
+
+    const MEmulatedLockGuard treeGuard(&root.GetRootState().lock, MERWLock::Read);
+    const MLockGuard paintGuard(&windows->GetPaintLock());
+    const MRect whole = MRect::FromSize(0, 0, size.x, size.y);
+    MRect shown = rect.Intersected(whole);
+    if (backBuffer.GetWidth() != size.x || backBuffer.GetHeight() != size.y) {
+        backBuffer.CreateSurface(size.x, size.y);
+        drawer.SetBitmap(&backBuffer);
+        root.Invalidate();
+        // All of it is painted now, so the platform need not hear of it.
+        root.GetRootState().windowDirtyFlag = false;
+        root.GetRootState().windowDirtyRect = MRect();
+        shown = whole;
+    }
+    root.PerformPaintDispatch();
+    return shown;
+}

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "foundation/base/MObject.h"
+#include "ui/image/MAlphaMask.h"
+#include "ui/window/MBackBuffer.h"
+
+/// The window of a root in memory, kept with the root.
+struct MHeadlessWindow final : public MObject {
+    static constexpr uint32_t Key = 0x484C5357;  // "HLSW"
+
+    [[nodiscard]] static MHeadlessWindow* Of(const MControl& root) {
+        return root.GetProperty<MHeadlessWindow>(Key);
+    }
+
+    MRect frame;       ///< on the screen
+    MRect savedFrame;  ///< before it was maximized
+    bool isVisible = false;
+    bool isMaximized = false;
+    bool isMinimized = false;
+    bool isLoopEnding = false;
+    bool isLeaveTracked = false;
+    MRect updateRect;  ///< what the platform would have painted soon, in the window's coordinates
+    MBackBuffer backBuffer;
+    MBitmap picture;  ///< what the window shows
+    MAlphaMask shape;
+    MCursor cursor;
+    MString caption;
+    intptr_t nativeParent = 0;
+    MControl* owner = nullptr;
+};
