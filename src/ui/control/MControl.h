@@ -38,9 +38,9 @@ struct MControlRoot;
 /// `position` counts from the client area of its parent, `windowOffset` from the window. Sizes are in pixels;
 /// points hold sizes as well.
 ///
-/// Belongs to the thread of the user interface. The root's lock is taken for whatever changes the structure, so
-/// other threads may look at it under that. Any handler may change the tree and end any control, also the one
-/// that is being called. No exception crosses to the platform.
+/// Belongs to the thread of the user interface. The root's lock is taken for whatever changes the structure,
+/// so other threads may look at it under that. Any handler may change the tree and end any control, also the
+/// one that is being called. No exception crosses to the platform.
 class MControl : public MPresetBaseT<MEventTarget> {
 public:
     static constexpr int32_t Unlimited = std::numeric_limits<int32_t>::max();

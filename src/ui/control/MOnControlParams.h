@@ -33,8 +33,8 @@ struct MOnItemParams {
     T* item = nullptr;
 };
 
-/// When a hot key fires: before the control that has the focus sees the key, when nobody has taken the press, or
-/// when nobody has taken the release.
+/// When a hot key fires: before the control that has the focus sees the key, when nobody has taken the press,
+/// or when nobody has taken the release.
 enum class MShortcutPhase : uint8_t { Preview, Press, Release };
 
 /// A key reached `control`, which has hot keys.

@@ -14,8 +14,8 @@ public:
 
     virtual void OnTimer() = 0;
 
-    /// Calls `OnTimer` every so many milliseconds, at least 1, from now on; a call that is late is not made up
-    /// for. Nothing happens in a program without windows.
+    /// Calls `OnTimer` every so many milliseconds, at least 1, from now on; a call that is late is not made
+    /// up for. Nothing happens in a program without windows.
     void StartTimer(int32_t milliseconds);
     void StopTimer();
     [[nodiscard]] bool IsTimerRunning() const { return queue != nullptr; }

@@ -5,8 +5,8 @@
 
 #include <optional>
 
-/// The timers that run, by the clock of the window system, in milliseconds. They are not owned. Belongs to the
-/// thread of the user interface.
+/// The timers that run, by the clock of the window system, in milliseconds. They are not owned. Belongs to
+/// the thread of the user interface.
 class MTimerQueue final {
 public:
     MTimerQueue() = default;
@@ -17,8 +17,8 @@ public:
     /// A timer that runs already begins anew.
     void Add(MTimer& timer, int32_t interval, int64_t now);
     void Remove(MTimer& timer);
-    /// Calls what is due, the longest due first and each timer once. Handlers may start and stop any timer, and
-    /// end any.
+    /// Calls what is due, the longest due first and each timer once. Handlers may start and stop any timer,
+    /// and end any.
     void Run(int64_t now);
     /// None if no timer runs.
     [[nodiscard]] std::optional<int64_t> GetNextDueTime() const;

@@ -20,8 +20,8 @@ class MWindows;
 ///
 /// Every control that is passed is a root. One that has no window here is no fault: nothing happens, and what
 /// is returned is false, empty or zero. Points and rectangles are in pixels, inclusive, of the screen unless
-/// something else is said. Everything is called on the thread that called `Initialize`, but for `Show`, `Hide`
-/// and `WakeUp`, which any thread may call. Only `Initialize` and `CreateWindow` raise.
+/// something else is said. Everything is called on the thread that called `Initialize`, but for `Show`,
+/// `Hide` and `WakeUp`, which any thread may call. Only `Initialize` and `CreateWindow` raise.
 class MWindowSystem : public MObject {
 public:
     struct Info {

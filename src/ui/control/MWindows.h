@@ -25,8 +25,8 @@ public:
 };
 
 /// The windows of a program: all roots that have one, the style, the window system, and what there is once
-/// for all windows. There is one such object at a time, made and destroyed by the module of the program (or by
-/// a test) on the thread of the user interface, to which everything belongs unless something else is said.
+/// for all windows. There is one such object at a time, made and destroyed by the module of the program (or
+/// by a test) on the thread of the user interface, to which everything belongs unless something else is said.
 class MWindows final : public MEventProcessor {
 public:
     /// The file with the user's settings of the style.
@@ -64,8 +64,8 @@ public:
     [[nodiscard]] MTimerQueue& GetTimers() { return timers; }
     /// Something has to be painted: the tick comes soon. From any thread.
     void RequestTick();
-    /// What the window system calls after `WakeUp` and at the time of the alarm: dispatches posted events, runs
-    /// what is due and sets the next alarm.
+    /// What the window system calls after `WakeUp` and at the time of the alarm: dispatches posted events,
+    /// runs what is due and sets the next alarm.
     void Attend();
     /// The tick: hands on what invalidators have recorded, and everything dirty to the platform.
     void OnTimer();

@@ -39,8 +39,8 @@ public:
     bool OnFilesDropped(MControl& root, const MList<MString>& paths, MPoint point);
 
     void OnActivated(MControl& root);
-    /// `other`: the root that is active now, or null; `otherTitle`: the title of the window that got the focus,
-    /// if it is another program's.
+    /// `other`: the root that is active now, or null; `otherTitle`: the title of the window that got the
+    /// focus, if it is another program's.
     void OnDeactivated(MControl& root, MControl* other, const MString& otherTitle);
     /// On the screen.
     void OnMoved(MControl& root, MPoint newPosition);
