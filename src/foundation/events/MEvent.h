@@ -53,6 +53,11 @@ public:
         RemoveFromTarget(target);
     }
 
+    [[nodiscard]] bool HasHandlers() const {
+        const MLockGuard guard(&MEventLock());
+        return !handlers.IsEmpty();
+    }
+
     /// Calls the handlers in their order on the calling thread, those that a handler adds among them.
     /// Returns whether any ran.
     bool Fire(const Params& params) {

@@ -8,6 +8,7 @@
 #include "ui/control/MCaptionType.h"
 #include "ui/control/MContent.h"
 #include "ui/control/MControlFlags.h"
+#include "ui/control/MControlRef.h"
 #include "ui/control/MControlType.h"
 #include "ui/control/MCursor.h"
 #include "ui/control/MLayout.h"
@@ -26,10 +27,13 @@
 #include <utility>
 #include <vector>
 
-class MControlRef;
 class MRenderer;
+class MWindows;
 class MXMLItem;
 struct MControlRoot;
+
+/// The borders of a window, combined with `|`.
+enum MWindowBorder : uint8_t { MBorderLeft = 1, MBorderRight = 2, MBorderTop = 4, MBorderBottom = 8 };
 
 /// Everything on screen is a tree of controls: rectangles that paint themselves by a style, of which only the
 /// root has a window of the platform.
@@ -107,7 +111,7 @@ public:
     virtual void BeginWindowMove(MPoint point);
     /// The platform has given the window another size.
     virtual void OnWindowSized(MPoint newSize);
-    /// Of a frameless window: 1 left, 2 right, 4 top, 8 bottom.
+    /// Of a frameless window: what can be dragged there, of `MWindowBorder`.
     [[nodiscard]] virtual uint8_t HitTestWindowBorder(MPoint point);
     [[nodiscard]] virtual bool OnFilesDropped(const MList<MString>& files);
     /// Returns whether anything was written.
@@ -131,7 +135,8 @@ public:
     [[nodiscard]] bool Is(MControlFlag flag) const { return flags.Has(flag); }
     /// For flags without an operation of their own.
     void Set(MControlFlag flag, bool isOn = true) { flags.Set(flag, isOn); }
-    /// Moves all children and layouts of this control to another one.
+    /// Moves all children and layouts of this control to another one, behind those that it has. Raises "A
+    /// control cannot be moved into itself." (2).
     void Reparent(MControl& newParent);
 
     /// Something that others keep with a control, by a four-character key: owned, null for nothing.
@@ -154,7 +159,9 @@ public:
     [[nodiscard]] const MString& GetCaption() const { return caption; }
     [[nodiscard]] MCaptionType GetCaptionType() const { return captionType; }
     /// By itself and by all its parents.
-    [[nodiscard]] bool IsEnabled() const;
+    [[nodiscard]] bool IsEnabled() const {
+        return Is(MControlFlag::Enabled) && Is(MControlFlag::ChildrenEnabled);
+    }
     /// Whether all up to the root are visible, and there is something of the control to see.
     [[nodiscard]] bool IsShown() const;
     [[nodiscard]] bool HasFocus() const;
@@ -206,6 +213,8 @@ public:
     void PerformPaintDispatch();
     /// For renderers: paints a part of this control by a drawer in its own coordinates.
     void PaintWith(MDrawer& drawer);
+    /// For renderers: adds to `pendingRect`. Returns false if it was in it.
+    bool RecordDirty(const MRect& rect);
 
     // ---- Events (MControlRouting.cpp, MControlButtons.cpp).
 
@@ -226,7 +235,8 @@ public:
     void RebuildTabOrder();
     void SetCapture(MControl* control);
     void ReleaseCapture();
-    [[nodiscard]] MControl* GetCapture() const { return capture; }
+    /// The control of this tree that has the mouse, or null.
+    [[nodiscard]] MControl* GetCapture() const;
     void StartDragDrop();
     void FinishDragDrop(MPoint windowPoint);
     void CancelDragDrop();
@@ -235,7 +245,9 @@ public:
 
     // ---- The window of a root (MControlWindow.cpp, MControlFrame.cpp, MControlState.cpp).
 
-    void CreateWindow(MControl* windowParent);
+    /// Makes the window, still hidden: over that of `windowParent`, or null; or inside of a foreign one, by its
+    /// native handle. Raises what `MWindowSystem::CreateWindow` raises.
+    void CreateWindow(MControl* windowParent, intptr_t nativeParent = 0);
     void DestroyWindow();
     /// Lays the tree out for being shown.
     void PrepareWindow();
@@ -245,6 +257,8 @@ public:
     /// What the platform's close button does.
     void RequestClose();
     void FlushMessagesOfThisWindow();
+    /// The state of all below as a file of the user's, for roots with `AutoSaveState`. What fails is left out,
+    /// and so is a root whose name is not that of a file.
     void SaveWindowState();
     void LoadWindowState();
 
@@ -270,24 +284,75 @@ public:
     int32_t layoutSpaceAfter = 0;
     uint16_t spanX = 1;
     uint16_t spanY = 1;
-    MLayout* parentLayout = nullptr;    ///< the one that holds this control
-    MControl* linkedControl = nullptr;  ///< follows this one's visibility and enablement, as its label
+    MLayout* parentLayout = nullptr;  ///< the one that holds this control
+    MControlRef linkedControl;        ///< follows this one's visibility and enablement, as its label
     std::unique_ptr<MContent> captionContent;
     MAlignment captionAlignment = MAlignLeft;
     MString help;
     MString infoText;
 
-    // What is to be painted, in own coordinates: recorded since the last paint, and in this one.
-    MRect pendingRect;
-    MRect paintRect;
-    bool pendingFlag = false;
-    bool paintFlag = false;
-
 private:
     friend class MControlRef;
     friend class MLayout;
 
+    // Of the tree.
+    void RemoveChild(MControl& child);
+    void SetRoot(MControl& newRoot);
+    void PassEnabled();
     [[nodiscard]] MObject* FindProperty(uint32_t key) const;
+    void AttachToStyle();
+    /// Takes mouse and focus from this control and all below it, since it cannot have them any more.
+    void WithdrawInput();
+    /// The sizes of the tree have to be measured before it is shown again.
+    void TouchSizes() { root->flags.Set(MControlFlag::SizesValid, false); }
+    void NotifyHidden();
+    /// Null unless the root has a window.
+    [[nodiscard]] MWindows* GetWindows() const;
+
+    // Of painting. Returns what will be painted, in own coordinates.
+    MRect PropagateDirty(const MRect& fromParent);
+    void PaintTree(const MRect& windowClip);
+
+    // Of events (MControlRouting.cpp, MControlButtons.cpp). Points are those of the window.
+    bool Route(const MSystemEvent& event);
+    [[nodiscard]] MControl* FindNextOnWay(const MSystemEvent& event) const;
+    [[nodiscard]] MControl* FindChildAt(MPoint windowPoint) const;
+    /// `isLast`: there is no child at the place.
+    bool ProcessMouse(const MSystemEvent& event, bool isLast);
+    bool ProcessHere(const MSystemEvent& event);
+    bool ProcessGlobally(const MSystemEvent& event);
+    bool ProcessKey(int32_t key, bool isDown, bool isShift);
+    bool ProcessEscape(bool isDown);
+    void TrackButtonsDown(const MSystemEvent& event);
+    void TrackButtonsUp(const MSystemEvent& event);
+    [[nodiscard]] static MControlFlag GetButtonFlag(MEventType type);
+    void ClearButtons();
+    void FireClick(size_t click, const MSystemEvent& event);
+    bool FireShortcuts(const MSystemEvent& event, MShortcutPhase phase);
+    void InvalidateHot();
+    void UpdateHover(MPoint windowPoint);
+    [[nodiscard]] MPoint GetMousePoint() const;
+    void RefreshCursor();
+
+    // Of focus, capture and drags.
+    void SetFocusPath(MControl* control);
+    bool MoveFocus(MControl* MControl::*direction);
+    void AppendToTabOrder(MControl*& last);
+    void ClearCapture();
+    [[nodiscard]] bool DragOver(MControl& source, const MSystemEvent& event);
+    void EndDrag(MControl* target, MPoint point, bool isAccepted);
+
+    // Of a root's window.
+    void AdvanceFrame();
+    void EndFrame();
+    void ApplyFrame();
+    void DrawFrame();
+    void OpenWindow(MControl* windowParent, bool isModal);
+    void PlaceWindow();
+    void NotifyPrepared();
+    [[nodiscard]] MList<MControl, MListPointers> GetChildWindows() const;
+    [[nodiscard]] bool HasOpenChildWindow() const;
+    void LoadFrame(MXMLItem& item);
 
     MControlFlags flags;
     MControlType controlType = MControlType::Control;
@@ -298,14 +363,20 @@ private:
     MControl* parent;
     MControl* root;
     ControlList children;
+    // What is to be painted, in own coordinates: recorded since the last paint, and in this one.
+    MRect pendingRect;
+    MRect paintRect;
+    bool pendingFlag = false;
+    bool paintFlag = false;
+    bool isDirtyBelow = false;                ///< something is recorded for this control or one below
+    bool isPaintedBelow = false;              ///< in this paint
     std::unique_ptr<MControlRoot> rootState;  ///< of a root
     MList<MLayout, MListPointers> layouts;    ///< owned
     MControl* clientControl = nullptr;
     MControl* tabNext = this;
     MControl* tabPrevious = this;
     MControl* focusChild = nullptr;  ///< the next one on the way to the focused control
-    MControl* hoverChild = nullptr;
-    MControl* capture = nullptr;  ///< the next one on the way to the control that has the mouse
+    MControl* capture = nullptr;     ///< the next one on the way to the control that has the mouse
     MControlRef* references = nullptr;
     std::vector<std::pair<uint32_t, std::unique_ptr<MObject>>> properties;
 

@@ -27,7 +27,9 @@ struct MControlRoot {
     MModalValue modalResult = MModalValue::None;
 
     MControl* focusedControl = nullptr;
-    MControl* hover = nullptr;
+    MControl* hover = nullptr;     ///< the deepest control that the mouse is in
+    MControl* captured = nullptr;  ///< the one that has the mouse
+    bool isTabOrderValid = false;
 
     // What is to be painted, in window coordinates. Under the paint lock.
     MRect windowDirtyRect;

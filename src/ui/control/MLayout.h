@@ -66,7 +66,7 @@ public:
     [[nodiscard]] virtual MFlexibility GetFlexibility();
 
     [[nodiscard]] const MList<MControl, MListPointers>& GetControls() const { return controls; }
-    [[nodiscard]] MControl& GetOwner() const { return owner; }
+    [[nodiscard]] MControl& GetOwner() const { return *owner; }
 
     int32_t space = 0;        ///< between neighbours, beside what the style says
     int32_t defBorderX = -1;  ///< that controls get when they come; none below 0
@@ -79,5 +79,7 @@ protected:
     MList<MControl, MListPointers> controls;
 
 private:
-    MControl& owner;
+    friend class MControl;
+
+    MControl* owner;  ///< another one after `MControl::Reparent`
 };

@@ -1,52 +1,49 @@
 #pragma once
 
 #include "foundation/base/MObject.h"
-#include "ui/geometry/MRect.h"
+#include "ui/drawing/MDrawer.h"
 
 #include <memory>
 
 class MControl;
-class MDrawer;
 
 /// Decides how the controls of one root reach its window. Rectangles are in the control's own coordinates.
 class MRenderer : public MObject {
 public:
-    virtual void OnControlAttached(MControl& control) = 0;
-    /// Records that a part of a control is to be painted. Returns false if that was known already.
+    virtual void OnControlAttached(MControl&) {}
+    /// Records that a part of a control is to be painted (`MControl::RecordDirty`). Returns false if that was
+    /// known already. Under the paint lock.
     virtual bool InvalidateRect(MControl& control, const MRect& rect) = 0;
-    /// Paints a part of a control.
+    /// Paints a part of a control. The control may end in it.
     virtual void Render(MControl& control, const MRect& rect) = 0;
-    /// A drawer for a control, as `Render` would use it; null if nothing can be painted.
+    /// A drawer for a control, as `Render` would use it; null if nothing can be painted. The control outlives
+    /// it.
     [[nodiscard]] virtual std::unique_ptr<MDrawer> CreateDrawer(MControl& control) = 0;
-    virtual void DestroyDrawer(std::unique_ptr<MDrawer> drawer) = 0;
-    virtual void OnControlHidden(MControl& control) = 0;
-    virtual void OnControlDetached(MControl& control) = 0;
+    virtual void DestroyDrawer(std::unique_ptr<MDrawer>) {}
+    virtual void OnControlHidden(MControl&) {}
+    virtual void OnControlDetached(MControl&) {}
 };
 
-/// Paints straight into the window's back buffer, where a control covers what lies behind it.
+/// Paints straight into the window's back buffer, where a control covers what lies behind it. Controls of the
+/// class `Empty` paint nothing.
 class MRenderer_ToWindow final : public MRenderer {
 public:
-    void OnControlAttached(MControl& control) override;
     bool InvalidateRect(MControl& control, const MRect& rect) override;
     void Render(MControl& control, const MRect& rect) override;
     [[nodiscard]] std::unique_ptr<MDrawer> CreateDrawer(MControl& control) override;
-    void DestroyDrawer(std::unique_ptr<MDrawer> drawer) override;
-    void OnControlHidden(MControl& control) override;
-    void OnControlDetached(MControl& control) override;
 
     /// Whether the root paints all that lies in the rectangle too.
     bool propagateToRoot = true;
 };
 
 /// Keeps a bitmap of each control, so that what is transparent is painted over what lies behind it without
-/// painting that again.
+/// painting that again. Controls of the class `Empty` have none: what they paint lands in that of the nearest
+/// control above them.
 class MRenderer_MBitmap final : public MRenderer {
 public:
-    void OnControlAttached(MControl& control) override;
     bool InvalidateRect(MControl& control, const MRect& rect) override;
     void Render(MControl& control, const MRect& rect) override;
     [[nodiscard]] std::unique_ptr<MDrawer> CreateDrawer(MControl& control) override;
-    void DestroyDrawer(std::unique_ptr<MDrawer> drawer) override;
     void OnControlHidden(MControl& control) override;
     void OnControlDetached(MControl& control) override;
 };

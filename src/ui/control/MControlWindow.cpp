@@ -1,0 +1,217 @@
+#include "foundation/base/MGuard.h"
+#include "ui/control/MControl.h"
+#include "ui/control/MControlRoot.h"
+#include "ui/control/MWindows.h"
+#include "ui/image/MAlphaMask.h"
+
+MWindows* MControl::GetWindows() const {
+    return root->Is(MControlFlag::HasWindow) ? MWindows::GetInstance() : nullptr;
+}
+
+MPoint MControl::GetScreenPoint(MPoint ownPoint) const {
+    MWindows* const windows = GetWindows();
+    const MPoint point = GetWindowPoint(ownPoint);
+    return windows ? windows->GetSystem().GetFrame(*root).GetTopLeft() + point : point;
+}
+
+MList<MControl, MListPointers> MControl::GetChildWindows() const {
+    MList<MControl, MListPointers> list;
+    const MWindows* const windows = GetWindows();
+    if (!windows) return list;
+    for (MControl* other : windows->GetRoots())
+        if (other->GetRootState().windowParent.Get() == this) list.Add(other);
+    return list;
+}
+
+bool MControl::HasOpenChildWindow() const {
+    const auto list = GetChildWindows();
+    return std::any_of(list.begin(), list.end(),
+                       [this](MControl* child) { return GetWindows()->GetSystem().IsVisible(*child); });
+}
+
+void MControl::CreateWindow(MControl* windowParent, intptr_t nativeParent) {
+    MWindows* const windows = MWindows::GetInstance();
+    if (!windows || !IsRoot() || Is(MControlFlag::HasWindow)) return;
+    MControlRoot& state = GetRootState();
+    state.windowParent.Set(windowParent ? windowParent->root : nullptr);
+    if (!state.renderer && nativeParent) state.renderer = std::make_unique<MRenderer_ToWindow>();
+    if (!state.renderer) state.renderer = std::make_unique<MRenderer_MBitmap>();
+    MWindowSystem& system = windows->GetSystem();
+    const intptr_t owner = windowParent ? system.GetNativeHandle(*windowParent->root) : 0;
+    const MPoint first{std::max(minimalSize.x, 1), std::max(minimalSize.y, 1)};
+    system.CreateWindow(*this, caption, first, position, nativeParent ? nativeParent : owner,
+                        Is(MControlFlag::InTaskbar));
+    flags.Set(MControlFlag::HasWindow, true);
+    windows->AddRoot(*this);
+}
+
+void MControl::DestroyWindow() {
+    MWindows* const windows = GetWindows();
+    if (!windows || !IsRoot()) return;
+    ReleaseCapture();
+    if (Is(MControlFlag::ModalRunning)) windows->GetSystem().ExitLoop(*this, MModalValue::Cancel);
+    windows->GetSystem().DestroyWindow(*this);
+    flags.Set(MControlFlag::HasWindow, false);
+    windows->RemoveRoot(*this);
+}
+
+void MControl::PrepareWindow() {
+    MWindows* const windows = GetWindows();
+    MStyle* const style = GetStyle();
+    if (!windows || !IsRoot() || !style) return;
+    const MControlRef self(this);
+    flags.Set(MControlFlag::LayoutValid, false);
+    if (controlType != MControlType::Menu) SetControlType(MControlType::Window);
+    if (Is(MControlFlag::AutoSaveState) && !Is(MControlFlag::StateLoaded)) LoadWindowState();
+    if (Is(MControlFlag::Collapsed)) collapsedSize = style->GetCollapsedSize(*this);
+    RebuildTabOrder();
+    AttachToStyle();
+    if (self && !Is(MControlFlag::SizesValid)) {
+        ComputeMinimalSize();
+        ComputeCurrentSize();
+        GetRootState().flexibility = GetFlexibility();
+        flags.Set(MControlFlag::SizesValid, true);
+    }
+    if (!self) return;
+    flags.Set(MControlFlag::LayoutValid, true);
+    MAlphaMask mask;
+    if (GetRootState().backgroundBitmap.IsEmpty()) style->GetWindowMask(*this, mask);
+    if (!mask.IsEmpty()) windows->GetSystem().SetShape(*this, mask);
+    ArrangeChildren();
+    PlaceWindow();
+    if (self) NotifyPrepared();
+    if (!self || !Is(MControlFlag::HasWindow)) return;
+    windows->GetSystem().OnWindowPrepared(*this);
+    pendingFlag = false;  // what was recorded before the window was hidden
+    Invalidate();
+    RefreshCursor();
+}
+
+void MControl::PlaceWindow() {
+    const MControlRef self(this);
+    MWindowSystem& system = GetWindows()->GetSystem();
+    if (system.IsMaximized(*this)) return;
+    if (Is(MControlFlag::MoveToScreenCenter)) {
+        const MControlRef& over = GetRootState().windowParent;
+        const MRect area =
+            over ? system.GetWorkArea(over->GetScreenPoint({over->size.x / 2, over->size.y / 2}))
+                 : system.GetWorkArea({});
+        position = {area.left + std::max(area.GetWidth() - size.x, 0) / 2,
+                    area.top + std::max(area.GetHeight() - size.y, 0) / 2};
+        flags.Set(MControlFlag::MoveToScreenCenter, false);
+    }
+    system.Resize(*this, GetShownSize());
+    if (self) system.Move(*this, position);
+}
+
+void MControl::NotifyPrepared() {
+    const MControlRef self(this);
+    OnPrepared();
+    for (int32_t i = 0; self && i < children.GetCount(); ++i) children[i]->NotifyPrepared();
+}
+
+void MControl::ShowWindow() {
+    if (!GetWindows() || !IsRoot()) return;
+    const MControlRef self(this);
+    flags.Set(MControlFlag::Visible, true);
+    PrepareWindow();
+    if (self && !GetRootState().focusedControl) FocusNext();
+    if (!self || !Is(MControlFlag::HasWindow)) return;
+    GetWindows()->GetSystem().Show(*this);
+    if (!self) return;
+    for (MControl* child : GetChildWindows())
+        if (child->Is(MControlFlag::OpenedWithParent)) child->ShowWindow();
+}
+
+void MControl::HideWindow() {
+    MWindows* const windows = GetWindows();
+    if (!windows || !IsRoot() || !Is(MControlFlag::Visible)) return;
+    const MControlRef self(this);
+    const MModalValue result = GetRootState().modalResult;
+    const bool isDone = result == MModalValue::None || result == MModalValue::Ok;
+    if (Is(MControlFlag::EnableSaveState) && (isDone || !Is(MControlFlag::Modal))) SaveWindowState();
+    for (const MControl* child : GetChildWindows())
+        if (windows->HasRoot(child)) const_cast<MControl*>(child)->CloseWindow(MModalValue::Cancel);
+    if (!self || !Is(MControlFlag::HasWindow)) return;
+    EndFrame();
+    if (self) ReleaseCapture();
+    if (self && GetRootState().hover) OnMouseLeave();
+    if (!self || !Is(MControlFlag::HasWindow)) return;
+    flags.Set(MControlFlag::Visible, false);
+    windows->GetSystem().Hide(*this);
+    if (self) NotifyHidden();
+}
+
+void MControl::OpenWindow(MControl* windowParent, bool isModal) {
+    MControlRoot& state = GetRootState();
+    state.windowParent.Set(windowParent ? windowParent->root : nullptr);
+    state.modalResult = MModalValue::None;
+    flags.Set(MControlFlag::Modal, isModal);
+    flags.Set(MControlFlag::ModalRunning, isModal);
+    const MControlRef self(this);
+    MWindowSystem& system = GetWindows()->GetSystem();
+    system.SetOwner(*this, state.windowParent.Get(), false);
+    ShowWindow();
+    if (self && Is(MControlFlag::HasWindow)) system.Activate(*this);
+}
+
+MModalValue MControl::RunModal(MControl* parentControl) {
+    if (!GetWindows() || !IsRoot() || Is(MControlFlag::ModalRunning)) return MModalValue::Cancel;
+    const MControlRef self(this);
+    MWindowSystem& system = GetWindows()->GetSystem();
+    OpenWindow(parentControl, true);
+    if (self && GetWindows()) system.RunLoop(*this);
+    if (!self) return MModalValue::Cancel;
+    const MModalValue result = GetRootState().modalResult;
+    HideWindow();
+    if (!self) return result;
+    flags.Set(MControlFlag::ModalRunning, false);
+    flags.Set(MControlFlag::Modal, false);
+    const MControlRef owner(GetRootState().windowParent.Get());
+    OnHidden();
+    if (owner && owner->Is(MControlFlag::HasWindow)) system.Activate(*owner.Get());
+    return result;
+}
+
+void MControl::ShowModeless(MControl* parentControl) {
+    if (GetWindows() && IsRoot()) OpenWindow(parentControl, false);
+}
+
+void MControl::CloseWindow(MModalValue result) {
+    MWindows* const windows = GetWindows();
+    if (!windows) return;
+    if (!IsRoot()) return root->CloseWindow(result);
+    const MControlRef self(this);
+    OnClosed();
+    if (!self) return;
+    if (Is(MControlFlag::ModalRunning)) return windows->GetSystem().ExitLoop(*this, result);
+    HideWindow();
+    if (!self) return;
+    const auto& roots = windows->GetRoots();
+    const bool isLast = std::none_of(roots.begin(), roots.end(), [&](MControl* other) {
+        return other != this && windows->GetSystem().IsVisible(*other);
+    });
+    if (isLast && !Is(MControlFlag::KeepsApplicationAlive)) windows->GetSystem().Quit();
+    OnHidden();
+}
+
+void MControl::RequestClose() {
+    const MWindows* const windows = GetWindows();
+    if (!windows || windows->IsBlocked(*root)) return;
+    const MControlRef self(root);
+    if (self->CanClose() && self) self->CloseWindow(MModalValue::Cancel);
+}
+
+bool MControl::CanClose() {
+    const MWindows* const windows = GetWindows();
+    if (!Is(MControlFlag::ConfirmClose) || !windows || !windows->dialogs) return true;
+    return windows->dialogs->AskYesNo(*root, MTranslate("Are you sure you want to close the application?"));
+}
+
+void MControl::FlushMessagesOfThisWindow() {
+    MWindows* const windows = GetWindows();
+    if (!windows) return;
+    MControl* const before = std::exchange(windows->messageFilter, root);
+    MGuard("MControl::FlushMessagesOfThisWindow", [&] { (void)windows->GetSystem().ProcessPending(); });
+    windows->messageFilter = before;
+}

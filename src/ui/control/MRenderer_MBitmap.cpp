@@ -1,0 +1,99 @@
+#include "ui/control/MControl.h"
+#include "ui/control/MControlRoot.h"
+#include "ui/control/MDrawerUsingStyle.h"
+#include "ui/control/MRenderer.h"
+#include "ui/control/MWindows.h"
+
+namespace {
+
+/// The key of a control's bitmap among its properties.
+constexpr uint32_t BitmapKey = 0x50414D42;  // "BMAP"
+
+bool IsEmptyClass(const MControl& control) {
+    return control.GetControlType() == MControlType::Empty;
+}
+
+/// The control itself or the nearest one above it that has a bitmap; its root at last.
+MControl& GetBitmapOwner(MControl& control) {
+    MControl* owner = &control;
+    while (IsEmptyClass(*owner) && owner->GetParent()) owner = owner->GetParent();
+    return *owner;
+}
+
+/// Whether the control has a bitmap of its size, with what was painted before.
+bool HasBitmap(const MControl& control) {
+    const auto* const bitmap = control.GetProperty<MBitmap>(BitmapKey);
+    return bitmap && MPoint{bitmap->GetWidth(), bitmap->GetHeight()} == control.GetShownSize();
+}
+
+/// The control's bitmap, in its size.
+MBitmap& GetBitmap(MControl& control) {
+    if (!HasBitmap(control)) {
+        auto bitmap = std::make_unique<MBitmap>();
+        const MPoint size = control.GetShownSize();
+        bitmap->CreateOpaque(size.x, size.y);
+        control.SetProperty(BitmapKey, std::move(bitmap));
+    }
+    return *control.GetProperty<MBitmap>(BitmapKey);
+}
+
+/// Fills what lies behind a transparent control.
+void PaintBackground(MControl& control, MDrawer& drawer, const MRect& rect) {
+    if (!control.GetParent()) {
+        drawer.FillRectangle(rect, {0, 0, 0, 255}, MDrawMode::Copy);
+        return;
+    }
+    MControl& behind = GetBitmapOwner(*control.GetParent());
+    const MRect source = rect.Shifted(control.windowOffset - behind.windowOffset);
+    drawer.BitBlt(source, GetBitmap(behind), rect.GetTopLeft(), 255, MDrawMode::Copy);
+}
+
+}  // namespace
+
+bool MRenderer_MBitmap::InvalidateRect(MControl& control, const MRect& rect) {
+    MControl& owner = GetBitmapOwner(control);
+    return owner.RecordDirty(rect.Shifted(control.windowOffset - owner.windowOffset));
+}
+
+void MRenderer_MBitmap::Render(MControl& control, const MRect& rect) {
+    MWindows* const windows = MWindows::GetInstance();
+    MDrawer* const window = windows ? windows->GetSystem().GetDrawer(control.GetRoot()) : nullptr;
+    MControl& owner = GetBitmapOwner(control);
+    // A new bitmap is painted whole, since only what changes is painted later.
+    const MRect painted = HasBitmap(owner) ? rect : control.contentRect;
+    const std::unique_ptr<MDrawer> drawer = CreateDrawer(control);
+    if (!window || !drawer) return;
+    drawer->SetClip(painted);
+    if (control.Is(MControlFlag::Transparent) && control.GetControlType() != MControlType::Window &&
+        &owner == &control)
+        PaintBackground(control, *drawer, painted);
+    const MControlRef self(&control);
+    const MControlRef behind(&owner);
+    control.PaintWith(*drawer);
+    if (!self || !behind) return;
+    const MRect source = rect.Shifted(control.windowOffset - owner.windowOffset);
+    window->BitBlt(source, GetBitmap(owner), rect.Shifted(control.windowOffset).GetTopLeft(), 255,
+                   MDrawMode::Copy);
+}
+
+std::unique_ptr<MDrawer> MRenderer_MBitmap::CreateDrawer(MControl& control) {
+    MStyle* const style = control.GetStyle();
+    if (!style) return nullptr;
+    MControl& owner = GetBitmapOwner(control);
+    auto drawer = std::make_unique<MDrawerUsingStyle<MDrawerToMBitmap>>(*style, control);
+    drawer->hasAlphaChannel = false;
+    drawer->SetBitmap(&GetBitmap(owner));
+    const MPoint offset = control.windowOffset - owner.windowOffset;
+    const MPoint size = control.GetShownSize();
+    drawer->SetTranslation(offset.x, offset.y);
+    drawer->SetSize(size.x, size.y);
+    return drawer;
+}
+
+void MRenderer_MBitmap::OnControlHidden(MControl& control) {
+    control.SetProperty(BitmapKey, nullptr);
+}
+
+void MRenderer_MBitmap::OnControlDetached(MControl& control) {
+    control.SetProperty(BitmapKey, nullptr);
+}
