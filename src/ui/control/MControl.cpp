@@ -3,6 +3,7 @@
 #include "foundation/events/MEmulatedLockGuard.h"
 #include "foundation/text/MNumberText.h"
 #include "ui/control/MControlRoot.h"
+#include "ui/control/MRemoveFromList.h"
 #include "ui/control/MWindows.h"
 
 #include <atomic>
@@ -16,11 +17,7 @@ MString MakeName() {
 
 /// The overlays of other windows are not owned by them.
 void ForgetOverlay(MWindows& windows, MControl& overlay) {
-    for (MControl* root : windows.GetRoots()) {
-        auto& overlays = root->GetRootState().overlayWindows;
-        for (int32_t i = overlays.GetCount() - 1; i >= 0; --i)
-            if (overlays[i] == &overlay) overlays.Remove(i);
-    }
+    for (MControl* root : windows.GetRoots()) MRemoveFromList(root->GetRootState().overlayWindows, &overlay);
 }
 
 }  // namespace
@@ -41,11 +38,7 @@ MControl::MControl(MControl* parent, const MString& name)
 MControl::~MControl() {
     while (references) references->Set(nullptr);
     MWindows* const windows = MWindows::GetInstance();
-    if (windows) {
-        windows->ForgetControl(*this);
-        if (windows->dragSource == this) windows->dragSource = nullptr;
-        if (windows->messageFilter == this) windows->messageFilter = nullptr;
-    }
+    if (windows) windows->ForgetControl(*this);
     {
         const MEmulatedLockGuard guard(&GetRootState().lock, MERWLock::Write);
         if (parent) parent->RemoveChild(*this);
@@ -149,7 +142,8 @@ void MControl::AttachToStyle() {
     if (!Is(MControlFlag::AttachedToStyle)) {
         flags.Set(MControlFlag::AttachedToStyle, true);
         if (MRenderer* const renderer = GetRootState().renderer.get()) renderer->OnControlAttached(*this);
-        UpdateLayout();
+        // In a window that is open, whoever adds controls measures all of it once.
+        if (!root->Is(MControlFlag::LayoutValid)) UpdateLayout();
     }
     for (int32_t i = 0; self && i < children.GetCount(); ++i) children[i]->AttachToStyle();
 }

@@ -113,9 +113,8 @@ bool MControl::ProcessHere(const MSystemEvent& event) {
     const MControlRef self(this);
     TrackButtonsDown(event);
     if (!self) return true;
-    bool isConsumed = ProcessEvent(event);
+    const bool isConsumed = ProcessEvent(event);
     if (!self) return true;
-    if (event.IsDoubleClick() && !Is(MControlFlag::DoubleClicksAsClicks)) isConsumed = true;
     TrackButtonsUp(event);
     return isConsumed;
 }

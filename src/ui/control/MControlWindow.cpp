@@ -125,7 +125,7 @@ void MControl::ShowWindow() {
 
 void MControl::HideWindow() {
     MWindows* const windows = GetWindows();
-    if (!windows || !IsRoot() || !Is(MControlFlag::Visible)) return;
+    if (!windows || !IsRoot() || !windows->GetSystem().IsVisible(*this)) return;
     const MControlRef self(this);
     const MModalValue result = GetRootState().modalResult;
     const bool isDone = result == MModalValue::None || result == MModalValue::Ok;
@@ -181,6 +181,7 @@ void MControl::CloseWindow(MModalValue result) {
     MWindows* const windows = GetWindows();
     if (!windows) return;
     if (!IsRoot()) return root->CloseWindow(result);
+    if (Is(MControlFlag::ModalRunning) && GetRootState().modalResult != MModalValue::None) return;
     const MControlRef self(this);
     OnClosed();
     if (!self) return;

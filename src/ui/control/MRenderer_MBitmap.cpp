@@ -13,6 +13,17 @@ bool IsEmptyClass(const MControl& control) {
     return control.GetControlType() == MControlType::Empty;
 }
 
+/// Whether what lies behind shows through: those classes have no background of their own.
+bool IsTransparent(const MControl& control) {
+    switch (control.GetControlType()) {
+    case MControlType::Window: return false;
+    case MControlType::NoBackground:
+    case MControlType::Control:
+    case MControlType::Static: return true;
+    default: return control.Is(MControlFlag::Transparent);
+    }
+}
+
 /// The control itself or the nearest one above it that has a bitmap; its root at last.
 MControl& GetBitmapOwner(MControl& control) {
     MControl* owner = &control;
@@ -64,9 +75,7 @@ void MRenderer_MBitmap::Render(MControl& control, const MRect& rect) {
     const std::unique_ptr<MDrawer> drawer = CreateDrawer(control);
     if (!window || !drawer) return;
     drawer->SetClip(painted);
-    if (control.Is(MControlFlag::Transparent) && control.GetControlType() != MControlType::Window &&
-        &owner == &control)
-        PaintBackground(control, *drawer, painted);
+    if (&owner == &control && IsTransparent(control)) PaintBackground(control, *drawer, painted);
     const MControlRef self(&control);
     const MControlRef behind(&owner);
     control.PaintWith(*drawer);
