@@ -21,6 +21,12 @@ struct MRect {
     /// 0 or below for an empty one.
     [[nodiscard]] constexpr int32_t GetWidth() const { return right - left + 1; }
     [[nodiscard]] constexpr int32_t GetHeight() const { return bottom - top + 1; }
+    /// The first and the last pixel along an axis, and how many there are.
+    [[nodiscard]] constexpr int32_t GetLow(MAxis axis) const { return axis == MAxis::X ? left : top; }
+    [[nodiscard]] constexpr int32_t GetHigh(MAxis axis) const { return axis == MAxis::X ? right : bottom; }
+    [[nodiscard]] constexpr int32_t GetLength(MAxis axis) const { return GetHigh(axis) - GetLow(axis) + 1; }
+    constexpr void SetLow(MAxis axis, int32_t low) { (axis == MAxis::X ? left : top) = low; }
+    constexpr void SetHigh(MAxis axis, int32_t high) { (axis == MAxis::X ? right : bottom) = high; }
     [[nodiscard]] constexpr bool IsEmpty() const { return right < left || bottom < top; }
     [[nodiscard]] constexpr MPoint GetTopLeft() const { return {left, top}; }
 
