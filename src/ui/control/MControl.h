@@ -72,7 +72,7 @@ public:
     /// implemented." (1) unless a `Plastic` control overrides it.
     [[nodiscard]] virtual int32_t ComputePlasticSize(int32_t dimension, int32_t otherDimensionSize);
     virtual void AdjustRectangles(MRect& newWindowRect, MRect& newClientRect);
-    /// Measures and arranges what depends on this control's size.
+    /// Arranges the whole window once more, and measures it before if `TouchSizes` was called.
     virtual void UpdateLayout();
     virtual void OnSizeChanged(MPoint) {}
     [[nodiscard]] virtual MColor GetBackgroundColor();
@@ -181,6 +181,10 @@ public:
     /// The child that gets what the layouts leave, or null.
     void SetClientControl(MControl* control);
     [[nodiscard]] MControl* GetClientControl() const { return clientControl; }
+    /// What this control needs has changed: the tree has to be measured before it is arranged again.
+    void TouchSizes() { root->flags.Set(MControlFlag::SizesValid, false); }
+    /// Whether the parent gives this control its place: in a layout, or as its client control.
+    [[nodiscard]] bool IsHeld() const;
     void SetSize(MPoint newSize);
     void SetPosition(MPoint newPosition);
     /// `size`, or what is left of it when the control is collapsed.
@@ -303,11 +307,12 @@ private:
     void AttachToStyle();
     /// Takes mouse and focus from this control and all below it, since it cannot have them any more.
     void WithdrawInput();
-    /// The sizes of the tree have to be measured before it is shown again.
-    void TouchSizes() { root->flags.Set(MControlFlag::SizesValid, false); }
     void NotifyHidden();
     /// Null unless the root has a window.
     [[nodiscard]] MWindows* GetWindows() const;
+
+    /// Without arranging anything.
+    void StoreSize(MPoint newSize);
 
     // Of painting. Returns what will be painted, in own coordinates.
     MRect PropagateDirty(const MRect& fromParent);
