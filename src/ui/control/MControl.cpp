@@ -109,7 +109,7 @@ void MControl::Reparent(MControl& newParent) {
         }
         for (MLayout* layout : layouts) {
             newParent.layouts.Add(layout);
-            layout->owner = &newParent;
+            layout->SetOwner(newParent);
         }
         if (clientControl) newParent.clientControl = clientControl;
         clientControl = nullptr;

@@ -191,7 +191,9 @@ public:
     [[nodiscard]] MPoint GetShownSize() const;
     /// Where the control's origin lies in its parent's own coordinates.
     [[nodiscard]] MPoint GetOffsetInParent() const;
-    /// Measures all below by their present sizes, for those that adapt.
+    /// Measures the whole window.
+    void ComputeSizes();
+    /// Measures all below by their present sizes, for those that adapt, and lets them grow.
     void ComputeCurrentSize();
     [[nodiscard]] MPoint AdjustPlasticSize();
     /// As `ComputePlasticSize`, from and to sizes with the frame.

@@ -36,6 +36,7 @@ struct MControlRoot {
     bool windowDirtyFlag = false;
 
     MFlexibility flexibility = MFlexibleNone;
+    bool hasFirstSizes = false;  ///< whether the window has got the size that its controls had before it
     uint8_t resizeBorderWidth = 6;
     uint8_t resizeBorders = 0;  ///< those that are being dragged
     MPoint dragAnchor;          ///< where the mouse took hold of the window

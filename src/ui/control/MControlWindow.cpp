@@ -66,12 +66,7 @@ void MControl::PrepareWindow() {
     if (Is(MControlFlag::Collapsed)) collapsedSize = style->GetCollapsedSize(*this);
     RebuildTabOrder();
     AttachToStyle();
-    if (self && !Is(MControlFlag::SizesValid)) {
-        ComputeMinimalSize();
-        ComputeCurrentSize();
-        GetRootState().flexibility = GetFlexibility();
-        flags.Set(MControlFlag::SizesValid, true);
-    }
+    if (self && !Is(MControlFlag::SizesValid)) ComputeSizes();
     if (!self) return;
     flags.Set(MControlFlag::LayoutValid, true);
     MAlphaMask mask;

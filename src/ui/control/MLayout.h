@@ -2,6 +2,9 @@
 
 #include "foundation/base/MList.h"
 #include "foundation/base/MObject.h"
+#include "ui/control/MFlexibility.h"
+#include "ui/control/MLayoutNeeds.h"
+#include "ui/control/SizeComputer.h"
 #include "ui/geometry/MRect.h"
 
 #include <cstdint>
@@ -9,37 +12,19 @@
 class MControl;
 class MXMLItem;
 
-/// What one layout after the other of a control adds up while its size is measured, in pixels.
-struct MLayoutNeeds {
-    int32_t x = 0;
-    int32_t y = 0;
-    int32_t ratioX = 0;  ///< the largest wish of controls that stretch
-    int32_t ratioY = 0;
-    int32_t left = 0;  ///< margins that the next layout has to respect
-    int32_t top = 0;
-    int32_t right = 0;
-    int32_t bottom = 0;
-};
-
-/// How large a control has to be, with its border; see `MinimalSizeComputer` and `CurrentSizeComputer`.
-class SizeComputer {
-public:
-    virtual ~SizeComputer() = default;
-    [[nodiscard]] virtual int32_t GetX(MControl& control) const = 0;
-    [[nodiscard]] virtual int32_t GetY(MControl& control) const = 0;
-};
-
-/// Which directions something can stretch in, combined with `|`.
-enum MFlexibility : uint8_t { MFlexibleNone = 0, MFlexibleX = 1, MFlexibleY = 2, MFlexibleBoth = 3 };
-
-constexpr MFlexibility operator|(MFlexibility left, MFlexibility right) {
-    return static_cast<MFlexibility>(static_cast<uint8_t>(left) | static_cast<uint8_t>(right));
-}
-
 /// Places some of the children of a control in a part of its client area. The layouts of a control are asked
 /// in their order: each takes what it needs of the free rectangle and leaves the rest to the next one.
 ///
-/// Under the tree's lock for writing, on the thread of the user interface.
+/// What controls say about themselves: `layoutRatio` is a weight per axis. One of 0 (or below) keeps its size,
+/// the others share what is left. `layoutBorder` stays free on each side. Only visible controls count. All
+/// numbers may come from documents: whatever they are, nothing overflows, and lengths below 0 are 0.
+///
+/// Where there is room for the minimal size, no control gets less than its own, none overlaps another one,
+/// and none leaves the rectangle. Where there is less, stretching controls shrink to nothing, and the others
+/// keep their size and go beyond the right or bottom edge.
+///
+/// Under the tree's lock for writing, on the thread of the user interface. What controls do while they are
+/// measured and arranged may not add or remove any.
 class MLayout : public MObject {
 public:
     /// Becomes the last layout of `owner`, which owns it.
@@ -53,13 +38,16 @@ public:
     virtual void LoadControlParameters(MControl& control, MXMLItem& item);
     /// Takes a child of the owner; it is not owned. One that another layout holds leaves that.
     virtual void Attach(MControl& control);
+    /// Nothing happens to a control that is not held here.
     virtual void Detach(MControl& control);
+    /// As `Attach`, without a gap of its own behind the control.
     virtual void Add(MControl& control);
     virtual void Remove(MControl& control);
-    /// `span`: columns of a grid; `reserve`: whether those that follow are left free.
+    /// `span`: columns of a grid; `reserve`: whether the next control comes behind all of them.
     virtual void SetSpanX(MControl& control, int32_t span, bool reserve);
     /// Places the controls in `rect`; returns what is left of it.
     [[nodiscard]] virtual MRect Arrange(MControl& owner, const MRect& rect);
+    /// Adds to what the layouts before this one need.
     virtual void Measure(MControl& owner, MLayoutNeeds& needs, const SizeComputer& computer);
     virtual void MeasureMinimal(MControl& owner, MLayoutNeeds& needs);
     virtual void MeasureCurrent(MControl& owner, MLayoutNeeds& needs);
@@ -73,13 +61,25 @@ public:
     int32_t defBorderY = -1;
 
 protected:
-    /// Pixels between neighbours.
+    enum class Part { OfLayout };
+    /// A layout within another one, which owns it; the control does not know of it.
+    MLayout(MControl& owner, Part) : owner(&owner) {}
+    /// Another control takes the layout and its controls over.
+    virtual void SetOwner(MControl& newOwner) { owner = &newOwner; }
+
+    /// Pixels between neighbours: what the style says and `space`, together at least 0.
     [[nodiscard]] int32_t GetSpace() const;
+    /// As above, between the columns of a grid.
+    [[nodiscard]] int32_t GetGridSpace() const;
+    /// What the style says alone.
+    [[nodiscard]] int32_t GetStyleSpace() const;
 
     MList<MControl, MListPointers> controls;
 
 private:
     friend class MControl;
 
-    MControl* owner;  ///< another one after `MControl::Reparent`
+    [[nodiscard]] int32_t GetMetric(int32_t index) const;
+
+    MControl* owner;
 };
