@@ -4,10 +4,14 @@
 #include "streams/basic/MMemoryStream.h"
 #include "streams/basic/MStdFileStream.h"
 #include "ui/text/MFontFace.h"
+#include "ui/text/MFontSubstitutes.h"
 #include "ui/text/MSystemFonts.h"
 #include "ui/text/MTextPen.h"
 
-MFont::MFont() = default;
+MFont::MFont() {
+    Renew();
+}
+
 MFont::~MFont() = default;
 
 void MFont::Open(const MBuffer& source) {
@@ -43,18 +47,29 @@ bool MFont::IsOpen() const {
     return face != nullptr;
 }
 
-void MFont::SetSize(double height, double width) {
+void MFont::SetSize(double newHeight, double newWidth) {
     ForgetSize();
     if (!face) MRaise(MExceptionGeneral, "Unable to accept required font size.");
-    face->SetSize(height * verticalScale, (width == 0 ? height : width) * horizontalScale);
+    height = newHeight * verticalScale;
+    width = (newWidth == 0 ? newHeight : newWidth) * horizontalScale;
+    face->SetSize(height, width);
     hasSize = true;
     ReadMetrics();
 }
 
 void MFont::RenderGlyph(char32_t character, MGlyph& glyph) {
-    if (hasSize) return face->Render(character, glyph);
-    glyph = MGlyph();
-    glyph.isLoaded = true;
+    if (!hasSize) {
+        glyph = MGlyph();
+        glyph.isLoaded = true;
+    } else if (!substitutes || face->HasGlyph(character) ||
+               !substitutes->Render(character, GetFlags(), height, width, glyph)) {
+        face->Render(character, glyph);
+    }
+}
+
+void MFont::SetSubstitutes(MFontSubstitutes* newSubstitutes) {
+    substitutes = newSubstitutes;
+    ForgetGlyphs();
 }
 
 bool MFont::HasGlyph(char32_t character) const {
@@ -111,8 +126,18 @@ void MFont::ForgetSize() {
     lineHeight = 1;
     ascent = 0;
     descent = 0;
+    ForgetGlyphs();
+}
+
+void MFont::ForgetGlyphs() {
     table = {};
     otherGlyphs.Clear();
+    Renew();
+}
+
+void MFont::Renew() {
+    static uint32_t last = 0;
+    revision = ++last;
 }
 
 void MFont::ReadMetrics() {

@@ -11,6 +11,7 @@
 #include <memory>
 
 class MFontFace;
+class MFontSubstitutes;
 class MStream;
 
 /// A font of the formats that FreeType reads, but for web fonts, at one size, with the glyphs that it has
@@ -18,8 +19,8 @@ class MStream;
 /// kerning.
 ///
 /// Characters of `MIsInvisible` take no part in a text; a surrogate pair is one character, a surrogate
-/// without its pair is U+FFFD. A character that the font does not have has the font's ".notdef" glyph, and
-/// one whose outline is damaged has an empty one.
+/// without its pair is U+FFFD. A character that the font does not have is taken from its substitutes; where
+/// none has it, it has the font's ".notdef" glyph. One whose outline is damaged has an empty one.
 ///
 /// One line is as high as ascent and descent together, in plain and in rich text. In rich text the next one
 /// begins there; lines of a plain text are `GetLineHeight` apart, which is what the font's designer wanted
@@ -59,6 +60,12 @@ public:
         return FindGlyph(character);
     }
 
+    /// Where characters come from that the font lacks; null, as at first, for nowhere. They outlive the font.
+    /// Forgets all glyphs.
+    void SetSubstitutes(MFontSubstitutes* newSubstitutes);
+    /// A number that no font has had before, after each change by which texts may take another room.
+    [[nodiscard]] uint32_t GetRevision() const { return revision; }
+
     /// Whether the font has a picture of its own for a character. False for a font that is not open.
     [[nodiscard]] bool HasGlyph(char32_t character) const;
 
@@ -78,18 +85,28 @@ public:
     /// What `SetSize` multiplies sizes with, from the next call on.
     void SetScale(double horizontal, double vertical);
     /// How much lower than the baseline of the line letters stand.
-    void SetVerticalShift(int32_t pixels) { verticalShift = pixels; }
+    void SetVerticalShift(int32_t pixels) {
+        verticalShift = pixels;
+        Renew();
+    }
     [[nodiscard]] int32_t GetVerticalShift() const { return verticalShift; }
     /// What is added to each line.
-    void SetVerticalSpace(int32_t pixels) { verticalSpace = pixels; }
+    void SetVerticalSpace(int32_t pixels) {
+        verticalSpace = pixels;
+        Renew();
+    }
     /// What is added between two characters. Glyphs stand at whole pixels, so a fraction is rounded to the
     /// nearest pixel, a half away from 0.
     void SetCharacterSpace(double pixels) {
         characterSpace = MAddPixels(std::llround(std::clamp(pixels, -1e9, 1e9)), 0);
+        Renew();
     }
     [[nodiscard]] int32_t GetCharacterSpace() const { return characterSpace; }
     /// Whether lower-case ASCII letters show as upper-case ones.
-    void SetUpperCase(bool newIsUpperCase) { isUpperCase = newIsUpperCase; }
+    void SetUpperCase(bool newIsUpperCase) {
+        isUpperCase = newIsUpperCase;
+        Renew();
+    }
 
     /// See MSystemFonts.h.
     [[nodiscard]] static MFontDescriptor GetSystemFontDescriptor(const MString& name, bool isBold,
@@ -101,10 +118,16 @@ private:
 
     const MGlyph& FindGlyph(char32_t character);
     void ForgetSize();
+    void ForgetGlyphs();
     void ReadMetrics();
+    void Renew();
 
     std::unique_ptr<MFontFace> face;
+    MFontSubstitutes* substitutes = nullptr;
+    uint32_t revision = 0;
     bool hasSize = false;
+    double height = 0;  ///< that was given to the face
+    double width = 0;
     double horizontalScale = 1;
     double verticalScale = 1;
     int32_t lineHeight = 1;

@@ -100,6 +100,16 @@ void MFontFace::SetSize(double height, double width) {
     if (error) MRaise(MExceptionGeneral, "Unable to accept required font size.");
 }
 
+MCharacterSet MFontFace::GetCharacters() const {
+    MCharacterSet characters;
+    FT_UInt glyph = 0;
+    if (!face->charmap || face->charmap->encoding != FT_ENCODING_UNICODE) return characters;
+    for (FT_ULong character = FT_Get_First_Char(face, &glyph); glyph != 0;
+         character = FT_Get_Next_Char(face, character, &glyph))
+        characters.Append(static_cast<char32_t>(character));
+    return characters;
+}
+
 bool MFontFace::HasGlyph(char32_t character) const {
     return FT_Get_Char_Index(face, character) != 0;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "foundation/base/MBuffer.h"
+#include "ui/text/MCharacterSet.h"
 
 #include <cstdint>
 #include <memory>
@@ -30,6 +31,8 @@ public:
 
     /// As `MFont::SetSize`, without scale.
     void SetSize(double height, double width);
+    /// All characters of the Unicode that the face has, ascending; none if it is a face of symbols.
+    [[nodiscard]] MCharacterSet GetCharacters() const;
     /// As `MFont::HasGlyph`.
     [[nodiscard]] bool HasGlyph(char32_t character) const;
     /// As `MFont::RenderGlyph`; a size has to be set.
