@@ -47,7 +47,7 @@ public:
     [[nodiscard]] const xcb_screen_t& GetScreen() const { return *screen; }
     [[nodiscard]] xcb_window_t GetRoot() const { return screen->root; }
 
-    [[nodiscard]] xcb_atom_t operator[](MXAtom atom) const { return atoms[static_cast<size_t>(atom)]; }
+    [[nodiscard]] const xcb_atom_t& operator[](MXAtom atom) const { return atoms[static_cast<size_t>(atom)]; }
     /// The atom of any other name; asks the server. The other way round, empty where there is no such atom.
     [[nodiscard]] xcb_atom_t Intern(std::string_view text) const;
     [[nodiscard]] std::string GetText(xcb_atom_t atom) const;

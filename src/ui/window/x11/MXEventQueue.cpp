@@ -79,6 +79,11 @@ MXEvent MXEventQueue::WaitFor(const std::function<bool(const xcb_generic_event_t
     }
 }
 
+bool MXEventQueue::Has(const std::function<bool(const xcb_generic_event_t&)>& isWanted) {
+    Gather();
+    return std::ranges::any_of(waiting, [&](const MXEvent& event) { return isWanted(*event); });
+}
+
 void MXEventQueue::Drop(const std::function<bool(const xcb_generic_event_t&)>& isUnwanted) {
     Gather();
     std::erase_if(waiting, [&](const MXEvent& event) { return isUnwanted(*event); });

@@ -48,6 +48,8 @@ public:
     /// milliseconds; null if it does not come. The others stay in their order.
     [[nodiscard]] MXEvent WaitFor(const std::function<bool(const xcb_generic_event_t&)>& isWanted,
                                   int64_t milliseconds);
+    /// Whether there is such an event among those that wait.
+    [[nodiscard]] bool Has(const std::function<bool(const xcb_generic_event_t&)>& isWanted);
     /// Drops the events that are there and not wanted any more.
     void Drop(const std::function<bool(const xcb_generic_event_t&)>& isUnwanted);
 

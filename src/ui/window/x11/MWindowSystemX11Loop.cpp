@@ -1,0 +1,106 @@
+// The loop: what happens next, and waiting for it.
+
+#include "foundation/base/MGuard.h"
+#include "ui/control/MControlRef.h"
+#include "ui/control/MControlRoot.h"
+#include "ui/control/MWindows.h"
+#include "ui/window/x11/MWindowSystemX11.h"
+#include "ui/window/x11/MXWindow.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+constexpr int32_t MaximumPending = 1024;
+constexpr int32_t MaximumPaintsInRow = 11;
+constexpr const char* Label = "MWindowSystemX11::ProcessNext";
+
+}  // namespace
+
+// What the user does goes first, then what is due; only then it is painted, once for all of it.
+MWindowSystemX11::Message MWindowSystemX11::ProcessNext() {
+    if (const MXEvent event = platform->display.queue.Take()) {
+        MGuard(Label, [&] { Dispatch(*event); });
+        return Message::Event;
+    }
+    platform->activation.Settle();
+    if (isWoken.exchange(false) || (alarm && *alarm <= GetTime())) {
+        alarm.reset();
+        RunRequests();
+        MGuard(Label, [&] { owner->Attend(); });
+        return Message::Timer;
+    }
+    const std::vector<MControl*>& roots = platform->display.roots;
+    const auto dirty =
+        std::ranges::find_if(roots, [](const MControl* root) { return MXWindow::Of(*root)->NeedsPaint(); });
+    if (dirty == roots.end()) return Message::None;
+    MGuard(Label, [&] { MXWindow::Of(**dirty)->Paint(**dirty); });
+    return Message::Paint;
+}
+
+int32_t MWindowSystemX11::ProcessPending() {
+    int32_t count = 0;
+    for (int32_t paintsInRow = 0; count < MaximumPending && paintsInRow < MaximumPaintsInRow; ++count) {
+        const Message message = ProcessNext();
+        if (message == Message::None) break;
+        paintsInRow = message == Message::Event ? 0 : paintsInRow + 1;
+    }
+    return count;
+}
+
+bool MWindowSystemX11::Turn() {
+    if (std::exchange(isQuitting, false) || !platform->display.connection.IsAlive()) return false;
+    if (ProcessNext() != Message::None) return true;
+    const int64_t left = alarm ? std::max<int64_t>(*alarm - GetTime(), 0) : MXEventQueue::Forever;
+    platform->display.queue.Wait(left);
+    return true;
+}
+
+void MWindowSystemX11::RunLoop(MControl& root) {
+    const MControlRef alive(&root);
+    while (alive && root.GetRootState().modalResult == MModalValue::None && Turn()) {}
+}
+
+void MWindowSystemX11::ExitLoop(MControl& root, MModalValue result) {
+    if (root.GetRootState().modalResult != MModalValue::None) return;
+    root.GetRootState().modalResult = result;
+    platform->display.queue.Wake();
+}
+
+void MWindowSystemX11::RunApplication() {
+    while (Turn()) {}
+}
+
+void MWindowSystemX11::Quit() {
+    isQuitting = true;
+    platform->display.queue.Wake();
+}
+
+void MWindowSystemX11::WakeUp() {
+    isWoken = true;
+    platform->display.queue.Wake();
+}
+
+bool MWindowSystemX11::IsForOtherThread(MControl& root, void (MWindowSystemX11::*operation)(MControl&)) {
+    if (std::this_thread::get_id() == thread) return false;
+    {
+        const std::lock_guard guard(requestsLock);
+        // The root may end before its turn comes.
+        requests.emplace_back([this, subject = &root, operation] {
+            if (std::ranges::find(platform->display.roots, subject) != platform->display.roots.end())
+                (this->*operation)(*subject);
+        });
+    }
+    WakeUp();
+    return true;
+}
+
+void MWindowSystemX11::RunRequests() {
+    std::vector<std::function<void()>> taken;
+    {
+        const std::lock_guard guard(requestsLock);
+        taken.swap(requests);
+    }
+    for (const std::function<void()>& request : taken) request();
+}
