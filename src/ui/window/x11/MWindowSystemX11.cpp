@@ -1,6 +1,6 @@
 #include "ui/window/x11/MWindowSystemX11.h"
 
-#include "MProductConstants.h"
+#include "foundation/MProductConstants.h"
 #include "foundation/text/MUnicode.h"
 #include "ui/control/MControlRoot.h"
 #include "ui/window/MNativeWindowSystem.h"
@@ -12,7 +12,9 @@ std::unique_ptr<MWindowSystem> MCreateNativeWindowSystem(const MString& display)
 }
 
 MWindowSystemX11::Platform::Platform(MWindowSystemX11& system, const std::string& displayName)
-    : display(displayName), activation(display, system.messages), mouse(display, system.messages, activation),
+    : display(displayName),
+      activation(display, system.messages),
+      mouse(display, system.messages, activation),
       clipboard(display.connection, display.queue),
       dragTarget(
           display.connection, clipboard.GetReader(),
@@ -53,9 +55,9 @@ void MWindowSystemX11::EnableEvents(bool mouse, bool keyboard) {
 void MWindowSystemX11::CreateWindow(MControl& root, const MString& caption, MPoint size, MPoint position,
                                     intptr_t parent, bool isInTaskbar) {
     if (root.Is(MControlFlag::FullScreen)) position = {};
-    auto window = std::make_unique<MXWindow>(platform->display,
-                                             MRect::FromSize(position.x, position.y, size.x, size.y),
-                                             static_cast<xcb_window_t>(parent), isInTaskbar);
+    auto window =
+        std::make_unique<MXWindow>(platform->display, MRect::FromSize(position.x, position.y, size.x, size.y),
+                                   static_cast<xcb_window_t>(parent), isInTaskbar);
     window->SetCaption(caption);
     root.SetProperty(MXWindow::Key, std::move(window));
     platform->display.roots.push_back(&root);

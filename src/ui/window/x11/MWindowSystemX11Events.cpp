@@ -23,8 +23,7 @@ void MWindowSystemX11::Dispatch(const xcb_generic_event_t& event) {
     case XCB_EXPOSE: {
         const auto& expose = MXAs<xcb_expose_event_t>(event);
         if (MControl* const root = display.Find(expose.window))
-            MXWindow::Of(*root)->Invalidate(
-                MRect::FromSize(expose.x, expose.y, expose.width, expose.height));
+            MXWindow::Of(*root)->Invalidate(MRect::FromSize(expose.x, expose.y, expose.width, expose.height));
         break;
     }
     case XCB_CONFIGURE_NOTIFY: OnConfigured(MXAs<xcb_configure_notify_event_t>(event)); break;

@@ -90,32 +90,35 @@ void MXClipboard::Set(const MString& format, const MBuffer& data, xcb_timestamp_
         MRaise(MExceptionGeneral, "Error opening system clipboard. ");
 }
 
-bool MXClipboard::Has(const MString& format, xcb_timestamp_t time) const {
+// Programs from before Unicode offer their texts as STRING only.
+xcb_atom_t MXClipboard::FindOffered(const MString& format, xcb_timestamp_t time) const {
     const xcb_atom_t form = GetForm(format);
-    if (clipboard.IsOwner()) return clipboard.Find(form) != nullptr;
     const auto offered = reader.Read(connection[MXAtom::Clipboard], connection[MXAtom::Targets], time);
-    if (!offered) return false;
+    if (!offered) return XCB_ATOM_NONE;
     const std::basic_string_view<uint32_t> forms = offered->GetWords();
     const auto isOffered = [&](xcb_atom_t one) { return forms.find(one) != std::string::npos; };
-    return isOffered(form) || (format == MWindowSystem::TextFormat && isOffered(connection[MXAtom::String]));
+    if (isOffered(form)) return form;
+    const xcb_atom_t plain = connection[MXAtom::String];
+    if (format == MWindowSystem::TextFormat && isOffered(plain)) return plain;
+    return XCB_ATOM_NONE;
+}
+
+bool MXClipboard::Has(const MString& format, xcb_timestamp_t time) const {
+    if (clipboard.IsOwner()) return clipboard.Find(GetForm(format)) != nullptr;
+    return FindOffered(format, time) != XCB_ATOM_NONE;
 }
 
 // Some programs answer every question with text, of a type that tells it.
 MBuffer MXClipboard::Get(const MString& format, xcb_timestamp_t time) const {
-    const xcb_atom_t form = GetForm(format);
     if (clipboard.IsOwner()) {
-        if (const MBuffer* const own = clipboard.Find(form)) return *own;
+        if (const MBuffer* const own = clipboard.Find(GetForm(format))) return *own;
         MRaise(MExceptionGeneral, "No data present in clipboard. ");
     }
-    if (!Has(format, time)) MRaise(MExceptionGeneral, "No data present in clipboard. ");
-    auto content = reader.Read(connection[MXAtom::Clipboard], form, time);
-    if (content && content->type == form) return ToBuffer(content->bytes);
-    if (format == MWindowSystem::TextFormat) {
-        content = reader.Read(connection[MXAtom::Clipboard], connection[MXAtom::String], time);
-        if (content && content->type == connection[MXAtom::UTF8String]) return ToBuffer(content->bytes);
-        if (content && content->type == connection[MXAtom::String]) return FromLatin1(content->bytes);
-    }
-    MRaise(MExceptionGeneral, "Error accessing clipboard. ");
+    const xcb_atom_t form = FindOffered(format, time);
+    if (form == XCB_ATOM_NONE) MRaise(MExceptionGeneral, "No data present in clipboard. ");
+    const auto content = reader.Read(connection[MXAtom::Clipboard], form, time);
+    if (!content || content->type != form) MRaise(MExceptionGeneral, "Error accessing clipboard. ");
+    return form == connection[MXAtom::String] ? FromLatin1(content->bytes) : ToBuffer(content->bytes);
 }
 
 bool MXClipboard::Process(const xcb_generic_event_t& event) {

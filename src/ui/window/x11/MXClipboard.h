@@ -33,6 +33,8 @@ private:
     [[nodiscard]] xcb_window_t MakeWindow() const;
     [[nodiscard]] xcb_timestamp_t GetServerTime();
     [[nodiscard]] xcb_atom_t GetForm(const MString& format) const;
+    /// The form in which another program offers a format; none if it does not.
+    [[nodiscard]] xcb_atom_t FindOffered(const MString& format, xcb_timestamp_t time) const;
     void HandOver();
 
     const MXConnection& connection;

@@ -88,9 +88,9 @@ void MXDragTarget::OnDrop(const xcb_client_message_event_t& message) {
     if (words[0] != source) return;
     bool isTaken = false;
     if (hasFiles && accepts(message.window)) {
-        const auto list = reader.Read(connection[MXAtom::XdndSelection], connection[MXAtom::TextUriList],
-                                      static_cast<xcb_timestamp_t>(words[2]));
-        const MList<MString> files = list ? ParseFiles(list->bytes) : MList<MString>();
+        const xcb_atom_t form = connection[MXAtom::TextUriList];
+        const auto list = reader.Read(connection[MXAtom::XdndSelection], form, words[2]);
+        const MList<MString> files = list && list->type == form ? ParseFiles(list->bytes) : MList<MString>();
         isTaken = !files.IsEmpty() && drop(message.window, files, position);
     }
     const uint32_t action = isTaken ? connection[MXAtom::XdndActionCopy] : xcb_atom_t{XCB_ATOM_NONE};
