@@ -201,19 +201,16 @@ void MWindowSystemX11::Invalidate(MControl& root, const MRect& rect) {
         window->Invalidate({rect.left, rect.top, rect.right - 1, rect.bottom - 1});
 }
 
-// Whoever paints in the middle of long work shows the manager by it that the program lives.
+// Long work shows that it lives by painting now and then, and nothing else. So what the server wants painted is taken
+// to heart here as well, and the manager's question whether the program lives is answered.
 void MWindowSystemX11::Update(MControl& root) {
+    platform->display.queue.Drop([&](const xcb_generic_event_t& event) {
+        const bool isTaken = MXKindOf(event) == XCB_EXPOSE || IsPing(event);
+        if (isTaken) Dispatch(event);
+        return isTaken;
+    });
     MXWindow* const window = MXWindow::Of(root);
     if (window && window->NeedsPaint()) window->Paint(root);
-    platform->display.queue.Drop([&](const xcb_generic_event_t& event) {
-        const auto& message = MXAs<xcb_client_message_event_t>(event);
-        const MXConnection& connection = platform->display.connection;
-        const bool isPing = MXKindOf(event) == XCB_CLIENT_MESSAGE &&
-                            message.type == connection[MXAtom::WMProtocols] &&
-                            message.data.data32[0] == connection[MXAtom::NetWMPing];
-        if (isPing) AnswerPing(message);
-        return isPing;
-    });
 }
 
 MDrawer* MWindowSystemX11::GetDrawer(MControl& root) {

@@ -9,10 +9,12 @@
 #include "ui/window/x11/MXMouse.h"
 
 #include <atomic>
+#include <deque>
 #include <functional>
 #include <memory>
 #include <mutex>
 #include <thread>
+#include <utility>
 #include <vector>
 
 /// Windows on a display of X, that of the environment or another one. Desktops of Wayland bring such a display
@@ -104,6 +106,7 @@ private:
     void OnConfigured(const xcb_configure_notify_event_t& event);
     void OnKey(const xcb_key_press_event_t& event, MEventType type);
     void OnMessage(const xcb_client_message_event_t& message);
+    [[nodiscard]] bool IsPing(const xcb_generic_event_t& event) const;
     void AnswerPing(xcb_client_message_event_t message) const;
 
     // MWindowSystemX11Loop.cpp
@@ -124,6 +127,7 @@ private:
     const std::thread::id thread = std::this_thread::get_id();
     std::atomic<bool> isWoken = false;
     bool isQuitting = false;
+    std::deque<std::pair<xcb_window_t, char16_t>> typed;  ///< what keys have typed, and where
     std::optional<int64_t> alarm;
     std::mutex requestsLock;
     std::vector<std::function<void()>> requests;  ///< of other threads

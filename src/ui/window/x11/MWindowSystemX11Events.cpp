@@ -1,6 +1,5 @@
 // What the server's events mean.
 
-#include "ui/control/MControlRef.h"
 #include "ui/window/x11/MWindowSystemX11.h"
 #include "ui/window/x11/MXWindow.h"
 
@@ -73,18 +72,18 @@ void MWindowSystemX11::OnKey(const xcb_key_press_event_t& event, MEventType type
     platform->display.time = event.time;
     platform->activation.Settle();
     MControl* const active = platform->activation.GetActive();
-    const MControlRef root(active ? active : platform->display.Find(event.event));
+    MControl* const root = active ? active : platform->display.Find(event.event);
     if (!root) return;
     MXKeyboard& keyboard = platform->display.keyboard;
-    if (type == MEventType::KeyDown) MXWindow::Of(*root.Get())->TellUserTime();
-    if (const int32_t key = keyboard.GetVirtualKey(event.detail)) messages.OnKey(*root.Get(), type, key);
-    if (type != MEventType::KeyDown) return;
-    // What is typed goes to whoever is active now.
-    const MString text = keyboard.TypeKey(event.detail);
-    for (int32_t i = 0; i < text.GetLength(); ++i) {
-        MControl* const receiver = platform->activation.GetActive();
-        if (receiver || root) messages.OnCharacter(receiver ? *receiver : *root.Get(), text[i]);
+    if (type == MEventType::KeyDown) MXWindow::Of(*root)->TellUserTime();
+    const int32_t key = keyboard.GetVirtualKey(event.detail);
+    // Characters come after the key itself, but also when that makes a loop run that waits for more.
+    if (type == MEventType::KeyDown) {
+        const MString text = keyboard.TypeKey(event.detail);
+        for (int32_t i = 0; i < text.GetLength(); ++i)
+            typed.emplace_back(MXWindow::Of(*root)->GetId(), text[i]);
     }
+    if (key) messages.OnKey(*root, type, key);
 }
 
 void MWindowSystemX11::OnMessage(const xcb_client_message_event_t& message) {
@@ -97,6 +96,13 @@ void MWindowSystemX11::OnMessage(const xcb_client_message_event_t& message) {
         platform->display.time = message.data.data32[1];
         if (MControl* const root = platform->display.Find(message.window)) messages.OnCloseRequested(*root);
     }
+}
+
+bool MWindowSystemX11::IsPing(const xcb_generic_event_t& event) const {
+    const auto& message = MXAs<xcb_client_message_event_t>(event);
+    const MXConnection& connection = platform->display.connection;
+    return MXKindOf(event) == XCB_CLIENT_MESSAGE && message.type == connection[MXAtom::WMProtocols] &&
+           message.data.data32[0] == connection[MXAtom::NetWMPing];
 }
 
 // The message goes back as it is, to the root window.

@@ -20,6 +20,12 @@ constexpr const char* Label = "MWindowSystemX11::ProcessNext";
 
 // What the user does goes first, then what is due; only then it is painted, once for all of it.
 MWindowSystemX11::Message MWindowSystemX11::ProcessNext() {
+    if (!typed.empty()) {
+        const auto [window, character] = typed.front();
+        typed.pop_front();
+        if (MControl* const root = platform->display.Find(window)) messages.OnCharacter(*root, character);
+        return Message::Event;
+    }
     if (const MXEvent event = platform->display.queue.Take()) {
         MGuard(Label, [&] { Dispatch(*event); });
         return Message::Event;

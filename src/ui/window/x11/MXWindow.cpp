@@ -155,7 +155,6 @@ void MXWindow::Show(const MControl& root) {
     }
     xcb_map_window(connection, id);
     isShown = true;
-    InvalidateAll();
     xcb_flush(connection);
 }
 
