@@ -25,11 +25,12 @@ MTestXServer::MTestXServer(const std::string& screen) {
         _exit(127);
     }
     close(ends[1]);
-    std::array<char, 16> number{};
-    const ssize_t size = read(ends[0], number.data(), number.size() - 1);
-    close(ends[0]);
-    EXPECT_GT(size, 0) << "scripts/install-tools installs what is missing";
-    name = ":" + std::string(number.data(), size > 0 ? static_cast<size_t>(size) - 1 : 0);
+    std::FILE* const reading = fdopen(ends[0], "r");
+    int number = -1;
+    const int count = std::fscanf(reading, "%d", &number);
+    std::fclose(reading);
+    EXPECT_EQ(count, 1) << "scripts/install-tools installs what is missing";
+    name = ":" + std::to_string(number);
 }
 
 std::string MTestXServer::Run(const std::string& command) const {

@@ -3,7 +3,6 @@
 #include "tests/ui/window/x11/MTestXServer.h"
 #include "ui/control/MWindowSystem.h"
 #include "ui/window/x11/MXClipboard.h"
-#include "ui/window/x11/MXDragTarget.h"
 
 #include <atomic>
 #include <cstring>
@@ -125,14 +124,4 @@ TEST_F(XClipboardTest, OwnersThatAreGoneOrEndInTheMiddleAreNotWaitedFor) {
     EXPECT_EQ(FailureOf([&] { GetText(); }), "0: Error accessing clipboard. ");
     isForgotten.release();
     other.join();
-}
-
-TEST(XDragTargetTest, ListsOfAddressesGiveTheFilesOfThisMachine) {
-    std::string paths;
-    for (
-        const MString& path : MXDragTarget::ParseFiles(
-            "# files\r\nfile:///tmp/a%20b%C3%A4.txt\r\nfile://localhost/c\r\nfile:/d\r\nfile://elsewhere.example/e\r\n"
-            "https://host/f\r\nfile:///bad%2\r\nfile:///zero%00\r\nfile://\r\nfile:relative\nfile:///last"))
-        paths += Text(path) + "|";
-    EXPECT_EQ(paths, "/tmp/a b\u00E4.txt|/c|/d|/last|");
 }
