@@ -199,11 +199,11 @@ MStdCursor MWindowSystemHeadless::GetShownCursor(MControl& root) const {
 }
 
 MWindowSystemHeadless::Message MWindowSystemHeadless::ProcessNext() {
-    if (!actions.empty()) {
-        const std::function<void()> action = std::move(actions.front());
+    if (!actions.empty() && actions.front().time <= time) {
+        const Action action = std::move(actions.front());
         actions.pop_front();
         lastAction = time;
-        action();
+        action.run();
         return Message::Action;
     }
     if (isWoken.exchange(false) || (alarm && *alarm <= time)) {
@@ -217,6 +217,17 @@ MWindowSystemHeadless::Message MWindowSystemHeadless::ProcessNext() {
         return Message::Paint;
     }
     return Message::None;
+}
+
+std::optional<int64_t> MWindowSystemHeadless::GetNextTime() const {
+    if (actions.empty()) return alarm;
+    const int64_t action = actions.front().time;
+    return std::min(action, alarm.value_or(action));
+}
+
+void MWindowSystemHeadless::Post(std::function<void()> action, int64_t delay) {
+    lastPost = std::max(lastPost, time) + delay;
+    actions.push_back({lastPost, std::move(action)});
 }
 
 int32_t MWindowSystemHeadless::ProcessPending() {
@@ -234,8 +245,9 @@ bool MWindowSystemHeadless::WaitForMessage() {
         ++wakeUps;
         return true;
     }
-    if (alarm && *alarm - lastAction < EndlessTime) {
-        time = std::max(time, *alarm);
+    const std::optional<int64_t> next = GetNextTime();
+    if (next && *next - lastAction < EndlessTime) {
+        time = std::max(time, *next);
         return true;
     }
     for (int32_t waited = 0; waited < patience; ++waited) {
@@ -269,8 +281,8 @@ void MWindowSystemHeadless::RunApplication() {
 void MWindowSystemHeadless::AdvanceTime(int64_t milliseconds) {
     const int64_t end = time + milliseconds;
     while (ProcessPending() > 0) {}
-    while (alarm && *alarm <= end) {
-        time = std::max(time, *alarm);
+    for (std::optional<int64_t> next = GetNextTime(); next && *next <= end; next = GetNextTime()) {
+        time = std::max(time, *next);
         while (ProcessPending() > 0) {}
     }
     time = end;

@@ -23,8 +23,9 @@ public:
     [[nodiscard]] MWindowMessages& GetMessages() { return messages; }
     /// Replaces the monitors, of which the first is the primary one.
     void SetWorkAreas(std::vector<MRect> areas) { workAreas = std::move(areas); }
-    /// Runs in the next loop, in the order of posting.
-    void Post(std::function<void()> action) { actions.push_back(std::move(action)); }
+    /// Runs in the loop that is running then, in the order of posting, `delay` milliseconds after what was
+    /// posted before.
+    void Post(std::function<void()> action, int64_t delay = 0);
     /// Lets time pass, with all that happens in it.
     void AdvanceTime(int64_t milliseconds);
     /// For how long, in milliseconds of the real clock, a loop waits for other threads before it ends.
@@ -97,8 +98,14 @@ public:
 
 private:
     enum class Message { None, Action, Timer, Paint };
+    struct Action {
+        int64_t time;
+        std::function<void()> run;
+    };
 
     [[nodiscard]] Message ProcessNext();
+    /// When something will happen by itself; none for never.
+    [[nodiscard]] std::optional<int64_t> GetNextTime() const;
     /// True if something happened, at once or after some time.
     [[nodiscard]] bool WaitForMessage();
     void PutFrame(MControl& root, const MRect& frame);
@@ -110,7 +117,8 @@ private:
     std::vector<MControl*> windows;  ///< from the lowest to the topmost
     MControl* activeRoot = nullptr;
     MControl* capturingRoot = nullptr;
-    std::deque<std::function<void()>> actions;
+    std::deque<Action> actions;
+    int64_t lastPost = 0;
     std::atomic<bool> isWoken = false;
     bool isQuitting = false;
     int64_t time = 0;

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "foundation/text/MString.h"
+#include "ui/control/MControl.h"
+#include "ui/window/headless/MWindowSystemHeadless.h"
+
+/// What a user does, line by line, in a window in memory; points are in the window:
+///
+///     move X Y            press | release | click X Y | double X Y
+///     type WORDS          key NUMBER
+///     wheel STEPS         wait MILLISECONDS
+///     size WIDTH HEIGHT   picture FILE.png
+///
+/// Empty lines and those that begin with "#" are left out.
+class ExampleScript final {
+public:
+    ExampleScript(MWindowSystemHeadless& system, MControl& root) : system(system), root(root) {}
+
+    /// Runs the lines, a twentieth of a second apart, as far as the window stays, and closes it. Raises "{0} in the script is not understood." (2), and
+    /// what writing a picture raises.
+    void Run(const MString& text);
+
+private:
+    void RunLine(const MString& line);
+    void SavePicture(const MString& path);
+
+    MWindowSystemHeadless& system;
+    MControl& root;
+};
