@@ -331,7 +331,8 @@ private:
     bool ProcessKey(int32_t key, bool isDown, bool isShift);
     bool ProcessEscape(bool isDown);
     void TrackButtonsDown(const MSystemEvent& event);
-    void TrackButtonsUp(const MSystemEvent& event);
+    void TakeButton(const MSystemEvent& event);
+    void TrackButtonsUp(const MSystemEvent& event, bool isConsumed);
     [[nodiscard]] static MControlFlag GetButtonFlag(MEventType type);
     void ClearButtons();
     void FireClick(size_t click, const MSystemEvent& event);

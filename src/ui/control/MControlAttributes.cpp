@@ -7,9 +7,7 @@ void MControl::SetVisible(bool isVisible) {
     if (Is(MControlFlag::Visible) == isVisible) return;
     const MControlRef self(this);
     if (!isVisible) {
-        MSystemEvent event;
-        event.type = MEventType::BecomingInvisible;
-        DispatchEvent(event);
+        DispatchEvent({.type = MEventType::BecomingInvisible});
         if (!self) return;
         if (parent && IsShown())
             parent->InvalidateRect(contentRect.Shifted(windowOffset - parent->windowOffset));

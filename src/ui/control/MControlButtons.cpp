@@ -12,12 +12,6 @@ size_t GetButton(MEventType type) {
     return static_cast<size_t>(type) % std::size(ButtonFlags);
 }
 
-MSystemEvent MakeEvent(MEventType type) {
-    MSystemEvent event;
-    event.type = type;
-    return event;
-}
-
 }  // namespace
 
 MControlFlag MControl::GetButtonFlag(MEventType type) {
@@ -37,29 +31,36 @@ void MControl::FireClick(size_t click, const MSystemEvent& event) {
     if (clickEvents && windowRect.Contains(point)) (*clickEvents)[click].Fire({this, point});
 }
 
+void MControl::TakeButton(const MSystemEvent& event) {
+    // A handler may have taken the control away, and then the release goes elsewhere.
+    if (!IsShown() || !IsEnabled()) return;
+    if (event.type != MEventType::LeftDown || !Is(MControlFlag::NoMouseCapture)) SetCapture(this);
+    flags.Set(GetButtonFlag(event.type), true);
+    InvalidateHot();
+}
+
 void MControl::TrackButtonsDown(const MSystemEvent& event) {
     const MControlRef self(this);
-    if (event.IsPress() || event.IsDoubleClick()) {
-        if (event.IsPress()) SetFocus(this);
+    if (event.IsPress()) {
+        SetFocus(this);
         if (self && event.type == MEventType::LeftDown && Is(MControlFlag::RaisesPressEvent))
             FireClick(static_cast<size_t>(Click::Press), event);
-        // A handler may have taken the control away, and then the release goes elsewhere.
-        if (!self || !IsShown() || !IsEnabled()) return;
-        if (event.type != MEventType::LeftDown || !Is(MControlFlag::NoMouseCapture)) SetCapture(this);
-        flags.Set(GetButtonFlag(event.type), true);
-        InvalidateHot();
+        if (self) TakeButton(event);
     } else if (event.type == MEventType::MouseEnter || event.type == MEventType::GotFocus ||
                event.type == MEventType::LostFocus) {
         InvalidateHot();
     } else if (event.type == MEventType::Activation) {
         flags.Set(MControlFlag::Active, event.flag);
         if (event.flag) RefreshCursor();
-        if (MControl* const focused = GetRootState().focusedControl)
-            focused->DispatchEvent(MakeEvent(event.flag ? MEventType::GotFocus : MEventType::LostFocus));
+        // What was told that the focus is gone is told when it is back.
+        const bool wasTold = std::exchange(GetRootState().isFocusAway, !event.flag);
+        MControl* const focused = GetRootState().focusedControl;
+        if (focused && wasTold == event.flag)
+            focused->DispatchEvent({.type = event.flag ? MEventType::GotFocus : MEventType::LostFocus});
     }
 }
 
-void MControl::TrackButtonsUp(const MSystemEvent& event) {
+void MControl::TrackButtonsUp(const MSystemEvent& event, bool isConsumed) {
     const MControlRef self(this);
     if (event.IsRelease()) {
         flags.Set(GetButtonFlag(event.type), false);
@@ -67,7 +68,9 @@ void MControl::TrackButtonsUp(const MSystemEvent& event) {
         if (self) InvalidateHot();
         if (self) FireClick(GetButton(event.type), event);
     } else if (event.IsDoubleClick()) {
-        FireClick(static_cast<size_t>(Click::LeftDouble) + GetButton(event.type), event);
+        // Where nobody has consumed it, it comes again as a press, which then takes the mouse.
+        if (isConsumed) TakeButton(event);
+        if (self) FireClick(static_cast<size_t>(Click::LeftDouble) + GetButton(event.type), event);
     } else if (event.type == MEventType::MouseLeave) {
         ClearButtons();
         InvalidateHot();

@@ -39,10 +39,7 @@ void MControl::OnCaptureLost() {
     if (IsRoot() && holder && holder != this) return holder->OnCaptureLost();
 
     const MControlRef hover(GetRootState().hover);
-    MSystemEvent event;
-    event.type = MEventType::MouseLeave;
-    event.point = GetMousePoint();
-    if (hover.Get() != this) DispatchEvent(event);
+    if (hover.Get() != this) DispatchEvent({.type = MEventType::MouseLeave, .point = GetMousePoint()});
     if (hover) hover->OnMouseLeave();
 }
 

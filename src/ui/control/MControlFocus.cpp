@@ -18,11 +18,8 @@ void MControl::SetFocus(MControl* control) {
     const MControlRef lost(old);
     const MControlRef got(control);
     SetFocusPath(control);
-    MSystemEvent event;
-    event.type = MEventType::LostFocus;
-    if (lost) lost->DispatchEvent(event);
-    event.type = MEventType::GotFocus;
-    if (got && got->HasFocus()) got->DispatchEvent(event);
+    if (lost) lost->DispatchEvent({.type = MEventType::LostFocus});
+    if (got && got->HasFocus()) got->DispatchEvent({.type = MEventType::GotFocus});
 }
 
 void MControl::SetFocusPath(MControl* control) {

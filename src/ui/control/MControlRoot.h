@@ -30,6 +30,7 @@ struct MControlRoot {
     MControl* hover = nullptr;     ///< the deepest control that the mouse is in
     MControl* captured = nullptr;  ///< the one that has the mouse
     bool isTabOrderValid = false;
+    bool isFocusAway = false;  ///< the window is inactive, and the focused control knows it
 
     // What is to be painted, in window coordinates. Under the paint lock.
     MRect windowDirtyRect;

@@ -115,7 +115,7 @@ bool MControl::ProcessHere(const MSystemEvent& event) {
     if (!self) return true;
     const bool isConsumed = ProcessEvent(event);
     if (!self) return true;
-    TrackButtonsUp(event);
+    TrackButtonsUp(event, isConsumed);
     return isConsumed;
 }
 
@@ -171,10 +171,7 @@ void MControl::UpdateHover(MPoint windowPoint) {
 void MControl::OnMouseEnter() {
     flags.Set(MControlFlag::MouseInside, true);
     if (MWindows* const windows = GetWindows()) windows->GetSystem().TrackMouseLeave(*root, true);
-    MSystemEvent event;
-    event.type = MEventType::MouseEnter;
-    event.point = GetMousePoint();
-    DispatchEvent(event);
+    DispatchEvent({.type = MEventType::MouseEnter, .point = GetMousePoint()});
 }
 
 void MControl::OnMouseLeave() {
@@ -183,10 +180,7 @@ void MControl::OnMouseLeave() {
     if (IsRoot() && hover && hover != this) return hover->OnMouseLeave();
     GetRootState().hover = nullptr;
     flags.Set(MControlFlag::MouseInside, false);
-    MSystemEvent event;
-    event.type = MEventType::MouseLeave;
-    event.point = GetMousePoint();
-    DispatchEvent(event);
+    DispatchEvent({.type = MEventType::MouseLeave, .point = GetMousePoint()});
 }
 
 MPoint MControl::GetMousePoint() const {

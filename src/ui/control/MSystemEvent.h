@@ -83,7 +83,7 @@ enum class MEventType : uint32_t {
 struct MSystemEvent {
     MEventType type = MEventType::MouseMove;
     /// In window coordinates; a receiver converts it to its own by `MControl::GetOwnPoint`.
-    MPoint point;
+    MPoint point = {};
     MKeyModifiers modifiers = MModifierNone;
     int32_t wheelDelta = 0;     ///< of `Wheel`: steps, positive away from the user, never 0
     int32_t key = 0;            ///< of `KeyDown` and `KeyUp`: an `MKey` or the like

@@ -1,0 +1,217 @@
+#include "tests/ui/control/ControlFixture.h"
+
+namespace {
+
+class Dialogs final : public MWindowDialogs {
+public:
+    bool AskYesNo(MControl&, const MString& question) override {
+        asked += Text(question);
+        return answer;
+    }
+    void ShowInformation(MControl&, const MString& text) override { shown = Text(text); }
+    void ShowDocument(MControl&, const MString&, const MString& text) override { shown = Text(text); }
+
+    std::string asked;
+    std::string shown;
+    bool answer = false;
+};
+
+class WindowLifeTest : public ControlTest {
+protected:
+    WindowLifeTest() {
+        Open(root);
+        Prepare(popup, {150, 150}, {100, 50});
+        Take();
+    }
+    ~WindowLifeTest() noexcept override = default;
+
+    MModalValue RunPopup(std::function<void()> action) {
+        system.Post(std::move(action));
+        return popup.RunModal(&root);
+    }
+
+    Probe root{nullptr, "root", log};
+    Probe popup{nullptr, "popup", log};
+};
+
+TEST_F(WindowLifeTest, ModalWindowsBlockTheirOwnerUntilTheyAreClosed) {
+    EXPECT_EQ(RunPopup([&] {
+                  EXPECT_EQ(system.GetActiveRoot(), &popup);
+                  Take();
+                  user.Click({120, 120});
+                  user.Click({160, 160});
+                  EXPECT_EQ(Take(), "popup:enter popup:down popup:up");
+                  popup.CloseWindow(MModalValue::Yes);
+                  popup.CloseWindow(MModalValue::No);
+                  EXPECT_TRUE(system.IsVisible(popup)) << "the loop ends first";
+              }),
+              MModalValue::Yes)
+        << "the first result stays";
+    EXPECT_FALSE(system.IsVisible(popup));
+    EXPECT_EQ(system.GetActiveRoot(), &root);
+    EXPECT_FALSE(popup.Is(MControlFlag::Modal));
+    MControl windowless;
+    EXPECT_EQ(windowless.RunModal(&root), MModalValue::Cancel);
+}
+
+TEST_F(WindowLifeTest, ClosesAsItsFlagsSay) {
+    struct Case {
+        const char* what;
+        MControlFlag flag;
+        std::function<void()> action;
+        bool isClosed;
+    };
+    const auto escape = [&] { user.PressKey(MKeyEscape); };
+    const Case cases[] = {
+        {"escape", MControlFlag::CloseOnEscape, escape, true},
+        {"escape without the flag", MControlFlag::CloseOnDeactivate, escape, false},
+        {"another window", MControlFlag::CloseOnDeactivate, [&] { system.Activate(root); }, true},
+        {"another program", MControlFlag::CloseOnDeactivate, [&] { system.ActivateOtherProgram("Editor"); }, true},
+        {"the host's mixer", MControlFlag::CloseOnDeactivate, [&] { system.ActivateOtherProgram("Mixer 1"); },
+         false},
+        {"without the flag", MControlFlag::CloseOnEscape, [&] { system.Activate(root); }, false},
+        {"the platform's button", MControlFlag::CloseOnEscape,
+         [&] { system.GetMessages().OnCloseRequested(popup); }, true},
+    };
+    for (const Case& test : cases) {
+        popup.Set(MControlFlag::CloseOnEscape, false);
+        popup.Set(MControlFlag::CloseOnDeactivate, false);
+        popup.Set(test.flag);
+        const MModalValue result = RunPopup([&] {
+            test.action();
+            if (popup.GetRootState().modalResult == MModalValue::None) popup.CloseWindow(MModalValue::Ok);
+        });
+        EXPECT_EQ(result, test.isClosed ? MModalValue::Cancel : MModalValue::Ok) << test.what;
+    }
+    popup.Set(MControlFlag::CloseOnEscape);
+    popup.canClose = false;
+    EXPECT_EQ(RunPopup([&] { escape(), popup.CloseWindow(MModalValue::Ok); }), MModalValue::Ok)
+        << "the window may refuse";
+}
+
+TEST_F(WindowLifeTest, APressThatClosesAPopupStopsThere) {
+    popup.Set(MControlFlag::CloseOnDeactivate);
+    RunPopup([&] { system.Activate(root); });
+    Take();
+    user.Click({110, 110});
+    EXPECT_EQ(Take(), "root:enter");
+    system.AdvanceTime(100);
+    user.Click({130, 130});
+    EXPECT_EQ(Take(), "root:down root:up");
+}
+
+TEST_F(WindowLifeTest, AsksBeforeItClosesForGood) {
+    Dialogs dialogs;
+    windows.dialogs = &dialogs;
+    MControl asking;
+    asking.Set(MControlFlag::ConfirmClose);
+    Open(asking, {600, 100});
+    system.GetMessages().OnCloseRequested(asking);
+    EXPECT_TRUE(system.IsVisible(asking));
+    EXPECT_EQ(dialogs.asked, "Are you sure you want to close the application?");
+    dialogs.answer = true;
+    system.GetMessages().OnCloseRequested(asking);
+    EXPECT_FALSE(system.IsVisible(asking));
+    root.CloseWindow(MModalValue::None);
+    EXPECT_EQ(Take(), "root:blur root:activation root:hidden");
+}
+
+TEST_F(WindowLifeTest, ShowsHelpOfWhatIsUnderTheMouse) {
+    Dialogs dialogs;
+    windows.dialogs = &dialogs;
+    MControl panel(&root);
+    MControl knob(&panel);
+    Place(panel, {0, 0, 99, 99});
+    Place(knob, {0, 0, 49, 49});
+    root.UpdateLayout();
+    user.PlaceMouse({110, 110});
+    const auto press = [&](int32_t key, MKeyModifiers keys = MModifierNone) {
+        dialogs.shown.clear();
+        user.HoldKeys(keys);
+        user.PressKey(key);
+        return dialogs.shown;
+    };
+    EXPECT_EQ(press(MKeyF1), "Sorry, no help is defined for this control.");
+    EXPECT_EQ(press('H'), "");
+    panel.help = "All about it.";
+    EXPECT_EQ(press('H', MModifierControl), "Sorry, no help is defined for this control.");
+    knob.Set(MControlFlag::UseParentHelp);
+    EXPECT_THAT(press(MKeyF1), testing::EndsWith("</tagset>All about it."));
+    knob.infoText = "It turns.";
+    root.help = "A window.";
+    root.ShowHelp(root);
+    EXPECT_THAT(dialogs.shown, testing::HasSubstr("A window.<justify><s/></justify>All about it."
+                                                  "<justify><s/></justify>It turns.<p/><p><i><cgreen>Move"));
+}
+
+TEST_F(WindowLifeTest, MovesAndResizesWithoutAFrame) {
+    root.Set(MControlFlag::WindowMovable);
+    user.MoveMouse({150, 150});
+    user.PressButton();
+    for (const MPoint point : {MPoint{160, 140}, MPoint{400, 300}}) user.MoveMouse(point);
+    user.ReleaseButton();
+    EXPECT_EQ(system.GetFrame(root), MRect::FromSize(350, 250, 300, 200));
+    EXPECT_FALSE(root.GetCapture() || root.Is(MControlFlag::LeftDown));
+
+    root.Set(MControlFlag::Resizable);
+    root.GetRootState().flexibility = MFlexibleBoth;
+    for (const bool isLive : {true, false}) {
+        root.minimalSize = {250, 150};
+        root.Set(MControlFlag::LiveResizing, isLive);
+        const MRect before = system.GetFrame(root);
+        user.MoveMouse(before.GetTopLeft() + MPoint{2, 2});
+        EXPECT_EQ(system.GetShownCursor(root), MStdCursor::Size);
+        user.PressButton();
+        user.MoveMouse(before.GetTopLeft() + MPoint{500, -8});
+        EXPECT_EQ(system.CountDragFrames(), isLive ? 0 : 1);
+        EXPECT_EQ(system.GetFrame(root) == before, !isLive);
+        user.MoveMouse(before.GetTopLeft() + MPoint{12, -8});
+        user.ReleaseButton();
+        EXPECT_EQ(system.CountDragFrames(), 0);
+        EXPECT_EQ(system.GetFrame(root), (MRect{before.left + 10, before.top - 10, before.right, before.bottom}));
+        EXPECT_EQ(root.size.x, before.GetWidth() - 10);
+    }
+    system.Maximize(root);
+    EXPECT_EQ(root.HitTestWindowBorder({1, 1}), 0);
+}
+
+TEST_F(WindowLifeTest, SurvivesTheEndOfTheWindowInAnyHandler) {
+    for (const MEventType type : {MEventType::LeftDown, MEventType::LeftUp, MEventType::MouseEnter, MEventType::GotFocus,
+                                  MEventType::LostFocus, MEventType::KeyDown, MEventType::Wheel}) {
+        auto window = std::make_unique<Probe>(nullptr, "window", log);
+        auto* const child = new Probe(window.get(), "child", log);
+        Place(*child, {0, 0, 299, 199});
+        child->onEvent = [&](const MSystemEvent& event) {
+            if (event.type == type) window.reset();
+        };
+        Prepare(*window, {600, 400});
+        system.Post([&] {
+            user.MoveMouse({650, 450});
+            user.Click({650, 450});
+            user.TurnWheel(-120);
+            user.PressKey(MKeyTab);
+            window.reset();
+        });
+        window->RunModal(type == MEventType::KeyDown ? nullptr : &root);
+        EXPECT_FALSE(window);
+    }
+}
+
+TEST_F(WindowLifeTest, EndsThousandsOfControlsInTheirOrder) {
+    struct Child : MControl {
+        Child(MControl* parent, std::vector<int32_t>& order, int32_t number)
+            : MControl(parent), order(order), number(number) {}
+        ~Child() override { order.push_back(number); }
+        std::vector<int32_t>& order;
+        int32_t number;
+    };
+    std::vector<int32_t> order;
+    {
+        MControl parent;
+        for (int32_t i = 0; i < 20000; ++i) new Child(&parent, order, i);
+    }
+    EXPECT_EQ(order.size(), 20000);
+    EXPECT_TRUE(std::is_sorted(order.begin(), order.end()));
+}
+
+}  // namespace
