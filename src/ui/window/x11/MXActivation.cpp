@@ -43,14 +43,14 @@ void MXActivation::Activate(MControl& root) {
 
 void MXActivation::Forget(MControl& root) {
     if (focused == &root) focused = nullptr;
-    if (active == &root) SetActive(nullptr);
+    if (active == &root) SetActive(focused);
 }
 
 MString MXActivation::GetForeignTitle() const {
     const MXConnection& connection = display.connection;
     const MXProperty window =
         connection.GetProperty(connection.GetRoot(), connection[MXAtom::NetActiveWindow]);
-    if (window.GetWords().empty() || window.GetWords().front() == XCB_WINDOW_NONE) return {};
+    if (window.GetWords().empty() || display.Find(window.GetWords().front())) return {};
     return MDecodeUTF8Exact(
         connection.GetProperty(window.GetWords().front(), connection[MXAtom::NetWMName]).bytes);
 }

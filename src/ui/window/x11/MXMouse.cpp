@@ -60,8 +60,12 @@ void MXMouse::OnPress(const xcb_button_press_event_t& event) {
     const bool isDouble = IsDoubleClick(event);
     MControl* const root = FindTarget(event, point);
     if (!root) return;
-    if (!captured)
-        MXWindow::Of(*root)->TakeOrigin({event.root_x - event.event_x, event.root_y - event.event_y});
+    if (!captured) {
+        // Not every manager tells where it has put a window.
+        const MPoint origin{event.root_x - event.event_x, event.root_y - event.event_y};
+        MXWindow::Of(*root)->TakeOrigin(origin);
+        messages.OnMoved(*root, origin);
+    }
     MXWindow::Of(*root)->TellUserTime();
     messages.OnMouse(*root,
                      GetType(isDouble ? MEventType::LeftDoubleClick : MEventType::LeftDown, event.detail),
