@@ -52,16 +52,15 @@ public:
     LoadedLibraries() {
         void** address = MXAddresses;
         void* handle = nullptr;
-        Library* library = libraries.data() - 1;
+        size_t count = 0;
         for (const Entry& entry : Entries) {
             if (entry.file) {
                 handle = dlopen(entry.file, RTLD_NOW | RTLD_LOCAL);
-                *++library = {entry.file, handle != nullptr};
-            } else {
-                *address = handle ? dlsym(handle, entry.function) : nullptr;
-                library->isLoaded = library->isLoaded && *address;
-                ++address;
+                libraries[count++] = {entry.file, handle != nullptr};
+                continue;
             }
+            *address = handle ? dlsym(handle, entry.function) : nullptr;
+            if (!*address++) libraries[count - 1].isLoaded = false;
         }
     }
     [[nodiscard]] const Library& operator[](MXLibrary library) const {
