@@ -4,8 +4,8 @@
 #include "ui/control/MWindowSystem.h"
 #include "ui/window/x11/MXClipboard.h"
 
+#include <algorithm>
 #include <atomic>
-#include <cstring>
 #include <semaphore>
 #include <thread>
 
@@ -15,7 +15,7 @@ namespace {
 
 MBuffer ToBuffer(const std::string& bytes) {
     MBuffer buffer(static_cast<int32_t>(bytes.size()));
-    std::memcpy(buffer.EditBlock(), bytes.data(), bytes.size());
+    std::ranges::copy(bytes, static_cast<char*>(buffer.EditBlock()));
     return buffer;
 }
 
