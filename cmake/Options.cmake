@@ -47,7 +47,9 @@ if(WIN32)
     target_compile_definitions(corvanth-options INTERFACE
         UNICODE _UNICODE _WIN32_WINNT=0x0601 WINVER=0x0601)
     # Without time stamps two builds of the same sources are equal byte for byte.
+    # Programs that say they are older than Windows 7 get borders and metrics of that time.
     target_link_options(corvanth-options INTERFACE
+        LINKER:--major-subsystem-version,6 LINKER:--minor-subsystem-version,1
         LINKER:--no-insert-timestamp LINKER:--large-address-aware LINKER:--dynamicbase LINKER:--nxcompat)
 elseif(CORVANTH_STATIC_LIBRARIES)
     target_link_options(corvanth-options INTERFACE -static-libstdc++ -static-libgcc)

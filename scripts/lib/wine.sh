@@ -11,6 +11,7 @@ wine_directory=${CORVANTH_WINE_DIRECTORY:-$cache_directory/wine}
 use_scratch_wine() {
     mkdir -p "$wine_directory/home"
     unset DISPLAY WAYLAND_DISPLAY XDG_CONFIG_HOME XDG_DATA_HOME XDG_DESKTOP_DIR
+    [ -z "${CORVANTH_WINE_DISPLAY:-}" ] || export DISPLAY=$CORVANTH_WINE_DISPLAY
     export CORVANTH_WINE_DIRECTORY=$wine_directory
     export CORVANTH_WINDOWS_BITS=${1:-${CORVANTH_WINDOWS_BITS:-64}}
     export HOME=$wine_directory/home
@@ -46,10 +47,11 @@ separate_user_folders() {
     done
 }
 
-# Starts the server of the scratch prefix, to stay until it is ended. Left to itself it goes when the last program has
-# ended, and a program that comes at that moment is turned away.
+# Starts the server of the scratch prefix, to stay until it is ended, and a display in memory for its windows. Left to
+# itself the server goes when the last program has ended, and a program that comes at that moment is turned away.
 begin_scratch_wine() {
     end_scratch_wine
+    begin_wine_display
     wineserver -p >/dev/null 2>&1 </dev/null
 }
 
@@ -57,4 +59,25 @@ begin_scratch_wine() {
 end_scratch_wine() {
     wineserver -k >/dev/null 2>&1 || true
     timeout 60 wineserver -w >/dev/null 2>&1 || true
+    [ -z "${wine_display_process:-}" ] || kill "$wine_display_process" 2>/dev/null || true
+    unset wine_display_process CORVANTH_WINE_DISPLAY DISPLAY
+}
+
+# A display that resets itself loses its monitors with its last client.
+wine_display_options=(-noreset -nolisten tcp -screen 0 1280x1024x24)
+
+begin_wine_display() {
+    local number_file number
+    have Xvfb || return 0
+    number_file=$(mktemp "${TMPDIR:-/tmp}/corvanth-display.XXXXXX")
+    Xvfb "${wine_display_options[@]}" -displayfd 3 3>"$number_file" >/dev/null 2>&1 </dev/null &
+    wine_display_process=$!
+    for _ in {1..100}; do
+        [ ! -s "$number_file" ] || break
+        sleep 0.1
+    done
+    number=$(cat "$number_file")
+    rm -f "$number_file"
+    [ -n "$number" ] || return 0
+    export CORVANTH_WINE_DISPLAY=:$number DISPLAY=:$number
 }
