@@ -54,10 +54,9 @@ void MBackgroundWindow::StartTimer() {
     SetTimer(window, AlarmTimer, static_cast<UINT>(wait), nullptr);
 }
 
+// The alarm stays until another is set, so that it also rings in a loop that a handler runs meanwhile.
 void MBackgroundWindow::CheckAlarm() {
-    if (!alarm || GetTime() < *alarm) return;
-    SetAlarm(std::nullopt);
-    Attend();
+    if (alarm && GetTime() >= *alarm) Attend();
 }
 
 void MBackgroundWindow::WakeUp() {
@@ -76,9 +75,9 @@ LRESULT CALLBACK MBackgroundWindow::Procedure(HWND window, UINT message, WPARAM 
         self->isAwake = false;
         self->Attend();
     } else {
+        // Timers of the system may be early.
+        if (self->alarm && GetTime() < *self->alarm) self->StartTimer();
         self->CheckAlarm();
-        // Timers of the system may be early, and go on.
-        if (self->alarm) self->StartTimer();
     }
     return 0;
 }

@@ -12,8 +12,8 @@
 /// in. Without an alarm and a wake-up it causes no message.
 class MBackgroundWindow final {
 public:
-    /// `attend` is called at the time of the alarm and after `WakeUp`. Raises "Could not create temporary
-    /// background window." (0).
+    /// `attend` is called after `WakeUp`, and at the time of the alarm, whereupon it sets the next one or
+    /// none. Raises "Could not create temporary background window." (0).
     explicit MBackgroundWindow(std::function<void()> attend);
     MBackgroundWindow(const MBackgroundWindow&) = delete;
     MBackgroundWindow& operator=(const MBackgroundWindow&) = delete;
