@@ -81,7 +81,7 @@ MPoint MControl::GetShownSize() const {
 }
 
 MPoint MControl::GetOffsetInParent() const {
-    if (Is(MControlFlag::OverlayControl)) return position;
+    if (Is(MControlFlag::OverlayControl)) return AddPlaces(position, {});
     if (!IsHeld())
         return AddPlaces(AddPlaces(layoutOffset, position),
                          parent ? parent->clientRect.GetTopLeft() : MPoint());
@@ -89,6 +89,7 @@ MPoint MControl::GetOffsetInParent() const {
 }
 
 void MControl::StoreSize(MPoint newSize) {
+    newSize = {MClampLength(newSize.x), MClampLength(newSize.y)};
     if (newSize == size) return;
     size = newSize;
     OnSizeChanged(newSize);

@@ -139,6 +139,7 @@ void MControl::ComputeSizes() {
 void MControl::ComputeMinimalSize() {
     MStyle* const style = GetStyle();
     if (!style) return;
+    StoreSize(size);  // A document may have set any size.
     PrepareContent();
     style->AttachControl(*this);
     for (MControl* child : children) child->ComputeMinimalSize();

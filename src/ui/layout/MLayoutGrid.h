@@ -16,7 +16,7 @@
 ///
 /// A control may span columns and rows, as far as they are free; those grow until it fits. A column that
 /// nothing gives a width stretches if a spanning control begins in it, or behind a column of fixed width.
-/// What is below the last row is left to the next layout.
+/// What is below the last row is left to the next layout: with `verticalFill` that is nothing.
 class MLayoutGrid final : public MLayout {
 public:
     static constexpr int32_t MaximalColumns = 32;
