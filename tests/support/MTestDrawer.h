@@ -22,7 +22,7 @@ public:
     MTestDrawer(MBitmap& bitmap, const MString& fontFolder) : MTestDrawer(bitmap) {
         constexpr const char* Names[FontCount] = {"Regular", "Bold", "Italic", "Regular",
                                                   "Bold",    "Bold", "Bold",   "Bold"};
-        constexpr int32_t Sizes[FontCount] = {13, 13, 13, 11, 22, 18, 16, 15};
+        constexpr int32_t Sizes[FontCount] = {13, 13, 13, 10, 15, 17, 20, 54};
         MList<MString> paths;
         paths.Add(MFile::Join(fontFolder, "dejavu/DejaVuSans.ttf"));
         substitutes = std::make_unique<MFontSubstitutes>(paths);
