@@ -50,8 +50,13 @@ int32_t MSTMLObject::GetMaximalWidth(MSTMLContext& context) {
     return GetMinimalWidth(context);
 }
 
+void MSTMLObject::PaintInCell(MSTMLContext& context, const MRect& cell, int32_t availableWidth,
+                              bool isInverted) {
+    PaintObject(context, GetAligned(cell, GetSize(context, availableWidth, cell.GetHeight())), isInverted);
+}
+
 void MSTMLObject::Paint(MSTMLContext& context, const MRect& rect, bool isInverted) {
-    PaintObject(context, GetAligned(rect, GetSize(context, rect.GetWidth(), rect.GetHeight())), isInverted);
+    PaintInCell(context, rect, rect.GetWidth(), isInverted);
 }
 
 MRect MSTMLObject::GetAligned(const MRect& rect, MPoint size) const {

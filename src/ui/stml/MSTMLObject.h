@@ -28,7 +28,9 @@ public:
     int32_t ComputeSize(MSTMLContext& context, int32_t width, int32_t& outWidth) override;
     [[nodiscard]] int32_t GetMinimalWidth(MSTMLContext& context) override;
     [[nodiscard]] int32_t GetMaximalWidth(MSTMLContext& context) override;
-    /// Aligned, where the rectangle is larger.
+    /// Paints the object, aligned in a cell that may be larger; its width may be a share of `availableWidth`,
+    /// its height one of the cell's.
+    void PaintInCell(MSTMLContext& context, const MRect& cell, int32_t availableWidth, bool isInverted);
     void Paint(MSTMLContext& context, const MRect& rect, bool isInverted) override;
     [[nodiscard]] bool HasContent() const override { return true; }
 

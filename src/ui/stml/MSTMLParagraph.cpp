@@ -185,8 +185,8 @@ void MSTMLParagraph::PaintLine(MSTMLContext& context, MSTMLCursor& cursor, const
             MSTMLObject& object = cursor.NextObject();
             const int32_t width = object.GetSize(context, rect.GetWidth(), MSTMLUnlimited).x;
             pen.TakeObject(width);
-            object.Paint(context, MRect::FromSize(left + pen.GetOrigin(), rect.top, width, rect.GetHeight()),
-                         isInverted);
+            const MRect cell = MRect::FromSize(left + pen.GetOrigin(), rect.top, width, rect.GetHeight());
+            object.PaintInCell(context, cell, rect.GetWidth(), isInverted);
         }
         ++taken;
         left += justification.Take(isSpace);

@@ -71,8 +71,7 @@ MSTMLIndicator* MSTMLIndicator::Clone() const {
 }
 
 int32_t MSTMLIndicator::GetPlace(double place, int32_t width) const {
-    const double share = (place - min) / (max - min);
-    // No number, if the scale has no length.
+    const double share = max == min ? 0 : (place - min) / (max - min);
     return share > 0 ? static_cast<int32_t>(std::lround(std::min(share, 1.0) * width)) : 0;
 }
 
