@@ -22,16 +22,15 @@ public:
     MTestDrawer(MBitmap& bitmap, const MString& fontFolder) : MTestDrawer(bitmap) {
         constexpr const char* Names[FontCount] = {"Regular", "Bold", "Italic", "Regular",
                                                   "Bold",    "Bold", "Bold",   "Bold"};
-        constexpr int32_t Sizes[FontCount] = {13, 13, 13, 10, 15, 17, 20, 54};
         MList<MString> paths;
         paths.Add(MFile::Join(fontFolder, "dejavu/DejaVuSans.ttf"));
         substitutes = std::make_unique<MFontSubstitutes>(paths);
         for (int32_t i = 0; i < FontCount; ++i) {
             fonts[i].LoadFromFile(
                 MFile::Join(fontFolder, MString("liberation/LiberationSans-") + Names[i] + ".ttf"));
-            fonts[i].SetSize(-Sizes[i]);
             fonts[i].SetSubstitutes(substitutes.get());
         }
+        SetScale(100);
     }
     /// With one file for all fonts, at one size in pixels.
     MTestDrawer(MBitmap& bitmap, const MString& fontPath, int32_t size) : MTestDrawer(bitmap) {
@@ -39,6 +38,13 @@ public:
             font.LoadFromFile(fontPath);
             font.SetSize(-size);
         }
+    }
+
+    /// Of lengths and of the fonts of a folder, in percent.
+    void SetScale(int32_t newScale) {
+        constexpr int32_t Sizes[FontCount] = {13, 13, 13, 10, 15, 17, 20, 54};
+        scale = newScale;
+        for (int32_t i = 0; i < FontCount; ++i) fonts[i].SetSize(-Sizes[i] * scale / 100);
     }
 
     [[nodiscard]] MBitmap* GetStdIcon(int32_t) override { return &icon; }
@@ -62,7 +68,7 @@ public:
 
     std::array<MFont, FontCount> fonts;
     std::array<int32_t, std::size(MStyleMetricNames)> sizes = {};
-    int32_t scale = 100;  ///< in percent
+    int32_t scale = 100;
 
 private:
     explicit MTestDrawer(MBitmap& bitmap) : MDrawerToMBitmap(bitmap), icon(IconSize, IconSize) {
