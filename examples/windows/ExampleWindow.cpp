@@ -1,8 +1,17 @@
 #include "examples/windows/ExampleWindow.h"
 
+#include "foundation/files/MFile.h"
 #include "foundation/text/MStringFormatter.h"
+#include "streams/basic/MStdFileStream.h"
+#include "ui/control/MWindows.h"
 #include "ui/layout/MLayoutClient.h"
 #include "ui/layout/MLayoutSide.h"
+
+namespace {
+
+constexpr int32_t CaptureKey = MKeyF1 + 11;
+
+}  // namespace
 
 ExampleWindow::ExampleWindow(const MString& text, ExampleLog log)
     : MWindow("Example", "Windows"), log(std::move(log)) {
@@ -22,6 +31,7 @@ ExampleWindow::ExampleWindow(const MString& text, ExampleLog log)
     bottom->Add(*status);
     MakeColumn();
     SetClientControl(new ExampleText(this, text));
+    GetShortcuts().Connect(this, &ExampleWindow::Capture, {.key = CaptureKey});
 }
 
 void ExampleWindow::MakeButtons() {
@@ -84,6 +94,16 @@ void ExampleWindow::OpenDialog() {
     bottom->Add(*new ExampleButton(&dialog, "OK", [&dialog] { dialog.CloseWindow(MModalValue::Ok); }));
     dialog.CreateWindow(this);
     Tell(MFormat("dialog {0}", MValueEnum<MModalValue>::ToName(dialog.RunModal(this))));
+}
+
+void ExampleWindow::Capture(const MOnKeyboardShortcutParams&) {
+    MBitmap picture;
+    if (!MWindows::GetInstance()->GetSystem().CaptureToBitmap(*this, picture)) return;
+    MStdFileStream file;
+    file.Open(MFile::Normalize("capture.png"), MOpenWrite | MOpenCreate);
+    picture.SavePNG(file);
+    file.Close();
+    log("captured");
 }
 
 void ExampleWindow::OnHidden() {

@@ -19,6 +19,7 @@ private:
     void OpenPopup();
     void OpenDialog();
     void Tell(const MString& line);
+    void Capture(const MOnKeyboardShortcutParams& params);
 
     ExampleLog log;
     std::unique_ptr<MWindow> popup;

@@ -52,12 +52,12 @@ bool MWindows::HasRoot(const MControl* root) const {
     return MFindInList(roots, root) >= 0;
 }
 
-bool MWindows::IsBlocked(const MControl& root) const {
-    for (const MControl* other : roots) {
+MControl* MWindows::GetBlocker(const MControl& root) const {
+    for (MControl* other : roots) {
         if (other == &root || !other->Is(MControlFlag::ModalRunning)) continue;
-        if (other->GetRootState().windowParent.Get() == &root) return true;
+        if (other->GetRootState().windowParent.Get() == &root) return other;
     }
-    return false;
+    return nullptr;
 }
 
 void MWindows::AddInvalidator(MControlInvalidator& invalidator) {

@@ -51,8 +51,9 @@ public:
     void RemoveRoot(MControl& root);
     [[nodiscard]] const MList<MControl, MListPointers>& GetRoots() const { return roots; }
     [[nodiscard]] bool HasRoot(const MControl* root) const;
-    /// Whether a root is blocked by a modal window that was opened over it.
-    [[nodiscard]] bool IsBlocked(const MControl& root) const;
+    /// The modal window that was opened over a root and keeps the user from it, or null.
+    [[nodiscard]] MControl* GetBlocker(const MControl& root) const;
+    [[nodiscard]] bool IsBlocked(const MControl& root) const { return GetBlocker(root) != nullptr; }
     void AddInvalidator(MControlInvalidator& invalidator);
     void RemoveInvalidator(MControlInvalidator& invalidator);
     /// The control of no invalidator is this one any more.

@@ -57,9 +57,22 @@ bool MWindowMessages::IsHoldingOff() {
     return false;
 }
 
+/// A press beside a modal window closes a popup, and brings any other one to the front.
+void MWindowMessages::OnPressBeside(MControl& blocker, MControl& root) {
+    if (blocker.Is(MControlFlag::CloseOnDeactivate))
+        OnDeactivated(blocker, &root, MString());
+    else
+        system.Activate(blocker);
+}
+
 /// Whether an event is for a root at all; activates an inactive one by a press.
 bool MWindowMessages::TakesMouse(MControl& root, const MSystemEvent& event) {
-    if (!isMouseEnabled || IsBlocked(root)) return false;
+    MWindows* const windows = MWindows::GetInstance();
+    if (!isMouseEnabled || !windows) return false;
+    if (MControl* const blocker = windows->GetBlocker(root)) {
+        if (event.IsPress() || event.IsDoubleClick()) OnPressBeside(*blocker, root);
+        return false;
+    }
     if (event.type != MEventType::MouseMove && IsHoldingOff()) return false;
     if (root.Is(MControlFlag::Active) || root.Is(MControlFlag::TakesMouseWhenInactive)) return true;
     if (root.FindControlAt(event.point).Is(MControlFlag::TakesMouseWhenInactive)) return true;

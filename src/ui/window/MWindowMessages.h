@@ -27,7 +27,8 @@ public:
 
     /// A move, press, release, double click or turn of the wheel, whose delta is in 120ths of a step. What is
     /// not consumed of a double click comes as a press. An inactive window is activated by a press, and gets
-    /// nothing else unless a control wants it; one behind a modal window gets nothing.
+    /// nothing else unless a control wants it; one behind a modal window gets nothing, but a press there
+    /// closes a popup or brings another modal window to the front.
     bool OnMouse(MControl& root, MEventType type, MPoint point, MKeyModifiers modifiers,
                  int32_t wheelDelta = 0);
     void OnMouseLeave(MControl& root);
@@ -49,6 +50,7 @@ public:
 
 private:
     [[nodiscard]] bool IsHoldingOff();
+    void OnPressBeside(MControl& blocker, MControl& root);
     [[nodiscard]] bool TakesMouse(MControl& root, const MSystemEvent& event);
     bool SendKey(MControl& root, MSystemEvent event);
 
