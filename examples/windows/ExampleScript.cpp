@@ -25,7 +25,9 @@ void ExampleScript::RunLine(const MString& line) {
     const int32_t x = static_cast<int32_t>(MParseInt64(rest));
     const int32_t y =
         second == MString::NotFound ? 0 : static_cast<int32_t>(MParseInt64(rest.Substring(second + 1)));
-    const MPoint point = MPoint{x, y} + system.GetFrame(root).GetTopLeft();
+    // While a button is held the window may be moving.
+    if (!(user.GetModifiers() & MModifierLeftButton)) origin = system.GetFrame(root).GetTopLeft();
+    const MPoint point = MPoint{x, y} + origin;
     if (word == "move") {
         user.MoveMouse(point);
     } else if (word == "press") {
@@ -42,8 +44,6 @@ void ExampleScript::RunLine(const MString& line) {
         user.PressKey(x);
     } else if (word == "wheel") {
         user.TurnWheel(x * 120);
-    } else if (word == "size") {
-        system.Resize(root, {x, y});
     } else if (word == "picture") {
         SavePicture(rest);
     } else if (word != "wait") {

@@ -4,12 +4,13 @@
 #include "ui/control/MControl.h"
 #include "ui/window/headless/MWindowSystemHeadless.h"
 
-/// What a user does, line by line, in a window in memory; points are in the window:
+/// What a user does, line by line, in a window in memory; points are in the window, where it was
+/// when no button was held:
 ///
 ///     move X Y            press | release | click X Y | double X Y
 ///     type WORDS          key NUMBER
 ///     wheel STEPS         wait MILLISECONDS
-///     size WIDTH HEIGHT   picture FILE.png
+///     picture FILE.png
 ///
 /// Empty lines and those that begin with "#" are left out.
 class ExampleScript final {
@@ -26,4 +27,5 @@ private:
 
     MWindowSystemHeadless& system;
     MControl& root;
+    MPoint origin;  ///< of the window on the screen when no button was held
 };
