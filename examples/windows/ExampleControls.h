@@ -30,6 +30,7 @@ class ExampleText final : public MControl {
 public:
     ExampleText(MControl* parent, const MString& text);
 
+    [[nodiscard]] MFlexibility GetFlexibility() override { return MFlexibleBoth; }
     [[nodiscard]] int32_t ComputePlasticSize(int32_t dimension, int32_t otherDimensionSize) override;
     void PaintContent(MDrawer& drawer) override;
 
