@@ -44,7 +44,7 @@ MString LoadText() {
 /// The work against the masks of the text's letters alone.
 class Subject {
 public:
-    Subject() : drawer(bitmap, Fonts), text(LoadText()), document(text) {
+    Subject() : drawer(Fonts), text(LoadText()), document(text) {
         bitmap.CreateOpaque(Width, document.Measure(drawer, Width));
         drawer.SetBitmap(&bitmap);
         document.Paint(drawer, bitmap.GetRect(), false);

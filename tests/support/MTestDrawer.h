@@ -19,7 +19,7 @@ public:
     static constexpr int32_t IconSize = 10;
 
     /// Files and sizes are those of `MStdFont`.
-    MTestDrawer(MBitmap& bitmap, const MString& fontFolder) : MTestDrawer(bitmap) {
+    explicit MTestDrawer(const MString& fontFolder) : MTestDrawer() {
         constexpr const char* Names[FontCount] = {"Regular", "Bold", "Italic", "Regular",
                                                   "Bold",    "Bold", "Bold",   "Bold"};
         MList<MString> paths;
@@ -33,7 +33,7 @@ public:
         SetScale(100);
     }
     /// With one file for all fonts, at one size in pixels.
-    MTestDrawer(MBitmap& bitmap, const MString& fontPath, int32_t size) : MTestDrawer(bitmap) {
+    MTestDrawer(const MString& fontPath, int32_t size) : MTestDrawer() {
         for (MFont& font : fonts) {
             font.LoadFromFile(fontPath);
             font.SetSize(-size);
@@ -71,7 +71,7 @@ public:
     int32_t scale = 100;
 
 private:
-    explicit MTestDrawer(MBitmap& bitmap) : MDrawerToMBitmap(bitmap), icon(IconSize, IconSize) {
+    MTestDrawer() : icon(IconSize, IconSize) {
         MDrawerToMBitmap(icon).FillRectangle(icon.GetRect().Shrunk(2, 2), GetTextColor(1, false),
                                              MDrawMode::Copy);
     }

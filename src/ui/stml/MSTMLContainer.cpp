@@ -5,7 +5,7 @@
 #include <algorithm>
 
 MSTMLContainer::MSTMLContainer(const MSTMLContainer& other) : MSTMLItem(other), fill(other.fill) {
-    for (const auto& item : other.items) items.emplace_back(item->Clone());
+    for (const auto& item : other.items) items.push_back(std::unique_ptr<MSTMLItem>(item->Clone()));
 }
 
 MSTMLContainer* MSTMLContainer::Clone() const {

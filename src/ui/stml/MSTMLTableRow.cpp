@@ -23,11 +23,12 @@ MSTMLTableRow::MSTMLTableRow(const MSTMLTableRow& other)
       border(other.border),
       borderAlpha(other.borderAlpha),
       columns(other.columns) {
-    for (const auto& cell : other.cells) cells.emplace_back(cell->Clone());
+    for (const auto& cell : other.cells) cells.push_back(std::unique_ptr<MSTMLTableCell>(cell->Clone()));
 }
 
 MSTMLTableCell& MSTMLTableRow::Add(std::unique_ptr<MSTMLTableCell> cell) {
-    return *cells.emplace_back(std::move(cell));
+    cells.push_back(std::move(cell));
+    return *cells.back();
 }
 
 int32_t MSTMLTableRow::GetSpaces() const {

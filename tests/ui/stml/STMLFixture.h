@@ -13,9 +13,7 @@ class Screen final : public MTestDrawer {
 public:
     static constexpr int32_t Size = 1000;
 
-    Screen()
-        : MTestDrawer(bitmap, MFile::Join(SYSTEM_FONTS, "dejavu/DejaVuSansMono.ttf"), 10),
-          bitmap(Size, Size) {
+    Screen() : MTestDrawer(MFile::Join(SYSTEM_FONTS, "dejavu/DejaVuSansMono.ttf"), 10), bitmap(Size, Size) {
         SetBitmap(&bitmap);
         advance = fonts[0].GetGlyph('x').advance;
         lineHeight = fonts[0].GetAscent() + fonts[0].GetDescent();

@@ -19,7 +19,7 @@ void ExpectPicture(const char* name, int32_t width, int32_t scale) {
     (void)document.AddImage(image);
 
     MBitmap sheet;
-    MTestDrawer drawer(sheet, SYSTEM_FONTS);
+    MTestDrawer drawer(SYSTEM_FONTS);
     drawer.SetScale(scale);
     sheet.CreateOpaque(width, document.Measure(drawer, width));
     drawer.SetBitmap(&sheet);
