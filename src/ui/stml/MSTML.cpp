@@ -6,6 +6,7 @@
 #include "ui/stml/MSTMLParser.h"
 #include "ui/text/MFont.h"
 
+#include <algorithm>
 #include <iterator>
 
 void MSTML::Parse(const MString& text) {
@@ -86,6 +87,9 @@ int32_t MSTML::GetOptimalWidth(MDrawer& drawer, int32_t width) {
 
 void MSTML::Paint(MDrawer& drawer, const MRect& rect, bool isInverted) {
     MSTMLContext context = MakeContext(drawer);
-    (void)ComputeHeight(context, rect.GetWidth(), rect.GetHeight());
+    int32_t unused = 0;
+    // Heights in percent share what there is; where that is too little, nothing is pressed together.
+    const int32_t needed = ComputeSize(context, rect.GetWidth(), unused);
+    (void)ComputeHeight(context, rect.GetWidth(), std::max(needed, rect.GetHeight()));
     Paint(context, rect, isInverted);
 }

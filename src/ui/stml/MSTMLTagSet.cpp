@@ -3,6 +3,7 @@
 void MSTMLTagSets::BeginRecording(const MString& name) {
     pendingTagSet = Find(name);
     if (pendingTagSet < 0) {
+        if (tagSets.GetCount() == MaximumSets) tagSets.Remove(0);
         pendingTagSet = tagSets.GetCount();
         tagSets.Add({name, {}});
     }

@@ -26,13 +26,13 @@ class MSTMLTagSets {
 public:
     /// How deep sets may stand in each other.
     static constexpr int32_t MaximumDepth = 16;
+    static constexpr int32_t MaximumSets = 1000;
     /// How many tags may come out of sets: so many at least, and so many more for each tag of the text.
     static constexpr int32_t FirstReplays = 4096;
     static constexpr int32_t ReplaysPerTag = 32;
 
-    /// Each tag goes to the first of these that takes it.
     [[nodiscard]] bool IsRecording() const { return pendingTagSet >= 0; }
-    /// A set of the same name is replaced.
+    /// A set of the same name is replaced; of more sets than `MaximumSets` the first one is forgotten.
     void BeginRecording(const MString& name);
     void EndRecording() { pendingTagSet = -1; }
     void Record(const MString& name, MAttributeList& attributes, bool isClosing);

@@ -59,6 +59,14 @@ TEST_F(MSTMLTableTest, RowsAreAsHighAsTheirHighestCellOrAsTheyShallBe) {
     EXPECT_EQ(screen.glyphs[3].baseline, 112 - line + ascent);
 }
 
+TEST_F(MSTMLTableTest, RowsThatDoNotFitGoBeyondTheRoom) {
+    MSTML document("A<tr><td padding=0>B</td></tr><tr height=100%><td padding=0>C</td></tr>");
+    screen.Show(document, 100, 5);
+    const int32_t ascent = screen.fonts[0].GetAscent();
+    for (size_t i = 0; i < 3; ++i)
+        EXPECT_EQ(screen.glyphs[i].baseline, static_cast<int32_t>(i) * screen.lineHeight + ascent);
+}
+
 TEST_F(MSTMLTableTest, ATableNeedsTheWidthByWhichEachCellHasItsOwn) {
     const auto need = [&](const char* text, int32_t width) {
         int32_t outWidth = 0;
