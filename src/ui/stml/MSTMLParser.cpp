@@ -87,8 +87,7 @@ void Pop(std::vector<T>& stack) {
 }  // namespace
 
 MSTMLParser::MSTMLParser(MSTMLContainer& document, uint8_t defaultFlags)
-    : document(document),
-      defaultFlags(defaultFlags & ~MSTMLParagraph::AlignmentMask),
+    : defaultFlags(defaultFlags & ~MSTMLParagraph::AlignmentMask),
       defaultAlignment(defaultFlags & MSTMLParagraph::AlignmentMask),
       currentContainer(&document) {}
 

@@ -65,7 +65,6 @@ private:
     void OpenListItem(int32_t size);
     void AddObject(std::unique_ptr<MSTMLObject> object);
 
-    MSTMLContainer& document;
     const uint8_t defaultFlags;
     uint8_t defaultAlignment;
     MSTMLContainer* currentContainer;  ///< null in a row, but outside of its cells
