@@ -10,6 +10,8 @@
 #include "ui/text/MFontSubstitutes.h"
 
 #include <array>
+#include <cmath>
+#include <memory>
 
 /// A drawer with a plain style: fonts of a folder of Debian's ("/usr/share/fonts/truetype"), colours on dark
 /// ground, a square for each icon, and in place of other fonts DejaVu Sans.
@@ -44,7 +46,7 @@ public:
     void SetScale(int32_t newScale) {
         constexpr int32_t Sizes[FontCount] = {13, 13, 13, 10, 15, 17, 20, 54};
         scale = newScale;
-        for (int32_t i = 0; i < FontCount; ++i) fonts[i].SetSize(-Sizes[i] * scale / 100);
+        for (int32_t i = 0; i < FontCount; ++i) fonts[i].SetSize(std::lround(-Sizes[i] * scale / 100.0));
     }
 
     [[nodiscard]] MBitmap* GetStdIcon(int32_t) override { return &icon; }

@@ -17,9 +17,22 @@ MSTMLBrokenLine MSTMLLineBreaker::BreakLine() {
     } else if (hasBlank) {
         line = upToBlank;
         cursor.Seek(behindBlank);
+        SkipBlanks();
     }
     if (line.ascent == 0 && line.descent == 0 && font) Raise(font->GetAscent(), font->GetDescent());
     return line;
+}
+
+/// Blanks at which a line was broken belong to its end, and so does a line break or the end of the paragraph
+/// behind them.
+void MSTMLLineBreaker::SkipBlanks() {
+    while (!cursor.AtEnd() && cursor.IsText() && !line.isEnded) {
+        const MSTMLPosition before = cursor.GetPosition();
+        const char32_t character = cursor.NextChar();
+        if (character > ' ') return cursor.Seek(before);
+        line.isEnded = character == '\n';
+    }
+    if (cursor.AtEnd()) line.isEnded = true;
 }
 
 bool MSTMLLineBreaker::TakeObject() {

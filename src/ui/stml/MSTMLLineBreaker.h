@@ -36,6 +36,7 @@ public:
 
 private:
     [[nodiscard]] bool IsFull() const { return !isSingle && line.count > 0 && pen.GetEnd() > maxWidth; }
+    void SkipBlanks();
     [[nodiscard]] bool TakeObject();
     [[nodiscard]] bool TakeChar();
     void Raise(int32_t ascent, int32_t descent) {

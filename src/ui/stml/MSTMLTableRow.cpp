@@ -48,7 +48,7 @@ std::vector<int32_t> MSTMLTableRow::GetShares() const {
     rest = std::max<int64_t>(0, rest);
     for (int32_t& share : shares) {
         if (share != 0) continue;
-        share = static_cast<int32_t>(rest / open--);
+        share = static_cast<int32_t>(rest / std::max(1, open--));
         rest -= share;
     }
     return shares;

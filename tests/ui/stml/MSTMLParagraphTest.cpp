@@ -23,6 +23,7 @@ TEST_F(MSTMLParagraphTest, LinesBreakBetweenWordsAndOnlyThenInThem) {
         {"one two three", 30, "one two three"},
         {"one  two", 4, "one|two"},
         {"one  two", 5, "one|two"},
+        {"one   two ", 3, "one|two"},
         {"abcdefghij", 4, "abcd|efgh|ij"},
         {"ab cdefghij k", 4, "ab|cdef|ghij|k"},
         {"a bcd", 0, "a|b|c|d"},
@@ -80,6 +81,8 @@ TEST_F(MSTMLParagraphTest, JustifiedLinesReachTheEdge) {
     EXPECT_EQ(screen.Places("<justify>abcd ef", 27), "a0 b7 c14 d21 e0 f6 ");
     EXPECT_EQ(screen.Places("<justify>a <img icon=add/> bbbb", 33), "a0 *12 b0 b6 b12 b18 ");
     EXPECT_EQ(screen.Places("<justify><![CDATA[a b\nc]]>", 33), "a0 b12 c0 ");
+    // Nor what is followed by blanks that do not fit.
+    EXPECT_EQ(screen.Places("<justify><![CDATA[a b  \na b]]> ", 19), "a0 b12 a0 b12 ");
 }
 
 TEST_F(MSTMLParagraphTest, ObjectsKeepTheirSizesAndSides) {

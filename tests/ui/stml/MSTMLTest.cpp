@@ -35,7 +35,8 @@ TEST_F(MSTMLTest, PlainTextStandsWhereDrawersPutIt) {
     for (const double space : {0, 2, -1}) {
         drawer.fonts[0].SetCharacterSpace(space);
         drawer.fonts[0].SetVerticalShift(static_cast<int32_t>(space));
-        for (const auto& [tag, alignment] : alignments) {
+        for (const auto& [tag, side] : alignments) {
+            const MTextAlignment alignment = side;
             MSTML document(tag + text);
             const MColor color = drawer.GetTextColor(0, false);
             EXPECT_EQ(Painted([&] { document.Paint(drawer, room, false); }),
