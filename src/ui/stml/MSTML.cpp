@@ -90,6 +90,12 @@ void MSTML::Paint(MDrawer& drawer, const MRect& rect, bool isInverted) {
     int32_t unused = 0;
     // Heights in percent share what there is; where that is too little, nothing is pressed together.
     const int32_t needed = ComputeSize(context, rect.GetWidth(), unused);
-    (void)ComputeHeight(context, rect.GetWidth(), std::max(needed, rect.GetHeight()));
-    Paint(context, rect, isInverted);
+    const int32_t room =
+        rect.GetHeight() - ComputeHeight(context, rect.GetWidth(), std::max(needed, rect.GetHeight()));
+    MRect place = rect;
+    if (defaultFlags & MSTMLParagraph::Bottom)
+        place.top += std::max(0, room);
+    else if (defaultFlags & MSTMLParagraph::Middle)
+        place.top += std::max(0, room / 2);
+    Paint(context, place, isInverted);
 }

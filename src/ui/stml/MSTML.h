@@ -5,8 +5,6 @@
 #include <array>
 #include <cstdint>
 
-class MFont;
-
 /// Text with mark-up (the tags: MSTMLParser.h), parsed once, measured for any width and painted. Mark-up never
 /// fails: what a syntax error leaves unread is not there.
 ///
@@ -23,7 +21,8 @@ public:
 
     /// Font, colour and state of what says nothing else.
     void SetDefaults(const MSTMLDefaults& newDefaults);
-    /// The flags of paragraphs (`MSTMLParagraph`) as long as no tag says more, from the next parse on.
+    /// The flags of paragraphs (`MSTMLParagraph`) as long as no tag says more, from the next parse on. The
+    /// vertical ones also tell where the document stands in a rectangle that is higher.
     void SetDefaultFlags(uint8_t newFlags) { defaultFlags = newFlags; }
     /// Adds the next image for `img`, which shares the bitmap's pixels as they are now. Gives its number, from
     /// 0 on.
@@ -39,8 +38,7 @@ public:
     [[nodiscard]] int32_t GetMaximalWidth(MDrawer& drawer);
     /// The narrowest width that gives no other height than `width`.
     [[nodiscard]] int32_t GetOptimalWidth(MDrawer& drawer, int32_t width);
-    /// Paints the document from the top of a rectangle on, for the rectangle's width; what does not fit into
-    /// its height goes beyond.
+    /// Paints the document into a rectangle, for its width; what does not fit into its height goes beyond.
     void Paint(MDrawer& drawer, const MRect& rect, bool isInverted);
 
     [[nodiscard]] MSTML* Clone() const override { return new MSTML(*this); }

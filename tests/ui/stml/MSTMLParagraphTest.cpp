@@ -1,3 +1,4 @@
+#include "ui/stml/MSTMLParagraph.h"
 #include "tests/ui/stml/STMLFixture.h"
 
 namespace {
@@ -70,6 +71,16 @@ TEST_F(MSTMLParagraphTest, EachAlignmentHasItsEdge) {
     EXPECT_EQ(screen.Places("<right>ab", 31), "a19 b25 ");
     EXPECT_EQ(screen.Places("<right singleline=1>abcd", 10), "a0 b6 c12 d18 ");
     EXPECT_EQ(screen.Places("<right>a</right>b<left>c", 31), "a25 b25 c0 ");
+    const std::pair<uint8_t, int32_t> tops[] = {
+        {0, 0}, {MSTMLParagraph::Middle, 37}, {MSTMLParagraph::Bottom, 74}};
+    for (const auto& [flags, top] : tops) {
+        MSTML document;
+        document.SetDefaultFlags(flags | MSTMLParagraph::Center);
+        document.Parse("a<p>b");
+        screen.Show(document, 31, 100);
+        EXPECT_EQ(screen.glyphs[0].baseline, top + screen.fonts[0].GetAscent());
+        EXPECT_EQ(screen.glyphs[1].x, 13);
+    }
 }
 
 TEST_F(MSTMLParagraphTest, JustifiedLinesReachTheEdge) {
