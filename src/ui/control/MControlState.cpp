@@ -109,8 +109,9 @@ void MControl::LoadFrame(MXMLItem& item) {
         Is(MControlFlag::SaveWindowPos) && item.GetInt32Attribute("windowposx", Absent) != Absent;
     const MPoint place{hasPosition ? item.GetInt32Attribute("windowposx") : position.x,
                        hasPosition ? item.GetInt32Attribute("windowposy", position.y) : position.y};
-    const int64_t width = hasSize ? item.GetInt32Attribute("windowsizex") : size.x;
-    const int64_t height = hasSize ? item.GetInt32Attribute("windowsizey", size.y) : size.y;
+    const int64_t width = std::max({hasSize ? item.GetInt32Attribute("windowsizex") : size.x, minimalSize.x, 1});
+    const int64_t height =
+        std::max({hasSize ? item.GetInt32Attribute("windowsizey", size.y) : size.y, minimalSize.y, 1});
     const MRect desktop = system->GetWorkArea(hasPosition ? std::optional(place) : std::nullopt);
     const bool isTooLarge =
         width > 2 * int64_t{desktop.GetWidth()} || height > 2 * int64_t{desktop.GetHeight()};
@@ -119,12 +120,9 @@ void MControl::LoadFrame(MXMLItem& item) {
                         place.y < desktop.top - height || place.y > desktop.bottom + height);
     if (isTooLarge || isOutside || (!hasSize && !hasPosition)) return;
 
-    const auto clampSize = [](int64_t value, int64_t screen, int64_t least) {
-        return static_cast<int32_t>(std::max(std::min(value, screen), std::max<int64_t>(least, 1)));
-    };
     if (hasSize)
-        SetSize({clampSize(width, desktop.GetWidth(), minimalSize.x),
-                 clampSize(height, desktop.GetHeight(), minimalSize.y)});
+        SetSize({std::max(static_cast<int32_t>(std::min<int64_t>(width, desktop.GetWidth())), minimalSize.x),
+                 std::max(static_cast<int32_t>(std::min<int64_t>(height, desktop.GetHeight())), minimalSize.y)});
     if (!hasPosition) return;
     position = {MoveInside(place.x, size.x, desktop.left, desktop.right),
                 MoveInside(place.y, size.y, desktop.top, desktop.bottom)};
