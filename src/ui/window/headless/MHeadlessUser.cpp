@@ -16,15 +16,15 @@ MEventType GetTypeOf(MEventType first, MKeyModifiers button) {
 }  // namespace
 
 bool MHeadlessUser::SendMouse(MEventType type, int32_t wheelDelta) {
-    MControl* const root = system.GetRootUnder(mouse);
-    if (hovered.Get() != root) {
+    const MControlRef root(system.GetRootUnder(mouse));
+    if (hovered.Get() != root.Get()) {
         const MHeadlessWindow* const left = hovered ? MHeadlessWindow::Of(*hovered.Get()) : nullptr;
         if (left && left->isLeaveTracked) system.GetMessages().OnMouseLeave(*hovered.Get());
-        hovered.Set(root);
+        hovered.Set(root.Get());
     }
     if (!root) return false;
-    const MPoint point = mouse - system.GetFrame(*root).GetTopLeft();
-    return system.GetMessages().OnMouse(*root, type, point, modifiers, wheelDelta);
+    const MPoint point = mouse - system.GetFrame(*root.Get()).GetTopLeft();
+    return system.GetMessages().OnMouse(*root.Get(), type, point, modifiers, wheelDelta);
 }
 
 void MHeadlessUser::MoveMouse(MPoint point) {
