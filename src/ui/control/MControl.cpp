@@ -92,11 +92,14 @@ void MControl::Reparent(MControl& newParent) {
     if (Holds(&newParent)) MRaise(MExceptionInvalidArgument, "A control cannot be moved into itself.");
     const MControlRef self(this);
     const MControlRef target(&newParent);
-    if (capture) ReleaseCapture();
     if (focusChild) SetFocus(nullptr);
     if (self && GetRootState().hover != this && Holds(GetRootState().hover))
         GetRootState().hover->OnMouseLeave();
-    if (!self || !target) return;
+    if (!self || !target || Holds(&newParent)) return;
+    // What handlers have taken meanwhile goes without a word.
+    if (capture) ReleaseCapture();
+    if (focusChild) SetFocusPath(nullptr);
+    if (GetRootState().hover != this && Holds(GetRootState().hover)) GetRootState().hover = nullptr;
 
     for (MControl* child : children) child->DetachFromStyle();
     {

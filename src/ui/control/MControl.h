@@ -355,6 +355,7 @@ private:
     void EndFrame();
     void ApplyFrame();
     void DrawFrame();
+    void SetWindowParent(MControl* windowParent);
     void OpenWindow(MControl* windowParent, bool isModal);
     void PlaceWindow();
     void NotifyPrepared();

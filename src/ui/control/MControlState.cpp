@@ -109,7 +109,8 @@ void MControl::LoadFrame(MXMLItem& item) {
         Is(MControlFlag::SaveWindowPos) && item.GetInt32Attribute("windowposx", Absent) != Absent;
     const MPoint place{hasPosition ? item.GetInt32Attribute("windowposx") : position.x,
                        hasPosition ? item.GetInt32Attribute("windowposy", position.y) : position.y};
-    const int64_t width = std::max({hasSize ? item.GetInt32Attribute("windowsizex") : size.x, minimalSize.x, 1});
+    const int64_t width =
+        std::max({hasSize ? item.GetInt32Attribute("windowsizex") : size.x, minimalSize.x, 1});
     const int64_t height =
         std::max({hasSize ? item.GetInt32Attribute("windowsizey", size.y) : size.y, minimalSize.y, 1});
     const MRect desktop = system->GetWorkArea(hasPosition ? std::optional(place) : std::nullopt);
@@ -121,8 +122,9 @@ void MControl::LoadFrame(MXMLItem& item) {
     if (isTooLarge || isOutside || (!hasSize && !hasPosition)) return;
 
     if (hasSize)
-        SetSize({std::max(static_cast<int32_t>(std::min<int64_t>(width, desktop.GetWidth())), minimalSize.x),
-                 std::max(static_cast<int32_t>(std::min<int64_t>(height, desktop.GetHeight())), minimalSize.y)});
+        SetSize(
+            {std::max(static_cast<int32_t>(std::min<int64_t>(width, desktop.GetWidth())), minimalSize.x),
+             std::max(static_cast<int32_t>(std::min<int64_t>(height, desktop.GetHeight())), minimalSize.y)});
     if (!hasPosition) return;
     position = {MoveInside(place.x, size.x, desktop.left, desktop.right),
                 MoveInside(place.y, size.y, desktop.top, desktop.bottom)};

@@ -29,11 +29,19 @@ bool MControl::HasOpenChildWindow() const {
                        [this](MControl* child) { return GetWindows()->GetSystem().IsVisible(*child); });
 }
 
+/// A window that was opened over this one cannot be its parent.
+void MControl::SetWindowParent(MControl* windowParent) {
+    MControl* const newParent = windowParent ? windowParent->root : nullptr;
+    MControl* above = newParent;
+    while (above && above != this) above = above->GetRootState().windowParent.Get();
+    GetRootState().windowParent.Set(above ? nullptr : newParent);
+}
+
 void MControl::CreateWindow(MControl* windowParent, intptr_t nativeParent) {
     MWindows* const windows = MWindows::GetInstance();
     if (!windows || !IsRoot() || Is(MControlFlag::HasWindow)) return;
     MControlRoot& state = GetRootState();
-    state.windowParent.Set(windowParent ? windowParent->root : nullptr);
+    SetWindowParent(windowParent);
     if (!state.renderer && nativeParent) state.renderer = std::make_unique<MRenderer_ToWindow>();
     if (!state.renderer) state.renderer = std::make_unique<MRenderer_MBitmap>();
     MWindowSystem& system = windows->GetSystem();
@@ -106,16 +114,17 @@ void MControl::NotifyPrepared() {
 }
 
 void MControl::ShowWindow() {
-    if (!GetWindows() || !IsRoot()) return;
+    MWindows* const windows = GetWindows();
+    if (!windows || !IsRoot()) return;
     const MControlRef self(this);
     flags.Set(MControlFlag::Visible, true);
     PrepareWindow();
     if (self && !GetRootState().focusedControl) FocusNext();
     if (!self || !Is(MControlFlag::HasWindow)) return;
-    GetWindows()->GetSystem().Show(*this);
+    windows->GetSystem().Show(*this);
     if (!self) return;
     for (MControl* child : GetChildWindows())
-        if (child->Is(MControlFlag::OpenedWithParent)) child->ShowWindow();
+        if (windows->HasRoot(child) && child->Is(MControlFlag::OpenedWithParent)) child->ShowWindow();
 }
 
 void MControl::HideWindow() {
@@ -125,8 +134,8 @@ void MControl::HideWindow() {
     const MModalValue result = GetRootState().modalResult;
     const bool isDone = result == MModalValue::None || result == MModalValue::Ok;
     if (Is(MControlFlag::EnableSaveState) && (isDone || !Is(MControlFlag::Modal))) SaveWindowState();
-    for (const MControl* child : GetChildWindows())
-        if (windows->HasRoot(child)) const_cast<MControl*>(child)->CloseWindow(MModalValue::Cancel);
+    for (MControl* child : GetChildWindows())
+        if (windows->HasRoot(child)) child->CloseWindow(MModalValue::Cancel);
     if (!self || !Is(MControlFlag::HasWindow)) return;
     EndFrame();
     if (self) ReleaseCapture();
@@ -139,7 +148,7 @@ void MControl::HideWindow() {
 
 void MControl::OpenWindow(MControl* windowParent, bool isModal) {
     MControlRoot& state = GetRootState();
-    state.windowParent.Set(windowParent ? windowParent->root : nullptr);
+    SetWindowParent(windowParent);
     state.modalResult = MModalValue::None;
     flags.Set(MControlFlag::Modal, isModal);
     flags.Set(MControlFlag::ModalRunning, isModal);

@@ -21,9 +21,10 @@ public:
     void Tell(const std::string& what) { log += Text(GetName()) + ":" + what + " "; }
     bool ProcessEvent(const MSystemEvent& event) override {
         static constexpr const char* Names[] = {
-            "down", "rightdown", "middledown", "up", "rightup", "middleup", "double", "rightdouble", "middledouble",
-            "move", "wheel", "enter", "leave", "key", "keyup", "char", "focus", "blur", "activation", "collapse",
-            "vanish", "drag"};
+            "down",       "rightdown",   "middledown",   "up",   "rightup", "middleup",
+            "double",     "rightdouble", "middledouble", "move", "wheel",   "enter",
+            "leave",      "key",         "keyup",        "char", "focus",   "blur",
+            "activation", "collapse",    "vanish",       "drag"};
         if (event.type != MEventType::MouseMove) Tell(Names[static_cast<size_t>(event.type)]);
         const MControlRef self(this);
         if (const auto action = onEvent) action(event);

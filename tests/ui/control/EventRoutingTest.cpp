@@ -40,27 +40,36 @@ TEST_F(EventRoutingTest, GivesMouseEventsToTheDeepestControlThatTakesThem) {
     };
     const Case cases[] = {
         {"enters", [&] { user.MoveMouse(At(30, 30)); }, "inner:enter"},
-        {"click", [&] { user.Click(At(30, 30)); },
-         "left:blur inner:focus inner:down inner:up inner:click10"},
+        {"click", [&] { user.Click(At(30, 30)); }, "left:blur inner:focus inner:down inner:up inner:click10"},
         {"double click that is taken", [&] { user.PressButton(); }, "inner:double inner:doubleclick"},
         {"its release", [&] { user.ReleaseButton(); }, "inner:up inner:click10"},
         {"moves on to the parent and out", [&] { user.MoveMouse(At(100, 100)); }, "inner:leave left:enter"},
-        {"captures", [&] { user.PressButton(); user.MoveMouse(At(200, 100)); user.ReleaseButton(); },
+        {"captures",
+         [&] {
+             user.PressButton();
+             user.MoveMouse(At(200, 100));
+             user.ReleaseButton();
+         },
          "inner:blur left:focus left:down left:up"},
         {"hover follows after the release", [&] { user.MoveMouse(At(201, 100)); }, "left:leave right:enter"},
         {"a release without a press", [&] { user.ReleaseButton(); }, ""},
         {"wheel", [&] { user.TurnWheel(120); }, "right:wheel"},
         {"another button", [&] { user.Click(At(201, 100), 1, MModifierRightButton); },
          "left:blur right:focus right:rightdown right:rightup"},
-        {"leaves the window", [&] { user.MoveMouse({0, 0}); }, "right:leave"},
+        {"leaves the window",
+         [&] {
+             user.MoveMouse({0, 0});
+         },
+         "right:leave"},
     };
     for (const Case& test : cases) EXPECT_EQ(Do(test.action), test.expected) << test.what;
 }
 
 TEST_F(EventRoutingTest, HandsOnWhatIsNotTaken) {
     inner.takes = false;
-    EXPECT_EQ(Do([&] { user.Click(At(30, 30)); }),
-              "inner:enter left:blur inner:focus inner:down inner:blur left:focus left:down left:up left:click30")
+    EXPECT_EQ(
+        Do([&] { user.Click(At(30, 30)); }),
+        "inner:enter left:blur inner:focus inner:down inner:blur left:focus left:down left:up left:click30")
         << "the mouse goes to the one that has taken the press";
     EXPECT_FALSE(inner.Is(MControlFlag::LeftDown));
     system.AdvanceTime(1000);
@@ -126,7 +135,8 @@ TEST_F(EventRoutingTest, DragsAndDrops) {
     EXPECT_EQ(Do([&] { user.ReleaseButton(); }), "right:drop10,5 inner:accepted");
     begin();
     right.takes = false;
-    EXPECT_EQ(Do([&] { user.MoveMouse(At(160, 5)), user.ReleaseButton(); }), "right:over right:drop10,5 inner:refused");
+    EXPECT_EQ(Do([&] { user.MoveMouse(At(160, 5)), user.ReleaseButton(); }),
+              "right:over right:drop10,5 inner:refused");
     begin();
     inner.takes = false;
     root.Set(MControlFlag::CloseOnEscape);

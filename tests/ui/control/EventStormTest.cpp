@@ -71,7 +71,8 @@ public:
         case 11: control->linkedControl.Set(other); break;
         case 12: control->SetSize({static_cast<int32_t>(Get(100)), 40}); break;
         case 13:
-            if (depth < 3 && !control->GetRoot().Is(MControlFlag::ModalRunning)) RunModal(control->GetRoot(), *other);
+            if (depth < 3 && !control->GetRoot().Is(MControlFlag::ModalRunning))
+                RunModal(control->GetRoot(), *other);
             break;
         default: Grow(Get(8) ? control : nullptr); break;
         }

@@ -18,8 +18,9 @@ public:
     bool Paint(MDrawer& drawer) override {
         const MRect clip = drawer.GetClip();
         if (log)
-            *log += std::to_string(color.red) + ":" + std::to_string(clip.left) + "," + std::to_string(clip.top) +
-                    "-" + std::to_string(clip.right) + "," + std::to_string(clip.bottom) + " ";
+            *log += std::to_string(color.red) + ":" + std::to_string(clip.left) + "," +
+                    std::to_string(clip.top) + "-" + std::to_string(clip.right) + "," +
+                    std::to_string(clip.bottom) + " ";
         drawer.FillRectangle(windowRect, color, MDrawMode::Copy);
         if (onPaint) onPaint();
         return true;
@@ -68,18 +69,39 @@ TEST_F(PaintTest, PaintsWhatLiesOnSomethingPainted) {
     };
     const Case cases[] = {
         {"nothing", [] {}, ""},
-        {"inside, under the upper one", [&] { inside.InvalidateRect({0, 0, 39, 39}); }, "3:0,0-39,39 4:0,0-9,9"},
-        {"behind all", [&] { lower.InvalidateRect({0, 0, 12, 12}); }, "2:0,0-12,12 3:0,0-2,2"},
-        {"two parts", [&] { upper.InvalidateRect({0, 0, 1, 1}), upper.InvalidateRect({5, 6, 7, 8}); }, "4:0,0-7,8"},
-        {"outside of itself", [&] { inside.InvalidateRect({50, 0, 90, 9}); }, ""},
+        {"inside, under the upper one",
+         [&] {
+             inside.InvalidateRect({0, 0, 39, 39});
+         },
+         "3:0,0-39,39 4:0,0-9,9"},
+        {"behind all",
+         [&] {
+             lower.InvalidateRect({0, 0, 12, 12});
+         },
+         "2:0,0-12,12 3:0,0-2,2"},
+        {"two parts",
+         [&] {
+             upper.InvalidateRect({0, 0, 1, 1}), upper.InvalidateRect({5, 6, 7, 8});
+         },
+         "4:0,0-7,8"},
+        {"outside of itself",
+         [&] {
+             inside.InvalidateRect({50, 0, 90, 9});
+         },
+         ""},
         {"hidden", [&] { lower.SetVisible(false), Tick(), inside.Invalidate(); }, ""},
         {"shown", [&] { lower.SetVisible(true); }, "2:0,0-199,99 3:0,0-49,49 4:0,0-109,59"},
-        {"without a width", [&] { inside.SetSize({0, 10}), Tick(), inside.Invalidate(); }, ""},
-        {"the root", [&] { root.InvalidateRect({0, 0, 0, 0}); }, "1:0,0-0,0 2:0,0-0,0"},
-        {"frozen and thawed",
+        {"without a width",
          [&] {
-             root.SetFrozen(true), upper.Invalidate(), root.SetFrozen(false);
+             inside.SetSize({0, 10}), Tick(), inside.Invalidate();
          },
+         ""},
+        {"the root",
+         [&] {
+             root.InvalidateRect({0, 0, 0, 0});
+         },
+         "1:0,0-0,0 2:0,0-0,0"},
+        {"frozen and thawed", [&] { root.SetFrozen(true), upper.Invalidate(), root.SetFrozen(false); },
          "1:0,0-299,199 2:0,0-199,99 4:0,0-109,109"},
     };
     for (const Case& test : cases) {
@@ -121,7 +143,8 @@ TEST_F(PaintTest, GivesTheSamePixelsWithEveryRendererAndForEveryPart) {
         window.GetRootState().renderer = std::move(renderer);
         std::vector<MControl*> all{&window};
         for (int32_t i = 0; i < 60; ++i) {
-            auto* const patch = new Patch(all[random() % all.size()], MColor::FromWord(random() | 0xFF000000));
+            auto* const patch =
+                new Patch(all[random() % all.size()], MColor::FromWord(random() | 0xFF000000));
             const auto x = static_cast<int32_t>(random() % 200);
             const auto y = static_cast<int32_t>(random() % 150);
             Place(*patch, MRect::FromSize(x, y, 20 + static_cast<int32_t>(random() % 150), 60));

@@ -66,7 +66,8 @@ TEST_F(WindowLifeTest, ClosesAsItsFlagsSay) {
         {"escape", MControlFlag::CloseOnEscape, escape, true},
         {"escape without the flag", MControlFlag::CloseOnDeactivate, escape, false},
         {"another window", MControlFlag::CloseOnDeactivate, [&] { system.Activate(root); }, true},
-        {"another program", MControlFlag::CloseOnDeactivate, [&] { system.ActivateOtherProgram("Editor"); }, true},
+        {"another program", MControlFlag::CloseOnDeactivate, [&] { system.ActivateOtherProgram("Editor"); },
+         true},
         {"the host's mixer", MControlFlag::CloseOnDeactivate, [&] { system.ActivateOtherProgram("Mixer 1"); },
          false},
         {"without the flag", MControlFlag::CloseOnEscape, [&] { system.Activate(root); }, false},
@@ -168,7 +169,8 @@ TEST_F(WindowLifeTest, MovesAndResizesWithoutAFrame) {
         user.MoveMouse(before.GetTopLeft() + MPoint{12, -8});
         user.ReleaseButton();
         EXPECT_EQ(system.CountDragFrames(), 0);
-        EXPECT_EQ(system.GetFrame(root), (MRect{before.left + 10, before.top - 10, before.right, before.bottom}));
+        EXPECT_EQ(system.GetFrame(root),
+                  (MRect{before.left + 10, before.top - 10, before.right, before.bottom}));
         EXPECT_EQ(root.size.x, before.GetWidth() - 10);
     }
     system.Maximize(root);
@@ -176,8 +178,9 @@ TEST_F(WindowLifeTest, MovesAndResizesWithoutAFrame) {
 }
 
 TEST_F(WindowLifeTest, SurvivesTheEndOfTheWindowInAnyHandler) {
-    for (const MEventType type : {MEventType::LeftDown, MEventType::LeftUp, MEventType::MouseEnter, MEventType::GotFocus,
-                                  MEventType::LostFocus, MEventType::KeyDown, MEventType::Wheel}) {
+    for (const MEventType type :
+         {MEventType::LeftDown, MEventType::LeftUp, MEventType::MouseEnter, MEventType::GotFocus,
+          MEventType::LostFocus, MEventType::KeyDown, MEventType::Wheel}) {
         auto window = std::make_unique<Probe>(nullptr, "window", log);
         auto* const child = new Probe(window.get(), "child", log);
         Place(*child, {0, 0, 299, 199});

@@ -27,7 +27,8 @@ struct Window : MControl {
     explicit Window(const MString& name = "main") : MControl(nullptr, name) {
         SetControlType(MControlType::Window);
         size = {300, 200};
-        for (const MControlFlag flag : {MControlFlag::AutoSaveState, MControlFlag::KeepsApplicationAlive}) Set(flag);
+        for (const MControlFlag flag : {MControlFlag::AutoSaveState, MControlFlag::KeepsApplicationAlive})
+            Set(flag);
         Set(MControlFlag::AdaptSize, false);
         panel.Set(MControlFlag::Collapsable);
         CreateWindow(nullptr);
@@ -45,9 +46,7 @@ protected:
 
     /// The state file of "main".
     MString GetFile() { return module.GetDataPath_File_User("Window_main.winstate", MString(), true); }
-    void Write(const std::string& text) {
-        MWriteTestFile(GetFile(), text);
-    }
+    void Write(const std::string& text) { MWriteTestFile(GetFile(), text); }
     static MRect Show(Window& window) {
         window.ShowModeless(nullptr);
         return MWindows::GetInstance()->GetSystem().GetFrame(window);
@@ -100,8 +99,10 @@ TEST_F(WindowStateTest, TakesFromAnyFileWhatFitsTheScreen) {
         {"windowsizex=\"900\" windowsizey=\"0\"", MRect::FromSize(50, 320, 900, 160)},
         {"windowsizex=\"1500\" windowsizey=\"900\"", MRect::FromSize(0, 0, 1000, 800)},
         {"windowsizex=\"2001\" windowsizey=\"10\"", unchanged},
-        {"windowsizex=\"2147483647\" windowsizey=\"2147483647\" windowposx=\"1\" windowposy=\"1\"", unchanged},
-        {"windowsizex=\"-5\" windowsizey=\"-5\" windowposx=\"1\" windowposy=\"1\"", MRect::FromSize(1, 1, 200, 160)},
+        {"windowsizex=\"2147483647\" windowsizey=\"2147483647\" windowposx=\"1\" windowposy=\"1\"",
+         unchanged},
+        {"windowsizex=\"-5\" windowsizey=\"-5\" windowposx=\"1\" windowposy=\"1\"",
+         MRect::FromSize(1, 1, 200, 160)},
         {"maximized=\"1\" windowposx=\"20\"", MRect::FromSize(0, 0, 1000, 800)},
     };
     for (const auto& [attributes, expected] : cases) {
