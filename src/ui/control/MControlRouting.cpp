@@ -81,8 +81,8 @@ MControl* MControl::FindNextOnWay(const MSystemEvent& event) const {
 /// The first child at the place counts, whatever lies on it; where that takes no events, nobody does.
 MControl* MControl::FindChildAt(MPoint windowPoint) const {
     for (MControl* child : children) {
-        if (!child->Is(MControlFlag::Visible)) continue;
         if (!child->contentRect.Contains(windowPoint - child->windowOffset)) continue;
+        if (!child->Is(MControlFlag::Visible)) continue;
         return child->IsEnabled() && child->Is(MControlFlag::AcceptsEvents) ? child : nullptr;
     }
     return nullptr;
