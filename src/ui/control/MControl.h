@@ -104,7 +104,8 @@ public:
     virtual void OnMouseLeave();
     [[nodiscard]] virtual MStdCursor GetCursorAt(MPoint point);
     virtual void OnHidden() {}
-    /// Shows a root over `parent`, or null, and returns when it was closed.
+    /// Shows a root over `parent`, or null, and returns when it was closed: `Cancel` for one that has no window,
+    /// runs already or has ended meanwhile.
     virtual MModalValue RunModal(MControl* parent);
     virtual void ShowModeless(MControl* parent);
     virtual void BeginWindowResize(MPoint point, uint8_t borders);
@@ -233,7 +234,9 @@ public:
     // ---- Focus, capture, drag and drop (MControlFocus.cpp, MControlCapture.cpp).
 
     void SetFocus() { SetFocus(this); }
+    /// To a control of this tree, if it can have the focus; or away, by null.
     void SetFocus(MControl* control);
+    /// Whether it takes part in the walk by the keyboard, is enabled and is shown.
     [[nodiscard]] bool CanFocus() const;
     /// Return whether the focus went to another control.
     bool FocusNext();

@@ -38,6 +38,7 @@ void MControl::OnCaptureLost() {
     if (!self) return;
     if (IsRoot() && holder && holder != this) return holder->OnCaptureLost();
 
+    ClearButtons();
     const MControlRef hover(GetRootState().hover);
     if (hover.Get() != this) DispatchEvent({.type = MEventType::MouseLeave, .point = GetMousePoint()});
     if (hover) hover->OnMouseLeave();

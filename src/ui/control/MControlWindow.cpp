@@ -71,6 +71,7 @@ void MControl::PrepareWindow() {
     flags.Set(MControlFlag::LayoutValid, false);
     if (controlType != MControlType::Menu) SetControlType(MControlType::Window);
     if (Is(MControlFlag::AutoSaveState) && !Is(MControlFlag::StateLoaded)) LoadWindowState();
+    if (!self) return;
     if (Is(MControlFlag::Collapsed)) collapsedSize = style->GetCollapsedSize(*this);
     RebuildTabOrder();
     AttachToStyle();
