@@ -7,21 +7,44 @@
 
 namespace {
 
-class Storm;
-
+/// Does something unexpected in everything that is called.
 class Drop final : public MControl {
 public:
-    Drop(MControl* parent, Storm& storm) : MControl(parent), storm(storm) {}
-    ~Drop() noexcept override;
-    bool ProcessEvent(const MSystemEvent& event) override;
-    bool PreviewEvent(MControl* target, const MSystemEvent& event) override;
-    bool Paint(MDrawer& drawer) override;
-    bool OnDragOver(MControl& source, MPoint point) override;
-    bool OnDropAccepted(MControl& source, MPoint point) override;
-    void OnDragFinished(MControl* target, MPoint point, bool isAccepted) override;
-    void Click(const MOnClickParams& params);
+    struct World {
+        std::function<void()> meddle;
+        std::mt19937 random{20261122};
+        std::vector<Drop*> all = {};
+        int32_t events = 0;
 
-    Storm& storm;
+        uint32_t Get(uint32_t count) { return static_cast<uint32_t>(random()) % count; }
+    };
+
+    Drop(MControl* parent, World& world) : MControl(parent), world(world) {}
+    ~Drop() noexcept override { std::erase(world.all, this); }
+    bool ProcessEvent(const MSystemEvent& event) override {
+        World& around = world;
+        around.events += 1;
+        const MControlRef self(this);
+        around.meddle();
+        return !self || around.Get(3) == 0 || MControl::ProcessEvent(event);
+    }
+    bool PreviewEvent(MControl* target, const MSystemEvent& event) override {
+        const MControlRef self(this);
+        const MControlRef next(target);
+        if (world.Get(8) == 0) world.meddle();
+        return !self || MControl::PreviewEvent(next.Get(), event);
+    }
+    bool Paint(MDrawer& drawer) override {
+        if (world.Get(8) == 0) Invalidate();
+        return MControl::Paint(drawer);
+    }
+    bool OnDragOver(MControl&, MPoint) override { return world.meddle(), true; }
+    bool OnDropAccepted(MControl&, MPoint) override { return world.meddle(), true; }
+    void OnDragFinished(MControl*, MPoint, bool) override { world.meddle(); }
+    void Click(const MOnClickParams&) { world.meddle(); }
+
+private:
+    World& world;
 };
 
 class Storm final : public ControlTest {
@@ -30,13 +53,13 @@ public:
     void TestBody() override {}
     using ControlTest::windows;
 
-    uint32_t Get(uint32_t count) { return static_cast<uint32_t>(random()) % count; }
+    uint32_t Get(uint32_t count) { return world.Get(count); }
     MPoint GetPoint() { return {static_cast<int32_t>(Get(420)), static_cast<int32_t>(Get(320))}; }
     MControl* GetAny() { return all.empty() ? nullptr : all[Get(static_cast<uint32_t>(all.size()))]; }
 
     void Grow(MControl* parent) {
         if (all.size() > 60) return;
-        auto* const drop = new Drop(parent, *this);
+        auto* const drop = new Drop(parent, world);
         all.push_back(drop);
         Place(*drop, MRect::FromSize(static_cast<int32_t>(Get(150)), static_cast<int32_t>(Get(100)), 80, 60));
         drop->Set(MControlFlag::HotTrack, Get(2) == 0);
@@ -111,58 +134,14 @@ public:
         }
     }
 
-    std::mt19937 random{20261122};
-    std::vector<Drop*> all;
+    Drop::World world{.meddle = [this] { Meddle(); }};
+    std::vector<Drop*>& all = world.all;
     int32_t depth = 0;
-    int32_t events = 0;
 };
-
-Drop::~Drop() noexcept {
-    std::erase(storm.all, this);
-}
-
-bool Drop::ProcessEvent(const MSystemEvent& event) {
-    Storm& all = storm;
-    all.events += 1;
-    const MControlRef self(this);
-    all.Meddle();
-    return !self || all.Get(3) == 0 || MControl::ProcessEvent(event);
-}
-
-bool Drop::PreviewEvent(MControl* target, const MSystemEvent& event) {
-    const MControlRef self(this);
-    const MControlRef next(target);
-    if (storm.Get(8) == 0) storm.Meddle();
-    return !self || MControl::PreviewEvent(next.Get(), event);
-}
-
-bool Drop::Paint(MDrawer& drawer) {
-    const MControlRef self(this);
-    if (storm.Get(8) == 0) Invalidate();
-    return self && MControl::Paint(drawer);
-}
-
-bool Drop::OnDragOver(MControl&, MPoint) {
-    storm.Meddle();
-    return true;
-}
-
-bool Drop::OnDropAccepted(MControl&, MPoint) {
-    storm.Meddle();
-    return true;
-}
-
-void Drop::OnDragFinished(MControl*, MPoint, bool) {
-    storm.Meddle();
-}
-
-void Drop::Click(const MOnClickParams&) {
-    storm.Meddle();
-}
 
 TEST(EventStormTest, TouchesNothingThatHasEnded) {
     Storm storm;
-    while (storm.events < STORM_EVENTS) {
+    while (storm.world.events < STORM_EVENTS) {
         if (storm.all.size() < 20) storm.Grow(storm.Get(8) ? storm.GetAny() : nullptr);
         if (storm.Get(20) == 0) storm.Mend();
         storm.Step();

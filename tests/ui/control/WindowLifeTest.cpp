@@ -177,29 +177,6 @@ TEST_F(WindowLifeTest, MovesAndResizesWithoutAFrame) {
     EXPECT_EQ(root.HitTestWindowBorder({1, 1}), 0);
 }
 
-TEST_F(WindowLifeTest, SurvivesTheEndOfTheWindowInAnyHandler) {
-    for (const MEventType type :
-         {MEventType::LeftDown, MEventType::LeftUp, MEventType::MouseEnter, MEventType::GotFocus,
-          MEventType::LostFocus, MEventType::KeyDown, MEventType::Wheel}) {
-        auto window = std::make_unique<Probe>(nullptr, "window", log);
-        auto* const child = new Probe(window.get(), "child", log);
-        Place(*child, {0, 0, 299, 199});
-        child->onEvent = [&](const MSystemEvent& event) {
-            if (event.type == type) window.reset();
-        };
-        Prepare(*window, {600, 400});
-        system.Post([&] {
-            user.MoveMouse({650, 450});
-            user.Click({650, 450});
-            user.TurnWheel(-120);
-            user.PressKey(MKeyTab);
-            window.reset();
-        });
-        window->RunModal(type == MEventType::KeyDown ? nullptr : &root);
-        EXPECT_FALSE(window);
-    }
-}
-
 TEST_F(WindowLifeTest, EndsThousandsOfControlsInTheirOrder) {
     struct Child : MControl {
         Child(MControl* parent, std::vector<int32_t>& order, int32_t number)
