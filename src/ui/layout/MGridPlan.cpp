@@ -61,11 +61,6 @@ void MGridPlan::FindCells() {
 
 void MGridPlan::MeasureRows() {
     std::vector<bool> isFixed(autoHeight.size());
-    const StripSizeComputer stripComputer(computer);
-    const auto getHeight = [&](const Cell& cell) {
-        const bool isShared = grid.verticalFill && cell.control->layoutRatio.y > 0;
-        return isShared ? computer.GetY(*cell.control) : stripComputer.GetY(*cell.control);
-    };
     for (const Cell& cell : cells) {
         MGridTracks::Track& row = rows[cell.row];
         row.isUsed = true;
@@ -75,15 +70,19 @@ void MGridPlan::MeasureRows() {
         }
         isFixed[static_cast<size_t>(cell.row)] = true;
         if (cell.rowCount > 1) continue;
-        row.minimal = std::max(row.minimal, getHeight(cell));
+        row.minimal = std::max(row.minimal, computer.GetY(*cell.control));
         if (cell.control->layoutRatio.y <= 0 || cell.control->Is(MControlFlag::Collapsed)) continue;
         hasRowWeight = true;
         if (grid.verticalFill) row.weight = std::max(row.weight, cell.control->layoutRatio.y);
     }
     for (size_t row = 0; row < autoHeight.size(); ++row)
         if (isFixed[row]) autoHeight[row] = false;
-    for (const Cell& cell : cells)
-        if (cell.rowCount > 1 && !IsPlastic(cell)) rows.RaiseSpan(cell.row, cell.rowCount, getHeight(cell));
+    for (const Cell& cell : cells) {
+        if (IsAuto(cell)) continue;
+        if (cell.rowCount > 1 && !IsPlastic(cell))
+            rows.RaiseSpan(cell.row, cell.rowCount, computer.GetY(*cell.control));
+        if (IsPlastic(cell)) rows.RaiseSpan(cell.row, cell.rowCount, GetPlasticHeight(cell, MaximalLength));
+    }
     // Until they are shared out, rows are as high as they have to be.
     for (int32_t row = 0; row < rows.GetCount(); ++row) rows[row].length = rows[row].minimal;
 }
@@ -192,6 +191,11 @@ void MGridPlan::MeasureAutoRows() {
     for (const Cell& cell : cells)
         if (IsAuto(cell) && cell.rowCount > 1 && IsPlastic(cell))
             rows.RaiseSpan(cell.row, cell.rowCount, getHeight(cell));
+}
+
+int32_t MGridPlan::GetPlasticHeight(const Cell& cell, int32_t width) {
+    const int32_t inside = MClampLength(int64_t{width} - GetBorders(cell, MAxis::X));
+    return MClampLength(int64_t{cell.control->GetPlasticSize(1, inside)} + GetBorders(cell, MAxis::Y));
 }
 
 int32_t MGridPlan::GetPlasticWidth(const Cell& cell) const {

@@ -56,7 +56,9 @@ private:
     void AlignColumns();
     void MeasureAutoRows();
     [[nodiscard]] bool IsAuto(const Cell& cell) const { return autoHeight[static_cast<size_t>(cell.row)]; }
-    /// The width that a plastic control needs at the height of its rows, with its border.
+    /// The height that a plastic control needs in cells of a width, with its border.
+    [[nodiscard]] static int32_t GetPlasticHeight(const Cell& cell, int32_t width);
+    /// The width that it needs at the height of its rows, with its border.
     [[nodiscard]] int32_t GetPlasticWidth(const Cell& cell) const;
 
     const MLayoutGrid& grid;

@@ -112,7 +112,7 @@ void MLayoutGrid::SetRowCount(int32_t count) {
 
 MLayoutGrid::Place MLayoutGrid::FindPlace(const MControl& control) const {
     for (int32_t row = rows.GetCount() - 1; row >= 0; --row)
-        for (int32_t column = 0; column < columns; ++column)
+        for (int32_t column = 0; column < MaximalColumns; ++column)
             if (GetCell(row, column) == &control) return {row, column};
     return {};
 }

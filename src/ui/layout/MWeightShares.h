@@ -5,8 +5,8 @@
 #include <algorithm>
 #include <cstdint>
 
-/// Shares a length out by weights, in whole pixels: each share is of what the ones before have left, so that
-/// the last one takes what rounding has left over, and each is within a pixel of its proportion.
+/// Shares a length out by weights, in whole pixels. Each share is the part, rounded down, of what the ones
+/// before have left: the last one takes all that is left over, and no share is two pixels off its proportion.
 class MWeightShares final {
 public:
     /// `weights` is the sum of all that will be asked for, each of which is above 0.
