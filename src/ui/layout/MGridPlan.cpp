@@ -83,12 +83,7 @@ void MGridPlan::MeasureRows() {
             rows.RaiseSpan(cell.row, cell.rowCount, computer.GetY(*cell.control));
         if (IsPlastic(cell)) rows.RaiseSpan(cell.row, cell.rowCount, GetPlasticHeight(cell, MaximalLength));
     }
-    // Until they are shared out, rows are as high as they have to be.
     for (int32_t row = 0; row < rows.GetCount(); ++row) rows[row].length = rows[row].minimal;
-}
-
-bool MGridPlan::HasAutoHeight() const {
-    return std::find(autoHeight.begin(), autoHeight.end(), true) != autoHeight.end();
 }
 
 void MGridPlan::MeasureColumns() {
@@ -186,7 +181,6 @@ void MGridPlan::MeasureAutoRows() {
         if (IsAuto(cell) && cell.rowCount == 1) {
             MGridTracks::Track& row = rows[cell.row];
             row.minimal = std::max(row.minimal, getHeight(cell));
-            row.length = row.minimal;
         }
     for (const Cell& cell : cells)
         if (IsAuto(cell) && cell.rowCount > 1 && IsPlastic(cell))

@@ -14,10 +14,13 @@ class SizeComputer;
 /// How wide the columns of a grid are, how high its rows, and which cells each visible control covers: made
 /// for one measuring or arranging, by steps in this order:
 ///
-///     MGridPlan plan(grid, computer, gaps);  // cells, and the heights of rows
-///     plan.FitRows(height);                  // to arrange a grid that fills its height
+///     MGridPlan plan(grid, computer, gaps);  // cells, and the least heights of rows
 ///     plan.MeasureColumns();
 ///     plan.FitColumns(width);                // and the heights that follow from widths
+///     plan.FitRows(height);
+///
+/// Rows share what is left of the height in the end. If widths followed from heights that are shared, a higher
+/// grid could need more width than a lower one, and the minimal size would not do.
 class MGridPlan final {
 public:
     /// The cells that a control covers: as many as its spans say, as long as they lie in the grid and no other
@@ -39,8 +42,6 @@ public:
     [[nodiscard]] int32_t GetNeededHeight() const { return rows.GetNeeded(); }
     void FitRows(int32_t height) { rows.Share(height); }
 
-    /// Whether there are rows whose heights are not known before the columns'.
-    [[nodiscard]] bool HasAutoHeight() const;
     [[nodiscard]] bool HasColumnWeight() const { return columns.HasWeight(); }
     [[nodiscard]] bool HasRowWeight() const { return hasRowWeight; }
     [[nodiscard]] const std::vector<Cell>& GetCells() const { return cells; }

@@ -120,14 +120,9 @@ MLayoutGrid::Place MLayoutGrid::FindPlace(const MControl& control) const {
 MRect MLayoutGrid::Arrange(MControl& arranged, const MRect& rect) {
     const MinimalSizeComputer computer;
     MGridPlan plan(*this, computer, GetGaps());
-    // Heights that follow from widths have to be known before others share what is left.
-    if (verticalFill && !plan.HasAutoHeight()) plan.FitRows(rect.GetHeight());
     plan.MeasureColumns();
     plan.FitColumns(rect.GetWidth());
-    if (!verticalFill)
-        plan.FitRows(plan.GetNeededHeight());
-    else if (plan.HasAutoHeight())
-        plan.FitRows(rect.GetHeight());
+    plan.FitRows(verticalFill ? rect.GetHeight() : plan.GetNeededHeight());
 
     const std::vector<int64_t> x = plan.GetColumns().GetPlaces();
     const std::vector<int64_t> y = plan.GetRows().GetPlaces();

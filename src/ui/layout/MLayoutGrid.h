@@ -11,8 +11,8 @@
 /// A column is as wide as its widest control; if one of them stretches, the column shares what is left of the
 /// width by the greatest ratio among them. A row is as high as its highest control, and shares what is left
 /// of the height only with `verticalFill`. A row of nothing but `Plastic` controls gets the height that
-/// follows from the widths of their columns, and any other such control the width that follows from the height
-/// of its row; columns of nothing else are as wide as those controls want to be.
+/// follows from the widths of their columns, and any other such control the width that follows from the least
+/// height of its row; columns of nothing else are as wide as those controls want to be.
 ///
 /// A control may span columns and rows, as far as they are free; those grow until it fits. A column that
 /// nothing gives a width stretches if a spanning control begins in it, or behind a column of fixed width.

@@ -6,7 +6,7 @@
 #include <cstdint>
 
 /// Shares a length out by weights, in whole pixels. Each share is the part, rounded down, of what the ones
-/// before have left: the last one takes all that is left over, and no share is two pixels off its proportion.
+/// before have left: less than a pixel goes on from each to the next, and the last one takes what is over.
 class MWeightShares final {
 public:
     /// `weights` is the sum of all that will be asked for, each of which is above 0.
