@@ -158,7 +158,8 @@ void ExpectProportions(MControl& parent) {
             double length = 0;
             double weights = 0;
             for (const MControl* control : flow->GetControls()) {
-                if (!control->Is(MControlFlag::Visible) || control->Is(MControlFlag::Collapsed)) continue;
+                if (!control->Is(MControlFlag::Visible)) continue;
+                if (axis == MAxis::Y && control->Is(MControlFlag::Collapsed)) continue;
                 if (control->layoutRatio[axis] == 0) continue;
                 shares.emplace_back(control->layoutRatio[axis],
                                     control->size[axis] + 2 * control->layoutBorder[axis]);
