@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr int Rounds = 21;
+constexpr int Rounds = 41;
 constexpr int32_t ChildCount = 10;
 constexpr const char* FontFolder = "/usr/share/fonts/truetype";
 
@@ -63,25 +63,41 @@ std::unique_ptr<MWindows> MakeWindows() {
     return windows;
 }
 
-/// What laying out 10,000 controls takes, in times of what `reference` does. The comparison is of speeds.
-MComparison CompareLayout(double goal, const std::function<void(Window& large, Window& small)>& reference) {
+/// How many times as long laying out 10,000 controls takes as something else. In between another such window is
+/// laid out: when a user changes a window, the processor's caches hold something else too.
+MComparison CompareLayout(const std::function<void(Window& large, Window& small)>& other) {
     const std::unique_ptr<MWindows> windows = MakeWindows();
     Window large(4);
     Window small(3);
-    MComparison comparison = MCompareSpeeds(
-        Rounds, MClock::Processor, 1, {{}, [&] { reference(large, small); }}, {{}, [&] { large.LayOut(); }});
+    Window another(4);
+    const auto forget = [&] { another.LayOut(); };
+    // The comparison gives speeds; what a layout costs more is the other one's speed by its own.
+    MComparison comparison =
+        MCompareSpeeds(Rounds, MClock::Processor, 1, {forget, [&] { other(large, small); }},
+                       {forget, [&] { large.LayOut(); }});
     comparison.unit = "1/s";
     comparison.kind = MComparison::Goal::AtMost;
-    comparison.goal = goal;
     comparison.note += "; the reference lays out 10,000 controls";
     return comparison;
 }
 
+MComparison CompareGrowth() {
+    MComparison comparison = CompareLayout([](Window&, Window& small) { small.LayOut(); });
+    comparison.goal = 12;
+    comparison.note += ", ours 1,000";
+    return comparison;
+}
+
+MComparison CompareWithPaint() {
+    MComparison comparison = CompareLayout([](Window& large, Window&) { large.Paint(); });
+    comparison.goal = 0.5;
+    comparison.note += ", ours paints them";
+    return comparison;
+}
+
 [[maybe_unused]] const bool isGrowthRegistered =
-    MRegisterComparison("Layout, 10,000 controls against 1,000",
-                        [] { return CompareLayout(12, [](Window&, Window& small) { small.LayOut(); }); });
+    MRegisterComparison("Layout, 10,000 controls against 1,000", CompareGrowth);
 [[maybe_unused]] const bool isPaintRegistered =
-    MRegisterComparison("Layout, measuring and arranging against painting",
-                        [] { return CompareLayout(0.5, [](Window& large, Window&) { large.Paint(); }); });
+    MRegisterComparison("Layout, measuring and arranging against painting", CompareWithPaint);
 
 }  // namespace
