@@ -63,8 +63,8 @@ std::unique_ptr<MWindows> MakeWindows() {
     return windows;
 }
 
-/// How many times as long laying out 10,000 controls takes as something else. In between another such window is
-/// laid out: when a user changes a window, the processor's caches hold something else too.
+/// How many times as long laying out 10,000 controls takes as something else. In between another such window
+/// is laid out: when a user changes a window, the processor's caches hold something else too.
 MComparison CompareLayout(const std::function<void(Window& large, Window& small)>& other) {
     const std::unique_ptr<MWindows> windows = MakeWindows();
     Window large(4);

@@ -15,9 +15,9 @@ class MXMLItem;
 /// Places some of the children of a control in a part of its client area. The layouts of a control are asked
 /// in their order: each takes what it needs of the free rectangle and leaves the rest to the next one.
 ///
-/// What controls say about themselves: `layoutRatio` is a weight per axis. One of 0 (or below) keeps its size,
-/// the others share what is left. `layoutBorder` stays free on each side. Only visible controls count. All
-/// numbers may come from documents: whatever they are, nothing overflows, and lengths below 0 are 0.
+/// What controls say about themselves: `layoutRatio` is a weight per axis. One of 0 (or below) keeps its
+/// size, the others share what is left. `layoutBorder` stays free on each side. Only visible controls count.
+/// All numbers may come from documents: whatever they are, nothing overflows, and lengths below 0 are 0.
 ///
 /// Where there is room for the minimal size, no control gets less than its own, none overlaps another one,
 /// and none leaves the rectangle. Where there is less, stretching controls shrink to nothing, and the others

@@ -28,15 +28,16 @@ public:
     [[nodiscard]] int32_t GetY(MControl& control) const override;
 };
 
-/// The present size, collapsed or not; the minimal one of a `Plastic` control, whose size follows from others.
+/// The present size, collapsed or not; the minimal one of a `Plastic` control, whose size follows from
+/// others.
 class CurrentSizeComputer final : public SizeComputer {
 public:
     [[nodiscard]] int32_t GetX(MControl& control) const override;
     [[nodiscard]] int32_t GetY(MControl& control) const override;
 };
 
-/// What a control takes of a strip that is as wide as its widest one: as another computer says, but never less
-/// than the present size, which it keeps there.
+/// What a control takes of a strip that is as wide as its widest one: as another computer says, but never
+/// less than the present size, which it keeps there.
 class StripSizeComputer final : public SizeComputer {
 public:
     explicit StripSizeComputer(const SizeComputer& computer) : computer(computer) {}

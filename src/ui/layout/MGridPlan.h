@@ -19,12 +19,12 @@ class SizeComputer;
 ///     plan.FitColumns(width);                // and the heights that follow from widths
 ///     plan.FitRows(height);
 ///
-/// Rows share what is left of the height in the end. If widths followed from heights that are shared, a higher
-/// grid could need more width than a lower one, and the minimal size would not do.
+/// Rows share what is left of the height in the end. If widths followed from heights that are shared, a
+/// higher grid could need more width than a lower one, and the minimal size would not do.
 class MGridPlan final {
 public:
-    /// The cells that a control covers: as many as its spans say, as long as they lie in the grid and no other
-    /// control is there.
+    /// The cells that a control covers: as many as its spans say, as long as they lie in the grid and no
+    /// other control is there.
     struct Cell {
         MControl* control;
         int32_t row;

@@ -69,8 +69,8 @@ private:
     };
 
     [[nodiscard]] MLayoutClient& GetStrip(MAxis across, End end);
-    /// The control of a corner if it is visible, else null. Its place is `end` along `axis`, and `otherEnd` along
-    /// the other one.
+    /// The control of a corner if it is visible, else null. Its place is `end` along `axis`, and `otherEnd`
+    /// along the other one.
     [[nodiscard]] MControl* GetCorner(MAxis axis, End end, End otherEnd) const;
     [[nodiscard]] Margins GetMargins(MControl& owner, const SizeComputer& computer);
     /// The pixels of a margin along its axis.

@@ -9,9 +9,9 @@
 class MControl;
 class SizeComputer;
 
-/// The visible controls of a list, one behind the other along an axis. Those that do not stretch along it, and
-/// what is left of the height of collapsed ones, keep their length; the others share the rest by their ratios.
-/// A `Plastic` control that keeps its length has the one that follows from the thickness.
+/// The visible controls of a list, one behind the other along an axis. Those that do not stretch along it,
+/// and what is left of the height of collapsed ones, keep their length; the others share the rest by their
+/// ratios. A `Plastic` control that keeps its length has the one that follows from the thickness.
 class MLayoutFlow final {
 public:
     /// The list outlives the flow. `gap` is in front of each control but the first.

@@ -26,7 +26,11 @@ void MLayoutGrid::LoadControlParameters(MControl& control, MXMLItem& item) {
 
 void MLayoutGrid::Attach(MControl& control) {
     if (control.parentLayout) control.parentLayout->Detach(control);
-    while (currentRow < spannedRows[static_cast<size_t>(currentColumn)]) GoOn(1);
+    const auto isTaken = [&] {
+        return currentRow < spannedRows[static_cast<size_t>(currentColumn)] ||
+               (currentRow < rows.GetCount() && GetCell(currentRow, currentColumn));
+    };
+    while (isTaken()) GoOn(1);
     Put(control, currentRow, currentColumn);
     GoOn(1);
 }

@@ -30,10 +30,10 @@ public:
     void LoadFromXml(MXMLItem& item) override;
     /// "hspan" columns, which no other control takes, and "vspan" rows.
     void LoadControlParameters(MControl& control, MXMLItem& item) override;
-    /// Into the next cell that no control reaches down to from above.
+    /// Into the next cell that is free and that no control reaches down to from above.
     void Attach(MControl& control) override;
-    /// Into a cell of the grid, which loses the control that it had; other ones are ignored. Rows down to it are
-    /// made.
+    /// Into a cell of the grid, which loses the control that it had; other ones are ignored. Rows down to it
+    /// are made.
     void AttachAt(MControl& control, int32_t row, int32_t column);
     /// A row that becomes empty is removed.
     void Detach(MControl& control) override;

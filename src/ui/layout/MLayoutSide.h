@@ -6,8 +6,8 @@
 
 enum class MSideDirection : int32_t { Left, Right, Top, Bottom };
 
-/// A strip along one side of the rectangle, as thick as its thickest control, in which the controls follow one
-/// another from top to bottom or from left to right. The rest begins a gap behind it.
+/// A strip along one side of the rectangle, as thick as its thickest control, in which the controls follow
+/// one another from top to bottom or from left to right. The rest begins a gap behind it.
 ///
 /// A `Plastic` control alone in a strip is as thick as it has to be at the strip's length: a text at the top
 /// gets lower when the window gets wider.

@@ -2,8 +2,8 @@
 
 #include "ui/control/MLayout.h"
 
-/// Controls in the place of one another, of which one is visible: the pages of a wizard. The one that is shown
-/// takes all of the rectangle.
+/// Controls in the place of one another, of which one is visible: the pages of a wizard. The one that is
+/// shown takes all of the rectangle.
 class MLayoutSwitch final : public MLayout {
 public:
     using MLayout::MLayout;

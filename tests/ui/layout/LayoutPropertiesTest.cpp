@@ -147,8 +147,8 @@ void ExpectOrder(MControl& parent) {
     });
 }
 
-/// The stretching controls of rows and columns have their part of what those share: less than a pixel of rounding
-/// goes on from each to the next.
+/// The stretching controls of rows and columns have their part of what those share: less than a pixel of
+/// rounding goes on from each to the next.
 void ExpectProportions(MControl& parent) {
     if (parent.Is(MControlFlag::Collapsed)) return;
     for (MLayout* layout : parent.GetLayouts())
