@@ -36,7 +36,7 @@ void MLayoutGrid::Attach(MControl& control) {
 }
 
 void MLayoutGrid::AttachAt(MControl& control, int32_t row, int32_t column) {
-    if (row < 0 || row >= MaximalRows || column < 0 || column >= columns) return;
+    if (row < 0 || column < 0 || column >= columns) return;
     if (control.parentLayout) control.parentLayout->Detach(control);
     Put(control, row, column);
 }

@@ -20,8 +20,8 @@
 class MLayoutGrid final : public MLayout {
 public:
     static constexpr int32_t MaximalColumns = 32;
-    /// That can be asked for in advance; controls make as many as they need.
-    static constexpr int32_t MaximalRows = 10000;
+    /// That can be asked for in advance, or spanned by a control; controls make as many as they need.
+    static constexpr int32_t MaximalRows = 1000;
 
     /// `columnCount` is cut to 1 to `MaximalColumns`.
     explicit MLayoutGrid(MControl& owner, int32_t columnCount = 1);
