@@ -1,6 +1,4 @@
-#include "foundation/base/MException.h"
 #include "foundation/base/MRaise.h"
-#include "foundation/text/MString.h"
 #include "ui/control/MControl.h"
 #include "ui/control/MControlRoot.h"
 #include "ui/control/MWindows.h"

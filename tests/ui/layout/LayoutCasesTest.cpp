@@ -1,7 +1,5 @@
 // Each layout by cases that were worked out by hand.
 
-#include "foundation/base/MException.h"
-#include "foundation/xml/MXMLItem.h"
 #include "tests/ui/layout/LayoutFixture.h"
 #include "ui/layout/MLayoutClient.h"
 #include "ui/layout/MLayoutCorner.h"
@@ -9,8 +7,6 @@
 #include "ui/layout/MLayoutOccupyBorder.h"
 #include "ui/layout/MLayoutSide.h"
 #include "ui/layout/MLayoutSwitch.h"
-
-#include <gmock/gmock.h>
 
 #include <ostream>
 #include <vector>
