@@ -3,15 +3,8 @@
 #include "foundation/xml/MXMLItem.h"
 #include "ui/control/MControl.h"
 #include "ui/control/MRemoveFromList.h"
+#include "ui/control/MStyleMetric.h"
 #include "ui/geometry/MLength.h"
-
-namespace {
-
-// Metrics of the style.
-constexpr int32_t DefLayoutSpace = 4;
-constexpr int32_t DefGridLayoutSpace = 5;
-
-}  // namespace
 
 MLayout::MLayout(MControl& owner) : owner(&owner) {
     owner.AddLayout(this);
@@ -80,18 +73,18 @@ MFlexibility MLayout::GetFlexibility() {
 }
 
 int32_t MLayout::GetSpace() const {
-    return MClampLength(int64_t{GetMetric(DefLayoutSpace)} + space);
+    return MClampLength(int64_t{GetMetric(MStyleMetric::DefLayoutSpace)} + space);
 }
 
 int32_t MLayout::GetGridSpace() const {
-    return MClampLength(int64_t{GetMetric(DefGridLayoutSpace)} + space);
+    return MClampLength(int64_t{GetMetric(MStyleMetric::DefGridLayoutSpace)} + space);
 }
 
 int32_t MLayout::GetStyleSpace() const {
-    return MClampLength(GetMetric(DefLayoutSpace));
+    return MClampLength(GetMetric(MStyleMetric::DefLayoutSpace));
 }
 
-int32_t MLayout::GetMetric(int32_t index) const {
+int32_t MLayout::GetMetric(MStyleMetric metric) const {
     MStyle* const style = owner->GetStyle();
-    return style ? style->GetMetric(index) : 0;
+    return style ? style->GetMetric(static_cast<int32_t>(metric)) : 0;
 }

@@ -11,6 +11,7 @@
 
 class MControl;
 class MXMLItem;
+enum class MStyleMetric : int32_t;
 
 /// Places some of the children of a control in a part of its client area. The layouts of a control are asked
 /// in their order: each takes what it needs of the free rectangle and leaves the rest to the next one.
@@ -79,7 +80,7 @@ protected:
 private:
     friend class MControl;
 
-    [[nodiscard]] int32_t GetMetric(int32_t index) const;
+    [[nodiscard]] int32_t GetMetric(MStyleMetric metric) const;
 
     MControl* owner;
 };
