@@ -32,7 +32,7 @@ public:
     /// A paint in progress holds it too, for its handlers may end the root.
     const std::shared_ptr<MBackBuffer> backBuffer = std::make_shared<MBackBuffer>();
     HWND window = nullptr;        ///< null once the system has destroyed it, with the one that it belonged to
-    HWND nativeParent = nullptr;  ///< what it is embedded in
+    HWND nativeParent = nullptr;  ///< what it is embedded in, or belongs to if that is not ours
     MRect savedFrame;             ///< before it was maximized
     bool maximized = false;
     bool fullScreen = false;

@@ -96,6 +96,8 @@ void MWindowSystemMSWindows::CreateWindow(MControl& root, const MString& caption
     auto descriptor = std::make_unique<MMSWindowsWindowDescriptor>(*this, loopCounter);
     descriptor->fullScreen = root.Is(MControlFlag::FullScreen) && !parent;
     const MPoint place = descriptor->fullScreen ? MPoint() : position;
+    const auto parentWindow = reinterpret_cast<HWND>(parent);
+    if (!MGetWindowRoot(parentWindow)) descriptor->nativeParent = parentWindow;
     const HWND window = CreateWindowExW(isInTaskbar ? 0 : WS_EX_TOOLWINDOW, ClassName,
                                         MToWide(caption).c_str(), PopupStyle, place.x, place.y, size.x,
                                         size.y, reinterpret_cast<HWND>(parent), nullptr, instance, nullptr);
@@ -124,13 +126,14 @@ void MWindowSystemMSWindows::DestroyWindow(MControl& root) {
 void MWindowSystemMSWindows::SetOwner(MControl& root, MControl* newOwner, bool keepTopmost) {
     MMSWindowsWindowDescriptor* const descriptor = MMSWindowsWindowDescriptor::Find(root);
     if (!descriptor || !descriptor->window) return;
+    const HWND window = descriptor->window;
     const HWND ownerWindow = newOwner ? MMSWindowsWindowDescriptor::FindHandle(*newOwner) : nullptr;
-    if (keepTopmost && ownerWindow) {
-        PutInto(*descriptor, ownerWindow, ChildStyle);
-        return;
-    }
-    if (descriptor->nativeParent) PutInto(*descriptor, nullptr, PopupStyle);
-    SetWindowLongPtrW(descriptor->window, GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(ownerWindow));
+    if (keepTopmost && ownerWindow) return PutInto(*descriptor, ownerWindow, ChildStyle);
+    if (MGetWindowRoot(descriptor->nativeParent)) PutInto(*descriptor, nullptr, PopupStyle);
+    // One that is embedded elsewhere has its place there.
+    if (GetWindowLongPtrW(window, GWL_STYLE) & WS_CHILD) return;
+    const HWND above = ownerWindow ? ownerWindow : descriptor->nativeParent;
+    SetWindowLongPtrW(window, GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(above));
 }
 
 void MWindowSystemMSWindows::SetNativeParent(MControl& root, intptr_t handle) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "examples/windows/MPlainStyle.h"
 #include "foundation/win32/MWindowsHeader.h"
 #include "tests/support/MTestText.h"
 #include "ui/control/MControl.h"
@@ -17,26 +18,42 @@ public:
     explicit LoggingWindow(const char* name, MRect frame = MRect::FromSize(100, 80, 300, 200))
         : MControl(nullptr, name) {
         SetCaption(name, MCaptionType::Normal);
+        SetControlType(MControlType::Window);
         position = frame.GetTopLeft();
-        size = minimalSize = {frame.GetWidth(), frame.GetHeight()};
-        Set(MControlFlag::MoveToScreenCenter, false);
+        size = {frame.GetWidth(), frame.GetHeight()};
+        for (const MControlFlag flag : {MControlFlag::AdaptSize, MControlFlag::MoveToScreenCenter})
+            Set(flag, false);
+        for (const MControlFlag flag :
+             {MControlFlag::AcceptsFiles, MControlFlag::InTaskbar, MControlFlag::KeepsApplicationAlive})
+            Set(flag);
+        CreateWindow(nullptr);
     }
     ~LoggingWindow() noexcept override = default;
 
     bool PreviewEvent(MControl*, const MSystemEvent& event) override {
-        if (event.IsMouse() && (!event.HasPosition() || event.type == MEventType::MouseMove) && !logsMoves)
-            return true;
-        log += Describe(event) + "\n";
-        if (onEvent) onEvent(event);
-        return event.type != MEventType::Activation && !event.IsDoubleClick();
+        const bool isMove = event.type == MEventType::MouseMove && !logsMoves;
+        if (isMove || (!event.HasPosition() && !event.IsKeyboard())) return isMove;
+        Tell(event);
+        return !event.IsDoubleClick();
+    }
+    bool ProcessEvent(const MSystemEvent& event) override {
+        if (event.type != MEventType::Activation) return MControl::ProcessEvent(event);
+        Tell(event);
+        return true;
     }
     bool Paint(MDrawer& drawer) override {
         if (onPaint) onPaint();
         drawer.FillRectangle(MRect::FromSize(0, 0, size.x, size.y), GetColor(++paints), MDrawMode::Copy);
         return false;
     }
-    void OnCaptureLost() override { log += "capture lost\n"; }
-    void OnMouseLeave() override { log += "left\n"; }
+    void OnCaptureLost() override {
+        log += "capture lost\n";
+        MControl::OnCaptureLost();
+    }
+    void OnMouseLeave() override {
+        if (logsMoves) log += "left\n";
+        MControl::OnMouseLeave();
+    }
     bool CanClose() override { return canClose; }
     bool OnFilesDropped(const MList<MString>& files) override {
         for (const MString& file : files) log += Text(file) + "\n";
@@ -56,6 +73,10 @@ public:
     bool logsMoves = false;
 
 private:
+    void Tell(const MSystemEvent& event) {
+        log += Describe(event) + "\n";
+        if (const auto action = onEvent) action(event);
+    }
     static std::string Describe(const MSystemEvent& event) {
         const std::string type = std::to_string(static_cast<uint32_t>(event.type));
         if (event.type == MEventType::Activation) return event.flag ? "active" : "inactive";
@@ -69,6 +90,7 @@ private:
 
 class Win32WindowTest : public testing::Test {
 protected:
+    Win32WindowTest() { windows.SetStyle(std::make_unique<MPlainStyle>(&windows, SYSTEM_FONTS)); }
     ~Win32WindowTest() noexcept override = default;
 
     HWND Open(LoggingWindow& window) {

