@@ -3,7 +3,6 @@
 #include "foundation/base/MGuard.h"
 #include "foundation/files/win32/MNativePath.h"
 #include "ui/control/MControlRef.h"
-#include "ui/control/MControlRoot.h"
 #include "ui/control/MWindows.h"
 #include "ui/window/win32/MMSWindowsWindowDescriptor.h"
 #include "ui/window/win32/MWin32DC.h"
@@ -66,7 +65,6 @@ public:
 private:
     void OnMove();
     void OnSize();
-    LRESULT OnMouseActivate();
     void OnFocusLost();
     void OnPaint();
     LRESULT OnKey(MEventType type);
@@ -91,7 +89,9 @@ LRESULT Handler::Handle() {
     case WM_SIZE: OnSize(); return message.HandleByDefault();
     case WM_SETFOCUS: messages.OnActivated(root); return 0;
     case WM_KILLFOCUS: OnFocusLost(); return 0;
-    case WM_MOUSEACTIVATE: return OnMouseActivate();
+    case WM_MOUSEACTIVATE:
+        // Whether a modal window closes or comes to the front is not the system's to decide.
+        return MWindows::GetInstance()->IsBlocked(root) ? MA_NOACTIVATE : message.HandleByDefault();
     case WM_PAINT: OnPaint(); return 0;
     case WM_CLOSE: messages.OnCloseRequested(root); return 0;
     case WM_ERASEBKGND:
@@ -153,18 +153,6 @@ void Handler::OnSize() {
         ShowWindow(message.window, SW_SHOWNORMAL);
         if (alive) system.Maximize(root);
     }
-}
-
-/// A press on a window that waits for a dialog activates that. A popup is over when it loses the focus.
-LRESULT Handler::OnMouseActivate() {
-    for (MControl* other : MWindows::GetInstance()->GetRoots()) {
-        if (other->GetRootState().windowParent.Get() != &root || !other->Is(MControlFlag::ModalRunning) ||
-            other->Is(MControlFlag::CloseOnDeactivate))
-            continue;
-        system.Activate(*other);
-        return MA_NOACTIVATE;
-    }
-    return message.HandleByDefault();
 }
 
 void Handler::OnFocusLost() {
