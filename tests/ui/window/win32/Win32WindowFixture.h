@@ -54,7 +54,6 @@ public:
         if (logsMoves) log += "left\n";
         MControl::OnMouseLeave();
     }
-    bool CanClose() override { return canClose; }
     bool OnFilesDropped(const MList<MString>& files) override {
         for (const MString& file : files) log += Text(file) + "\n";
         return true;
@@ -69,7 +68,6 @@ public:
     std::function<void()> onPaint;
     std::string log;
     int32_t paints = 0;
-    bool canClose = true;
     bool logsMoves = false;
 
 private:
@@ -78,13 +76,12 @@ private:
         if (const auto action = onEvent) action(event);
     }
     static std::string Describe(const MSystemEvent& event) {
-        const std::string type = std::to_string(static_cast<uint32_t>(event.type));
+        std::string text = std::to_string(static_cast<uint32_t>(event.type)) + " ";
         if (event.type == MEventType::Activation) return event.flag ? "active" : "inactive";
-        if (event.type == MEventType::Character) return type + " " + std::to_string(event.character);
-        if (event.IsKeyboard()) return type + " " + std::to_string(event.key);
-        return type + " " + std::to_string(event.point.x) + "," + std::to_string(event.point.y) + " " +
-               std::to_string(event.modifiers) +
-               (event.type == MEventType::Wheel ? " " + std::to_string(event.wheelDelta) : "");
+        if (event.IsKeyboard()) return text + std::to_string(event.key + event.character);
+        text += std::to_string(event.point.x) + "," + std::to_string(event.point.y) + " ";
+        text += std::to_string(event.modifiers);
+        return event.wheelDelta ? text + " " + std::to_string(event.wheelDelta) : text;
     }
 };
 

@@ -54,25 +54,6 @@ TEST_F(WindowMessagesTest, TheMouseBecomesEvents) {
         SendMessageW(handle, WM_MOUSEWHEEL, MAKEWPARAM(0, static_cast<WORD>(delta)), 0);
         EXPECT_EQ(window.TakeLog(), std::string("10 20,30 0 ") + steps + "\n");
     }
-    system.EnableEvents(false, true);
-    SendMessageW(handle, WM_LBUTTONDOWN, 0, 0);
-    EXPECT_EQ(window.TakeLog(), "");
-}
-
-TEST_F(WindowMessagesTest, ClicksRightAfterAWindowHasGoneReachNoOther) {
-    const HWND handle = Open(window);
-    LoggingWindow popup("Popup");
-    Open(popup);
-    system.Hide(popup);
-    const int64_t hidden = system.GetTime();
-    system.Activate(window);
-    window.TakeLog();
-    SendMessageW(handle, WM_LBUTTONDOWN, 0, 0);
-    ASSERT_LT(system.GetTime() - hidden, 100);
-    EXPECT_EQ(window.TakeLog(), "");
-    Sleep(110);
-    SendMessageW(handle, WM_LBUTTONDOWN, 0, 0);
-    EXPECT_EQ(window.TakeLog(), "0 0,0 0\n");
 }
 
 TEST_F(WindowMessagesTest, TheKeyboardBecomesEvents) {
@@ -116,13 +97,6 @@ TEST_F(WindowMessagesTest, ActivationIsTold) {
     EXPECT_EQ(system.GetActiveRoot(), &other);
     system.Activate(window);
     EXPECT_EQ(system.GetActiveRoot(), &window);
-    // A press activates first.
-    system.Activate(other);
-    Sleep(110);
-    window.TakeLog();
-    SendMessageW(GetHandle(window), WM_LBUTTONDOWN, MK_LBUTTON, 0);
-    EXPECT_THAT(window.TakeLog(), testing::EndsWith("0 0,0 1\n"));
-    EXPECT_EQ(system.GetActiveRoot(), &window);
 }
 
 TEST_F(WindowMessagesTest, DroppedFilesArriveWithBackslashes) {
@@ -132,20 +106,6 @@ TEST_F(WindowMessagesTest, DroppedFilesArriveWithBackslashes) {
     PostMessageW(handle, WM_DROPFILES, reinterpret_cast<WPARAM>(MakeDrop(list, {5, 6})), 0);
     EXPECT_TRUE(PumpUntil([&] { return !window.log.empty(); }));
     EXPECT_EQ(window.TakeLog(), "C:\\one\\\u00FC.txt\nD:\\two\nE:\\three\n");
-}
-
-TEST_F(WindowMessagesTest, SizesByTheSystemStayWithinTheLimits) {
-    const HWND handle = Open(window);
-    window.minimalSize = {100, 50};
-    window.maximalSize = {400, MControl::Unlimited};
-    RECT small = {0, 0, 10, 10};
-    SendMessageW(handle, WM_SIZING, WMSZ_TOPLEFT, reinterpret_cast<LPARAM>(&small));
-    EXPECT_EQ(small.left, 10 - 101);
-    EXPECT_EQ(small.top, 10 - 51);
-    RECT large = {0, 0, 5000, 5000};
-    SendMessageW(handle, WM_SIZING, WMSZ_BOTTOMRIGHT, reinterpret_cast<LPARAM>(&large));
-    EXPECT_EQ(large.right, 401);
-    EXPECT_EQ(large.bottom, 5000);
 }
 
 TEST_F(WindowMessagesTest, AHandlerMayEndItsWindow) {
