@@ -62,7 +62,9 @@ MWin32Cursor::MWin32Cursor(const MCursor& cursor) : isShared(cursor.bitmap.IsEmp
 }
 
 MWin32Cursor::~MWin32Cursor() {
-    if (!isShared) DestroyCursor(GetCursor());
+    if (isShared) return;
+    if (::GetCursor() == GetCursor()) SetCursor(LoadCursorW(nullptr, IDC_ARROW));
+    DestroyCursor(GetCursor());
 }
 
 HCURSOR MWin32Cursors::Get(const MCursor& cursor) {

@@ -237,16 +237,17 @@ LRESULT Handler::OnDroppedFiles() {
     }
     POINT point{};
     DragQueryPoint(drop, &point);
+    const bool isTaken = !paths.IsEmpty() && messages.OnFilesDropped(root, paths, {point.x, point.y});
+    const LRESULT result = isTaken ? 0 : message.HandleByDefault();
     DragFinish(drop);
-    if (!paths.IsEmpty() && messages.OnFilesDropped(root, paths, {point.x, point.y})) return 0;
-    return message.HandleByDefault();
+    return result;
 }
 
 }  // namespace
 
 LRESULT CALLBACK MWindowProc(HWND window, UINT id, WPARAM wParam, LPARAM lParam) {
     const Message message = {window, id, wParam, lParam};
-    MControl* const root = MGetWindowRoot(window);
+    auto* const root = reinterpret_cast<MControl*>(GetWindowLongPtrW(window, GWLP_USERDATA));
     MMSWindowsWindowDescriptor* const descriptor = root ? MMSWindowsWindowDescriptor::Find(*root) : nullptr;
     if (!descriptor) return message.HandleByDefault();
     LRESULT result = 0;

@@ -2,6 +2,7 @@
 
 #include "foundation/MProductConstants.h"
 #include "foundation/base/MRaise.h"
+#include "foundation/events/MLockGuard.h"
 #include "foundation/files/win32/MNativePath.h"
 #include "foundation/module/MPlatform.h"
 #include "ui/control/MControl.h"
@@ -109,11 +110,17 @@ void MWindowSystemMSWindows::CreateWindow(MControl& root, const MString& caption
     descriptor->window = window;
     root.SetProperty(MMSWindowsWindowDescriptor::Key, std::move(descriptor));
     SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(&root));
+    const MLockGuard guard(&handlesLock);
+    handles[&root] = window;
 }
 
 void MWindowSystemMSWindows::DestroyWindow(MControl& root) {
     const MMSWindowsWindowDescriptor* const descriptor = MMSWindowsWindowDescriptor::Find(root);
     if (!descriptor) return;
+    {
+        const MLockGuard guard(&handlesLock);
+        handles.erase(&root);
+    }
     if (const HWND window = descriptor->window) {
         const MMessageLoopCounter::Scope level(loopCounter);
         SetWindowLongPtrW(window, GWLP_USERDATA, 0);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "foundation/events/MLock.h"
 #include "foundation/win32/MWindowsHeader.h"
 #include "ui/control/MWindowSystem.h"
 #include "ui/window/MWindowMessages.h"
@@ -7,6 +8,7 @@
 #include "ui/window/win32/MMessageLoopCounter.h"
 
 #include <memory>
+#include <unordered_map>
 
 /// The windows of User32. They have no frame of the system's; a root's descriptor is kept with it.
 class MWindowSystemMSWindows final : public MWindowSystem {
@@ -86,7 +88,7 @@ public:
     [[nodiscard]] int32_t GetScalePercent() override;
 
 private:
-    void PostFromThread(MControl& root, UINT message);
+    void PostFromThread(const MControl& root, UINT message);
     void Translate(const MSG& message);
 
     MWindows* owner = nullptr;
@@ -95,4 +97,6 @@ private:
     MWindowMessages messages{*this};
     std::shared_ptr<MMessageLoopCounter> loopCounter = std::make_shared<MMessageLoopCounter>();
     std::unique_ptr<MBackgroundWindow> background;
+    MLock handlesLock;
+    std::unordered_map<const MControl*, HWND> handles;  ///< for other threads, which do not touch a tree
 };

@@ -1,8 +1,7 @@
 #include "foundation/base/MGuard.h"
-#include "foundation/events/MEmulatedLockGuard.h"
+#include "foundation/events/MLockGuard.h"
 #include "foundation/files/win32/MNativePath.h"
 #include "ui/control/MControl.h"
-#include "ui/control/MControlRoot.h"
 #include "ui/window/win32/MMSWindowsWindowDescriptor.h"
 #include "ui/window/win32/MWin32Objects.h"
 #include "ui/window/win32/MWindowProc.h"
@@ -100,13 +99,10 @@ bool MWindowSystemMSWindows::IsMinimized(MControl& root) {
     return IsIconic(MMSWindowsWindowDescriptor::FindHandle(root));
 }
 
-/// Another thread may look at a tree, and so at its window, under the lock.
-void MWindowSystemMSWindows::PostFromThread(MControl& root, UINT message) {
-    MGuard("MWindowSystem::PostFromThread", [&] {
-        const MEmulatedLockGuard guard(&root.GetRootState().lock, MERWLock::Read);
-        if (const HWND window = MMSWindowsWindowDescriptor::FindHandle(root))
-            PostMessageW(window, message, 0, 0);
-    });
+void MWindowSystemMSWindows::PostFromThread(const MControl& root, UINT message) {
+    const MLockGuard guard(&handlesLock);
+    const auto found = handles.find(&root);
+    if (found != handles.end()) PostMessageW(found->second, message, 0, 0);
 }
 
 void MWindowSystemMSWindows::Show(MControl& root) {
