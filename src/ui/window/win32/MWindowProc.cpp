@@ -68,7 +68,7 @@ private:
     void OnFocusLost();
     void OnPaint();
     LRESULT OnKey(MEventType type);
-    void OnSizing();
+    void OnSizing() const;
     void OnWheel();
     void OnCaptureChanged();
     LRESULT OnDroppedFiles();
@@ -94,10 +94,10 @@ LRESULT Handler::Handle() {
         return MWindows::GetInstance()->IsBlocked(root) ? MA_NOACTIVATE : message.HandleByDefault();
     case WM_PAINT: OnPaint(); return 0;
     case WM_CLOSE: messages.OnCloseRequested(root); return 0;
+    // Background and pointer are done, and every point is in the client area, HTCLIENT.
     case WM_ERASEBKGND:
-    case WM_SETCURSOR: return 1;
-    // No part of the window is the system's.
-    case WM_NCHITTEST: return HTCLIENT;
+    case WM_SETCURSOR:
+    case WM_NCHITTEST: return 1;
     case WM_HELP: return 0;
     case WM_KEYDOWN:
     case WM_SYSKEYDOWN: return OnKey(MEventType::KeyDown);
@@ -194,7 +194,7 @@ LRESULT Handler::OnKey(MEventType type) {
     return message.HandleByDefault();
 }
 
-void Handler::OnSizing() {
+void Handler::OnSizing() const {
     RECT& frame = *reinterpret_cast<RECT*>(message.lParam);
     const auto clamp = [](LONG length, int32_t minimum, int32_t maximum) {
         const int64_t least = int64_t{minimum} + 1;
