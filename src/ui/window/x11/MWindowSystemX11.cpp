@@ -72,7 +72,8 @@ void MWindowSystemX11::DestroyWindow(MControl& root) {
 }
 
 void MWindowSystemX11::OnWindowPrepared(MControl& root) {
-    if (const MXWindow* const window = MXWindow::Of(root)) window->TellManager(root);
+    const MXWindow* const window = MXWindow::Of(root);
+    if (window && window->IsShown()) window->TellManager(root);
 }
 
 void MWindowSystemX11::SetOwner(MControl& root, MControl* newOwner, bool) {
@@ -261,6 +262,7 @@ void MWindowSystemX11::TrackMouseLeave(MControl& root, bool isOn) {
 }
 
 MKeyModifiers MWindowSystemX11::GetModifiers() {
+    if (keyModifiers) return *keyModifiers;
     const auto pointer = QueryPointer(platform->display.connection.GetRoot());
     return pointer ? MXKeyboard::GetModifiers(pointer->mask) : MModifierNone;
 }

@@ -13,8 +13,8 @@
 #include <functional>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <thread>
-#include <utility>
 #include <vector>
 
 /// Windows on a display of X, that of the environment or another one. Desktops of Wayland bring such a display
@@ -89,6 +89,13 @@ public:
 private:
     enum class Message { None, Event, Paint, Timer };
 
+    /// What a key has typed, and where.
+    struct Typed {
+        xcb_window_t window;
+        char16_t character;
+        MKeyModifiers modifiers;
+    };
+
     /// All that is open, in the order in which it needs each other.
     struct Platform {
         Platform(MWindowSystemX11& system, const std::string& displayName);
@@ -127,7 +134,9 @@ private:
     const std::thread::id thread = std::this_thread::get_id();
     std::atomic<bool> isWoken = false;
     bool isQuitting = false;
-    std::deque<std::pair<xcb_window_t, char16_t>> typed;  ///< what keys have typed, and where
+    std::deque<Typed> typed;
+    /// Those of the key that is being handled, however late that is.
+    std::optional<MKeyModifiers> keyModifiers;
     std::optional<int64_t> alarm;
     std::mutex requestsLock;
     std::vector<std::function<void()>> requests;  ///< of other threads

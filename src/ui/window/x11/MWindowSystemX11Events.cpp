@@ -11,6 +11,16 @@ xcb_window_t GetSubject(const xcb_generic_event_t& event) {
     return MXAs<Event>(event).window;
 }
 
+/// An event tells what was held before it.
+MKeyModifiers GetModifiersAfter(const xcb_key_press_event_t& event, int32_t key, bool isPress) {
+    const MKeyModifiers before = MXKeyboard::GetModifiers(event.state);
+    const MKeyModifiers own = key == MKeyShift     ? MModifierShift
+                              : key == MKeyControl ? MModifierControl
+                              : key == MKeyAlt     ? MModifierAlt
+                                                   : MModifierNone;
+    return isPress ? before | own : static_cast<MKeyModifiers>(before & ~own);
+}
+
 }  // namespace
 
 void MWindowSystemX11::Dispatch(const xcb_generic_event_t& event) {
@@ -77,11 +87,12 @@ void MWindowSystemX11::OnKey(const xcb_key_press_event_t& event, MEventType type
     MXKeyboard& keyboard = platform->display.keyboard;
     if (type == MEventType::KeyDown) MXWindow::Of(*root)->TellUserTime();
     const int32_t key = keyboard.GetVirtualKey(event.detail);
+    keyModifiers = GetModifiersAfter(event, key, type == MEventType::KeyDown);
     // Characters come after the key itself, but also when that makes a loop run that waits for more.
     if (type == MEventType::KeyDown) {
         const MString text = keyboard.TypeKey(event.detail);
         for (int32_t i = 0; i < text.GetLength(); ++i)
-            typed.emplace_back(MXWindow::Of(*root)->GetId(), text[i]);
+            typed.push_back({MXWindow::Of(*root)->GetId(), text[i], *keyModifiers});
     }
     if (key) messages.OnKey(*root, type, key);
 }

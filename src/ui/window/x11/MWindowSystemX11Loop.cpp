@@ -20,9 +20,11 @@ constexpr const char* Label = "MWindowSystemX11::ProcessNext";
 
 // What the user does goes first, then what is due; only then it is painted, once for all of it.
 MWindowSystemX11::Message MWindowSystemX11::ProcessNext() {
+    keyModifiers.reset();
     if (!typed.empty()) {
-        const auto [window, character] = typed.front();
+        const auto [window, character, modifiers] = typed.front();
         typed.pop_front();
+        keyModifiers = modifiers;
         if (MControl* const root = platform->display.Find(window)) messages.OnCharacter(*root, character);
         return Message::Event;
     }

@@ -53,8 +53,18 @@ protected:
     /// Has xclip offer something until somebody else does.
     void Offer(const std::string& bytes, const std::string& options = "") {
         scratch.WriteFile("offered", bytes);
+        const xcb_window_t before = GetOwner();
         server.Run("xclip -selection clipboard " + options + " -i " + Text(scratch.Join("offered")) +
                    " >/dev/null 2>&1");
+        // It goes to the background before the server knows of it.
+        while (GetOwner() == before) std::this_thread::yield();
+        while (const MXEvent event = queue.Take()) clipboard.Process(*event);
+    }
+    xcb_window_t GetOwner() {
+        const auto request = xcb_get_selection_owner(connection, connection[MXAtom::Clipboard]);
+        return MXReply<xcb_get_selection_owner_reply_t>(
+                   xcb_get_selection_owner_reply(connection, request, nullptr))
+            ->owner;
     }
     std::string GetText() { return ToBytes(clipboard.Get(MWindowSystem::TextFormat, XCB_CURRENT_TIME)); }
 

@@ -43,7 +43,8 @@ private:
         connection.SendToClient(target, MXAtom::XdndEnter, {window, Version, connection[form]});
         connection.SendToClient(target, MXAtom::XdndPosition, {window, 0, 30 << 16 | 40});
         // Like most, this source goes on even where it is not welcome.
-        for (int count = 0; count < 2; queue.Wait(1000)) {
+        for (int count = 0; count < 2;) {
+            queue.Wait(1000);
             while (const MXEvent event = queue.Take()) {
                 owner.Process(*event);
                 if (MXKindOf(*event) != XCB_CLIENT_MESSAGE) continue;

@@ -1,0 +1,259 @@
+#include "examples/windows/MPlainStyle.h"
+#include "tests/support/MTestText.h"
+#include "tests/ui/window/x11/MTestXServer.h"
+#include "ui/control/MControl.h"
+#include "ui/control/MControlRef.h"
+#include "ui/control/MWindows.h"
+#include "ui/window/MNativeWindowSystem.h"
+#include "ui/window/headless/MWindowSystemHeadless.h"
+#include "ui/window/x11/MWindowSystemX11.h"
+#include "ui/window/x11/MXWindow.h"
+
+#include <chrono>
+#include <cstring>
+#include <functional>
+#include <semaphore>
+#include <thread>
+
+namespace {
+
+/// A window that tells what reaches it.
+class Window final : public MControl {
+public:
+    Window(const char* name, std::string& log) : MControl(nullptr, name), log(log) {
+        SetControlType(MControlType::Window);
+        for (const MControlFlag flag : {MControlFlag::AdaptSize, MControlFlag::MoveToScreenCenter})
+            Set(flag, false);
+        for (const MControlFlag flag : {MControlFlag::AcceptsFiles, MControlFlag::InTaskbar}) Set(flag);
+    }
+    Window(const Window&) = delete;
+    Window& operator=(const Window&) = delete;
+    ~Window() noexcept override = default;
+
+    void Open(MPoint at, MPoint of, MControl* owner = nullptr) {
+        position = at;
+        size = of;
+        CreateWindow(owner);
+        ShowModeless(owner);
+    }
+    bool ProcessEvent(const MSystemEvent& event) override {
+        static constexpr const char* Names[] = {"down",
+                                                "right down",
+                                                "middle down",
+                                                "up",
+                                                "right up",
+                                                "middle up",
+                                                "double",
+                                                "right double",
+                                                "middle double",
+                                                "move",
+                                                "wheel",
+                                                "enter",
+                                                "leave",
+                                                "key",
+                                                "key up",
+                                                "char",
+                                                "focus",
+                                                "blur",
+                                                "activation",
+                                                "",
+                                                "",
+                                                ""};
+        const MString told = MString::Print("%s", Names[static_cast<size_t>(event.type)]);
+        log += Text(GetName()) + " " + Text(told);
+        if (event.HasPosition())
+            log += " " + std::to_string(event.point.x) + "," + std::to_string(event.point.y);
+        if (event.type == MEventType::Wheel) log += " " + std::to_string(event.wheelDelta);
+        if (event.type == MEventType::KeyDown) log += " " + std::to_string(event.key);
+        if (event.type == MEventType::Character) log += " " + std::to_string(event.character);
+        if (event.type == MEventType::Activation) log += event.flag ? " on" : " off";
+        if (event.modifiers != 0) log += " +" + std::to_string(event.modifiers);
+        log += "|";
+        const MControlRef self(this);
+        if (onEvent) onEvent(event);
+        return !self || MControl::ProcessEvent(event);
+    }
+    void OnMouseLeave() override {
+        log += Text(GetName()) + " left|";
+        MControl::OnMouseLeave();
+    }
+
+    std::function<void(const MSystemEvent&)> onEvent;
+
+private:
+    std::string& log;
+};
+
+/// Puts something of every kind into a window.
+void Fill(MControl& root, std::vector<std::unique_ptr<MControl>>& children) {
+    const MControlType types[] = {MControlType::Button, MControlType::Edit, MControlType::Panel,
+                                  MControlType::ListBox};
+    for (int32_t i = 0; i < 4; ++i) {
+        MControl& child = *children.emplace_back(std::make_unique<MControl>(&root));
+        child.SetControlType(types[i]);
+        child.SetCaption(MString::Copy(u"\u00C4 caption"), MCaptionType::Normal);
+        child.Set(MControlFlag::OverlayControl);
+        child.Set(MControlFlag::AdaptSize, false);
+        child.position = {10 + i * 60, 20 + i * 30};
+        child.size = {90, 40};
+    }
+}
+
+/// The part of a screen that a window covers.
+MBitmap Cut(const MBitmap& screen, const MRect& frame) {
+    MBitmap part(frame.GetWidth(), frame.GetHeight());
+    for (int32_t y = 0; y < part.GetHeight(); ++y)
+        std::copy_n(screen.GetRow(frame.top + y) + frame.left, part.GetWidth(), part.EditRow(y));
+    return part;
+}
+
+bool AreEqual(const MBitmap& left, const MBitmap& right) {
+    return left.GetRect() == right.GetRect() &&
+           std::equal(left.GetPixels(), left.GetPixels() + left.GetWidth() * left.GetHeight(),
+                      right.GetPixels());
+}
+
+class XWindowSystemTest : public testing::Test {
+protected:
+    XWindowSystemTest() { UseWindows(MCreateNativeWindowSystem(Heap(server.GetName().c_str()))); }
+    ~XWindowSystemTest() noexcept override = default;
+
+    void UseWindows(std::unique_ptr<MWindowSystem> newSystem) {
+        windows.reset();
+        windows = std::make_unique<MWindows>(std::move(newSystem));
+        windows->SetStyle(std::make_unique<MPlainStyle>(windows.get(), SYSTEM_FONTS));
+    }
+
+    [[nodiscard]] MWindowSystemX11& GetSystem() {
+        return static_cast<MWindowSystemX11&>(windows->GetSystem());
+    }
+    /// Lets a user do something by xdotool, and gives what came of it.
+    std::string Do(const std::string& deeds) {
+        log.clear();
+        if (!deeds.empty()) server.Run("xdotool " + deeds);
+        for (int quiet = 0; quiet < 20; ++quiet) {
+            if (GetSystem().ProcessPending() > 0) quiet = 0;
+            std::this_thread::sleep_for(std::chrono::milliseconds(2));
+        }
+        return log;
+    }
+
+    std::string log;
+    MTestXServer server{"800x600x24"};
+    std::unique_ptr<MWindows> windows;
+};
+
+}  // namespace
+
+TEST_F(XWindowSystemTest, TheScreenShowsWhatIsCapturedAndSendsNoMoreThanChanges) {
+    MBitmap captured;
+    {
+        Window root("main", log);
+        std::vector<std::unique_ptr<MControl>> children;
+        Fill(root, children);
+        root.Open({40, 30}, {300, 200});
+        Do("mousemove 700 500");
+        ASSERT_TRUE(GetSystem().CaptureToBitmap(root, captured));
+        EXPECT_TRUE(AreEqual(Cut(server.TakePicture(), GetSystem().GetFrame(root)), captured));
+
+        const MXPresenter& presenter = MXWindow::Of(root)->GetPresenter();
+        const int64_t before = presenter.GetCopiedBytes();
+        root.InvalidateRect(MRect::FromSize(15, 150, 100, 20));
+        Do("");
+        EXPECT_GE(presenter.GetCopiedBytes() - before, 100 * 20 * 4);
+        EXPECT_LE(presenter.GetCopiedBytes() - before, 100 * 20 * 4 * 2);
+    }
+    UseWindows(std::make_unique<MWindowSystemHeadless>());
+    Window root("main", log);
+    std::vector<std::unique_ptr<MControl>> children;
+    Fill(root, children);
+    root.Open({40, 30}, {300, 200});
+    MBitmap inMemory;
+    ASSERT_TRUE(windows->GetSystem().CaptureToBitmap(root, inMemory));
+    EXPECT_TRUE(AreEqual(inMemory, captured));
+}
+
+TEST_F(XWindowSystemTest, MouseAndKeyboardReachTheWindow) {
+    Window root("main", log);
+    root.Open({40, 30}, {300, 200});
+    Do("mousemove 140 130");
+    struct Case {
+        const char* deeds;
+        const char* told;
+    };
+    const Case cases[] = {
+        {"click 1", "main down 100,100 +1|main up 100,100|"},
+        {"sleep 0.6 click --repeat 3 --delay 30 1",
+         "main down 100,100 +1|main up 100,100|main double 100,100 +1|main down 100,100 +1|main up 100,100|"
+         "main down 100,100 +1|main up 100,100|"},
+        {"click 3", "main right down 100,100 +4|main right up 100,100|"},
+        {"click 2", "main middle down 100,100 +2|main middle up 100,100|"},
+        {"click 4 click 5", "main wheel 100,100 1|main wheel 100,100 -1|"},
+        {"key a", "main key 65|main char 97|main key up|"},
+        {"key ctrl+Page_Up", "main key 17 +16|main key 33 +16|main key up|main key up|"},
+        // The button keeps the mouse outside of the window as well.
+        {"mousedown 1 mousemove 500 400 mouseup 1",
+         "main down 100,100 +1|main move 460,370 +1|main up 460,370|main left|main leave|"},
+    };
+    for (const Case& one : cases) EXPECT_EQ(Do(one.deeds), one.told) << one.deeds;
+}
+
+TEST_F(XWindowSystemTest, PressesBesideAPopupCloseIt) {
+    Window root("main", log);
+    Window popup("popup", log);
+    popup.Set(MControlFlag::CloseOnDeactivate);
+    popup.position = {100, 60};
+    popup.size = {80, 50};
+    popup.CreateWindow(&root);
+    root.Open({40, 30}, {300, 200});
+    MModalValue result = MModalValue::None;
+    root.onEvent = [&](const MSystemEvent& event) {
+        if (event.type == MEventType::RightDown) result = popup.RunModal(&root);
+    };
+    // A thread acts while the popup's own loop runs.
+    const auto open = [&](const std::string& deeds) {
+        result = MModalValue::None;
+        std::thread user([&] { server.Run("sleep 0.3; xdotool " + deeds); });
+        const std::string told = Do("mousemove 60 50 click 3");
+        user.join();
+        return told + Do("");
+    };
+    struct Case {
+        const char* deeds;
+        const char* told;
+    };
+    for (const char* place : {"700 500", "300 200"}) {
+        const std::string told =
+            open(std::string("key x mousemove 110 70 click 1 mousemove ") + place + " click 1");
+        EXPECT_EQ(result, MModalValue::Cancel);
+        // Keys go to the popup, and the press that closes it to nobody.
+        EXPECT_THAT(told, testing::AllOf(testing::HasSubstr("popup key 88|popup char 120|popup key up|"),
+                                         testing::HasSubstr("popup down 10,10 +1|popup up 10,10|"),
+                                         testing::HasSubstr("popup activation off|"),
+                                         testing::Not(testing::HasSubstr("main down"))));
+        EXPECT_EQ(Do("key y"), "main key 89|main char 121|main key up|");
+    }
+}
+
+TEST_F(XWindowSystemTest, OtherThreadsShowAndHideAndAnIdleLoopSleeps) {
+    Window root("main", log);
+    root.position = {40, 30};
+    root.size = {100, 100};
+    root.CreateWindow(nullptr);
+    std::thread([&] { GetSystem().Show(root); }).join();
+    EXPECT_FALSE(GetSystem().IsVisible(root));
+    Do("mousemove 700 500");
+    EXPECT_TRUE(GetSystem().IsVisible(root));
+
+    const int64_t before = GetSystem().CountWakeUps();
+    std::thread other([&] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(500));
+        GetSystem().Hide(root);
+        server.Kill();
+    });
+    // The death of the server ends every loop.
+    GetSystem().RunLoop(root);
+    other.join();
+    EXPECT_FALSE(GetSystem().IsVisible(root));
+    EXPECT_LE(GetSystem().CountWakeUps() - before, 4);
+}
