@@ -124,10 +124,12 @@ TEST_F(XClipboardTest, OwnersThatAreGoneOrEndInTheMiddleAreNotWaitedFor) {
         MXClipboard othersClipboard(others, othersQueue);
         othersClipboard.Set(MWindowSystem::TextFormat, ToBuffer(LongText(1 << 20)), XCB_CURRENT_TIME);
         hasOffered = true;
-        for (int requests = 0; requests < 2; othersQueue.Wait(MXEventQueue::Forever))
+        for (int requests = 0; requests < 2;) {
+            othersQueue.Wait(MXEventQueue::Forever);
             while (const MXEvent event = othersQueue.Take())
                 if (MXKindOf(*event) == XCB_SELECTION_REQUEST && ++requests <= 2)
                     othersClipboard.Process(*event);
+        }
         isForgotten.acquire();
     });
     while (!hasOffered) std::this_thread::yield();
