@@ -140,6 +140,15 @@ protected:
 
     std::string log;
     MTestXServer server{"800x600x24"};
+    /// Starts a window manager, which ends with the display.
+    void StartManager() {
+        server.Run(
+            "openbox >/dev/null 2>&1 & until xprop -root _NET_SUPPORTING_WM_CHECK | grep -q '#'; do :; done");
+    }
+    [[nodiscard]] std::string GetHints(const char* window, const std::string& names) const {
+        return server.Run("xprop -id $(xdotool search --name '^" + std::string(window) + "$') " + names);
+    }
+
     std::unique_ptr<MWindows> windows;
 };
 
@@ -256,4 +265,51 @@ TEST_F(XWindowSystemTest, OtherThreadsShowAndHideAndAnIdleLoopSleeps) {
     other.join();
     EXPECT_FALSE(GetSystem().IsVisible(root));
     EXPECT_LE(GetSystem().CountWakeUps() - before, 4);
+}
+
+TEST_F(XWindowSystemTest, AWindowManagerPutsWindowsWhereTheyBelongAndHasItsSay) {
+    StartManager();
+    Window root("main", log);
+    Window dialog("dialog", log);
+    root.SetCaption("main", MCaptionType::Normal);
+    dialog.SetCaption("dialog", MCaptionType::Normal);
+    root.Open({-20, 30}, {300, 200});
+    EXPECT_EQ(Do("mousemove 700 500"), "main focus|main activation on|");
+    EXPECT_EQ(GetSystem().GetActiveRoot(), &root);
+    EXPECT_THAT(server.Run("xdotool search --name '^main$' getwindowgeometry"),
+                testing::HasSubstr("Position: -20,30 (screen: 0)\n  Geometry: 300x200"));
+    Do("search --name ^main$ windowmove 100 60");
+    EXPECT_EQ(root.position, (MPoint{100, 60}));
+    GetSystem().Maximize(root);
+    Do("");
+    EXPECT_EQ(GetSystem().GetFrame(root), MRect::FromSize(0, 0, 800, 600));
+    GetSystem().Restore(root);
+    Do("");
+    EXPECT_EQ(GetSystem().GetFrame(root), MRect::FromSize(100, 60, 300, 200));
+
+    GetSystem().Minimize(root);
+    EXPECT_EQ(Do(""), "main blur|main activation off|");
+    EXPECT_TRUE(GetSystem().IsMinimized(root));
+    GetSystem().Restore(root);
+    EXPECT_EQ(Do(""), "main focus|main activation on|");
+    EXPECT_FALSE(GetSystem().IsMinimized(root));
+
+    std::string hints;
+    std::thread user([&] {
+        server.Run("sleep 0.3");
+        hints = GetHints("dialog", "_NET_WM_STATE WM_TRANSIENT_FOR");
+        // A modal window keeps the keyboard when the user presses on that behind it.
+        server.Run("xdotool mousemove 110 70 click 1 key x key alt+F4");
+    });
+    dialog.position = {150, 100};
+    dialog.size = {100, 80};
+    dialog.CreateWindow(&root);
+    log.clear();
+    EXPECT_EQ(dialog.RunModal(&root), MModalValue::Cancel);
+    user.join();
+    EXPECT_THAT(hints,
+                testing::AllOf(testing::HasSubstr("_NET_WM_STATE_MODAL"), testing::HasSubstr("window id")));
+    EXPECT_THAT(log, testing::AllOf(testing::HasSubstr("dialog char 120"),
+                                    testing::Not(testing::HasSubstr("main down"))));
+    EXPECT_EQ(Do("key y"), "main focus|main activation on|main key 89|main char 121|main key up|");
 }
