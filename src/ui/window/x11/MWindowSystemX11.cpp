@@ -1,6 +1,7 @@
 #include "ui/window/x11/MWindowSystemX11.h"
 
 #include "foundation/MProductConstants.h"
+#include "foundation/base/MGuard.h"
 #include "foundation/text/MUnicode.h"
 #include "ui/control/MControlRoot.h"
 #include "ui/window/MNativeWindowSystem.h"
@@ -136,9 +137,10 @@ MRect MWindowSystemX11::GetFrame(MControl& root) {
 void MWindowSystemX11::Maximize(MControl& root) {
     MXWindow* const window = MXWindow::Of(root);
     if (!window || window->isMaximized) return;
-    window->savedFrame = window->GetFrame();
+    const MRect frame = window->GetFrame();
+    window->savedFrame = frame;
     window->isMaximized = true;
-    PutFrame(root, GetWorkArea(window->GetFrame().GetTopLeft()));
+    PutFrame(root, GetWorkArea(MPoint{(frame.left + frame.right) / 2, (frame.top + frame.bottom) / 2}));
 }
 
 void MWindowSystemX11::Restore(MControl& root) {
@@ -232,7 +234,11 @@ void MWindowSystemX11::SetCapture(MControl& root, bool isOn) {
 }
 
 void MWindowSystemX11::SetCursor(MControl& root, const MCursor& cursor) {
-    if (MXWindow* const window = MXWindow::Of(root)) window->SetCursor(platform->display.cursors.Get(cursor));
+    MXWindow* const window = MXWindow::Of(root);
+    // A pointer that cannot be made leaves the one before.
+    if (window)
+        MGuard("MWindowSystemX11::SetCursor",
+               [&] { window->SetCursor(platform->display.cursors.Get(cursor)); });
 }
 
 MXReply<xcb_query_pointer_reply_t> MWindowSystemX11::QueryPointer(xcb_window_t window) const {

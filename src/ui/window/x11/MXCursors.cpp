@@ -39,8 +39,14 @@ MXCursors::MXCursors(const MXConnection& connection) : connection(connection) {
 }
 
 MXCursors::~MXCursors() {
-    for (const Made& one : made) xcb_free_cursor(connection, one.id);
+    FreeAll();
     if (font != XCB_FONT_NONE) xcb_close_font(connection, font);
+}
+
+// Windows keep what they show.
+void MXCursors::FreeAll() {
+    for (const Made& one : made) xcb_free_cursor(connection, one.id);
+    made.clear();
 }
 
 // Copies share their pixels, and those of a copy that is kept stay where they are.
@@ -50,6 +56,7 @@ xcb_cursor_t MXCursors::Get(const MCursor& cursor) {
                one.cursor.hotSpot == cursor.hotSpot && one.cursor.minalpha == cursor.minalpha;
     });
     if (found != made.end()) return found->id;
+    if (made.size() >= MostKept) FreeAll();
     const bool hasPicture = alphaFormat != 0 && !cursor.bitmap.IsEmpty();
     made.push_back({cursor, hasPicture ? MakePicture(cursor) : MakeOfFont(cursor.kind)});
     return made.back().id;

@@ -24,6 +24,10 @@ private:
         xcb_cursor_t id = XCB_CURSOR_NONE;
     };
 
+    /// A style has one for each kind; one that makes its pictures anew each time shall not fill the server.
+    static constexpr size_t MostKept = 64;
+
+    void FreeAll();
     [[nodiscard]] xcb_cursor_t MakePicture(const MCursor& cursor) const;
     [[nodiscard]] xcb_cursor_t MakeOfFont(MStdCursor kind);
 
