@@ -80,7 +80,7 @@ void MWindowSystemX11::OnConfigured(const xcb_configure_notify_event_t& event) {
 // The keyboard of a popup is that of the window that it stands over.
 void MWindowSystemX11::OnKey(const xcb_key_press_event_t& event, MEventType type) {
     platform->display.time = event.time;
-    platform->activation.Settle();
+    platform->mouse.Settle();
     MControl* const active = platform->activation.GetActive();
     MControl* const root = active ? active : platform->display.Find(event.event);
     if (!root) return;

@@ -32,7 +32,7 @@ MWindowSystemX11::Message MWindowSystemX11::ProcessNext() {
         MGuard(Label, [&] { Dispatch(*event); });
         return Message::Event;
     }
-    platform->activation.Settle();
+    platform->mouse.Settle();
     if (isWoken.exchange(false) || (alarm && *alarm <= GetTime())) {
         alarm.reset();
         RunRequests();

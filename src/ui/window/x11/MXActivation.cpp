@@ -19,10 +19,12 @@ void MXActivation::OnFocusChanged(const xcb_focus_in_event_t& event) {
     hasChanged = true;
 }
 
-void MXActivation::Settle() {
-    if (!std::exchange(hasChanged, false)) return;
+bool MXActivation::Settle() {
+    if (!std::exchange(hasChanged, false)) return false;
+    const bool wasActive = active;
     const bool isPopupActive = focused && active && !MXWindow::Of(*active)->IsManaged();
     if (!isPopupActive) SetActive(focused);
+    return wasActive && !active;
 }
 
 void MXActivation::SetActive(MControl* root) {

@@ -19,9 +19,9 @@ public:
 
     /// The keyboard has come to a window or left it; counts when `Settle` is called.
     void OnFocusChanged(const xcb_focus_in_event_t& event);
-    /// Tells the roots what the changes since the last call come down to. Called when no event is left, and
-    /// before whatever the user does.
-    void Settle();
+    /// Tells the roots what the changes since the last call come down to. Returns whether the user has turned
+    /// to another program.
+    bool Settle();
     /// Tells the roots of a change.
     void SetActive(MControl* root);
     /// Brings a root to the front.

@@ -45,7 +45,7 @@ MControl* MXMouse::FindTarget(const xcb_button_press_event_t& event, MPoint& poi
 
 void MXMouse::OnPress(const xcb_button_press_event_t& event) {
     display.time = event.time;
-    activation.Settle();
+    Settle();
     MPoint point;
     if (event.detail == WheelUp || event.detail == WheelDown) {
         if (MControl* const root = FindTarget(event, point))
@@ -101,7 +101,7 @@ bool MXMouse::IsDoubleClick(const xcb_button_press_event_t& event) {
 void MXMouse::OnRelease(const xcb_button_release_event_t& event) {
     if (!IsButton(event.detail)) return;
     display.time = event.time;
-    activation.Settle();
+    Settle();
     const auto state = static_cast<uint16_t>(event.state & ~GetMask(event.detail));
     heldButtons = state & Buttons;
     MPoint point;
@@ -122,7 +122,7 @@ void MXMouse::OnMotion(const xcb_generic_event_t& event) {
         MXAs<xcb_motion_notify_event_t>(*next).event == motion.event)
         return;
     display.time = motion.time;
-    activation.Settle();
+    Settle();
     MPoint point;
     MControl* const root = FindTarget(motion, point);
     if (root) messages.OnMouse(*root, MEventType::MouseMove, point, MXKeyboard::GetModifiers(motion.state));

@@ -13,6 +13,11 @@ public:
     MXMouse(const MXMouse&) = delete;
     MXMouse& operator=(const MXMouse&) = delete;
 
+    /// Has the roots told which of them is active now: when no event is left, and before whatever the user
+    /// does. Who turns to another program takes the mouse along.
+    void Settle() {
+        if (activation.Settle()) LoseCapture();
+    }
     void OnPress(const xcb_button_press_event_t& event);
     void OnRelease(const xcb_button_release_event_t& event);
     void OnMotion(const xcb_generic_event_t& event);
@@ -22,7 +27,6 @@ public:
     void SetCapture(MControl& root, bool isOn);
     /// Takes the mouse away from the root that has captured it, and tells it.
     void LoseCapture();
-    [[nodiscard]] bool HasCaptured(const MControl& root) const { return captured == &root; }
     /// Moves the mouse. Moves that are still on their way are dropped.
     void Warp(MControl& root, MPoint point);
 
