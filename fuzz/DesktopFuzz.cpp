@@ -1,5 +1,5 @@
-// Reads the input as what other programs of a desktop give: the property of a settings daemon, resources of the root
-// window, and a list of dropped files.
+// Reads the input as what other programs of a desktop give: the property of a settings daemon, resources of
+// the root window, and a list of dropped files.
 
 #include "ui/window/x11/MXDragTarget.h"
 #include "ui/window/x11/MXSettings.h"

@@ -204,8 +204,8 @@ void MWindowSystemX11::Invalidate(MControl& root, const MRect& rect) {
         window->Invalidate({rect.left, rect.top, rect.right - 1, rect.bottom - 1});
 }
 
-// Long work shows that it lives by painting now and then, and nothing else. So what the server wants painted is taken
-// to heart here as well, and the manager's question whether the program lives is answered.
+// Long work shows that it lives by painting now and then, and nothing else. So what the server wants painted
+// is taken to heart here as well, and the manager's question whether the program lives is answered.
 void MWindowSystemX11::Update(MControl& root) {
     platform->display.queue.Drop([&](const xcb_generic_event_t& event) {
         const bool isTaken = MXKindOf(event) == XCB_EXPOSE || IsPing(event);

@@ -17,8 +17,8 @@
 #include <thread>
 #include <vector>
 
-/// Windows on a display of X, that of the environment or another one. Desktops of Wayland bring such a display
-/// as well.
+/// Windows on a display of X, that of the environment or another one. Desktops of Wayland bring such a
+/// display as well.
 ///
 /// When the server dies, every loop ends, as after `Quit`.
 class MWindowSystemX11 final : public MWindowSystem {

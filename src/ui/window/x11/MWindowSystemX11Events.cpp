@@ -56,8 +56,8 @@ void MWindowSystemX11::Dispatch(const xcb_generic_event_t& event) {
     }
 }
 
-// Only the last of several places counts. While the user moves or sizes a window, this program is ahead of what it is
-// told.
+// Only the last of several places counts. While the user moves or sizes a window, this program is ahead of
+// what it is told.
 void MWindowSystemX11::OnConfigured(const xcb_configure_notify_event_t& event) {
     MControl* const root = platform->display.Find(event.window);
     if (!root) return;

@@ -5,8 +5,8 @@
 
 #include <utility>
 
-// A grab of somebody moves the keyboard for a moment, which means nothing; nor does a keyboard that follows the
-// mouse, or goes from a window to one inside it.
+// A grab of somebody moves the keyboard for a moment, which means nothing; nor does a keyboard that follows
+// the mouse, or goes from a window to one inside it.
 void MXActivation::OnFocusChanged(const xcb_focus_in_event_t& event) {
     if (event.mode == XCB_NOTIFY_MODE_GRAB || event.mode == XCB_NOTIFY_MODE_UNGRAB) return;
     if (event.detail == XCB_NOTIFY_DETAIL_POINTER || event.detail == XCB_NOTIFY_DETAIL_INFERIOR) return;

@@ -3,9 +3,9 @@
 #include "ui/window/MWindowMessages.h"
 #include "ui/window/x11/MXDisplay.h"
 
-/// Which root the user works with. Mostly that is the one with the keyboard of the display; but a popup, which
-/// gets no keyboard of its own, is active over the one that has it, and a root that was activated is at once,
-/// while the window manager still makes up its mind.
+/// Which root the user works with. Mostly that is the one with the keyboard of the display; but a popup,
+/// which gets no keyboard of its own, is active over the one that has it, and a root that was activated is at
+/// once, while the window manager still makes up its mind.
 class MXActivation {
 public:
     MXActivation(MXDisplay& display, MWindowMessages& messages) : display(display), messages(messages) {}

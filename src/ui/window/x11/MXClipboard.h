@@ -5,7 +5,8 @@
 #include "ui/window/x11/MXSelectionReader.h"
 
 /// The clipboard of a display. What is put into it can also be pasted by the middle button elsewhere
-/// (PRIMARY). Formats are those of `MWindowSystem`; texts are offered under the names that other programs use.
+/// (PRIMARY). Formats are those of `MWindowSystem`; texts are offered under the names that other programs
+/// use.
 ///
 /// What it raises, `MWindowSystem` tells.
 class MXClipboard {

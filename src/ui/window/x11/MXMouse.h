@@ -4,8 +4,8 @@
 
 #include <vector>
 
-/// The mouse of a display: makes of its events what happens to the roots, with double clicks, capture, and the
-/// popups that are closed by a press elsewhere.
+/// The mouse of a display: makes of its events what happens to the roots, with double clicks, capture, and
+/// the popups that are closed by a press elsewhere.
 class MXMouse {
 public:
     MXMouse(MXDisplay& display, MWindowMessages& messages, MXActivation& activation)

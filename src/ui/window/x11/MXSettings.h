@@ -6,8 +6,8 @@
 #include <string>
 #include <string_view>
 
-/// The user's settings that a desktop tells its programs: those that a settings daemon announces (XSETTINGS of
-/// freedesktop.org), else the resources of the root window, else usual ones.
+/// The user's settings that a desktop tells its programs: those that a settings daemon announces (XSETTINGS
+/// of freedesktop.org), else the resources of the root window, else usual ones.
 class MXSettings {
 public:
     static constexpr int32_t UsualDotsPerInch = 96;
@@ -25,8 +25,8 @@ public:
 
     /// The value of a number in the daemon's property, which may hold anything; `otherwise` if there is none.
     ///
-    /// The property: the byte order (a byte, 0 for little-endian), three unused bytes, a serial number and the
-    /// count of settings, and for each of them its type (a byte, 0 for a number, 1 for a text, 2 for a
+    /// The property: the byte order (a byte, 0 for little-endian), three unused bytes, a serial number and
+    /// the count of settings, and for each of them its type (a byte, 0 for a number, 1 for a text, 2 for a
     /// colour), an unused byte, the length of its name (2 bytes), the name, filled up to four bytes, a serial
     /// number and the value: a number of 4 bytes; a length of 4 bytes and a text, filled up; or 8 bytes.
     [[nodiscard]] static int32_t FindNumber(std::string_view property, std::string_view name,

@@ -158,7 +158,8 @@ void MXWindow::Show(const MControl& root) {
     xcb_flush(connection);
 }
 
-// A manager is told twice, since the window may be in the taskbar, where it is not on the screen (ICCCM 4.1.4).
+// A manager is told twice, since the window may be in the taskbar, where it is not on the screen (ICCCM
+// 4.1.4).
 void MXWindow::Hide() {
     isShown = false;
     xcb_unmap_window(connection, id);

@@ -104,11 +104,11 @@ TEST(XDragTargetTest, FilesAreTakenAndOtherThingsAreDeclined) {
 }
 
 TEST(XDragTargetTest, ListsOfAddressesGiveTheFilesOfThisMachine) {
+    const MList<MString> files = MXDragTarget::ParseFiles(
+        "# files\r\nfile:///tmp/a%20b%C3%A4.txt\r\nfile://localhost/c\r\nfile:/d\r\n"
+        "file://elsewhere.example/e\r\nhttps://host/f\r\nfile:///bad%2\r\nfile:///zero%00\r\nfile://\r\n"
+        "file:relative\nfile:///last");
     std::string paths;
-    for (
-        const MString& path : MXDragTarget::ParseFiles(
-            "# files\r\nfile:///tmp/a%20b%C3%A4.txt\r\nfile://localhost/c\r\nfile:/d\r\nfile://elsewhere.example/e\r\n"
-            "https://host/f\r\nfile:///bad%2\r\nfile:///zero%00\r\nfile://\r\nfile:relative\nfile:///last"))
-        paths += Text(path) + "|";
+    for (const MString& path : files) paths += Text(path) + "|";
     EXPECT_EQ(paths, "/tmp/a b\u00E4.txt|/c|/d|/last|");
 }
