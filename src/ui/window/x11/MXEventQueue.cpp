@@ -54,7 +54,7 @@ void MXEventQueue::Wait(int64_t milliseconds) {
         const ssize_t size = read(wakeDescriptor, &count, sizeof(count));
 }
 
-void MXEventQueue::Wake() {
+void MXEventQueue::Wake() const {
     const uint64_t one = 1;
     [[maybe_unused]] const ssize_t size = write(wakeDescriptor, &one, sizeof(one));
 }

@@ -42,7 +42,7 @@ public:
     /// has died or so many milliseconds have passed.
     void Wait(int64_t milliseconds);
     /// Ends the sleep of `Wait`, or the next one, from any thread.
-    void Wake();
+    void Wake() const;
 
     /// Takes the first event that is wanted, also out of the middle, and waits for it for at most so many
     /// milliseconds; null if it does not come. The others stay in their order.

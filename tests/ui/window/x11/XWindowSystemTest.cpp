@@ -4,6 +4,7 @@
 #include "ui/control/MControl.h"
 #include "ui/control/MControlRef.h"
 #include "ui/control/MWindows.h"
+#include "ui/image/MAlphaMask.h"
 #include "ui/window/MNativeWindowSystem.h"
 #include "ui/window/headless/MWindowSystemHeadless.h"
 #include "ui/window/x11/MWindowSystemX11.h"
@@ -185,6 +186,34 @@ TEST_F(XWindowSystemTest, TheScreenShowsWhatIsCapturedAndSendsNoMoreThanChanges)
     MBitmap inMemory;
     ASSERT_TRUE(windows->GetSystem().CaptureToBitmap(root, inMemory));
     EXPECT_TRUE(AreEqual(inMemory, captured));
+}
+
+TEST_F(XWindowSystemTest, ShapesCutWindowsAndDragFramesLieOverThem) {
+    // Without a colour of its own the desktop keeps what was there.
+    server.Run("xsetroot -solid '#204060'");
+    Window root("main", log);
+    root.Open({40, 30}, {300, 200});
+    Do("mousemove 700 500");
+    const MBitmap before = server.TakePicture();
+    MAlphaMask mask(300, 200);
+    for (int32_t y = 0; y < 200; ++y) std::fill_n(mask.EditRow(y), y < 100 ? 150 : 0, uint8_t{1});
+    GetSystem().SetShape(root, mask);
+    Do("");
+    const MBitmap shaped = server.TakePicture();
+    const MColor desktop = MColor::FromRGB(0x20, 0x40, 0x60);
+    for (const MPoint point : {MPoint{45, 35}, MPoint{189, 129}, MPoint{190, 129}, MPoint{189, 130}}) {
+        const bool isInside = point.x < 40 + 150 && point.y < 30 + 100;
+        EXPECT_EQ(shaped.GetPixel(point.x, point.y), isInside ? before.GetPixel(point.x, point.y) : desktop);
+    }
+    GetSystem().DrawDragFrame(root, 10, 20, 100, 50);
+    Do("");
+    const MBitmap framed = server.TakePicture();
+    for (const MPoint corner : {MPoint{11, 21}, MPoint{108, 68}})
+        EXPECT_EQ(framed.GetPixel(corner.x, corner.y), MColor::FromRGB(255, 255, 255));
+    EXPECT_EQ(framed.GetPixel(60, 45), shaped.GetPixel(60, 45));
+    GetSystem().DrawDragFrame(root, 10, 20, 100, 50);
+    Do("");
+    EXPECT_TRUE(AreEqual(server.TakePicture(), shaped));
 }
 
 TEST_F(XWindowSystemTest, MouseAndKeyboardReachTheWindow) {
