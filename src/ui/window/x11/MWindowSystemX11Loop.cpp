@@ -54,6 +54,8 @@ int32_t MWindowSystemX11::ProcessPending() {
         if (message == Message::None) break;
         paintsInRow = message == Message::Event ? 0 : paintsInRow + 1;
     }
+    // A loop does that before it waits.
+    xcb_flush(platform->display.connection);
     return count;
 }
 
