@@ -82,6 +82,8 @@ void MWindows::RequestTick() {
 }
 
 void MWindows::Attend() {
+    // A handler may run a loop of its own, in which the rest goes on.
+    UpdateAlarm();
     MGuard(TickLabel, [&] { DispatchPending(); });
     const int64_t now = system->GetTime();
     if (isTickRequested && now >= lastTick + TickInterval) {

@@ -160,3 +160,24 @@ TEST_F(LoopTest, TheFirstResultOfAModalWindowStays) {
     });
     EXPECT_EQ(dialog.RunModal(window.get()), MModalValue::Yes);
 }
+
+TEST_F(LoopTest, TimersAndPaintsGoOnInALoopOfAHandler) {
+    MWindow dialog("Dialog");
+    dialog.minClientSize = {50, 50};
+    dialog.CreateWindow(window.get());
+    int32_t beats = 0;
+    Ticker beat([&] {
+        if (++beats == 3) dialog.CloseWindow(MModalValue::Ok);
+    });
+    Ticker opener([&] {
+        opener.StopTimer();
+        window->Invalidate();
+        beat.StartTimer(50);
+        EXPECT_EQ(dialog.RunModal(window.get()), MModalValue::Ok);
+    });
+    opener.StartTimer(10);
+    window->Invalidate();
+    system.Post([] {}, 1000);
+    system.RunApplication();
+    EXPECT_GE(beats, 3);
+}
