@@ -46,8 +46,8 @@ int32_t MoveInside(int64_t low, int64_t length, int64_t least, int64_t most) {
 
 bool MControl::SaveState(MXMLItem& item) {
     bool isWritten = false;
-    const auto write = [&](const char* name, int32_t value) {
-        item.SetAttribute(name, value);
+    const auto write = [&](const char* attribute, int32_t value) {
+        item.SetAttribute(attribute, value);
         isWritten = true;
     };
     if (Is(MControlFlag::Collapsable)) write("collapsed", Is(MControlFlag::Collapsed));
