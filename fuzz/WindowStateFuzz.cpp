@@ -1,4 +1,5 @@
-// Opens a window with a hostile state file. Whatever the file says, the window has to be a window on the screen.
+// Opens a window with a hostile state file. Whatever the file says, the window has to be a window on the
+// screen.
 
 #include "foundation/base/MException.h"
 #include "foundation/xml/MXMLItem.h"

@@ -104,8 +104,8 @@ public:
     virtual void OnMouseLeave();
     [[nodiscard]] virtual MStdCursor GetCursorAt(MPoint point);
     virtual void OnHidden() {}
-    /// Shows a root over `parent`, or null, and returns when it was closed: `Cancel` for one that has no window,
-    /// runs already or has ended meanwhile.
+    /// Shows a root over `parent`, or null, and returns when it was closed: `Cancel` for one that has no
+    /// window, runs already or has ended meanwhile.
     virtual MModalValue RunModal(MControl* parent);
     virtual void ShowModeless(MControl* parent);
     virtual void BeginWindowResize(MPoint point, uint8_t borders);
@@ -254,8 +254,8 @@ public:
 
     // ---- The window of a root (MControlWindow.cpp, MControlFrame.cpp, MControlState.cpp).
 
-    /// Makes the window, still hidden: over that of `windowParent`, or null; or inside of a foreign one, by its
-    /// native handle. Raises what `MWindowSystem::CreateWindow` raises.
+    /// Makes the window, still hidden: over that of `windowParent`, or null; or inside of a foreign one, by
+    /// its native handle. Raises what `MWindowSystem::CreateWindow` raises.
     void CreateWindow(MControl* windowParent, intptr_t nativeParent = 0);
     void DestroyWindow();
     /// Lays the tree out for being shown.
@@ -266,8 +266,8 @@ public:
     /// What the platform's close button does.
     void RequestClose();
     void FlushMessagesOfThisWindow();
-    /// The state of all below as a file of the user's, for roots with `AutoSaveState`. What fails is left out,
-    /// and so is a root whose name is not that of a file.
+    /// The state of all below as a file of the user's, for roots with `AutoSaveState`. What fails is left
+    /// out, and so is a root whose name is not that of a file.
     void SaveWindowState();
     void LoadWindowState();
 

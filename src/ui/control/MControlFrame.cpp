@@ -1,5 +1,5 @@
-// Windows without a frame of the platform move and resize themselves. Both follow the pointer by its place on the
-// screen, since that in the window changes with every step.
+// Windows without a frame of the platform move and resize themselves. Both follow the pointer by its place on
+// the screen, since that in the window changes with every step.
 
 #include "ui/control/MControl.h"
 #include "ui/control/MControlRoot.h"
@@ -7,7 +7,8 @@
 
 namespace {
 
-/// Moves the edges that are dragged by so much, as far as the length stays within its limits. Returns how far.
+/// Moves the edges that are dragged by so much, as far as the length stays within its limits. Returns how
+/// far.
 int32_t DragEdge(int32_t& low, int32_t& high, bool isLow, bool isHigh, int32_t delta, int32_t least,
                  int32_t most) {
     const int32_t length = high - low + 1;

@@ -1,8 +1,8 @@
-// The way of a paint. `InvalidateRect` lets the renderer record a rectangle in the control (`pendingRect`) and adds
-// it to what is dirty of the window. The tick, or `RedrawNow`, hands that to the platform, whose paint message comes
-// back as `PerformPaintDispatch`: first all that was recorded is handed down the tree (`PropagateDirty`), since
-// whatever lies on something painted has to be painted too; then the tree is painted, parents before their children
-// and siblings in their order.
+// The way of a paint. `InvalidateRect` lets the renderer record a rectangle in the control (`pendingRect`)
+// and adds it to what is dirty of the window. The tick, or `RedrawNow`, hands that to the platform, whose
+// paint message comes back as `PerformPaintDispatch`: first all that was recorded is handed down the tree
+// (`PropagateDirty`), since whatever lies on something painted has to be painted too; then the tree is
+// painted, parents before their children and siblings in their order.
 
 #include "foundation/base/MGuard.h"
 #include "foundation/events/MEmulatedLockGuard.h"

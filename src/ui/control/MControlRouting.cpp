@@ -9,8 +9,9 @@
 //     1. style.PreprocessEvent   may end everything
 //     2. PreviewEvent            sees it before the child does; what it consumes goes no deeper
 //     3. the child, if there is one
-//     4. ProcessEvent            with the marks of pressed buttons before and after it. A mouse event gets here
-//                                unless a child has consumed it, a key only on the last control of its path
+//     4. ProcessEvent            with the marks of pressed buttons before and after it. A mouse event gets
+//                                here unless a child has consumed it, a key only on the last control of its
+//                                path
 //     5. hot keys                if nobody has consumed the key
 //     6. ProcessGlobalEvent      on the root: first of the overlay windows, then its own
 //     7. help                    on the root

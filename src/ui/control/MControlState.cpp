@@ -2,9 +2,9 @@
 //
 //     state = attributes { item }     item: a child's state, named after the child
 //
-// with the attributes "collapsed" of what can be collapsed, those of the controls' own, and for a root "windowposx",
-// "windowposy", "windowsizex", "windowsizey" and "maximized". The file may come from another version, from another
-// screen or be damaged; whatever does not fit is left out.
+// with the attributes "collapsed" of what can be collapsed, those of the controls' own, and for a root
+// "windowposx", "windowposy", "windowsizex", "windowsizey" and "maximized". The file may come from another
+// version, from another screen or be damaged; whatever does not fit is left out.
 
 #include "foundation/base/MGuard.h"
 #include "foundation/files/MFile.h"

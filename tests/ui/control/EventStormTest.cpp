@@ -1,5 +1,5 @@
-// Whatever users do, and whatever handlers do to the tree meanwhile, nothing is touched that has ended. What this
-// finds it finds with the sanitizers.
+// Whatever users do, and whatever handlers do to the tree meanwhile, nothing is touched that has ended. What
+// this finds it finds with the sanitizers.
 
 #include "tests/ui/control/ControlFixture.h"
 

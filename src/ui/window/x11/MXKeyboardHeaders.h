@@ -1,7 +1,7 @@
 #pragma once
 
-// The header of the keyboard extension has a member that is named after a keyword of C++, and one compiler warns of
-// what helps; the other does not know that warning.
+// The header of the keyboard extension has a member that is named after a keyword of C++, and one compiler
+// warns of what helps; the other does not know that warning.
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wpragmas"
 #pragma GCC diagnostic ignored "-Wkeyword-macro"
