@@ -8,6 +8,21 @@
 
 namespace {
 
+[[noreturn]] void RaiseNotOpened(const std::string& name) {
+    const char* const environment = std::getenv("DISPLAY");
+    const std::string display = name.empty() && environment ? environment : name;
+    if (display.empty())
+        MRaise(
+            MExceptionGeneral,
+            "There is no display for windows, since DISPLAY is not set. Please start this program in a desktop "
+            "session, or run it without windows.");
+    MRaise(
+        MExceptionGeneral,
+        "The display \"{0}\" could not be opened. Please start this program in a desktop session, or run it "
+        "without windows.",
+        MDecodeUTF8Exact(display));
+}
+
 /// Which library is for which extension of the server.
 struct ExtensionName {
     MXLibrary library;
@@ -46,11 +61,7 @@ MXConnection::MXConnection(const std::string& name) {
     connection = xcb_connect(name.empty() ? nullptr : name.c_str(), &screenNumber);
     if (xcb_connection_has_error(connection)) {
         xcb_disconnect(connection);
-        const char* const environment = std::getenv("DISPLAY");
-        MRaise(MExceptionGeneral,
-               "The display \"{0}\" could not be opened. Please start this program in a desktop session, or "
-               "run it without windows.",
-               MDecodeUTF8Exact(name.empty() && environment ? environment : name));
+        RaiseNotOpened(name);
     }
     xcb_screen_iterator_t screens = xcb_setup_roots_iterator(xcb_get_setup(connection));
     while (screenNumber-- > 0 && screens.rem > 1) xcb_screen_next(&screens);
