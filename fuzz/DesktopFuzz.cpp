@@ -1,8 +1,8 @@
 // Reads the input as what other programs of a desktop give: the property of a settings daemon, resources of
 // the root window, and a list of dropped files.
 
-#include "ui/window/x11/MXDragTarget.h"
-#include "ui/window/x11/MXSettings.h"
+#include "ui/window/x11/display/MXSettings.h"
+#include "ui/window/x11/selections/MXDragTarget.h"
 
 #include <cstddef>
 #include <cstdint>

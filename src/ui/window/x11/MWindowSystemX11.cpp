@@ -5,8 +5,8 @@
 #include "foundation/text/MUnicode.h"
 #include "ui/control/MControlRoot.h"
 #include "ui/window/MNativeWindowSystem.h"
-#include "ui/window/x11/MXMonitors.h"
 #include "ui/window/x11/MXWindow.h"
+#include "ui/window/x11/display/MXMonitors.h"
 
 std::unique_ptr<MWindowSystem> MCreateNativeWindowSystem(const MString& display) {
     return std::make_unique<MWindowSystemX11>(display);

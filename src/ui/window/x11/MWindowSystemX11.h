@@ -1,12 +1,12 @@
 #pragma once
 
 #include "ui/window/MWindowMessages.h"
-#include "ui/window/x11/MXActivation.h"
-#include "ui/window/x11/MXClipboard.h"
-#include "ui/window/x11/MXDisplay.h"
 #include "ui/window/x11/MXDragFrame.h"
-#include "ui/window/x11/MXDragTarget.h"
-#include "ui/window/x11/MXMouse.h"
+#include "ui/window/x11/display/MXDisplay.h"
+#include "ui/window/x11/input/MXActivation.h"
+#include "ui/window/x11/input/MXMouse.h"
+#include "ui/window/x11/selections/MXClipboard.h"
+#include "ui/window/x11/selections/MXDragTarget.h"
 
 #include <atomic>
 #include <deque>

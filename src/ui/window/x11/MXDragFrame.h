@@ -1,7 +1,7 @@
 #pragma once
 
 #include "ui/geometry/MRect.h"
-#include "ui/window/x11/MXConnection.h"
+#include "ui/window/x11/display/MXConnection.h"
 
 #include <array>
 

@@ -2,8 +2,8 @@
 
 #include "foundation/base/MObject.h"
 #include "ui/window/MBackBuffer.h"
-#include "ui/window/x11/MXDisplay.h"
-#include "ui/window/x11/MXPresenter.h"
+#include "ui/window/x11/display/MXDisplay.h"
+#include "ui/window/x11/display/MXPresenter.h"
 
 #include <memory>
 

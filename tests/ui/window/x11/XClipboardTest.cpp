@@ -2,7 +2,7 @@
 #include "tests/support/MTestText.h"
 #include "tests/ui/window/x11/MTestXServer.h"
 #include "ui/control/MWindowSystem.h"
-#include "ui/window/x11/MXClipboard.h"
+#include "ui/window/x11/selections/MXClipboard.h"
 
 #include <algorithm>
 #include <atomic>

@@ -1,9 +1,9 @@
 #include "tests/support/MTestText.h"
 #include "tests/support/posix/MTestVariable.h"
 #include "tests/ui/window/x11/MTestXServer.h"
-#include "ui/window/x11/MXEventQueue.h"
-#include "ui/window/x11/MXMonitors.h"
-#include "ui/window/x11/MXSettings.h"
+#include "ui/window/x11/display/MXEventQueue.h"
+#include "ui/window/x11/display/MXMonitors.h"
+#include "ui/window/x11/display/MXSettings.h"
 
 #include <chrono>
 #include <thread>

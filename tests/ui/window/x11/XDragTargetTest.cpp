@@ -1,7 +1,7 @@
 #include "tests/support/MTestText.h"
 #include "tests/ui/window/x11/MTestXServer.h"
-#include "ui/window/x11/MXDragTarget.h"
-#include "ui/window/x11/MXSelectionOwner.h"
+#include "ui/window/x11/selections/MXDragTarget.h"
+#include "ui/window/x11/selections/MXSelectionOwner.h"
 
 #include <atomic>
 #include <cstring>

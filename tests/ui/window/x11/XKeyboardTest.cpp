@@ -1,8 +1,8 @@
 #include "tests/support/MTestText.h"
 #include "tests/support/posix/MTestVariable.h"
 #include "tests/ui/window/x11/MTestXServer.h"
-#include "ui/window/x11/MXEventQueue.h"
-#include "ui/window/x11/MXKeyboard.h"
+#include "ui/window/x11/display/MXEventQueue.h"
+#include "ui/window/x11/input/MXKeyboard.h"
 
 #include <vector>
 

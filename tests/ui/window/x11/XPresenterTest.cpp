@@ -1,5 +1,5 @@
 #include "tests/ui/window/x11/MTestXServer.h"
-#include "ui/window/x11/MXPresenter.h"
+#include "ui/window/x11/display/MXPresenter.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>
