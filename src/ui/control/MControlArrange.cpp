@@ -40,7 +40,7 @@ void ResizeWindow(MControl& root) {
         MWindows::GetInstance()->GetSystem().Resize(root, root.GetShownSize());
 }
 
-/// Repaints what lies behind a control that is about to change its place.
+/// Repaints the place of a control, before and after that changes.
 void InvalidatePlace(MControl& control) {
     MControl* const parent = control.GetParent();
     if (parent)
@@ -123,7 +123,8 @@ void MControl::SetPosition(MPoint newPosition) {
         MWindows::GetInstance()->GetSystem().Move(*this, position);
     if (IsRoot() || !root->Is(MControlFlag::LayoutValid)) return;
     ArrangeChildren();
-    Invalidate();
+    // Not by itself: in its own coordinates all of it may have been recorded before.
+    InvalidatePlace(*this);
 }
 
 void MControl::SetCollapsed(bool isCollapsed) {

@@ -48,7 +48,9 @@ bool MControl::RecordDirty(const MRect& rect) {
 void MControl::SetFrozen(bool isFrozen) {
     if (root->Is(MControlFlag::Frozen) == isFrozen) return;
     root->Set(MControlFlag::Frozen, isFrozen);
-    if (!isFrozen && GetRootState().windowDirtyFlag) root->Invalidate();
+    if (isFrozen || !GetRootState().windowDirtyFlag) return;
+    root->pendingFlag = false;  // what was recorded before may have been painted meanwhile
+    root->Invalidate();
 }
 
 void MControl::FlushPaint() {

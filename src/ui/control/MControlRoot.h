@@ -38,6 +38,7 @@ struct MControlRoot {
 
     MFlexibility flexibility = MFlexibleNone;
     bool hasFirstSizes = false;  ///< whether the window has got the size that its controls had before it
+    bool isMaximizedWhenPlaced = false;  ///< the state that was loaded says so
     uint8_t resizeBorderWidth = 6;
     uint8_t resizeBorders = 0;  ///< those that are being dragged
     MPoint dragAnchor;          ///< where the mouse took hold of the window

@@ -100,8 +100,11 @@ void MControl::LoadFrame(MXMLItem& item) {
     MWindowSystem* const system = GetWindows() ? &GetWindows()->GetSystem() : nullptr;
     if (!system) return;
     if (Is(MControlFlag::SaveWindowSize) && item.GetInt32Attribute("maximized", 0) != 0) {
-        system->Maximize(*this);
-        flags.Set(MControlFlag::MoveToScreenCenter, false);
+        // Until it is shown, the window has no place that it could be restored to.
+        if (Is(MControlFlag::LayoutValid))
+            system->Maximize(*this);
+        else
+            GetRootState().isMaximizedWhenPlaced = true;
         return;
     }
     const bool hasSize = Is(MControlFlag::SaveWindowSize) && item.HasAttribute("windowsizex");

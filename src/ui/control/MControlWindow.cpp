@@ -106,6 +106,7 @@ void MControl::PlaceWindow() {
     }
     system.Resize(*this, GetShownSize());
     if (self) system.Move(*this, position);
+    if (self && std::exchange(GetRootState().isMaximizedWhenPlaced, false)) system.Maximize(*this);
 }
 
 void MControl::NotifyPrepared() {

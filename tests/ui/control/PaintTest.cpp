@@ -103,6 +103,12 @@ TEST_F(PaintTest, PaintsWhatLiesOnSomethingPainted) {
          "1:0,0-0,0 2:0,0-0,0"},
         {"frozen and thawed", [&] { root.SetFrozen(true), upper.Invalidate(), root.SetFrozen(false); },
          "1:0,0-299,199 2:0,0-199,99 4:0,0-109,109"},
+        {"thawed after a paint that was asked for before",
+         [&] {
+             root.Invalidate(), root.SetFrozen(true), Tick();
+             upper.Invalidate(), root.SetFrozen(false);
+         },
+         "1:0,0-299,199 2:0,0-199,99 4:0,0-109,109"},
     };
     for (const Case& test : cases) {
         test.change();
@@ -113,6 +119,12 @@ TEST_F(PaintTest, PaintsWhatLiesOnSomethingPainted) {
     root.RedrawNow();
     EXPECT_EQ(Take(), "4:0,0-109,109") << "at once";
     EXPECT_EQ(Tick(), "");
+
+    // Its place on the screen changes after it was recorded in its own coordinates.
+    upper.Invalidate();
+    upper.SetPosition({180, 80});
+    Tick();
+    EXPECT_EQ(system.GetPicture(root).GetPixel(285, 185).red, 4);
 }
 
 TEST_F(PaintTest, GoesOnAfterFailuresAndAfterTheEndOfControls) {

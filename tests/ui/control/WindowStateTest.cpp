@@ -82,6 +82,8 @@ TEST_F(WindowStateTest, ComesBackWithTheWindow) {
     window.CloseWindow(MModalValue::None);
     Window again;
     EXPECT_EQ(Show(again), MRect::FromSize(0, 0, 1920, 1080));
+    system.Restore(again);
+    EXPECT_EQ(system.GetFrame(again), MRect::FromSize(810, 440, 300, 200));
 }
 
 TEST_F(WindowStateTest, TakesFromAnyFileWhatFitsTheScreen) {
