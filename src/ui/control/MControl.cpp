@@ -171,9 +171,9 @@ void MControl::SetProperty(uint32_t key, std::unique_ptr<MObject> property) {
 }
 
 void MControl::ResetToDefault() {
-    SetCollapsed(false);
-    SetEnabled(true);
     const MControlRef self(this);
+    SetCollapsed(false);
+    if (self) SetEnabled(true);
     for (int32_t i = 0; self && i < children.GetCount(); ++i)
         if (children[i]->Is(MControlFlag::Visible)) children[i]->ResetToDefault();
 }

@@ -32,11 +32,11 @@ void MControl::ClearCapture() {
 
 void MControl::OnCaptureLost() {
     const MControlRef self(this);
-    MControl* const holder = GetRootState().captured;
+    const MControlRef holder(GetRootState().captured);
     ClearCapture();
     if (IsRoot()) EndFrame();
     if (!self) return;
-    if (IsRoot() && holder && holder != this) return holder->OnCaptureLost();
+    if (IsRoot() && holder && holder.Get() != this) return holder->OnCaptureLost();
 
     ClearButtons();
     const MControlRef hover(GetRootState().hover);

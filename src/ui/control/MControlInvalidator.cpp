@@ -11,13 +11,16 @@ MControlInvalidator::~MControlInvalidator() {
 }
 
 void MControlInvalidator::SetControl(MControl* newControl) {
-    if (newControl && !windows) {
-        windows = MWindows::GetInstance();
-        if (windows) windows->AddInvalidator(*this);
+    bool isNew = false;
+    {
+        const MLockGuard guard(&lock);
+        control = newControl;
+        pendingRect = MRect();
+        isNew = control && !windows;
+        if (isNew) windows = MWindows::GetInstance();
     }
-    const MLockGuard guard(&lock);
-    control = newControl;
-    pendingRect = MRect();
+    // Not under the lock, which is taken under that of all invalidators.
+    if (isNew && windows) windows->AddInvalidator(*this);
 }
 
 void MControlInvalidator::Invalidate() {
