@@ -1,5 +1,6 @@
 #include "foundation/xml/MXMLItem.h"
 #include "ui/control/MControl.h"
+#include "ui/control/MStdFont.h"
 #include "ui/control/MWindows.h"
 
 namespace {
@@ -41,6 +42,8 @@ void MControl::LoadFromXml(MXMLItem& item) {
     if (item.HasAttribute("controltype"))
         SetControlType(MValueEnum<MControlType>::FromName(item.GetCachedAttribute()));
     if (item.HasAttribute("enabled")) SetEnabled(item.GetInt32Attribute("enabled") != 0);
+    if (item.HasAttribute("font"))
+        SetFont(static_cast<int32_t>(MValueEnum<MStdFont>::FromName(item.GetCachedAttribute())));
     position = GetPoint(item, "posx", "posy", position);
     size = GetPoint(item, "sizex", "sizey", size);
     minClientSize = GetPoint(item, "minclientsizex", "minclientsizey", minClientSize);
