@@ -47,7 +47,7 @@ void MControl::CreateWindow(MControl* windowParent, intptr_t nativeParent) {
     MWindowSystem& system = windows->GetSystem();
     const intptr_t owner = windowParent ? system.GetNativeHandle(*windowParent->root) : 0;
     const MPoint first{std::max(minimalSize.x, 1), std::max(minimalSize.y, 1)};
-    system.CreateWindow(*this, caption, first, position, nativeParent ? nativeParent : owner,
+    system.CreateWindow(*this, MTranslate(caption), first, position, nativeParent ? nativeParent : owner,
                         Is(MControlFlag::InTaskbar));
     flags.Set(MControlFlag::HasWindow, true);
     windows->AddRoot(*this);
@@ -136,8 +136,11 @@ void MControl::HideWindow() {
     const MModalValue result = GetRootState().modalResult;
     const bool isDone = result == MModalValue::None || result == MModalValue::Ok;
     if (Is(MControlFlag::EnableSaveState) && (isDone || !Is(MControlFlag::Modal))) SaveWindowState();
-    for (MControl* child : GetChildWindows())
-        if (windows->HasRoot(child)) child->CloseWindow(MModalValue::Cancel);
+    for (MControl* child : GetChildWindows()) {
+        if (!windows->HasRoot(child)) continue;
+        if (child->Is(MControlFlag::ModalRunning) || windows->GetSystem().IsVisible(*child))
+            child->CloseWindow(MModalValue::Cancel);
+    }
     if (!self || !Is(MControlFlag::HasWindow)) return;
     EndFrame();
     if (self) ReleaseCapture();

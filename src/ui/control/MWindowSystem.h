@@ -55,7 +55,7 @@ public:
     [[nodiscard]] virtual intptr_t GetNativeHandle(MControl& root) = 0;
     [[nodiscard]] virtual void* GetSystemWindow(MControl& root) = 0;
     [[nodiscard]] virtual bool IsVisible(MControl& root) = 0;
-    /// From the control's caption.
+    /// From the control's caption, translated.
     virtual void SetCaption(MControl& root) = 0;
     virtual void Move(MControl& root, MPoint point) = 0;
     virtual void Resize(MControl& root, MPoint size) = 0;

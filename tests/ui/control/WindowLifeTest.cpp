@@ -52,6 +52,9 @@ TEST_F(WindowLifeTest, ModalWindowsBlockTheirOwnerUntilTheyAreClosed) {
     EXPECT_FALSE(popup.Is(MControlFlag::Modal));
     MControl windowless;
     EXPECT_EQ(windowless.RunModal(&root), MModalValue::Cancel);
+    Take();
+    root.CloseWindow(MModalValue::None);
+    EXPECT_EQ(Take(), "root:blur root:activation root:hidden") << "the other one was closed before";
 }
 
 TEST_F(WindowLifeTest, ClosesAsItsFlagsSay) {

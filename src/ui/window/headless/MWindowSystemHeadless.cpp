@@ -85,7 +85,8 @@ bool MWindowSystemHeadless::IsVisible(MControl& root) {
 }
 
 void MWindowSystemHeadless::SetCaption(MControl& root) {
-    if (MHeadlessWindow* const window = MHeadlessWindow::Of(root)) window->caption = root.GetCaption();
+    if (MHeadlessWindow* const window = MHeadlessWindow::Of(root))
+        window->caption = MTranslate(root.GetCaption());
 }
 
 /// Gives a window its place, as a platform does: the root hears of it.
