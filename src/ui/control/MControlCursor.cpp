@@ -33,11 +33,9 @@ void MControl::UpdateCursor(MPoint ownPoint) {
     MStdCursor cursor = MStdCursor::Arrow;
     if (windows->forcedCursor >= 0)
         cursor = static_cast<MStdCursor>(windows->forcedCursor);
-    else if (root->Is(MControlFlag::InputBlocked))
-        return;
     else if (root->Is(MControlFlag::WindowResizing))
         cursor = GetBorderCursor(GetRootState().resizeBorders);
-    else
+    else if (!windows->IsBlocked(*root))
         cursor = GetCursorAt(ownPoint);
     windows->GetSystem().SetCursor(*root, style->GetCursor(cursor, *this, GetDrawState()));
 }

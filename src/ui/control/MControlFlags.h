@@ -41,7 +41,7 @@ enum class MControlFlag : uint8_t {
     RaisesPressEvent,
     NoMouseCapture,
     HoverLocked,
-    TakesMouseWhenInactive,
+    TakesMouseWhenInactive,  ///< also in an inactive window, which a press on it does not activate
     DoubleClicksAsClicks,
     LinkCursor,
     CursorFromParent,
@@ -81,7 +81,6 @@ enum class MControlFlag : uint8_t {
     OpenedWithParent,
     KeepsApplicationAlive,
     AcceptsFiles,
-    InputBlocked,
 
     // Of a root: what is going on.
     Frozen,  ///< painting is suppressed
