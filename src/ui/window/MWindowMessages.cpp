@@ -74,9 +74,9 @@ bool MWindowMessages::TakesMouse(MControl& root, const MSystemEvent& event) {
         return false;
     }
     if (event.type != MEventType::MouseMove && IsHoldingOff()) return false;
-    if (root.Is(MControlFlag::Active) || root.Is(MControlFlag::TakesMouseWhenInactive)) return true;
+    if (root.Is(MControlFlag::Active)) return true;
     if (root.FindControlAt(event.point).Is(MControlFlag::TakesMouseWhenInactive)) return true;
-    if (!event.IsPress() && !event.IsDoubleClick()) return false;
+    if (!event.IsPress() && !event.IsDoubleClick()) return root.Is(MControlFlag::TakesMouseWhenInactive);
     system.Activate(root);
     return true;
 }

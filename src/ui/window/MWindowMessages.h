@@ -41,7 +41,7 @@ public:
 
     void OnActivated(MControl& root);
     /// `other`: the root that is active now, or null; `otherTitle`: the title of the window that got the
-    /// focus, if it is another program's.
+    /// focus, if it is none of ours.
     void OnDeactivated(MControl& root, MControl* other, const MString& otherTitle);
     /// On the screen.
     void OnMoved(MControl& root, MPoint newPosition);

@@ -107,8 +107,9 @@ LRESULT Handler::Handle() {
         if (messages.OnCharacter(root, static_cast<char16_t>(message.wParam))) return 0;
         return message.HandleByDefault();
     case WM_SYSCOMMAND:
-        // There is no menu; looking for one would stop everything until the next key.
-        if ((message.wParam & 0xFFF0) == SC_KEYMENU) return 0;
+        // Looking for a menu, by Alt or F10, would stop everything until the next key. There is only the
+        // window's own, by Alt with the space bar.
+        if ((message.wParam & 0xFFF0) == SC_KEYMENU && message.lParam != ' ') return 0;
         return message.HandleByDefault();
     case WM_MOUSEMOVE:
     case WM_LBUTTONDOWN:
@@ -159,10 +160,8 @@ void Handler::OnFocusLost() {
     POINT cursor{};
     GetCursorPos(&cursor);
     const HWND under = WindowFromPoint(cursor);
-    DWORD process = 0;
-    GetWindowThreadProcessId(under, &process);
     std::array<wchar_t, TitleLimit + 1> title{};
-    if (process != GetCurrentProcessId()) GetWindowTextW(under, title.data(), static_cast<int>(title.size()));
+    if (!MGetWindowRoot(under)) GetWindowTextW(under, title.data(), static_cast<int>(title.size()));
     messages.OnDeactivated(root, MGetWindowRoot(reinterpret_cast<HWND>(message.wParam)),
                            MFromWide(title.data()));
 }
