@@ -265,6 +265,7 @@ public:
     void CloseWindow(MModalValue result);
     /// What the platform's close button does.
     void RequestClose();
+    /// For long work: paints what is dirty in this window and handles what waits for it.
     void FlushMessagesOfThisWindow();
     /// The state of all below as a file of the user's, for roots with `AutoSaveState`. What fails is left
     /// out, and so is a root whose name is not that of a file.

@@ -221,7 +221,9 @@ bool MControl::CanClose() {
 void MControl::FlushMessagesOfThisWindow() {
     MWindows* const windows = GetWindows();
     if (!windows) return;
-    MControl* const before = std::exchange(windows->messageFilter, root);
+    const MControlRef before(std::exchange(windows->messageFilter, root));
+    // The tick may wait as well.
+    FlushPaint();
     MGuard("MControl::FlushMessagesOfThisWindow", [&] { (void)windows->GetSystem().ProcessPending(); });
-    windows->messageFilter = before;
+    windows->messageFilter = before.Get();
 }

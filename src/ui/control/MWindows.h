@@ -78,7 +78,7 @@ public:
 
     MWindowDialogs* dialogs = nullptr;  ///< not owned; without it nothing is asked
     MControl* dragSource = nullptr;     ///< the control that is being dragged
-    MControl* messageFilter = nullptr;  ///< the only root that gets mouse and keyboard
+    MControl* messageFilter = nullptr;  ///< while it is set, other roots wait for mouse and keyboard
     int32_t forcedCursor = -1;          ///< an `MStdCursor` for all windows; none below 0
 
 protected:

@@ -117,7 +117,9 @@ private:
     void AnswerPing(xcb_client_message_event_t message) const;
 
     // MWindowSystemX11Loop.cpp
-    [[nodiscard]] Message ProcessNext();
+    /// `only`: what the user does in other windows than this one waits; null for in none.
+    [[nodiscard]] Message ProcessNext(const MControl* only = nullptr);
+    [[nodiscard]] bool IsInputFor(const xcb_generic_event_t& event, const MControl& root) const;
     /// Handles what there is or waits for it. False when the loop has to end.
     [[nodiscard]] bool Turn();
     void RunRequests();

@@ -19,16 +19,18 @@ constexpr const char* Label = "MWindowSystemX11::ProcessNext";
 }  // namespace
 
 // What the user does goes first, then what is due; only then it is painted, once for all of it.
-MWindowSystemX11::Message MWindowSystemX11::ProcessNext() {
+MWindowSystemX11::Message MWindowSystemX11::ProcessNext(const MControl* only) {
     keyModifiers.reset();
-    if (!typed.empty()) {
+    if (!typed.empty() && (!only || platform->display.Find(typed.front().window) == only)) {
         const auto [window, character, modifiers] = typed.front();
         typed.pop_front();
         keyModifiers = modifiers;
         if (MControl* const root = platform->display.Find(window)) messages.OnCharacter(*root, character);
         return Message::Event;
     }
-    if (const MXEvent event = platform->display.queue.Take()) {
+    const auto isWanted = [&](const xcb_generic_event_t& event) { return IsInputFor(event, *only); };
+    MXEventQueue& queue = platform->display.queue;
+    if (const MXEvent event = only ? queue.WaitFor(isWanted, 0) : queue.Take()) {
         MGuard(Label, [&] { Dispatch(*event); });
         return Message::Event;
     }
@@ -47,10 +49,21 @@ MWindowSystemX11::Message MWindowSystemX11::ProcessNext() {
     return Message::Paint;
 }
 
+/// True as well for what no user does.
+bool MWindowSystemX11::IsInputFor(const xcb_generic_event_t& event, const MControl& root) const {
+    const uint8_t kind = MXKindOf(event);
+    if (kind < XCB_KEY_PRESS || kind > XCB_LEAVE_NOTIFY) return true;
+    const bool isKey = kind == XCB_KEY_PRESS || kind == XCB_KEY_RELEASE;
+    const MControl* const active = isKey ? platform->activation.GetActive() : nullptr;
+    // All of these begin alike.
+    const xcb_window_t window = MXAs<xcb_key_press_event_t>(event).event;
+    return (active ? active : platform->display.Find(window)) == &root;
+}
+
 int32_t MWindowSystemX11::ProcessPending() {
     int32_t count = 0;
     for (int32_t paintsInRow = 0; count < MaximumPending && paintsInRow < MaximumPaintsInRow; ++count) {
-        const Message message = ProcessNext();
+        const Message message = ProcessNext(owner->messageFilter);
         if (message == Message::None) break;
         paintsInRow = message == Message::Event ? 0 : paintsInRow + 1;
     }

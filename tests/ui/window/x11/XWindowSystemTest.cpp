@@ -188,6 +188,20 @@ TEST_F(XWindowSystemTest, TheScreenShowsWhatIsCapturedAndSendsNoMoreThanChanges)
     EXPECT_TRUE(AreEqual(inMemory, captured));
 }
 
+TEST_F(XWindowSystemTest, OtherWindowsWaitWhileOneIsFlushed) {
+    Window first("first", log);
+    Window second("second", log);
+    first.Open({40, 30}, {200, 100});
+    second.Open({300, 30}, {200, 100});
+    Do("mousemove 700 500");
+    windows->messageFilter = &second;
+    const std::string told = Do("mousemove 50 40 click 1 mousemove 310 40 click 1");
+    EXPECT_THAT(told, testing::HasSubstr("second down"));
+    EXPECT_THAT(told, testing::Not(testing::HasSubstr("first")));
+    windows->messageFilter = nullptr;
+    EXPECT_THAT(Do(""), testing::HasSubstr("first down"));
+}
+
 TEST_F(XWindowSystemTest, ShapesCutWindowsAndDragFramesLieOverThem) {
     // Without a colour of its own the desktop keeps what was there.
     server.Run("xsetroot -solid '#204060'");
