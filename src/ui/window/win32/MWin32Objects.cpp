@@ -2,8 +2,8 @@
 
 #include "foundation/base/MException.h"
 #include "ui/image/MAlphaMask.h"
+#include "ui/window/MMaskRectangles.h"
 
-#include <algorithm>
 #include <cstring>
 #include <vector>
 
@@ -19,41 +19,10 @@ intptr_t Check(HGDIOBJ object, const char* failure) {
     return reinterpret_cast<intptr_t>(object);
 }
 
-void AddRuns(std::vector<RECT>& runs, const MAlphaMask& mask, int32_t y) {
-    const uint8_t* const row = mask.GetRow(y);
-    const uint8_t* const end = row + mask.GetWidth();
-    const auto isCovered = [](uint8_t alpha) { return alpha > 0; };
-    for (const uint8_t* run = std::find_if(row, end, isCovered); run != end;) {
-        const uint8_t* const runEnd = std::find(run, end, 0);
-        runs.push_back({static_cast<LONG>(run - row), y, static_cast<LONG>(runEnd - row), y + 1});
-        run = std::find_if(runEnd, end, isCovered);
-    }
-}
-
-/// The rectangles of a mask from the top; rows that are alike are in one band.
-std::vector<RECT> FindRectangles(const MAlphaMask& mask) {
-    std::vector<RECT> rectangles;
-    size_t band = 0;
-    for (int32_t y = 0; y < mask.GetHeight(); ++y) {
-        const size_t row = rectangles.size();
-        AddRuns(rectangles, mask, y);
-        const auto continues = [y](const RECT& above, const RECT& run) {
-            return above.left == run.left && above.right == run.right && above.bottom == y;
-        };
-        const auto rowBegin = rectangles.begin() + static_cast<ptrdiff_t>(row);
-        if (std::equal(rectangles.begin() + static_cast<ptrdiff_t>(band), rowBegin, rowBegin,
-                       rectangles.end(), continues)) {
-            rectangles.resize(row);
-            for (size_t i = band; i < row; ++i) ++rectangles[i].bottom;
-        } else {
-            band = row;
-        }
-    }
-    return rectangles;
-}
-
 HRGN CreateRegion(const MAlphaMask& mask) {
-    const std::vector<RECT> rectangles = FindRectangles(mask);
+    std::vector<RECT> rectangles;
+    for (const MRect& rect : MFindMaskRectangles(mask))
+        rectangles.push_back({rect.left, rect.top, rect.right + 1, rect.bottom + 1});
     if (rectangles.empty()) return CreateRectRgn(0, 0, 0, 0);
     const size_t size = rectangles.size() * sizeof(RECT);
     std::vector<BYTE> data(sizeof(RGNDATAHEADER) + size);

@@ -2,7 +2,7 @@
 
 #include "foundation/base/MException.h"
 #include "foundation/text/MUnicode.h"
-#include "ui/image/MAlphaMask.h"
+#include "ui/window/MMaskRectangles.h"
 
 #include <algorithm>
 #include <array>
@@ -17,23 +17,6 @@ constexpr uint32_t Events =
     XCB_EVENT_MASK_BUTTON_RELEASE | XCB_EVENT_MASK_POINTER_MOTION | XCB_EVENT_MASK_ENTER_WINDOW |
     XCB_EVENT_MASK_LEAVE_WINDOW | XCB_EVENT_MASK_EXPOSURE | XCB_EVENT_MASK_STRUCTURE_NOTIFY |
     XCB_EVENT_MASK_FOCUS_CHANGE | XCB_EVENT_MASK_PROPERTY_CHANGE;
-
-/// The pixels of a mask that are not transparent, as rectangles one pixel high.
-std::vector<xcb_rectangle_t> GetRuns(const MAlphaMask& mask) {
-    std::vector<xcb_rectangle_t> runs;
-    for (int32_t y = 0; y < mask.GetHeight(); ++y) {
-        const uint8_t* const row = mask.GetRow(y);
-        const uint8_t* const end = row + mask.GetWidth();
-        const auto isSolid = [](uint8_t alpha) { return alpha != 0; };
-        for (const uint8_t* first = std::find_if(row, end, isSolid); first != end;) {
-            const uint8_t* const last = std::find(first, end, 0);
-            runs.push_back({static_cast<int16_t>(first - row), static_cast<int16_t>(y),
-                            static_cast<uint16_t>(last - first), 1});
-            first = std::find_if(last, end, isSolid);
-        }
-    }
-    return runs;
-}
 
 }  // namespace
 
@@ -89,9 +72,13 @@ void MXWindow::Embed(xcb_window_t parent) {
 
 void MXWindow::SetShape(const MAlphaMask& mask) {
     if (!connection.GetExtension(MXLibrary::Shape).isPresent) return;
-    const std::vector<xcb_rectangle_t> runs = GetRuns(mask);
+    std::vector<xcb_rectangle_t> rectangles;
+    for (const MRect& rect : MFindMaskRectangles(mask))
+        rectangles.push_back({static_cast<int16_t>(rect.left), static_cast<int16_t>(rect.top),
+                              static_cast<uint16_t>(rect.GetWidth()),
+                              static_cast<uint16_t>(rect.GetHeight())});
     xcb_shape_rectangles(connection, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_BOUNDING, XCB_CLIP_ORDERING_YX_BANDED, id,
-                         0, 0, static_cast<uint32_t>(runs.size()), runs.data());
+                         0, 0, static_cast<uint32_t>(rectangles.size()), rectangles.data());
 }
 
 void MXWindow::SetCursor(xcb_cursor_t cursor) {
