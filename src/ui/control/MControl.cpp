@@ -6,7 +6,9 @@
 #include "ui/control/MRemoveFromList.h"
 #include "ui/control/MWindows.h"
 
+#include <algorithm>
 #include <atomic>
+#include <utility>
 
 namespace {
 

@@ -147,7 +147,7 @@ public:
     }
     void SetProperty(uint32_t key, std::unique_ptr<MObject> property);
 
-    // ---- What the control is (MControl.cpp).
+    // ---- What the control is (MControlAttributes.cpp).
 
     void SetVisible(bool isVisible);
     void SetEnabled(bool isEnabled);
@@ -167,7 +167,7 @@ public:
     [[nodiscard]] bool IsShown() const;
     [[nodiscard]] bool HasFocus() const;
 
-    /// In the order of their numbers; the first six by which button did what.
+    /// Clicks and double clicks are in the order of the buttons.
     enum class Click { Left, Right, Middle, Press, LeftDouble, RightDouble, MiddleDouble, Count };
     [[nodiscard]] MEvent<MOnClickParams>& OnClick(Click click);
     enum class Change { Value, Intermediate, Committed, Count };
@@ -223,7 +223,7 @@ public:
     /// For renderers: adds to `pendingRect`. Returns false if it was in it.
     bool RecordDirty(const MRect& rect);
 
-    // ---- Events (MControlRouting.cpp, MControlButtons.cpp).
+    // ---- Events (MControlRouting.cpp, MControlButtons.cpp, MControlCursor.cpp).
 
     /// The only entry for what the platform delivers. Returns whether the event was consumed.
     bool DispatchEvent(const MSystemEvent& event);

@@ -2,6 +2,8 @@
 #include "ui/control/MControlRoot.h"
 #include "ui/control/MWindows.h"
 
+#include <utility>
+
 namespace {
 
 constexpr MControlFlag ButtonFlags[] = {MControlFlag::LeftDown, MControlFlag::RightDown,

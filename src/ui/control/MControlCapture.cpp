@@ -3,6 +3,8 @@
 #include "ui/control/MControlRoot.h"
 #include "ui/control/MWindows.h"
 
+#include <utility>
+
 MControl* MControl::GetCapture() const {
     return GetRootState().captured;
 }

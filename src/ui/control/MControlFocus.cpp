@@ -3,6 +3,8 @@
 #include "ui/control/MControlRoot.h"
 #include "ui/control/MWindows.h"
 
+#include <utility>
+
 bool MControl::HasFocus() const {
     return GetRootState().focusedControl == this;
 }

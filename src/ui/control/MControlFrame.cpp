@@ -5,6 +5,8 @@
 #include "ui/control/MControlRoot.h"
 #include "ui/control/MWindows.h"
 
+#include <algorithm>
+
 namespace {
 
 /// Moves the edges that are dragged by so much, as far as the length stays within its limits. Returns how

@@ -11,6 +11,8 @@
 #include "ui/control/MControlRoot.h"
 #include "ui/control/MWindows.h"
 
+#include <utility>
+
 void MControl::Invalidate() {
     InvalidateRect(contentRect);
 }

@@ -16,6 +16,8 @@
 #include "ui/control/MControlRoot.h"
 #include "ui/control/MWindows.h"
 
+#include <algorithm>
+
 namespace {
 
 constexpr int32_t Absent = 0x7FFFFFFF;

@@ -4,6 +4,9 @@
 #include "ui/control/MWindows.h"
 #include "ui/image/MAlphaMask.h"
 
+#include <algorithm>
+#include <utility>
+
 MWindows* MControl::GetWindows() const {
     return root->Is(MControlFlag::HasWindow) ? MWindows::GetInstance() : nullptr;
 }

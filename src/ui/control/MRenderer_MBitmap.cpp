@@ -4,6 +4,8 @@
 #include "ui/control/MRenderer.h"
 #include "ui/control/MWindows.h"
 
+#include <utility>
+
 namespace {
 
 /// The key of a control's bitmap among its properties.

@@ -21,7 +21,7 @@ class MWindows;
 /// Every control that is passed is a root. One that has no window here is no fault: nothing happens, and what
 /// is returned is false, empty or zero. Points and rectangles are in pixels, inclusive, of the screen unless
 /// something else is said. Everything is called on the thread that called `Initialize`, but for `Show`,
-/// `Hide` and `WakeUp`, which any thread may call. Only `Initialize` and `CreateWindow` raise.
+/// `Hide` and `WakeUp`, which any thread may call. Only `Initialize`, `CreateWindow` and the clipboard raise.
 class MWindowSystem : public MObject {
 public:
     struct Info {
@@ -75,8 +75,10 @@ public:
     [[nodiscard]] virtual MControl* GetActiveRoot() = 0;
 
     // The message loop.
-    /// Handles what is waiting, at most 1024 messages, and not more than eleven paints and timers in a row,
-    /// so that a permanent repaint cannot hold it. Does not wait. Returns how many there were.
+    static constexpr int32_t MaximumPending = 1024;
+    static constexpr int32_t MaximumPaintsInRow = 11;
+    /// Handles what is waiting, at most so many messages, and at most so many paints and timers in a row, so
+    /// that a permanent repaint cannot hold it. Does not wait. Returns how many there were.
     virtual int32_t ProcessPending() = 0;
     /// Until the root's `modalResult` is set, `ExitLoop` was called for it, or the application quits.
     virtual void RunLoop(MControl& root) = 0;

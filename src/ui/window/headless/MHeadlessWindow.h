@@ -1,7 +1,6 @@
 #pragma once
 
 #include "foundation/base/MObject.h"
-#include "ui/image/MAlphaMask.h"
 #include "ui/window/MBackBuffer.h"
 
 /// The window of a root in memory, kept with the root.
@@ -22,9 +21,5 @@ struct MHeadlessWindow final : public MObject {
     MRect updateRect;  ///< what the platform would have painted soon, in the window's coordinates
     MBackBuffer backBuffer;
     MBitmap picture;  ///< what the window shows
-    MAlphaMask shape;
     MCursor cursor;
-    MString caption;
-    intptr_t nativeParent = 0;
-    MControl* owner = nullptr;
 };

@@ -7,11 +7,10 @@
 #include "ui/window/headless/MHeadlessWindow.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
-constexpr int32_t MaximumPending = 1024;
-constexpr int32_t MaximumPaintsInRow = 11;
 /// A loop in which nothing but timers has run for so long, in milliseconds, will never end by itself.
 constexpr int64_t EndlessTime = 600'000;
 
@@ -47,12 +46,10 @@ void MWindowSystemHeadless::EnableEvents(bool mouse, bool keyboard) {
     messages.EnableEvents(mouse, keyboard);
 }
 
-void MWindowSystemHeadless::CreateWindow(MControl& root, const MString& caption, MPoint size, MPoint position,
-                                         intptr_t parent, bool) {
+void MWindowSystemHeadless::CreateWindow(MControl& root, const MString&, MPoint size, MPoint position,
+                                         intptr_t, bool) {
     auto window = std::make_unique<MHeadlessWindow>();
-    window->caption = caption;
     window->frame = MRect::FromSize(position.x, position.y, size.x, size.y);
-    window->nativeParent = parent;
     root.SetProperty(MHeadlessWindow::Key, std::move(window));
     windows.push_back(&root);
 }
@@ -62,17 +59,7 @@ void MWindowSystemHeadless::DestroyWindow(MControl& root) {
     std::erase(windows, &root);
     if (activeRoot == &root) activeRoot = nullptr;
     if (capturingRoot == &root) capturingRoot = nullptr;
-    for (MControl* other : windows)
-        if (MHeadlessWindow::Of(*other)->owner == &root) MHeadlessWindow::Of(*other)->owner = nullptr;
     root.SetProperty(MHeadlessWindow::Key, nullptr);
-}
-
-void MWindowSystemHeadless::SetOwner(MControl& root, MControl* newOwner, bool) {
-    if (MHeadlessWindow* const window = MHeadlessWindow::Of(root)) window->owner = newOwner;
-}
-
-void MWindowSystemHeadless::SetNativeParent(MControl& root, intptr_t handle) {
-    if (MHeadlessWindow* const window = MHeadlessWindow::Of(root)) window->nativeParent = handle;
 }
 
 intptr_t MWindowSystemHeadless::GetNativeHandle(MControl& root) {
@@ -82,11 +69,6 @@ intptr_t MWindowSystemHeadless::GetNativeHandle(MControl& root) {
 bool MWindowSystemHeadless::IsVisible(MControl& root) {
     const MHeadlessWindow* const window = MHeadlessWindow::Of(root);
     return window && window->isVisible;
-}
-
-void MWindowSystemHeadless::SetCaption(MControl& root) {
-    if (MHeadlessWindow* const window = MHeadlessWindow::Of(root))
-        window->caption = MTranslate(root.GetCaption());
 }
 
 /// Gives a window its place, as a platform does: the root hears of it.
@@ -110,10 +92,6 @@ void MWindowSystemHeadless::Resize(MControl& root, MPoint size) {
     PutFrame(root, MRect::FromSize(frame.left, frame.top, size.x, size.y));
 }
 
-void MWindowSystemHeadless::SetShape(MControl& root, const MAlphaMask& mask) {
-    if (MHeadlessWindow* const window = MHeadlessWindow::Of(root)) window->shape = mask;
-}
-
 MRect MWindowSystemHeadless::GetFrame(MControl& root) {
     const MHeadlessWindow* const window = MHeadlessWindow::Of(root);
     return window ? window->frame : MRect();
@@ -124,7 +102,8 @@ void MWindowSystemHeadless::Maximize(MControl& root) {
     if (!window || window->isMaximized) return;
     window->savedFrame = window->frame;
     window->isMaximized = true;
-    PutFrame(root, GetWorkArea(window->frame.GetTopLeft()));
+    const MRect& frame = window->frame;
+    PutFrame(root, GetWorkArea(MPoint{(frame.left + frame.right) / 2, (frame.top + frame.bottom) / 2}));
 }
 
 void MWindowSystemHeadless::Restore(MControl& root) {

@@ -12,7 +12,7 @@
 
 /// Windows in memory, on a screen that nobody sees, with a clock that goes only as it is told. What a user
 /// would do, `GetUser` does; what has to happen while a loop runs is posted. A loop that has nothing more to
-/// wait for ends, so that nothing hangs.
+/// wait for ends, so that nothing hangs. Captions, shapes and owners mean nothing here.
 class MWindowSystemHeadless final : public MWindowSystem {
 public:
     /// One monitor of a size, all of it free for windows.
@@ -52,15 +52,15 @@ public:
     void DestroyWindow(MControl& root) override;
     void OnWindowPrepared(MControl&) override {}
     void OnWindowUnprepared(MControl&) override {}
-    void SetOwner(MControl& root, MControl* newOwner, bool keepTopmost) override;
-    void SetNativeParent(MControl& root, intptr_t handle) override;
+    void SetOwner(MControl&, MControl*, bool) override {}
+    void SetNativeParent(MControl&, intptr_t) override {}
     [[nodiscard]] intptr_t GetNativeHandle(MControl& root) override;
     [[nodiscard]] void* GetSystemWindow(MControl&) override { return nullptr; }
     [[nodiscard]] bool IsVisible(MControl& root) override;
-    void SetCaption(MControl& root) override;
+    void SetCaption(MControl&) override {}
     void Move(MControl& root, MPoint point) override;
     void Resize(MControl& root, MPoint size) override;
-    void SetShape(MControl& root, const MAlphaMask& mask) override;
+    void SetShape(MControl&, const MAlphaMask&) override {}
     [[nodiscard]] MRect GetFrame(MControl& root) override;
     void Maximize(MControl& root) override;
     void Restore(MControl& root) override;

@@ -12,6 +12,8 @@
 #include "ui/window/win32/MWin32DC.h"
 #include "ui/window/win32/MWindowProc.h"
 
+#include <utility>
+
 namespace {
 
 constexpr const wchar_t* ClassName = L"MWindow";

@@ -8,9 +8,6 @@
 
 namespace {
 
-constexpr int32_t MaximumPending = 1024;
-constexpr int32_t MaximumPaintsInRow = 11;
-
 /// The loops around this one have to end too.
 void PassQuitOn(const MSG& message) {
     PostQuitMessage(static_cast<int>(message.wParam));

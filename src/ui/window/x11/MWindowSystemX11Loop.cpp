@@ -12,8 +12,6 @@
 
 namespace {
 
-constexpr int32_t MaximumPending = 1024;
-constexpr int32_t MaximumPaintsInRow = 11;
 constexpr const char* Label = "MWindowSystemX11::ProcessNext";
 
 }  // namespace
