@@ -105,7 +105,8 @@ public:
     [[nodiscard]] virtual MStdCursor GetCursorAt(MPoint point);
     virtual void OnHidden() {}
     /// Shows a root over `parent`, or null, and returns when it was closed: `Cancel` for one that has no
-    /// window, runs already or has ended meanwhile.
+    /// window, runs already or has ended meanwhile. Then the parent is active again, unless the user has gone
+    /// to another program.
     virtual MModalValue RunModal(MControl* parent);
     virtual void ShowModeless(MControl* parent);
     virtual void BeginWindowResize(MPoint point, uint8_t borders);

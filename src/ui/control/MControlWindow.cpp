@@ -28,8 +28,12 @@ MList<MControl, MListPointers> MControl::GetChildWindows() const {
 
 bool MControl::HasOpenChildWindow() const {
     const auto list = GetChildWindows();
-    return std::any_of(list.begin(), list.end(),
-                       [this](MControl* child) { return GetWindows()->GetSystem().IsVisible(*child); });
+    return std::any_of(list.begin(), list.end(), [this](MControl* child) {
+        // One that has its result only waits for its loop to end.
+        const bool isEnding =
+            child->Is(MControlFlag::ModalRunning) && child->GetRootState().modalResult != MModalValue::None;
+        return !isEnding && GetWindows()->GetSystem().IsVisible(*child);
+    });
 }
 
 /// A window that was opened over this one cannot be its parent.
@@ -175,13 +179,15 @@ MModalValue MControl::RunModal(MControl* parentControl) {
     if (self && GetWindows()) system.RunLoop(*this);
     if (!self) return MModalValue::Cancel;
     const MModalValue result = GetRootState().modalResult;
+    // Who has gone to another program is not called back.
+    const bool isInUse = system.GetActiveRoot() != nullptr;
     HideWindow();
     if (!self) return result;
     flags.Set(MControlFlag::ModalRunning, false);
     flags.Set(MControlFlag::Modal, false);
     const MControlRef owner(GetRootState().windowParent.Get());
     OnHidden();
-    if (owner && owner->Is(MControlFlag::HasWindow)) system.Activate(*owner.Get());
+    if (isInUse && owner && owner->Is(MControlFlag::HasWindow)) system.Activate(*owner.Get());
     return result;
 }
 

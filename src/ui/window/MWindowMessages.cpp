@@ -57,20 +57,23 @@ bool MWindowMessages::IsHoldingOff() {
     return false;
 }
 
-/// A press beside a modal window closes a popup, and brings any other one to the front.
-void MWindowMessages::OnPressBeside(MControl& blocker, MControl& root) {
-    if (blocker.Is(MControlFlag::CloseOnDeactivate))
-        OnDeactivated(blocker, &root, MString());
+/// A press beside modal windows closes a popup on top of them, and brings any other one to the front.
+void MWindowMessages::OnPressBeside(MControl& root) {
+    const MWindows& windows = *MWindows::GetInstance();
+    MControl* top = &root;
+    while (MControl* const over = windows.GetBlocker(*top)) top = over;
+    if (top->Is(MControlFlag::CloseOnDeactivate))
+        OnDeactivated(*top, &root, MString());
     else
-        system.Activate(blocker);
+        system.Activate(*top);
 }
 
 /// Whether an event is for a root at all; activates an inactive one by a press.
 bool MWindowMessages::TakesMouse(MControl& root, const MSystemEvent& event) {
     MWindows* const windows = MWindows::GetInstance();
     if (!isMouseEnabled || !windows) return false;
-    if (MControl* const blocker = windows->GetBlocker(root)) {
-        if (event.IsPress() || event.IsDoubleClick()) OnPressBeside(*blocker, root);
+    if (windows->IsBlocked(root)) {
+        if (event.IsPress() || event.IsDoubleClick()) OnPressBeside(root);
         return false;
     }
     if (event.type != MEventType::MouseMove && IsHoldingOff()) return false;
@@ -173,7 +176,14 @@ void MWindowMessages::OnDeactivated(MControl& root, MControl* other, const MStri
         MSystemEvent event;
         event.type = MEventType::Activation;
         event.other = windows && windows->HasRoot(other) ? other : nullptr;
+        const MControlRef alive(&root);
+        const MControlRef below(root.GetRootState().windowParent.Get());
+        const bool wasOpen = root.GetRootState().modalResult == MModalValue::None;
         root.DispatchEvent(event);
+        const bool isClosed = wasOpen && alive && root.GetRootState().modalResult != MModalValue::None;
+        // The popups that this one was opened over are left as well, and had lost the focus before.
+        if (isClosed && below && below.Get() != other && below->Is(MControlFlag::CloseOnDeactivate))
+            OnDeactivated(*below.Get(), other, otherTitle);
     });
 }
 

@@ -50,7 +50,7 @@ public:
 
 private:
     [[nodiscard]] bool IsHoldingOff();
-    void OnPressBeside(MControl& blocker, MControl& root);
+    void OnPressBeside(MControl& root);
     [[nodiscard]] bool TakesMouse(MControl& root, const MSystemEvent& event);
     bool SendKey(MControl& root, MSystemEvent event);
 

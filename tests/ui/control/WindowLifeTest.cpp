@@ -93,6 +93,43 @@ TEST_F(WindowLifeTest, ClosesAsItsFlagsSay) {
         << "the window may refuse";
 }
 
+TEST_F(WindowLifeTest, PopupsOverPopupsCloseTogether) {
+    Probe upper(nullptr, "upper", log);
+    Prepare(upper, {180, 170}, {100, 50});
+    struct Case {
+        const char* what;
+        std::function<void()> leave;
+        bool isLowerClosed;
+        MControl* active;
+    };
+    const Case cases[] = {
+        {"a press on the lower one",
+         [&] {
+             user.Click({155, 155});
+         },
+         false, &root},
+        {"a press on the window",
+         [&] {
+             user.Click({110, 110});
+         },
+         true, &root},
+        {"the platform", [&] { system.Activate(root); }, true, &root},
+        {"another program", [&] { system.ActivateOtherProgram("Editor"); }, true, nullptr},
+        {"its own end", [&] { upper.CloseWindow(MModalValue::Cancel); }, false, &root},
+    };
+    for (Probe* probe : {&popup, &upper}) probe->Set(MControlFlag::CloseOnDeactivate);
+    for (const auto& [what, leave, isLowerClosed, active] : cases) {
+        system.Activate(root);
+        const MModalValue result = RunPopup([&] {
+            system.Post(leave);
+            EXPECT_EQ(upper.RunModal(&popup), MModalValue::Cancel) << what;
+            popup.CloseWindow(MModalValue::Ok);
+        });
+        EXPECT_EQ(result, isLowerClosed ? MModalValue::Cancel : MModalValue::Ok) << what;
+        EXPECT_EQ(system.GetActiveRoot(), active) << what;
+    }
+}
+
 TEST_F(WindowLifeTest, APressThatClosesAPopupStopsThere) {
     popup.Set(MControlFlag::CloseOnDeactivate);
     RunPopup([&] { system.Activate(root); });
