@@ -27,7 +27,7 @@ void ForgetOverlay(MWindows& windows, MControl& overlay) {
 MControl::MControl(MControl* parent, const MString& name)
     : name(name.IsEmpty() ? MakeName() : name), parent(parent), root(parent ? parent->root : this) {
     if (!parent) {
-        rootState = std::make_unique<MControlRoot>();
+        rootState = std::make_shared<MControlRoot>();
         return;
     }
     const MEmulatedLockGuard guard(&GetRootState().lock, MERWLock::Write);

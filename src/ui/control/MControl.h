@@ -74,6 +74,7 @@ public:
     virtual void AdjustRectangles(MRect& newWindowRect, MRect& newClientRect);
     /// Arranges the whole window once more, and measures it before if `TouchSizes` was called.
     virtual void UpdateLayout();
+    /// Called when everything in the window has its new place.
     virtual void OnSizeChanged(MPoint) {}
     [[nodiscard]] virtual MColor GetBackgroundColor();
     [[nodiscard]] virtual MDrawState GetDrawState();
@@ -180,7 +181,8 @@ public:
     /// Takes over a layout whose owner this is; layouts do it themselves.
     void AddLayout(MLayout* layout);
     [[nodiscard]] const MList<MLayout, MListPointers>& GetLayouts() const { return layouts; }
-    /// The child that gets what the layouts leave, or null.
+    /// The child that gets what the layouts leave, or null. Raises "Only a child can be the client control."
+    /// (2).
     void SetClientControl(MControl* control);
     [[nodiscard]] MControl* GetClientControl() const { return clientControl; }
     /// What this control needs has changed: the tree has to be measured before it is arranged again.
@@ -189,6 +191,9 @@ public:
     [[nodiscard]] bool IsHeld() const;
     void SetSize(MPoint newSize);
     void SetPosition(MPoint newPosition);
+    /// Calls `OnSizeChanged` of what has got another size in this window. Whoever measures or arranges by hand
+    /// calls it in the end, without the lock.
+    void NotifySizes();
     /// `size`, or what is left of it when the control is collapsed.
     [[nodiscard]] MPoint GetShownSize() const;
     /// Where the control's origin lies in its parent's own coordinates.
@@ -318,7 +323,7 @@ private:
     /// Null unless the root has a window.
     [[nodiscard]] MWindows* GetWindows() const;
 
-    /// Without arranging anything.
+    /// Without arranging anything; `NotifySizes` tells of it.
     void StoreSize(MPoint newSize);
 
     // Of painting. Returns what will be painted, in own coordinates.
@@ -384,7 +389,7 @@ private:
     bool paintFlag = false;
     bool isDirtyBelow = false;                ///< something is recorded for this control or one below
     bool isPaintedBelow = false;              ///< in this paint
-    std::unique_ptr<MControlRoot> rootState;  ///< of a root
+    std::shared_ptr<MControlRoot> rootState;  ///< of a root
     MList<MLayout, MListPointers> layouts;    ///< owned
     MControl* clientControl = nullptr;
     MControl* tabNext = this;

@@ -1,3 +1,4 @@
+#include "foundation/base/MRaise.h"
 #include "foundation/events/MEmulatedLockGuard.h"
 #include "ui/control/MControl.h"
 #include "ui/control/MControlRoot.h"
@@ -62,6 +63,8 @@ void MControl::AddLayout(MLayout* layout) {
 }
 
 void MControl::SetClientControl(MControl* control) {
+    if (control && control->parent != this)
+        MRaise(MExceptionInvalidArgument, "Only a child can be the client control.");
     const MEmulatedLockGuard guard(&GetRootState().lock, MERWLock::Write);
     if (control && control->parentLayout) control->parentLayout->Detach(*control);
     clientControl = control;
@@ -92,73 +95,99 @@ void MControl::StoreSize(MPoint newSize) {
     newSize = {MClampLength(newSize.x), MClampLength(newSize.y)};
     if (newSize == size) return;
     size = newSize;
-    OnSizeChanged(newSize);
+    if (Is(MControlFlag::Resized)) return;
+    flags.Set(MControlFlag::Resized, true);
+    GetRootState().resized.emplace_back(this);
+}
+
+void MControl::NotifySizes() {
+    const MControlRef window(root);
+    while (window && !window->rootState->resized.empty()) {
+        const MControlRef control(window->rootState->resized.front().Get());
+        window->rootState->resized.pop_front();
+        if (!control) continue;
+        control->flags.Set(MControlFlag::Resized, false);
+        control->OnSizeChanged(control->size);
+    }
 }
 
 void MControl::SetSize(MPoint newSize) {
     newSize = {MClampLength(newSize.x), MClampLength(newSize.y)};
     if (newSize == size) return;
-    const MEmulatedLockGuard guard(&GetRootState().lock, MERWLock::Write);
-    InvalidatePlace(*this);
-    StoreSize(newSize);
-    TouchSizes();
-    if (!root->Is(MControlFlag::LayoutValid)) return;
-    if (IsRoot()) ResizeWindow(*this);
-    if (IsHeld()) {
-        parent->ArrangeChildren();
-        parent->Invalidate();
-    } else {
-        ArrangeChildren();
-        Invalidate();
+    const MControlRef self(this);
+    {
+        const MEmulatedLockGuard guard(&GetRootState().lock, MERWLock::Write);
+        InvalidatePlace(*this);
+        StoreSize(newSize);
+        TouchSizes();
     }
+    if (IsRoot() && Is(MControlFlag::LayoutValid)) ResizeWindow(*this);
+    if (!self) return;
+    if (root->Is(MControlFlag::LayoutValid)) {
+        const MEmulatedLockGuard guard(&GetRootState().lock, MERWLock::Write);
+        MControl& arranged = IsHeld() ? *parent : *this;
+        arranged.ArrangeChildren();
+        arranged.Invalidate();
+    }
+    NotifySizes();
 }
 
 void MControl::SetPosition(MPoint newPosition) {
     newPosition = {MClampPlace(newPosition.x), MClampPlace(newPosition.y)};
     if (newPosition == position) return;
-    const MEmulatedLockGuard guard(&GetRootState().lock, MERWLock::Write);
-    InvalidatePlace(*this);
-    position = newPosition;
-    if (IsRoot() && Is(MControlFlag::HasWindow) && MWindows::GetInstance())
-        MWindows::GetInstance()->GetSystem().Move(*this, position);
-    if (IsRoot() || !root->Is(MControlFlag::LayoutValid)) return;
-    ArrangeChildren();
-    // Not by itself: in its own coordinates all of it may have been recorded before.
-    InvalidatePlace(*this);
+    {
+        const MEmulatedLockGuard guard(&GetRootState().lock, MERWLock::Write);
+        InvalidatePlace(*this);
+        position = newPosition;
+        if (!IsRoot() && root->Is(MControlFlag::LayoutValid)) {
+            ArrangeChildren();
+            // Not by itself: in its own coordinates all of it may have been recorded before.
+            InvalidatePlace(*this);
+        }
+    }
+    MWindows* const windows = GetWindows();
+    IsRoot() && windows ? windows->GetSystem().Move(*this, position) : NotifySizes();
 }
 
 void MControl::SetCollapsed(bool isCollapsed) {
     if (Is(MControlFlag::Collapsed) == isCollapsed) return;
     Set(MControlFlag::Collapsed, isCollapsed);
     if (!root->Is(MControlFlag::LayoutValid)) return;
+    const MControlRef self(this);
+    const MControlRef window(root);
     {
         const MEmulatedLockGuard guard(&GetRootState().lock, MERWLock::Write);
-        MControl& window = *root;
-        const MPoint oldMinimum = window.minimalSize;
-        MPoint newSize = window.size;
+        const MPoint oldMinimum = window->minimalSize;
+        MPoint newSize = window->size;
         ComputeSizes();
         for (const MAxis axis : {MAxis::X, MAxis::Y}) {
-            if (MayGrow(window)) newSize[axis] += window.minimalSize[axis] - oldMinimum[axis];
-            newSize[axis] = MClampLength(std::max(newSize[axis], window.minimalSize[axis]));
+            if (MayGrow(*root)) newSize[axis] += window->minimalSize[axis] - oldMinimum[axis];
+            newSize[axis] = MClampLength(std::max(newSize[axis], window->minimalSize[axis]));
         }
-        window.StoreSize(newSize);
-        ResizeWindow(window);
-        window.ArrangeChildren();
-        window.Invalidate();
+        window->StoreSize(newSize);
     }
-    MSystemEvent event;
-    event.type = MEventType::CollapseChanged;
-    DispatchEvent(event);
+    ResizeWindow(*root);
+    if (window) window->UpdateLayout();
+    if (self) DispatchEvent({.type = MEventType::CollapseChanged});
 }
 
 void MControl::UpdateLayout() {
     if (!root->Is(MControlFlag::LayoutValid)) return;
-    const MEmulatedLockGuard guard(&GetRootState().lock, MERWLock::Write);
-    const MPoint oldSize = root->size;
-    if (!root->Is(MControlFlag::SizesValid)) ComputeSizes();
-    if (root->size != oldSize) ResizeWindow(*root);
-    root->ArrangeChildren();
-    root->Invalidate();
+    const MControlRef window(root);
+    const MPoint oldSize = window->size;
+    if (!window->Is(MControlFlag::SizesValid)) {
+        const MEmulatedLockGuard guard(&GetRootState().lock, MERWLock::Write);
+        ComputeSizes();
+    }
+    // The platform may tell of the new size at once, and handlers then do anything.
+    if (window->size != oldSize) ResizeWindow(*window.Get());
+    if (!window || !window->Is(MControlFlag::LayoutValid)) return;
+    {
+        const MEmulatedLockGuard guard(&window->rootState->lock, MERWLock::Write);
+        window->ArrangeChildren();
+        window->Invalidate();
+    }
+    window->NotifySizes();
 }
 
 void MControl::AdjustRectangles(MRect&, MRect&) {}

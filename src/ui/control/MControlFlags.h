@@ -10,6 +10,7 @@
 enum class MControlFlag : uint8_t {
     // What a control is for its parent. The first ones have operations of their own (`MControl::SetVisible`).
     Visible,
+    Vanishing,  ///< about to become invisible
     Enabled,
     ChildrenEnabled,  ///< whether all parents are enabled, handed on to each control
     Collapsable,
@@ -23,6 +24,7 @@ enum class MControlFlag : uint8_t {
     // Sizes and layouts.
     AutoDetectMinimalSize,
     MinimalSizeLocked,
+    Resized,      ///< is to hear of its new size
     SaveMinimal,  ///< the style keeps the minimal size that was found
     UseLayouts,
     UseOverlays,

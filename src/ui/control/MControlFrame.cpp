@@ -130,10 +130,6 @@ void MControl::OnWindowSized(MPoint newSize) {
     if (newSize.x < 1 || newSize.y < 1) newSize = minimalSize;
     if (newSize == size) return;
     if (!Is(MControlFlag::Collapsed))
-        size = {std::max(newSize.x, minimalSize.x), std::max(newSize.y, minimalSize.y)};
-    if (!Is(MControlFlag::LayoutValid)) return;
-    const MControlRef self(this);
+        StoreSize({std::max(newSize.x, minimalSize.x), std::max(newSize.y, minimalSize.y)});
     UpdateLayout();
-    if (self) OnSizeChanged(size);
-    if (self) Invalidate();
 }

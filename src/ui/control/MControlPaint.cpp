@@ -83,8 +83,9 @@ void MControl::PerformPaintDispatch() {
     MGuard("MControl::PerformPaintDispatch", [this] {
         MWindows* const windows = GetWindows();
         if (!windows || !GetRootState().renderer) return;
+        const std::shared_ptr<MControlRoot> state = GetRootState().shared_from_this();
         if (!root->Is(MControlFlag::Frozen)) {
-            const MEmulatedLockGuard guard(&GetRootState().lock, MERWLock::Read);
+            const MEmulatedLockGuard guard(&state->lock, MERWLock::Read);
             const MLockGuard paintGuard(&windows->GetPaintLock());
             (void)root->PropagateDirty(MRect());
         }
@@ -130,7 +131,8 @@ void MControl::PaintTree(const MRect& windowClip) {
         if (!isFrozen && !std::exchange(paintFlag, false)) return;
         const MRect wanted = isFrozen ? contentRect : paintRect;
         const MRect rect = wanted.Intersected(clip.Shifted(MPoint() - windowOffset));
-        if (!rect.IsEmpty()) GetRootState().renderer->Render(*this, rect);
+        MRenderer* const renderer = GetRootState().renderer.get();
+        if (renderer && !rect.IsEmpty()) renderer->Render(*this, rect);
     });
     for (int32_t i = 0; self && i < children.GetCount(); ++i) children[i]->PaintTree(clip);
 }

@@ -11,12 +11,14 @@
 #include "ui/image/MBitmap.h"
 
 #include <cstdint>
+#include <deque>
 #include <memory>
 
 class MControl;
 
-/// What only the root of a tree has.
-struct MControlRoot {
+/// What only the root of a tree has. Whoever lets handlers run while the lock is held or the renderer paints
+/// shares it for so long, since the root may end in them.
+struct MControlRoot : std::enable_shared_from_this<MControlRoot> {
     std::unique_ptr<MStyle> style;  ///< of this window alone; null for that of all
     std::unique_ptr<MRenderer> renderer;
     MERWLock lock;
@@ -36,6 +38,7 @@ struct MControlRoot {
     MRect windowDirtyRect;
     bool windowDirtyFlag = false;
 
+    std::deque<MControlRef> resized;  ///< what is to hear of its new size
     MFlexibility flexibility = MFlexibleNone;
     bool hasFirstSizes = false;  ///< whether the window has got the size that its controls had before it
     bool isMaximizedWhenPlaced = false;  ///< the state that was loaded says so

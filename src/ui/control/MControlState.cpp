@@ -101,12 +101,15 @@ void MControl::LoadState(MXMLItem& item) {
 void MControl::LoadFrame(MXMLItem& item) {
     MWindowSystem* const system = GetWindows() ? &GetWindows()->GetSystem() : nullptr;
     if (!system) return;
+    const MControlRef self(this);
     if (Is(MControlFlag::SaveWindowSize) && item.GetInt32Attribute("maximized", 0) != 0) {
         // Until it is shown, the window has no place that it could be restored to.
-        if (Is(MControlFlag::LayoutValid))
-            system->Maximize(*this);
-        else
+        if (!Is(MControlFlag::LayoutValid)) {
             GetRootState().isMaximizedWhenPlaced = true;
+            return;
+        }
+        system->Maximize(*this);
+        if (self) flags.Set(MControlFlag::MoveToScreenCenter, false);
         return;
     }
     const bool hasSize = Is(MControlFlag::SaveWindowSize) && item.HasAttribute("windowsizex");
@@ -130,7 +133,7 @@ void MControl::LoadFrame(MXMLItem& item) {
         SetSize(
             {std::max(static_cast<int32_t>(std::min<int64_t>(width, desktop.GetWidth())), minimalSize.x),
              std::max(static_cast<int32_t>(std::min<int64_t>(height, desktop.GetHeight())), minimalSize.y)});
-    if (!hasPosition) return;
+    if (!self || !hasPosition) return;
     position = {MoveInside(place.x, size.x, desktop.left, desktop.right),
                 MoveInside(place.y, size.y, desktop.top, desktop.bottom)};
     flags.Set(MControlFlag::MoveToScreenCenter, false);

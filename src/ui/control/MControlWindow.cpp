@@ -90,6 +90,7 @@ void MControl::PrepareWindow() {
     if (!mask.IsEmpty()) windows->GetSystem().SetShape(*this, mask);
     ArrangeChildren();
     PlaceWindow();
+    if (self) NotifySizes();
     if (self) NotifyPrepared();
     if (!self || !Is(MControlFlag::HasWindow)) return;
     windows->GetSystem().OnWindowPrepared(*this);

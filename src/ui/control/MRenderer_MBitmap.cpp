@@ -33,21 +33,26 @@ MControl& GetBitmapOwner(MControl& control) {
     return *owner;
 }
 
+/// A control's bitmap. A paint shares it, since the control may be hidden, resized or end in it.
+struct OwnBitmap final : public MObject {
+    const std::shared_ptr<MBitmap> bitmap = std::make_shared<MBitmap>();
+};
+
 /// Whether the control has a bitmap of its size, with what was painted before.
 bool HasBitmap(const MControl& control) {
-    const auto* const bitmap = control.GetProperty<MBitmap>(BitmapKey);
-    return bitmap && MPoint{bitmap->GetWidth(), bitmap->GetHeight()} == control.GetShownSize();
+    const auto* const own = control.GetProperty<OwnBitmap>(BitmapKey);
+    return own && MPoint{own->bitmap->GetWidth(), own->bitmap->GetHeight()} == control.GetShownSize();
 }
 
 /// The control's bitmap, in its size.
-MBitmap& GetBitmap(MControl& control) {
+std::shared_ptr<MBitmap> GetBitmap(MControl& control) {
     if (!HasBitmap(control)) {
-        auto bitmap = std::make_unique<MBitmap>();
+        auto own = std::make_unique<OwnBitmap>();
         const MPoint size = control.GetShownSize();
-        bitmap->CreateOpaque(size.x, size.y);
-        control.SetProperty(BitmapKey, std::move(bitmap));
+        own->bitmap->CreateOpaque(size.x, size.y);
+        control.SetProperty(BitmapKey, std::move(own));
     }
-    return *control.GetProperty<MBitmap>(BitmapKey);
+    return control.GetProperty<OwnBitmap>(BitmapKey)->bitmap;
 }
 
 /// Fills what lies behind a transparent control.
@@ -58,7 +63,7 @@ void PaintBackground(MControl& control, MDrawer& drawer, const MRect& rect) {
     }
     MControl& behind = GetBitmapOwner(*control.GetParent());
     const MRect source = rect.Shifted(control.windowOffset - behind.windowOffset);
-    drawer.BitBlt(source, GetBitmap(behind), rect.GetTopLeft(), 255, MDrawMode::Copy);
+    drawer.BitBlt(source, *GetBitmap(behind), rect.GetTopLeft(), 255, MDrawMode::Copy);
 }
 
 }  // namespace
@@ -74,17 +79,15 @@ void MRenderer_MBitmap::Render(MControl& control, const MRect& rect) {
     MControl& owner = GetBitmapOwner(control);
     // A new bitmap is painted whole, since only what changes is painted later.
     const MRect painted = HasBitmap(owner) ? rect : control.contentRect;
+    const std::shared_ptr<MBitmap> bitmap = GetBitmap(owner);
     const std::unique_ptr<MDrawer> drawer = CreateDrawer(control);
     if (!window || !drawer) return;
     drawer->SetClip(painted);
     if (&owner == &control && IsTransparent(control)) PaintBackground(control, *drawer, painted);
-    const MControlRef self(&control);
-    const MControlRef behind(&owner);
-    control.PaintWith(*drawer);
-    if (!self || !behind) return;
     const MRect source = rect.Shifted(control.windowOffset - owner.windowOffset);
-    window->BitBlt(source, GetBitmap(owner), rect.Shifted(control.windowOffset).GetTopLeft(), 255,
-                   MDrawMode::Copy);
+    const MPoint place = rect.Shifted(control.windowOffset).GetTopLeft();
+    control.PaintWith(*drawer);
+    window->BitBlt(source, *bitmap, place, 255, MDrawMode::Copy);
 }
 
 std::unique_ptr<MDrawer> MRenderer_MBitmap::CreateDrawer(MControl& control) {
@@ -93,7 +96,7 @@ std::unique_ptr<MDrawer> MRenderer_MBitmap::CreateDrawer(MControl& control) {
     MControl& owner = GetBitmapOwner(control);
     auto drawer = std::make_unique<MDrawerUsingStyle<MDrawerToMBitmap>>(*style, control);
     drawer->hasAlphaChannel = false;
-    drawer->SetBitmap(&GetBitmap(owner));
+    drawer->SetBitmap(GetBitmap(owner).get());
     const MPoint offset = control.windowOffset - owner.windowOffset;
     const MPoint size = control.GetShownSize();
     drawer->SetTranslation(offset.x, offset.y);

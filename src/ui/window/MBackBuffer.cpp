@@ -1,5 +1,6 @@
 #include "ui/window/MBackBuffer.h"
 
+#include "foundation/base/MGuard.h"
 #include "foundation/events/MEmulatedLockGuard.h"
 #include "foundation/events/MLockGuard.h"
 #include "ui/control/MControlRoot.h"
@@ -10,19 +11,23 @@ MRect MBackBuffer::PaintWindow(MControl& root, const MRect& rect) {
     const MPoint size = root.GetShownSize();
     if (!windows || rect.IsEmpty() || size.x < 1 || size.y < 1) return MRect();
 
-    const MEmulatedLockGuard treeGuard(&root.GetRootState().lock, MERWLock::Read);
+    const MControlRef alive(&root);
+    const std::shared_ptr<MControlRoot> state = root.GetRootState().shared_from_this();
+    const MEmulatedLockGuard treeGuard(&state->lock, MERWLock::Read);
     const MLockGuard paintGuard(&windows->GetPaintLock());
     const MRect whole = MRect::FromSize(0, 0, size.x, size.y);
     MRect shown = rect.Intersected(whole);
     if (backBuffer.GetWidth() != size.x || backBuffer.GetHeight() != size.y) {
-        backBuffer.CreateSurface(size.x, size.y);
+        // One that is too large for the memory stays without a picture.
+        if (!MGuard("MBackBuffer::PaintWindow", [&] { backBuffer.CreateSurface(size.x, size.y); }))
+            return MRect();
         drawer.SetBitmap(&backBuffer);
         root.Invalidate();
         // All of it is painted now, so the platform need not hear of it.
-        root.GetRootState().windowDirtyFlag = false;
-        root.GetRootState().windowDirtyRect = MRect();
+        state->windowDirtyFlag = false;
+        state->windowDirtyRect = MRect();
         shown = whole;
     }
     root.PerformPaintDispatch();
-    return shown;
+    return alive && root.Is(MControlFlag::HasWindow) ? shown : MRect();
 }

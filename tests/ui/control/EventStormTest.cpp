@@ -1,6 +1,7 @@
 // Whatever users do, and whatever handlers do to the tree meanwhile, nothing is touched that has ended. What
 // this finds it finds with the sanitizers.
 
+#include "foundation/base/MGuard.h"
 #include "tests/ui/control/ControlFixture.h"
 
 #include <random>
@@ -35,9 +36,11 @@ public:
         return !self || MControl::PreviewEvent(next.Get(), event);
     }
     bool Paint(MDrawer& drawer) override {
-        if (world.Get(8) == 0) Invalidate();
-        return MControl::Paint(drawer);
+        const MControlRef self(this);
+        if (world.Get(2) == 0) world.meddle();
+        return self && MControl::Paint(drawer);
     }
+    void OnSizeChanged(MPoint) override { world.meddle(); }
     bool OnDragOver(MControl&, MPoint) override { return world.meddle(), true; }
     bool OnDropAccepted(MControl&, MPoint) override { return world.meddle(), true; }
     void OnDragFinished(MControl*, MPoint, bool) override { world.meddle(); }
@@ -77,7 +80,7 @@ public:
         MControl* const control = GetAny();
         if (!control || Get(4) != 0) return;
         MControl* const other = GetAny();
-        switch (Get(16)) {
+        switch (Get(20)) {
         case 0: delete control; break;
         case 1: control->SetVisible(Get(2) == 0); break;
         case 2: control->SetEnabled(Get(2) == 0); break;
@@ -93,7 +96,10 @@ public:
         case 10: control->GetRoot().ShowModeless(nullptr); break;
         case 11: control->linkedControl.Set(other); break;
         case 12: control->SetSize({static_cast<int32_t>(Get(100)), 40}); break;
-        case 13:
+        case 13: control->SetCollapsed(Get(2) == 0); break;
+        case 14: control->GetRoot().DestroyWindow(); break;
+        case 15: throw 1;
+        case 16:
             if (depth < 3 && !control->GetRoot().Is(MControlFlag::ModalRunning))
                 RunModal(control->GetRoot(), *other);
             break;
@@ -107,7 +113,7 @@ public:
         system.Post([this, &root, known = all.size()] {
             if (windows.HasRoot(&root) && known) root.CloseWindow(MModalValue::Cancel);
         });
-        root.RunModal(&owner);
+        MGuard("Storm", [&] { root.RunModal(&owner); });
         --depth;
     }
     /// Something that a user might do.
@@ -129,6 +135,7 @@ public:
         MControl* control = GetAny();
         for (; control; control = control->GetParent()) {
             control->SetEnabled(true);
+            control->CreateWindow(nullptr);
             if (control->IsRoot()) return control->ShowModeless(nullptr);
             control->SetVisible(true);
         }
@@ -143,8 +150,8 @@ TEST(EventStormTest, TouchesNothingThatHasEnded) {
     Storm storm;
     while (storm.world.events < STORM_EVENTS) {
         if (storm.all.size() < 20) storm.Grow(storm.Get(8) ? storm.GetAny() : nullptr);
-        if (storm.Get(20) == 0) storm.Mend();
-        storm.Step();
+        if (storm.Get(20) == 0) MGuard("Storm", [&] { storm.Mend(); });
+        MGuard("Storm", [&] { storm.Step(); });
     }
     while (!storm.all.empty()) delete storm.all.back();
     EXPECT_TRUE(storm.windows.GetRoots().IsEmpty());

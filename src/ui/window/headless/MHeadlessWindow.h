@@ -3,6 +3,8 @@
 #include "foundation/base/MObject.h"
 #include "ui/window/MBackBuffer.h"
 
+#include <memory>
+
 /// The window of a root in memory, kept with the root.
 struct MHeadlessWindow final : public MObject {
     static constexpr uint32_t Key = 0x484C5357;  // "HLSW"
@@ -19,7 +21,7 @@ struct MHeadlessWindow final : public MObject {
     bool isLoopEnding = false;
     bool isLeaveTracked = false;
     MRect updateRect;  ///< what the platform would have painted soon, in the window's coordinates
-    MBackBuffer backBuffer;
+    const std::shared_ptr<MBackBuffer> backBuffer = std::make_shared<MBackBuffer>();
     MBitmap picture;  ///< what the window shows
     MCursor cursor;
 };

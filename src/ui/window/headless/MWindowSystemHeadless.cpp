@@ -282,8 +282,10 @@ void MWindowSystemHeadless::Invalidate(MControl& root, const MRect& rect) {
 void MWindowSystemHeadless::Update(MControl& root) {
     MHeadlessWindow* const window = MHeadlessWindow::Of(root);
     if (!window || !window->isVisible) return;
-    const MRect shown = window->backBuffer.PaintWindow(root, std::exchange(window->updateRect, MRect()));
-    const MBitmap& buffer = window->backBuffer.GetBitmap();
+    const std::shared_ptr<MBackBuffer> backBuffer = window->backBuffer;
+    const MRect shown = backBuffer->PaintWindow(root, std::exchange(window->updateRect, MRect()));
+    if (shown.IsEmpty()) return;
+    const MBitmap& buffer = backBuffer->GetBitmap();
     if (window->picture.GetWidth() != buffer.GetWidth() || window->picture.GetHeight() != buffer.GetHeight())
         window->picture.CreateOpaque(buffer.GetWidth(), buffer.GetHeight());
     for (int32_t y = shown.top; y <= shown.bottom; ++y)
@@ -292,7 +294,7 @@ void MWindowSystemHeadless::Update(MControl& root) {
 
 MDrawer* MWindowSystemHeadless::GetDrawer(MControl& root) {
     MHeadlessWindow* const window = MHeadlessWindow::Of(root);
-    return window ? &window->backBuffer.GetDrawer() : nullptr;
+    return window ? &window->backBuffer->GetDrawer() : nullptr;
 }
 
 bool MWindowSystemHeadless::CaptureToBitmap(MControl& root, MBitmap& bitmap) {
@@ -304,10 +306,12 @@ bool MWindowSystemHeadless::CaptureToBitmap(MControl& root, MBitmap& bitmap) {
 }
 
 void MWindowSystemHeadless::SetCapture(MControl& root, bool isOn) {
-    if (isOn)
-        capturingRoot = &root;
-    else if (capturingRoot == &root)
-        capturingRoot = nullptr;
+    if (!isOn) {
+        if (capturingRoot == &root) capturingRoot = nullptr;
+        return;
+    }
+    MControl* const before = std::exchange(capturingRoot, &root);
+    if (before && before != &root) messages.OnCaptureLost(*before);
 }
 
 void MWindowSystemHeadless::SetCursor(MControl& root, const MCursor& cursor) {
