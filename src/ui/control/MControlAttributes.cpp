@@ -1,12 +1,17 @@
 #include "foundation/events/MEmulatedLockGuard.h"
 #include "ui/control/MControl.h"
 #include "ui/control/MControlRoot.h"
+#include "ui/control/MFlagScope.h"
 #include "ui/control/MWindows.h"
 
 void MControl::SetVisible(bool isVisible) {
     if (Is(MControlFlag::Visible) == isVisible) return;
     const MControlRef self(this);
     if (!isVisible) {
+        // Handlers may hide each other's controls in turn.
+        if (Is(MControlFlag::Vanishing)) return;
+        flags.Set(MControlFlag::Vanishing, true);
+        const MFlagScope vanishing(*this, MControlFlag::Vanishing);
         DispatchEvent({.type = MEventType::BecomingInvisible});
         if (!self) return;
         if (parent && IsShown())
@@ -55,8 +60,8 @@ void MControl::PassEnabled() {
 void MControl::WithdrawInput() {
     const MControlRef self(this);
     if (MControl* const captured = GetRootState().captured; Holds(captured)) {
-        ReleaseCapture();
         captured->ClearButtons();
+        ReleaseCapture();
     }
     if (MControl* const hover = GetRootState().hover; Holds(hover)) hover->OnMouseLeave();
     if (self && Holds(GetRootState().focusedControl)) FocusNext();

@@ -36,7 +36,10 @@ void MControl::FireClick(size_t click, const MSystemEvent& event) {
 void MControl::TakeButton(const MSystemEvent& event) {
     // A handler may have taken the control away, and then the release goes elsewhere.
     if (!IsShown() || !IsEnabled()) return;
+    const MControlRef self(this);
+    // Another window that loses the mouse by this may do anything.
     if (event.type != MEventType::LeftDown || !Is(MControlFlag::NoMouseCapture)) SetCapture(this);
+    if (!self) return;
     flags.Set(GetButtonFlag(event.type), true);
     InvalidateHot();
 }

@@ -33,8 +33,17 @@ bool IsHelpKey(const MSystemEvent& event) {
 
 bool MControl::DispatchEvent(const MSystemEvent& event) {
     const MControlRef self(this);
-    if (event.HasPosition() && IsRoot()) UpdateHover(event.point);
-    return !self || Route(event);
+    try {
+        if (event.HasPosition() && IsRoot()) UpdateHover(event.point);
+        return !self || Route(event);
+    } catch (...) {
+        // Whatever fails, the button is up.
+        if (self && event.IsRelease()) {
+            if (MControl* const captured = GetCapture()) captured->ClearButtons();
+            ReleaseCapture();
+        }
+        throw;
+    }
 }
 
 bool MControl::Route(const MSystemEvent& event) {
@@ -164,7 +173,7 @@ void MControl::UpdateHover(MPoint windowPoint) {
     const MControlRef self(this);
     const MControlRef entered(deepest);
     if (state.hover) state.hover->OnMouseLeave();
-    if (!self || !entered || entered->root != this) return;
+    if (!self || !entered || entered->root != this || state.hover) return;
     state.hover = entered.Get();
     entered->OnMouseEnter();
 }

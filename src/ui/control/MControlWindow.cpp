@@ -1,6 +1,7 @@
 #include "foundation/base/MGuard.h"
 #include "ui/control/MControl.h"
 #include "ui/control/MControlRoot.h"
+#include "ui/control/MFlagScope.h"
 #include "ui/control/MWindows.h"
 #include "ui/image/MAlphaMask.h"
 
@@ -64,6 +65,9 @@ void MControl::DestroyWindow() {
     MWindows* const windows = GetWindows();
     if (!windows || !IsRoot()) return;
     ReleaseCapture();
+    if (Is(MControlFlag::WindowResizing) && !Is(MControlFlag::LiveResizing)) DrawFrame();
+    flags.Set(MControlFlag::WindowMoving, false);
+    flags.Set(MControlFlag::WindowResizing, false);
     if (Is(MControlFlag::ModalRunning)) windows->GetSystem().ExitLoop(*this, MModalValue::Cancel);
     windows->GetSystem().DestroyWindow(*this);
     flags.Set(MControlFlag::HasWindow, false);
@@ -176,16 +180,21 @@ MModalValue MControl::RunModal(MControl* parentControl) {
     if (!GetWindows() || !IsRoot() || Is(MControlFlag::ModalRunning)) return MModalValue::Cancel;
     const MControlRef self(this);
     MWindowSystem& system = GetWindows()->GetSystem();
-    OpenWindow(parentControl, true);
-    if (self && GetWindows()) system.RunLoop(*this);
-    if (!self) return MModalValue::Cancel;
-    const MModalValue result = GetRootState().modalResult;
-    // Who has gone to another program is not called back.
-    const bool isInUse = system.GetActiveRoot() != nullptr;
-    HideWindow();
+    MModalValue result = MModalValue::Cancel;
+    bool isInUse = false;
+    {
+        // Whatever handlers raise, the window must not block its owner any longer.
+        const MFlagScope modal(*this, MControlFlag::Modal);
+        const MFlagScope running(*this, MControlFlag::ModalRunning);
+        OpenWindow(parentControl, true);
+        if (self && GetWindows()) system.RunLoop(*this);
+        if (!self) return MModalValue::Cancel;
+        result = GetRootState().modalResult;
+        // Who has gone to another program is not called back.
+        isInUse = system.GetActiveRoot() != nullptr;
+        HideWindow();
+    }
     if (!self) return result;
-    flags.Set(MControlFlag::ModalRunning, false);
-    flags.Set(MControlFlag::Modal, false);
     const MControlRef owner(GetRootState().windowParent.Get());
     OnHidden();
     if (isInUse && owner && owner->Is(MControlFlag::HasWindow)) system.Activate(*owner.Get());
@@ -201,17 +210,22 @@ void MControl::CloseWindow(MModalValue result) {
     if (!windows) return;
     if (!IsRoot()) return root->CloseWindow(result);
     if (Is(MControlFlag::ModalRunning) && GetRootState().modalResult != MModalValue::None) return;
+    MWindowSystem& system = windows->GetSystem();
     const MControlRef self(this);
     OnClosed();
     if (!self) return;
-    if (Is(MControlFlag::ModalRunning)) return windows->GetSystem().ExitLoop(*this, result);
+    if (Is(MControlFlag::ModalRunning)) return system.ExitLoop(*this, result);
+    const bool wasOpen = system.IsVisible(*this);
     HideWindow();
     if (!self) return;
+    // A popup whose loop is about to end is as good as closed.
     const auto& roots = windows->GetRoots();
     const bool isLast = std::none_of(roots.begin(), roots.end(), [&](MControl* other) {
-        return other != this && windows->GetSystem().IsVisible(*other);
+        const bool isClosing =
+            other->Is(MControlFlag::ModalRunning) && other->GetRootState().modalResult != MModalValue::None;
+        return other != this && !isClosing && system.IsVisible(*other);
     });
-    if (isLast && !Is(MControlFlag::KeepsApplicationAlive)) windows->GetSystem().Quit();
+    if (wasOpen && isLast && !Is(MControlFlag::KeepsApplicationAlive)) system.Quit();
     OnHidden();
 }
 

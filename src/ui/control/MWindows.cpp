@@ -84,7 +84,11 @@ void MWindows::RequestTick() {
 void MWindows::Attend() {
     // A handler may run a loop of its own, in which the rest goes on.
     UpdateAlarm();
-    MGuard(TickLabel, [&] { DispatchPending(); });
+    // One that raises does not hold up those behind it, and those that post again do not hold up the rest.
+    constexpr int32_t MaximumEvents = 1024;
+    for (int32_t count = 0; count < MaximumEvents && HasPending(); ++count)
+        MGuard(TickLabel, [&] { DispatchNext(); });
+    if (HasPending()) system->WakeUp();
     const int64_t now = system->GetTime();
     if (isTickRequested && now >= lastTick + TickInterval) {
         lastTick = now;
@@ -99,9 +103,9 @@ void MWindows::OnTimer() {
     MGuard(TickLabel, [&] {
         {
             const MLockGuard guard(&invalidatorLock);
-            for (MControlInvalidator* invalidator : invalidators) invalidator->Process();
+            for (int32_t i = 0; i < invalidators.GetCount(); ++i) invalidators[i]->Process();
         }
-        for (MControl* root : roots) root->FlushPaint();
+        for (int32_t i = 0; i < roots.GetCount(); ++i) roots[i]->FlushPaint();
     });
 }
 

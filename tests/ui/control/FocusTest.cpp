@@ -78,6 +78,13 @@ TEST_F(FocusTest, GoesOnFromWhatCannotHaveItAnyMore) {
     EXPECT_EQ(Take(), "last:blur panel:vanish second:blur last:focus");
     EXPECT_TRUE(last.HasFocus());
 
+    panel.SetVisible(true);
+    panel.onEvent = [&](const MSystemEvent&) { second.SetVisible(false); };
+    second.onEvent = [&](const MSystemEvent&) { panel.SetVisible(false); };
+    second.SetVisible(false);
+    EXPECT_FALSE(second.Is(MControlFlag::Visible) || panel.Is(MControlFlag::Visible))
+        << "each hides the other";
+
     MControl label(&root);
     last.linkedControl.Set(&label);
     last.SetEnabled(false);

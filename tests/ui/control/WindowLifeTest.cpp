@@ -130,6 +130,39 @@ TEST_F(WindowLifeTest, PopupsOverPopupsCloseTogether) {
     }
 }
 
+TEST_F(WindowLifeTest, NothingStaysHalfDoneWhenHandlersRaise) {
+    EXPECT_ANY_THROW(RunPopup([] { throw 1; }));
+    EXPECT_FALSE(windows.IsBlocked(root));
+    popup.HideWindow();
+    system.AdvanceTime(100);
+    root.onEvent = [](const MSystemEvent& event) {
+        if (event.IsRelease() || event.type == MEventType::BecomingInvisible) throw 1;
+    };
+    user.Click({120, 120});
+    EXPECT_FALSE(root.GetCapture() || root.Is(MControlFlag::LeftDown));
+    EXPECT_ANY_THROW(root.SetVisible(false));
+    root.onEvent = nullptr;
+    root.SetVisible(false);
+    EXPECT_FALSE(root.Is(MControlFlag::Visible));
+}
+
+TEST_F(WindowLifeTest, TheLastOpenWindowEndsTheApplication) {
+    root.Set(MControlFlag::KeepsApplicationAlive, false);
+    popup.Set(MControlFlag::KeepsApplicationAlive, false);
+    const auto isQuit = [&] {
+        bool isAlive = false;
+        system.Post([&] { isAlive = true; });
+        system.RunApplication();
+        return !isAlive;
+    };
+    root.HideWindow();
+    popup.CloseWindow(MModalValue::Ok);
+    EXPECT_FALSE(isQuit()) << "it was not open";
+    root.ShowModeless(nullptr);
+    RunPopup([&] { root.CloseWindow(MModalValue::Ok); });
+    EXPECT_TRUE(isQuit()) << "the popup goes with its owner";
+}
+
 TEST_F(WindowLifeTest, APressThatClosesAPopupStopsThere) {
     popup.Set(MControlFlag::CloseOnDeactivate);
     RunPopup([&] { system.Activate(root); });

@@ -55,7 +55,11 @@ private:
 };
 
 struct Receiver final : public MEventTarget {
-    void OnNotified(const MOnNotifyParams&) { ++count; }
+    void OnNotified(const MOnNotifyParams&) {
+        ++count;
+        if (action) action();
+    }
+    std::function<void()> action;
     int32_t count = 0;
 };
 
@@ -133,6 +137,25 @@ TEST_F(LoopTest, OtherThreadsPostEventsAndInvalidate) {
     system.RunApplication();
     EXPECT_EQ(receiver.count, Rounds);
     EXPECT_GT(style.CountPaints(), paints);
+}
+
+TEST_F(LoopTest, EventsHoldUpNeitherEachOtherNorTheLoop) {
+    MEvent<MOnNotifyParams> event;
+    Receiver raising;
+    Receiver endless;
+    raising.action = [] { throw 1; };
+    event.Connect(&raising, &Receiver::OnNotified);
+    event.Post(&windows, {});
+    event.Post(&windows, {});
+    system.AdvanceTime(10);
+    EXPECT_EQ(raising.count, 2);
+    event.Disconnect(&raising);
+    event.Connect(&endless, &Receiver::OnNotified);
+    endless.action = [&] { event.Post(&windows, {}); };
+    event.Post(&windows, {});
+    EXPECT_LE(system.ProcessPending(), 1024);
+    EXPECT_TRUE(windows.HasPending());
+    endless.action = nullptr;
 }
 
 TEST_F(LoopTest, APermanentRepaintDoesNotHoldWhatIsPending) {
