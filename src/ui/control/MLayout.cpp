@@ -1,5 +1,6 @@
 #include "ui/control/MLayout.h"
 
+#include "foundation/base/MRaise.h"
 #include "foundation/xml/MXMLItem.h"
 #include "ui/control/MControl.h"
 #include "ui/control/MRemoveFromList.h"
@@ -25,6 +26,8 @@ void MLayout::LoadFromXml(MXMLItem& item) {
 void MLayout::LoadControlParameters(MControl&, MXMLItem&) {}
 
 void MLayout::Attach(MControl& control) {
+    if (&control == owner || !owner->Holds(&control))
+        MRaise(MExceptionInvalidArgument, "A layout can place only what lies in its owner.");
     if (control.parentLayout) control.parentLayout->Detach(control);
     if (owner->GetClientControl() == &control) owner->SetClientControl(nullptr);
     control.Set(MControlFlag::OwnerLayoutSet);

@@ -42,12 +42,12 @@ void MLayoutGrid::AttachAt(MControl& control, int32_t row, int32_t column) {
 }
 
 void MLayoutGrid::Put(MControl& control, int32_t row, int32_t column) {
+    MLayout::Attach(control);
     while (rows.GetCount() <= row) rows.Add(new Row{});
     MControl*& cell = (*rows[row])[static_cast<size_t>(column)];
     // The row stays, since it does not become empty.
     if (cell) MLayout::Detach(*cell);
     cell = &control;
-    MLayout::Attach(control);
     control.spanX = 1;
     control.spanY = 1;
 }

@@ -4,6 +4,7 @@
 #include "ui/geometry/MLength.h"
 
 #include <algorithm>
+#include <deque>
 
 void MLayoutSwitch::Attach(MControl& control) {
     if (GetActive()) control.SetVisible(false);
@@ -44,14 +45,38 @@ MFlexibility MLayoutSwitch::GetFlexibility() {
     return flexibility;
 }
 
+namespace {
+
+/// Keeps a window from being painted for the length of a block.
+class FreezeScope {
+public:
+    explicit FreezeScope(MControl& root) : root(&root), wasFrozen(root.Is(MControlFlag::Frozen)) {
+        root.SetFrozen(true);
+    }
+    FreezeScope(const FreezeScope&) = delete;
+    FreezeScope& operator=(const FreezeScope&) = delete;
+    ~FreezeScope() {
+        if (root) root->SetFrozen(wasFrozen);
+    }
+
+private:
+    const MControlRef root;
+    const bool wasFrozen;
+};
+
+}  // namespace
+
 void MLayoutSwitch::SetActive(MControl* control) {
     if (!control && !controls.IsEmpty()) control = controls[0];
-    MControl& root = GetOwner().GetRoot();
-    const bool wasFrozen = root.Is(MControlFlag::Frozen);
-    root.SetFrozen(true);
-    for (MControl* each : controls) each->SetVisible(each == control);
-    GetOwner().ArrangeChildren();
-    root.SetFrozen(wasFrozen);
+    const MControlRef arranged(&GetOwner());
+    const FreezeScope frozen(arranged->GetRoot());
+    // What is hidden hears of it, and may end any of them, and the layout too.
+    std::deque<MControlRef> all;
+    for (MControl* each : controls) all.emplace_back(each);
+    for (const MControlRef& each : all)
+        if (each) each->SetVisible(each.Get() == control);
+    if (arranged) arranged->ArrangeChildren();
+    if (arranged) arranged->NotifySizes();
 }
 
 MControl* MLayoutSwitch::GetActive() const {

@@ -126,6 +126,12 @@ TEST_F(LayoutChanges, WhatCannotBeIsRefused) {
     EXPECT_EQ(border.y2, 2);
     EXPECT_EQ(GetFailure([&] { border.Add(box); }),
               "Service \"add control to occupy-space layout\" is not implemented.");
+    MControl stranger;
+    for (MControl* control : {&root, &stranger}) {
+        EXPECT_EQ(GetFailure([&] { side.Add(*control); }), "A layout can place only what lies in its owner.");
+        EXPECT_EQ(GetFailure([&] { root.SetClientControl(control); }),
+                  "Only a child can be the client control.");
+    }
     MXMLItem target("control");
     EXPECT_EQ(GetFailure([&] {
                   corners.LoadControlParameters(box, Fill(target, {{"target", 8}}));
