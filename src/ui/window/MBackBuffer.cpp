@@ -29,5 +29,7 @@ MRect MBackBuffer::PaintWindow(MControl& root, const MRect& rect) {
         shown = whole;
     }
     root.PerformPaintDispatch();
-    return alive && root.Is(MControlFlag::HasWindow) ? shown : MRect();
+    if (!alive || !root.Is(MControlFlag::HasWindow)) return MRect();
+    // A handler may have painted the window in another size.
+    return shown.Intersected(MRect::FromSize(0, 0, backBuffer.GetWidth(), backBuffer.GetHeight()));
 }

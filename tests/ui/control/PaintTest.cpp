@@ -145,6 +145,11 @@ TEST_F(PaintTest, GoesOnAfterFailuresAndAfterTheEndOfControls) {
     root.onPaint = nullptr;
     EXPECT_EQ(Tick(), "") << "what is asked for while painting is painted, once";
     delete ending;
+
+    root.SetSize({1 << 28, 1 << 28});
+    EXPECT_EQ(Tick(), "") << "there is no memory for it";
+    root.SetSize({300, 200});
+    EXPECT_EQ(Tick().substr(0, 13), "1:0,0-299,199");
 }
 
 TEST_F(PaintTest, GivesTheSamePixelsWithEveryRendererAndForEveryPart) {

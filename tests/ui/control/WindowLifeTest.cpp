@@ -146,6 +146,15 @@ TEST_F(WindowLifeTest, NothingStaysHalfDoneWhenHandlersRaise) {
     EXPECT_FALSE(root.Is(MControlFlag::Visible));
 }
 
+TEST_F(WindowLifeTest, OneWindowTakesTheMouseFromAnother) {
+    popup.ShowModeless(nullptr);
+    user.MoveMouse({120, 120});
+    user.PressButton();
+    EXPECT_EQ(root.GetCapture(), &root);
+    popup.SetCapture(&popup);
+    EXPECT_FALSE(root.GetCapture() || root.Is(MControlFlag::LeftDown));
+}
+
 TEST_F(WindowLifeTest, TheLastOpenWindowEndsTheApplication) {
     root.Set(MControlFlag::KeepsApplicationAlive, false);
     popup.Set(MControlFlag::KeepsApplicationAlive, false);
@@ -246,6 +255,11 @@ TEST_F(WindowLifeTest, MovesAndResizesWithoutAFrame) {
                   (MRect{before.left + 10, before.top - 10, before.right, before.bottom}));
         EXPECT_EQ(root.size.x, before.GetWidth() - 10);
     }
+    user.MoveMouse(system.GetFrame(root).GetTopLeft() + MPoint{2, 2});
+    user.PressButton();
+    root.DestroyWindow();
+    EXPECT_EQ(system.CountDragFrames(), 0) << "the frame goes with the window";
+    root.CreateWindow(nullptr);
     system.Maximize(root);
     EXPECT_EQ(root.HitTestWindowBorder({1, 1}), 0);
 }

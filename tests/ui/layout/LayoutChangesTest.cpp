@@ -8,6 +8,7 @@
 #include "ui/layout/MLayoutGrid.h"
 #include "ui/layout/MLayoutOccupyBorder.h"
 #include "ui/layout/MLayoutSide.h"
+#include "ui/layout/MLayoutSwitch.h"
 
 #include <initializer_list>
 #include <utility>
@@ -113,6 +114,28 @@ TEST_F(LayoutChanges, AGridGoesOnWhereThereIsAFreeCell) {
     grid.SetColumnCount(1);
     EXPECT_FALSE(wide.IsHeld());
     EXPECT_EQ(grid.GetRowCount(), 0);
+}
+
+TEST_F(LayoutChanges, ASwitchGoesOnWithoutThePagesThatEnd) {
+    struct Page : MControl {
+        using MControl::MControl;
+        ~Page() noexcept override = default;
+        bool ProcessEvent(const MSystemEvent&) override {
+            return delete std::exchange(doomed, nullptr), true;
+        }
+        MControl* doomed = nullptr;
+    };
+    MControl root;
+    auto& pages = *new MLayoutSwitch(root);
+    auto* const first = new Page(&root);
+    MControl& second = AddBox(root, nullptr, {10, 10});
+    pages.Add(*first);
+    pages.Add(second);
+    pages.Add(*(first->doomed = new MControl(&root)));
+    pages.SetActive(&second);
+    EXPECT_EQ(pages.GetControls().GetCount(), 2);
+    EXPECT_EQ(pages.GetActive(), &second);
+    EXPECT_FALSE(root.Is(MControlFlag::Frozen));
 }
 
 TEST_F(LayoutChanges, WhatCannotBeIsRefused) {

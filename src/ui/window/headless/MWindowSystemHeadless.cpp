@@ -298,11 +298,11 @@ MDrawer* MWindowSystemHeadless::GetDrawer(MControl& root) {
 }
 
 bool MWindowSystemHeadless::CaptureToBitmap(MControl& root, MBitmap& bitmap) {
-    const MHeadlessWindow* const window = MHeadlessWindow::Of(root);
-    if (!window) return false;
+    const MControlRef alive(&root);
     root.RedrawNow();
-    bitmap = window->picture;
-    return true;
+    const MHeadlessWindow* const window = alive ? MHeadlessWindow::Of(root) : nullptr;
+    if (window) bitmap = window->picture;
+    return window != nullptr;
 }
 
 void MWindowSystemHeadless::SetCapture(MControl& root, bool isOn) {

@@ -222,11 +222,11 @@ MDrawer* MWindowSystemX11::GetDrawer(MControl& root) {
 }
 
 bool MWindowSystemX11::CaptureToBitmap(MControl& root, MBitmap& bitmap) {
-    MXWindow* const window = MXWindow::Of(root);
-    if (!window) return false;
+    const MControlRef alive(&root);
     root.RedrawNow();
-    bitmap = window->GetPicture();
-    return true;
+    MXWindow* const window = alive ? MXWindow::Of(root) : nullptr;
+    if (window) bitmap = window->GetPicture();
+    return window != nullptr;
 }
 
 void MWindowSystemX11::SetCapture(MControl& root, bool isOn) {

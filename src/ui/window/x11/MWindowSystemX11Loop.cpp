@@ -71,7 +71,7 @@ int32_t MWindowSystemX11::ProcessPending() {
 }
 
 bool MWindowSystemX11::Turn() {
-    if (std::exchange(isQuitting, false) || !platform->display.connection.IsAlive()) return false;
+    if (isQuitting || !platform->display.connection.IsAlive()) return false;
     if (ProcessNext() != Message::None) return true;
     const int64_t left = alarm ? std::max<int64_t>(*alarm - GetTime(), 0) : MXEventQueue::Forever;
     platform->display.queue.Wait(left);
@@ -91,6 +91,7 @@ void MWindowSystemX11::ExitLoop(MControl& root, MModalValue result) {
 
 void MWindowSystemX11::RunApplication() {
     while (Turn()) {}
+    isQuitting = false;  // That was for all loops within this one.
 }
 
 void MWindowSystemX11::Quit() {

@@ -192,11 +192,13 @@ void MXWindow::Activate(xcb_window_t activeWindow) {
 
 void MXWindow::Paint(MControl& root) {
     presenter->Finish();
-    const MRect shown = backBuffer.PaintWindow(root, std::exchange(dirty, MRect()));
-    presenter->Show(backBuffer.GetBitmap(), shown);
+    const std::shared_ptr<MBackBuffer> buffer = backBuffer;
+    const MRect shown = buffer->PaintWindow(root, std::exchange(dirty, MRect()));
+    // The window may have ended in its paint.
+    if (!shown.IsEmpty()) presenter->Show(buffer->GetBitmap(), shown);
 }
 
 MDrawer& MXWindow::GetDrawer() {
     presenter->Finish();
-    return backBuffer.GetDrawer();
+    return backBuffer->GetDrawer();
 }

@@ -65,7 +65,7 @@ public:
     void Paint(MControl& root);
     /// What paints the back buffer, once the server has done with that.
     [[nodiscard]] MDrawer& GetDrawer();
-    [[nodiscard]] const MBitmap& GetPicture() { return backBuffer.GetBitmap(); }
+    [[nodiscard]] const MBitmap& GetPicture() { return backBuffer->GetBitmap(); }
     [[nodiscard]] const MXPresenter& GetPresenter() const { return *presenter; }
 
     MRect savedFrame;  ///< before it was maximized
@@ -89,6 +89,6 @@ private:
     bool isReparented = false;
     uint32_t lastRequest = 0;  ///< the number of the last request for another frame; 0 for none
     xcb_cursor_t shownCursor = XCB_CURSOR_NONE;
-    MBackBuffer backBuffer;
+    const std::shared_ptr<MBackBuffer> backBuffer = std::make_shared<MBackBuffer>();
     std::unique_ptr<MXPresenter> presenter;
 };
