@@ -61,8 +61,18 @@ TEST_F(EventRoutingTest, GivesMouseEventsToTheDeepestControlThatTakesThem) {
              user.MoveMouse({0, 0});
          },
          "right:leave"},
+        {"what keeps the hover", [&] { left.Set(MControlFlag::HoverLocked), user.MoveMouse(At(30, 30)); },
+         ""},
     };
     for (const Case& test : cases) EXPECT_EQ(Do(test.action), test.expected) << test.what;
+
+    user.MoveMouse(At(201, 100));
+    int32_t steps = 0;
+    right.onEvent = [&](const MSystemEvent& event) { steps = event.wheelDelta; };
+    for (const auto& [delta, expected] : {std::pair(120, 1), {-240, -2}, {-1, -1}, {30, 1}}) {
+        user.TurnWheel(delta);
+        EXPECT_EQ(steps, expected);
+    }
 }
 
 TEST_F(EventRoutingTest, HandsOnWhatIsNotTaken) {
@@ -79,6 +89,9 @@ TEST_F(EventRoutingTest, HandsOnWhatIsNotTaken) {
               "inner:leave left:enter left:rightdown left:rightup")
         << "a disabled control is not there";
     inner.SetEnabled(true);
+    inner.Set(MControlFlag::AcceptsEvents, false);
+    EXPECT_EQ(Do([&] { user.Click(At(30, 30), 1, MModifierMiddleButton); }), "left:middledown left:middleup");
+    inner.Set(MControlFlag::AcceptsEvents);
     left.takes = inner.takes = false;
     left.takes = false;
     root.takes = inner.takes = true;
@@ -89,6 +102,12 @@ TEST_F(EventRoutingTest, HandsOnWhatIsNotTaken) {
               "inner:double inner:doubleclick left:double left:doubleclick root:double "
               "inner:down inner:up inner:click10")
         << "a double click that nobody takes is a press";
+    right.onEvent = [&](const MSystemEvent& event) {
+        if (event.type == MEventType::GotFocus) right.SetVisible(false);
+    };
+    user.MoveMouse(At(200, 50));
+    user.PressButton();
+    EXPECT_FALSE(root.GetCapture()) << "it has gone meanwhile";
 }
 
 TEST_F(EventRoutingTest, SendsKeysToTheFocusAndThenToHotKeys) {
@@ -133,6 +152,9 @@ TEST_F(EventRoutingTest, DragsAndDrops) {
     EXPECT_EQ(Do([&] { user.MoveMouse(At(160, 5)); }), "right:over");
     EXPECT_EQ(system.GetShownCursor(root), MStdCursor::Move);
     EXPECT_EQ(Do([&] { user.ReleaseButton(); }), "right:drop10,5 inner:accepted");
+    EXPECT_FALSE(inner.Is(MControlFlag::LeftDown));
+    begin();
+    EXPECT_EQ(Do([&] { left.StartDragDrop(); }), "inner:cancelled");
     begin();
     right.takes = false;
     EXPECT_EQ(Do([&] { user.MoveMouse(At(160, 5)), user.ReleaseButton(); }),

@@ -43,6 +43,7 @@ TEST_F(WindowLifeTest, ModalWindowsBlockTheirOwnerUntilTheyAreClosed) {
                   EXPECT_EQ(Take(), "popup:enter popup:down popup:up");
                   popup.CloseWindow(MModalValue::Yes);
                   popup.CloseWindow(MModalValue::No);
+                  system.ExitLoop(popup, MModalValue::Ok);
                   EXPECT_TRUE(system.IsVisible(popup)) << "the loop ends first";
               }),
               MModalValue::Yes)
@@ -170,6 +171,19 @@ TEST_F(WindowLifeTest, TheLastOpenWindowEndsTheApplication) {
     root.ShowModeless(nullptr);
     RunPopup([&] { root.CloseWindow(MModalValue::Ok); });
     EXPECT_TRUE(isQuit()) << "the popup goes with its owner";
+}
+
+TEST_F(WindowLifeTest, WindowsGoAndMayComeWithTheirOwner) {
+    popup.SetControlType(MControlType::Menu);
+    popup.ShowModeless(&root);
+    EXPECT_EQ(popup.GetControlType(), MControlType::Menu);
+    for (const bool isOpenedToo : {false, true}) {
+        popup.Set(MControlFlag::OpenedWithParent, isOpenedToo);
+        root.HideWindow();
+        EXPECT_FALSE(system.IsVisible(popup));
+        root.ShowModeless(nullptr);
+        EXPECT_EQ(system.IsVisible(popup), isOpenedToo);
+    }
 }
 
 TEST_F(WindowLifeTest, APressThatClosesAPopupStopsThere) {

@@ -80,10 +80,17 @@ TEST_F(WindowStateTest, ComesBackWithTheWindow) {
     EXPECT_TRUE(window.panel.Is(MControlFlag::Collapsed));
     system.Maximize(window);
     window.CloseWindow(MModalValue::None);
+    {
+        Window dialog;
+        dialog.first.value = 9;
+        system.Post([&] { dialog.CloseWindow(MModalValue::Cancel); });
+        dialog.RunModal(nullptr);
+    }
     Window again;
     EXPECT_EQ(Show(again), MRect::FromSize(0, 0, 1920, 1080));
     system.Restore(again);
     EXPECT_EQ(system.GetFrame(again), MRect::FromSize(810, 440, 300, 200));
+    EXPECT_EQ(again.first.value, 7) << "what was cancelled is not kept";
 }
 
 TEST_F(WindowStateTest, TakesFromAnyFileWhatFitsTheScreen) {

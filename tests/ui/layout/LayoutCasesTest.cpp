@@ -35,7 +35,46 @@ MRect At(int32_t left, int32_t top, int32_t width, int32_t height) {
     return MRect::FromSize(left, top, width, height);
 }
 
+struct Picture : MControl {
+    using MControl::MControl;
+    ~Picture() noexcept override = default;
+    void GetMinimalContentSize(int32_t& x, int32_t& y) override { x = 20, y = 10; }
+};
+
 const std::vector<Case> Cases = {
+    {"a greatest size and a locked least size count",
+     [](MControl& root) {
+         MLayout* const row = new MLayoutHorizontal(root);
+         AddBox(root, row, {30, 10}, {0, 0}).maximalSize = {20, 50};
+         MControl& locked = AddBox(root, row, {10, 10}, {0, 0});
+         locked.minimalSize = {40, 10};
+         locked.Set(MControlFlag::MinimalSizeLocked);
+     },
+     {20 + Gap + 40, 10},
+     {100, 20},
+     {At(0, 5, 20, 10), At(28, 5, 40, 10)}},
+    {"offsets shift, but not what has an absolute position",
+     [](MControl& root) {
+         MLayout* const row = new MLayoutHorizontal(root);
+         AddBox(root, row, {10, 10}, {0, 0}).layoutOffset = {5, 6};
+         MControl& absolute = AddBox(root, row, {10, 10}, {0, 0});
+         absolute.layoutOffset = {5, 6};
+         absolute.Set(MControlFlag::PositionIsAbsolute);
+         AddBox(root, nullptr, {10, 10}).position = {1, 2};
+         root.clientOffset = {3, -4};
+     },
+     {20 + Gap, 12},
+     {100, 12},
+     {At(5, 7, 10, 10), At(18, 1, 10, 10), At(4, -2, 10, 10)}},
+    {"a content has a gap in front of it",
+     [](MControl& root) {
+         auto& picture = *new Picture(&root);
+         AddBox(picture, new MLayoutTop(picture), {30, 10});
+         root.SetClientControl(&picture);
+     },
+     {30, 10 + Gap},
+     {100, 90},
+     {At(0, 0, 100, 90)}},
     {"the last of three equal ones takes what rounding leaves",
      [](MControl& root) {
          MLayout* const row = new MLayoutHorizontal(root);
@@ -209,6 +248,15 @@ const std::vector<Case> Cases = {
      {60 + 3 * Gap, 10},
      {200, 50},
      {At(5, 0, 10, 10), At(28, 0, 10, 10), At(46, 0, 20, 10), At(74, 0, 10, 10)}},
+    {"and stretch together if all of them do",
+     [](MControl& root) {
+         auto& grid = *new MLayoutGrid(root, 4);
+         grid.columnSpanCount = 2;
+         for (const int32_t ratio : {100, 0, 100, 0}) AddBox(root, &grid, {10, 10}, {ratio, 100});
+     },
+     {40 + 3 * Gap, 10},
+     {200, 50},
+     {At(0, 0, 78, 10), At(86, 0, 10, 10), At(104, 0, 78, 10), At(190, 0, 10, 10)}},
 };
 
 using LayoutCases = LayoutFixture;

@@ -172,18 +172,6 @@ TEST_F(LoopTest, APermanentRepaintDoesNotHoldWhatIsPending) {
     for (int32_t round = 0; round < 3; ++round) EXPECT_LE(system.ProcessPending(), 12);
 }
 
-TEST_F(LoopTest, TheFirstResultOfAModalWindowStays) {
-    MWindow dialog("Dialog");
-    dialog.minClientSize = {50, 50};
-    dialog.CreateWindow(window.get());
-    system.Post([&] {
-        dialog.CloseWindow(MModalValue::Yes);
-        dialog.CloseWindow(MModalValue::No);
-        system.ExitLoop(dialog, MModalValue::Ok);
-    });
-    EXPECT_EQ(dialog.RunModal(window.get()), MModalValue::Yes);
-}
-
 TEST_F(LoopTest, TimersAndPaintsGoOnInALoopOfAHandler) {
     MWindow dialog("Dialog");
     dialog.minClientSize = {50, 50};
