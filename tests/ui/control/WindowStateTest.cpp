@@ -82,8 +82,10 @@ TEST_F(WindowStateTest, ComesBackWithTheWindow) {
     window.CloseWindow(MModalValue::None);
     {
         Window dialog;
-        dialog.first.value = 9;
-        system.Post([&] { dialog.CloseWindow(MModalValue::Cancel); });
+        system.Post([&] {
+            dialog.first.value = 9;
+            dialog.CloseWindow(MModalValue::Cancel);
+        });
         dialog.RunModal(nullptr);
     }
     Window again;
