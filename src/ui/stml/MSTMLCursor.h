@@ -13,7 +13,7 @@ struct MSTMLPosition {
 };
 
 /// Goes along the characters and objects of a paragraph, from run to run. Each object counts as one position,
-/// a surrogate pair too. Text for which the drawer has no font is passed over.
+/// a surrogate pair too. A tabulator is a space. Text for which the drawer has no font is passed over.
 class MSTMLCursor {
 public:
     /// All of them outlive the cursor.
@@ -28,7 +28,7 @@ public:
     [[nodiscard]] char32_t NextChar() {
         const char32_t character = MTakeCodePoint(run->text, position.index);
         if (position.index == run->text.GetLength()) Leave();
-        return character;
+        return character == '\t' ? U' ' : character;
     }
     [[nodiscard]] MSTMLObject& NextObject() {
         MSTMLObject& object = *run->object;

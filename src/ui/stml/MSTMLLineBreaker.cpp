@@ -1,10 +1,22 @@
 #include "ui/stml/MSTMLLineBreaker.h"
 
+#include "ui/text/MLineBreaks.h"
+
+#include <utility>
+
+namespace {
+
+/// The one that stands for what is none.
+constexpr char32_t ObjectCharacter = 0xFFFC;
+
+}  // namespace
+
 MSTMLBrokenLine MSTMLLineBreaker::BreakLine() {
     pen.Restart();
     line = {};
     line.start = cursor.GetPosition();
-    hasBlank = false;
+    hasBreak = false;
+    last = 0;
     MFont* const font = cursor.FindFont();
     bool isFull = false;
     while (!cursor.AtEnd() && !line.isEnded && !isFull) {
@@ -14,9 +26,9 @@ MSTMLBrokenLine MSTMLLineBreaker::BreakLine() {
     }
     if (!isFull) {
         line.isEnded = true;
-    } else if (hasBlank) {
-        line = upToBlank;
-        cursor.Seek(behindBlank);
+    } else if (hasBreak) {
+        line = upToBreak;
+        cursor.Seek(behindBreak);
         SkipBlanks();
     }
     if (line.ascent == 0 && line.descent == 0 && font) Raise(font->GetAscent(), font->GetDescent());
@@ -38,6 +50,7 @@ void MSTMLLineBreaker::SkipBlanks() {
 bool MSTMLLineBreaker::TakeObject() {
     const MPoint size = cursor.NextObject().GetSize(context, maxWidth, MSTMLUnlimited);
     pen.TakeObject(size.x);
+    last = ObjectCharacter;
     if (IsFull()) return false;
     Raise(size.y, 0);
     line.hasObject = true;
@@ -48,7 +61,9 @@ bool MSTMLLineBreaker::TakeObject() {
 
 bool MSTMLLineBreaker::TakeChar() {
     MFont& font = cursor.GetFont();
+    const MSTMLPosition before = cursor.GetPosition();
     const char32_t character = cursor.NextChar();
+    const char32_t previous = std::exchange(last, character);
     const bool isBlank = character <= ' ';
     if (isBlank) {
         if (character == '\n' && !isSingle) {
@@ -56,16 +71,23 @@ bool MSTMLLineBreaker::TakeChar() {
             return true;
         }
         Raise(font.GetAscent(), font.GetDescent());
-        upToBlank = line;
-        behindBlank = cursor.GetPosition();
-        hasBlank = true;
+    }
+    const bool isBetween = line.count > 0 && previous > ' ' && MMayBreakBetween(previous, character);
+    if (isBlank || isBetween) {
+        // Of several blanks the line has none at its end.
+        const bool isBehindBlank = isBlank && previous <= ' ' && hasBreak;
+        if (!isBehindBlank) upToBreak = line;
+        behindBreak = isBlank ? cursor.GetPosition() : before;
+        hasBreak = true;
     }
     pen.SetFont(font);
     if (!pen.Take(character)) return true;
-    if (IsFull()) return false;
+    const bool isMark = MIsCombining(character);
+    if (!isMark && IsFull()) return false;
     Raise(font.GetAscent(), font.GetDescent());
     line.width = pen.GetEnd();
     line.spaces += isBlank ? 1 : 0;
+    line.marks += isMark ? 1 : 0;
     ++line.count;
     return true;
 }

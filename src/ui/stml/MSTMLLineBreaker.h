@@ -9,8 +9,10 @@
 /// A line of a paragraph as it was broken.
 struct MSTMLBrokenLine {
     MSTMLPosition start;
-    int32_t count = 0;  ///< of characters and objects; the blank at which the line was broken is none of them
+    int32_t count =
+        0;  ///< of characters and objects; the blanks at which the line was broken are none of them
     int32_t spaces = 0;  ///< among these
+    int32_t marks = 0;   ///< among these: characters that stand on the one before them
     int32_t width = 0;
     int32_t ascent = 0;
     int32_t descent = 0;
@@ -21,7 +23,8 @@ struct MSTMLBrokenLine {
 };
 
 /// Cuts a paragraph into lines. A line has as many words as fit into the width; a word that is wider is cut
-/// between two characters. Lines break at the blanks of `MChar`, and end at its newline.
+/// between two characters. Lines break at the blanks of `MChar` and where `MMayBreakBetween` lets them, and end
+/// at a newline.
 class MSTMLLineBreaker {
 public:
     /// With `isSingle` all of the paragraph is one line, and of the width objects may take their shares only.
@@ -52,7 +55,8 @@ private:
     // Of the line that is being taken.
     MTextPen pen;
     MSTMLBrokenLine line;
-    MSTMLBrokenLine upToBlank;  ///< the line as it would be broken at its last blank, if `hasBlank`
-    MSTMLPosition behindBlank;
-    bool hasBlank = false;
+    char32_t last = 0;          ///< character, 0 before the first
+    MSTMLBrokenLine upToBreak;  ///< the line as it would end at the last place to break it, if `hasBreak`
+    MSTMLPosition behindBreak;
+    bool hasBreak = false;
 };

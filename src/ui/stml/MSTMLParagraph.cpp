@@ -1,8 +1,10 @@
 #include "ui/stml/MSTMLParagraph.h"
 
+#include "ui/text/MLineBreaks.h"
 #include "ui/text/MTextLayout.h"
 
 #include <algorithm>
+#include <utility>
 
 MSTMLParagraph::MSTMLParagraph(uint8_t flags, MSTMLLook look) : flags(flags) {
     runs.push_back({look, MString(), nullptr});
@@ -80,18 +82,19 @@ int32_t MSTMLParagraph::GetMinimalWidth(MSTMLContext& context) {
     if (minimal.Holds(context, 0)) return minimal.outWidth;
     minimal = {context.mark, 0, 0, 0};
     MTextPen pen;
+    char32_t last = 0;
     for (MSTMLCursor cursor(context, runs, false); !cursor.AtEnd();) {
         int32_t width = 0;
         if (cursor.IsText()) {
             pen.SetFont(cursor.GetFont());
             const char32_t character = cursor.NextChar();
-            if (character <= ' ')
+            if (character <= ' ' || MMayBreakBetween(std::exchange(last, character), character))
                 pen.Restart();
-            else if (pen.Take(character))
-                width = pen.GetEnd();
+            if (character > ' ' && pen.Take(character)) width = pen.GetEnd();
         } else {
             width = cursor.NextObject().GetMinimalWidth(context);
             pen.Restart();
+            last = 0;
         }
         minimal.outWidth = std::max(minimal.outWidth, width);
     }
@@ -128,15 +131,16 @@ void MSTMLParagraph::Paint(MSTMLContext& context, const MRect& rect, bool isInve
 
 namespace {
 
-/// What is added to the places of a justified line, from one to the next: to all of them the same, and to the
-/// spaces the rest.
+/// What is added between the places of a justified line: everywhere the same, and behind the spaces the rest.
+/// A mark is at the place of the character that it stands on.
 class Justification {
 public:
     Justification() = default;
-    Justification(int32_t excess, const MSTMLBrokenLine& line)
-        : extra(excess / (line.count - 1)),
-          remainder(excess - extra * (line.count - 1)),
-          spaces(line.spaces) {}
+    Justification(int32_t excess, const MSTMLBrokenLine& line) : spaces(line.spaces) {
+        const int32_t gaps = line.count - line.marks - 1;
+        extra = excess / gaps;
+        remainder = excess - extra * gaps;
+    }
 
     [[nodiscard]] int32_t Take(bool isSpace) {
         if (!isSpace || spaces == 0) return extra;
@@ -158,7 +162,8 @@ void MSTMLParagraph::PaintLine(MSTMLContext& context, MSTMLCursor& cursor, const
                                const MRect& rect) const {
     const int32_t room = std::max(0, rect.GetWidth() - line.width);
     const auto alignment = static_cast<Alignment>(flags & AlignmentMask);
-    const bool isJustified = alignment == Justify && !line.isEnded && !line.hasObject && line.count > 1;
+    const bool isJustified =
+        alignment == Justify && !line.isEnded && !line.hasObject && line.count - line.marks > 1;
     Justification justification = isJustified ? Justification(room, line) : Justification();
     int32_t left = rect.left;
     if (alignment == Center) left += (room + 1) / 2;
@@ -166,8 +171,10 @@ void MSTMLParagraph::PaintLine(MSTMLContext& context, MSTMLCursor& cursor, const
 
     cursor.Seek(line.start);
     MTextPen pen;
+    int32_t gap = 0;  // that justification adds in front of what comes next
     for (int32_t taken = 0; taken < line.count;) {
         bool isSpace = false;
+        bool isMark = false;
         if (cursor.IsText()) {
             MFont& font = cursor.GetFont();
             const MColor color = cursor.GetColor();
@@ -175,6 +182,8 @@ void MSTMLParagraph::PaintLine(MSTMLContext& context, MSTMLCursor& cursor, const
             pen.SetFont(font);
             const MGlyph* const glyph = pen.Take(character);
             if (!glyph) continue;
+            isMark = MIsCombining(character);
+            if (!isMark) left += std::exchange(gap, 0);
             const MPoint origin = {left + pen.GetOrigin(), rect.top + line.ascent + font.GetVerticalShift()};
             if (glyph->mask)
                 context.drawer.PaintGlyph({glyph->mask.get(), origin + MPoint{glyph->left, -glyph->top}},
@@ -189,6 +198,6 @@ void MSTMLParagraph::PaintLine(MSTMLContext& context, MSTMLCursor& cursor, const
             object.PaintInCell(context, cell, rect.GetWidth(), isInverted);
         }
         ++taken;
-        left += justification.Take(isSpace);
+        if (!isMark) gap = justification.Take(isSpace);
     }
 }

@@ -40,6 +40,8 @@ TEST_F(MSTMLParagraphTest, LinesBreakBetweenWordsAndOnlyThenInThem) {
         {"one<img icon=add/>two", 20, "one *two"},
         {"one <img icon=add/><img icon=add/> two", 5, "one|**|two"},
         {"<img icon=add/><img icon=add/>", 1, "*|*"},
+        {"one <img icon=add/> <i> two", 6, "one *|two"},
+        {"a\tb", 20, "a b"},
     };
     for (const auto& [text, columns, expected] : cases)
         EXPECT_EQ(screen.Rows(text, columns), expected) << Text(text) << " in " << columns;
@@ -55,6 +57,12 @@ TEST_F(MSTMLParagraphTest, APairIsOneCharacterAndAnEmptyLineHasTheHeightOfItsFon
     EXPECT_EQ(CountLines("a<header1>b</header1>c"), 4);
     EXPECT_EQ(CountLines(Wide(u"\xD835\xDD38\xD835\xDD38\xD835 \xDD38"), 12), 3);
     EXPECT_EQ(CountLines(Wide(u"\xD835\xDD38\xD835\xDD38"), 6), 2);
+    // Ideographs are words by themselves, a mark is a part of the one that it stands on.
+    EXPECT_EQ(screen.Rows(Wide(u"one two\x4E16\x754C t"), 8), "one two|  t");
+    EXPECT_EQ(screen.Rows(Wide(u"one\x4E16\x754C\x754C <img icon=add/>t"), 5), "one|  *t");
+    EXPECT_EQ(MSTML(Wide(u"ab\x4E16\x754C\x3002\x63")).GetMinimalWidth(screen), 12);
+    EXPECT_EQ(CountLines(Wide(u"ae\x301"), 12), 1);
+    EXPECT_EQ(CountLines(Wide(u"\x4E16\x3002\x200B\x4E16\x3002"), 0), 4);
     // A line is as high as the largest that stands in it, and no higher for what did not fit.
     EXPECT_EQ(MSTML("a <s>b</s> c").Measure(screen, 900),
               screen.fonts[3].GetAscent() + screen.fonts[3].GetDescent());
@@ -69,6 +77,8 @@ TEST_F(MSTMLParagraphTest, APairIsOneCharacterAndAnEmptyLineHasTheHeightOfItsFon
 TEST_F(MSTMLParagraphTest, EachAlignmentHasItsEdge) {
     EXPECT_EQ(screen.Places("<center>ab", 31), "a10 b16 ");
     EXPECT_EQ(screen.Places("<right>ab", 31), "a19 b25 ");
+    EXPECT_EQ(screen.Places("<right>aa  bb", 30), "a18 a24 b18 b24 ");
+    EXPECT_EQ(screen.Places(Wide(u"<right>aa \x4E16"), 21), "a9 a15 ");
     EXPECT_EQ(screen.Places("<right singleline=1>abcd", 10), "a0 b6 c12 d18 ");
     EXPECT_EQ(screen.Places("<right>a</right>b<left>c", 31), "a25 b25 c0 ");
     const std::pair<uint8_t, int32_t> tops[] = {
@@ -94,6 +104,8 @@ TEST_F(MSTMLParagraphTest, JustifiedLinesReachTheEdge) {
     EXPECT_EQ(screen.Places("<justify><![CDATA[a b\nc]]>", 33), "a0 b12 c0 ");
     // Nor what is followed by blanks that do not fit.
     EXPECT_EQ(screen.Places("<justify><![CDATA[a b  \na b]]> ", 19), "a0 b12 a0 b12 ");
+    // A mark keeps its place at its letter.
+    EXPECT_EQ(screen.Places(Wide(u"<justify>aa\x301 bb ccccc"), 40), "a0 a7 b27 b34 c0 c6 c12 c18 c24 ");
 }
 
 TEST_F(MSTMLParagraphTest, ObjectsKeepTheirSizesAndSides) {
