@@ -172,10 +172,7 @@ void MGridPlan::FitColumns(int32_t width) {
 
 void MGridPlan::MeasureAutoRows() {
     const auto getHeight = [&](const Cell& cell) {
-        const int64_t width =
-            columns.GetSpanLength(cell.column, cell.columnCount) - GetBorders(cell, MAxis::X);
-        return MClampLength(int64_t{cell.control->GetPlasticSize(1, MClampLength(width))} +
-                            GetBorders(cell, MAxis::Y));
+        return GetPlasticHeight(cell, columns.GetSpanLength(cell.column, cell.columnCount));
     };
     for (const Cell& cell : cells)
         if (IsAuto(cell) && cell.rowCount == 1) {

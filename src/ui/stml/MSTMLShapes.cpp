@@ -41,7 +41,7 @@ void MSTMLLine::PaintObject(MSTMLContext& context, const MRect& rect, bool isInv
 }
 
 MSTMLRectangle::MSTMLRectangle(const MSTMLAttributes& attributes)
-    : color(attributes.GetColor("color")), bordercolor(attributes.GetColor("bordercolor")) {
+    : color(attributes.GetColor("color")), borderColor(attributes.GetColor("bordercolor")) {
     Read(attributes);
 }
 
@@ -51,14 +51,14 @@ MSTMLRectangle* MSTMLRectangle::Clone() const {
 
 void MSTMLRectangle::PaintObject(MSTMLContext& context, const MRect& rect, bool isInverted) {
     const MColor fill = color.Get(context.drawer, isInverted);
-    const MColor border = bordercolor.Get(context.drawer, isInverted);
+    const MColor border = borderColor.Get(context.drawer, isInverted);
     if (fill.alpha > 0) context.drawer.FillRectangle(rect, fill, MDrawMode::Overlay);
     if (border.alpha > 0) context.drawer.Rectangle(rect, border, MDrawMode::Overlay);
 }
 
 MSTMLIndicator::MSTMLIndicator(const MSTMLAttributes& attributes)
     : color(attributes.GetColor("color", StyleColor(MStdColor::Shape))),
-      bordercolor(attributes.GetColor("bordercolor", StyleColor(MStdColor::Text))),
+      borderColor(attributes.GetColor("bordercolor", StyleColor(MStdColor::Text))),
       value(attributes.GetNumber("value", 0)),
       min(attributes.GetNumber("min", 0)),
       max(attributes.GetNumber("max", 1)),
@@ -76,7 +76,7 @@ int32_t MSTMLIndicator::GetPlace(double place, int32_t width) const {
 }
 
 void MSTMLIndicator::PaintObject(MSTMLContext& context, const MRect& rect, bool isInverted) {
-    const MColor border = bordercolor.Get(context.drawer, isInverted);
+    const MColor border = borderColor.Get(context.drawer, isInverted);
     if (border.alpha > 0) context.drawer.Rectangle(rect, border, MDrawMode::Overlay);
     const MRect inner = border.alpha > 0 ? rect.Shrunk(1, 1) : rect;
     if (inner.IsEmpty()) return;

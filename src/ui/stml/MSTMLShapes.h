@@ -33,7 +33,7 @@ public:
 
 private:
     MSTMLColor color;
-    MSTMLColor bordercolor;
+    MSTMLColor borderColor;
 };
 
 /// A bar in a frame that shows a value in a scale.
@@ -52,7 +52,7 @@ private:
     [[nodiscard]] int32_t GetPlace(double place, int32_t width) const;
 
     MSTMLColor color;
-    MSTMLColor bordercolor;
+    MSTMLColor borderColor;
     double value;
     double min;
     double max;

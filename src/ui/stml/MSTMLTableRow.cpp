@@ -8,7 +8,7 @@
 MSTMLTableRow::MSTMLTableRow(const MSTMLAttributes& attributes)
     : rowHeight(attributes.GetLength("height")),
       padding(attributes.GetSpace("padding", 0)),
-      cellspaces(attributes.GetSpace("cellspaces", 0)),
+      cellSpaces(attributes.GetSpace("cellspaces", 0)),
       border(attributes.GetSpace("border", 0)),
       borderAlpha(attributes.GetByte("borderalpha", 255)) {
     fill.Read(attributes);
@@ -19,7 +19,7 @@ MSTMLTableRow::MSTMLTableRow(const MSTMLTableRow& other)
       fill(other.fill),
       rowHeight(other.rowHeight),
       padding(other.padding),
-      cellspaces(other.cellspaces),
+      cellSpaces(other.cellSpaces),
       border(other.border),
       borderAlpha(other.borderAlpha),
       columns(other.columns) {
@@ -33,7 +33,7 @@ MSTMLTableCell& MSTMLTableRow::Add(std::unique_ptr<MSTMLTableCell> cell) {
 
 int32_t MSTMLTableRow::GetSpaces() const {
     const auto gaps = std::max<int64_t>(0, static_cast<int64_t>(cells.size()) - 1);
-    return MAddPixels(gaps * cellspaces, GetFrame());
+    return MAddPixels(gaps * cellSpaces, GetFrame());
 }
 
 std::vector<int32_t> MSTMLTableRow::GetShares() const {
@@ -130,7 +130,7 @@ void MSTMLTableRow::Paint(MSTMLContext& context, const MRect& rect, bool isInver
     for (size_t i = 0; i < cells.size() && i < columns.size(); ++i) {
         const int32_t right = MAddPixels(left, columns[i]);
         cells[i]->Paint(context, {left, inner.top, right - 1, inner.bottom}, isInverted);
-        left = MAddPixels(right, cellspaces);
+        left = MAddPixels(right, cellSpaces);
     }
 }
 

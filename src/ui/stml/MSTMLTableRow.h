@@ -43,7 +43,7 @@ private:
     std::vector<std::unique_ptr<MSTMLTableCell>> cells;
     MSTMLLength rowHeight;
     int32_t padding;
-    int32_t cellspaces;
+    int32_t cellSpaces;
     int32_t border;
     uint8_t borderAlpha;
     std::vector<int32_t> columns;

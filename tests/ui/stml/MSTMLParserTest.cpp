@@ -60,12 +60,9 @@ TEST_F(MSTMLParserTest, EndlessSetsAndDeepRowsEnd) {
         screen.Looks("<tagset name=x><b><x><y></tagset><tagset name=y><x></tagset><x>a</x>b");
     EXPECT_EQ(one.substr(0, 6), "[1 0]a");
     MString sets = "<tagset name=a0>" + Repeat("<rectangle color=red/>", 100) + "</tagset>";
-    for (const char* set : {"<tagset name=a1>", "<tagset name=a2>", "<tagset name=a3>"}) {
-        const MString inner = MString("<a") + MString::Copy(&"012"[set[14] - '1'], 1) + "/>";
-        sets += MString(set) + Repeat("", 0);
-        for (int32_t i = 0; i < 100; ++i) sets += inner;
-        sets += "</tagset>";
-    }
+    const std::pair<const char*, const char*> uses[] = {{"a1", "<a0/>"}, {"a2", "<a1/>"}, {"a3", "<a2/>"}};
+    for (const auto& [set, used] : uses)
+        sets += MString("<tagset name=") + set + ">" + Repeat(used, 100) + "</tagset>";
     MSTML many(sets + "<a3/>");
     screen.Show(many, 900);
     EXPECT_GT(screen.fills.size(), 3000u);
