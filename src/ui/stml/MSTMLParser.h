@@ -25,7 +25,7 @@ class MSTMLAttributes;
 /// | `ci`                                     | inverted colours                                     |
 /// | `alpha`                                  | of the text, by "value"                              |
 /// | `left` `center` `right` `justify`, `p`   | a paragraph; alignments hold for those that follow   |
-/// | `header1` `header2`                      | one in large letters, an empty one above it         |
+/// | `header1` `header2`                      | one in large letters, an empty one above it          |
 /// | `tr`, `td`                               | a row of a table, a cell                             |
 /// | `li`                                     | an item of a list, with a bullet by its "size"       |
 /// | `img` `hline` `rectangle` `indicator`    | objects in the line                                  |
