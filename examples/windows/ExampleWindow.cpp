@@ -1,10 +1,12 @@
 #include "examples/windows/ExampleWindow.h"
 
+#include "examples/windows/MPlainStyle.h"
 #include "foundation/files/MFile.h"
 #include "foundation/text/MStringFormatter.h"
 #include "streams/basic/MStdFileStream.h"
 #include "ui/control/MWindows.h"
 #include "ui/layout/MLayoutClient.h"
+#include "ui/layout/MLayoutOccupyBorder.h"
 #include "ui/layout/MLayoutSide.h"
 
 namespace {
@@ -21,6 +23,8 @@ ExampleWindow::ExampleWindow(const MString& text, ExampleLog log)
     Set(MControlFlag::MaximizeAllowed);
     Set(MControlFlag::AcceptsFiles);
     minClientSize = {720, 400};
+    MLayoutOccupyBorder* const margins = new MLayoutOccupyBorder(*this);
+    margins->x1 = margins->x2 = MPlainStyle::Space;
     MakeButtons();
     MLayoutBottom* const bottom = new MLayoutBottom(*this);
     status = new MControl(this, "status");
@@ -37,7 +41,7 @@ ExampleWindow::ExampleWindow(const MString& text, ExampleLog log)
 void ExampleWindow::MakeButtons() {
     MLayoutTop* const top = new MLayoutTop(*this);
     MControlContainer* const bar = new MControlContainer(this, "bar");
-    bar->layoutBorder = {8, 4};
+    bar->layoutBorder = {0, 4};
     top->Add(*bar);
     MLayoutHorizontal* const row = new MLayoutHorizontal(*bar);
     row->Add(*new ExampleButton(bar, "Popup", [this] { OpenPopup(); }));
@@ -50,7 +54,6 @@ void ExampleWindow::MakeColumn() {
     MPanel* const panel = new MPanel(this, "column");
     panel->SetCaption("Controls", MCaptionType::Normal);
     panel->minClientSize = {180, 0};
-    panel->layoutBorder = {8, 0};
     left->Add(*panel);
     const ExampleLog tell = [this](const MString& line) { Tell(line); };
     MLayoutVertical* const column = new MLayoutVertical(*panel);

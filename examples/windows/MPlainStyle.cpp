@@ -186,7 +186,7 @@ void MPlainStyle::PaintCaption(MControl& control, MDrawer& drawer) {
         rect = rect.Shrunk(8, 0);
     } else if (control.GetControlType() == MControlType::Button) {
         alignment = MTextCenter | MTextMiddle;
-    } else if (control.GetControlType() == MControlType::Edit) {
+    } else if (HasFrame(control)) {
         rect = rect.Shrunk(5, 0);
     }
     MColor color;
