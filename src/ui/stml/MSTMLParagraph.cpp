@@ -131,29 +131,32 @@ void MSTMLParagraph::Paint(MSTMLContext& context, const MRect& rect, bool isInve
 
 namespace {
 
-/// What is added between the places of a justified line: everywhere the same, and behind the spaces the rest.
-/// A mark is at the place of the character that it stands on.
+/// What is added between the places of a justified line: everywhere the same, and behind the spaces the rest;
+/// in a line without spaces that goes behind the letters, too. A mark is at the place of the character that it
+/// stands on.
 class Justification {
 public:
     Justification() = default;
-    Justification(int32_t excess, const MSTMLBrokenLine& line) : spaces(line.spaces) {
+    Justification(int32_t excess, const MSTMLBrokenLine& line) : hasSpaces(line.spaces > 0) {
         const int32_t gaps = line.count - line.marks - 1;
         extra = excess / gaps;
         remainder = excess - extra * gaps;
+        takers = hasSpaces ? line.spaces : gaps;
     }
 
     [[nodiscard]] int32_t Take(bool isSpace) {
-        if (!isSpace || spaces == 0) return extra;
-        const int32_t share = remainder / spaces;
-        --spaces;
+        if ((hasSpaces && !isSpace) || takers == 0) return extra;
+        const int32_t share = remainder / takers;
+        --takers;
         remainder -= share;
         return extra + share;
     }
 
 private:
+    bool hasSpaces = false;
     int32_t extra = 0;
     int32_t remainder = 0;
-    int32_t spaces = 0;
+    int32_t takers = 0;  ///< of the remainder, that are left
 };
 
 }  // namespace

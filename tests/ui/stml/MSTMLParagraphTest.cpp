@@ -100,6 +100,7 @@ TEST_F(MSTMLParagraphTest, JustifiedLinesReachTheEdge) {
     // What cannot be divided is taken by the later space.
     EXPECT_EQ(screen.Places("<justify>a b c dddd", 33), "a0 b13 c27 d0 d6 d12 d18 ");
     EXPECT_EQ(screen.Places("<justify>abcd ef", 27), "a0 b7 c14 d21 e0 f6 ");
+    EXPECT_EQ(screen.Places("<justify>abcd ef", 26), "a0 b6 c13 d20 e0 f6 ");
     EXPECT_EQ(screen.Places("<justify>a <img icon=add/> bbbb", 33), "a0 *12 b0 b6 b12 b18 ");
     EXPECT_EQ(screen.Places("<justify><![CDATA[a b\nc]]>", 33), "a0 b12 c0 ");
     // Nor what is followed by blanks that do not fit.
