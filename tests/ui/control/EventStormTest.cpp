@@ -149,9 +149,11 @@ public:
 TEST(EventStormTest, TouchesNothingThatHasEnded) {
     Storm storm;
     while (storm.world.events < STORM_EVENTS) {
-        if (storm.all.size() < 20) storm.Grow(storm.Get(8) ? storm.GetAny() : nullptr);
-        if (storm.Get(20) == 0) MGuard("Storm", [&] { storm.Mend(); });
-        MGuard("Storm", [&] { storm.Step(); });
+        MGuard("Storm", [&] {
+            if (storm.all.size() < 20) storm.Grow(storm.Get(8) ? storm.GetAny() : nullptr);
+            if (storm.Get(20) == 0) storm.Mend();
+            storm.Step();
+        });
     }
     while (!storm.all.empty()) delete storm.all.back();
     EXPECT_TRUE(storm.windows.GetRoots().IsEmpty());
