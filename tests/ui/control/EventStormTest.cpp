@@ -41,6 +41,10 @@ public:
         return self && MControl::Paint(drawer);
     }
     void OnSizeChanged(MPoint) override { world.meddle(); }
+    void OnPrepared() override { world.meddle(); }
+    bool CanClose() override { return world.meddle(), true; }
+    void OnClosed() override { world.meddle(); }
+    void OnHidden() override { world.meddle(); }
     bool OnDragOver(MControl&, MPoint) override { return world.meddle(), true; }
     bool OnDropAccepted(MControl&, MPoint) override { return world.meddle(), true; }
     void OnDragFinished(MControl*, MPoint, bool) override { world.meddle(); }
@@ -93,6 +97,7 @@ public:
             break;
         case 8: control->RedrawNow(); break;
         case 9: control->GetRoot().CloseWindow(MModalValue::Ok); break;
+        case 17: control->GetRoot().RequestClose(); break;
         case 10: control->GetRoot().ShowModeless(nullptr); break;
         case 11: control->linkedControl.Set(other); break;
         case 12: control->SetSize({static_cast<int32_t>(Get(100)), 40}); break;
