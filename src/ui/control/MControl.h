@@ -191,8 +191,8 @@ public:
     [[nodiscard]] bool IsHeld() const;
     void SetSize(MPoint newSize);
     void SetPosition(MPoint newPosition);
-    /// Calls `OnSizeChanged` of what has got another size in this window. Whoever measures or arranges by hand
-    /// calls it in the end, without the lock.
+    /// Calls `OnSizeChanged` of what has got another size in this window. Whoever measures or arranges by
+    /// hand calls it in the end, without the lock.
     void NotifySizes();
     /// `size`, or what is left of it when the control is collapsed.
     [[nodiscard]] MPoint GetShownSize() const;

@@ -29,7 +29,7 @@ void MControl::InvalidateRect(const MRect& rect) {
         }
         const MRect own = rect.Intersected(contentRect);
         if (own.IsEmpty() || !state.renderer) return;
-        // What is recorded already is asked for again, unless it has been just now: its paint may have failed.
+        // What is recorded already is asked for again, unless it was just now: its paint may have failed.
         if (!state.renderer->InvalidateRect(*this, own) && state.windowDirtyFlag) return;
         for (MControl* above = this; above; above = above->parent) above->isDirtyBelow = true;
         MRect dirty = own.Shifted(windowOffset);

@@ -37,8 +37,8 @@ public:
     virtual void LoadFromXml(MXMLItem& item);
     /// What an element says about its control in this layout.
     virtual void LoadControlParameters(MControl& control, MXMLItem& item);
-    /// Takes a child of the owner; it is not owned. One that another layout holds leaves that. Raises "A layout
-    /// can place only what lies in its owner." (2).
+    /// Takes a child of the owner; it is not owned. One that another layout holds leaves that. Raises "A
+    /// layout can place only what lies in its owner." (2).
     virtual void Attach(MControl& control);
     /// Nothing happens to a control that is not held here.
     virtual void Detach(MControl& control);
