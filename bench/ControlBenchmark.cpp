@@ -2,7 +2,7 @@
 #include "examples/windows/MPlainStyle.h"
 #include "foundation/base/MException.h"
 #include "ui/control/MControl.h"
-#include "ui/control/MWindows.h"
+#include "ui/control/windows/MWindows.h"
 #include "ui/drawing/MDrawerToMBitmap.h"
 #include "ui/image/MAlphaMask.h"
 #include "ui/text/MTextLayout.h"

@@ -1,7 +1,7 @@
 #include "bench/MComparison.h"
 #include "examples/windows/MPlainStyle.h"
 #include "ui/control/MControl.h"
-#include "ui/control/MWindows.h"
+#include "ui/control/windows/MWindows.h"
 #include "ui/layout/MLayoutClient.h"
 #include "ui/layout/MLayoutGrid.h"
 #include "ui/window/headless/MWindowSystemHeadless.h"

@@ -5,7 +5,7 @@
 #include "foundation/xml/MXMLItem.h"
 #include "streams/basic/MMemoryStream.h"
 #include "ui/control/MControl.h"
-#include "ui/control/MWindows.h"
+#include "ui/control/windows/MWindows.h"
 #include "ui/window/headless/MWindowSystemHeadless.h"
 
 #include <cstddef>

@@ -4,7 +4,7 @@
 #include "foundation/text/MStringFormatter.h"
 #include "foundation/text/MUnicode.h"
 #include "ui/control/MDrawerUsingStyle.h"
-#include "ui/control/MWindows.h"
+#include "ui/control/windows/MWindows.h"
 #include "ui/text/MFont.h"
 
 #include <algorithm>

@@ -2,7 +2,7 @@
 
 #include "foundation/base/MList.h"
 #include "ui/control/MContainers.h"
-#include "ui/control/MTimer.h"
+#include "ui/control/windows/MTimer.h"
 #include "ui/stml/MSTML.h"
 
 #include <functional>

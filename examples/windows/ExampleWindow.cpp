@@ -4,7 +4,7 @@
 #include "foundation/files/MFile.h"
 #include "foundation/text/MStringFormatter.h"
 #include "streams/basic/MStdFileStream.h"
-#include "ui/control/MWindows.h"
+#include "ui/control/windows/MWindows.h"
 #include "ui/layout/MLayoutClient.h"
 #include "ui/layout/MLayoutOccupyBorder.h"
 #include "ui/layout/MLayoutSide.h"

@@ -11,7 +11,7 @@
 #include "foundation/module/MModule.h"
 #include "foundation/text/MUnicode.h"
 #include "streams/basic/MStdFileStream.h"
-#include "ui/control/MWindows.h"
+#include "ui/control/windows/MWindows.h"
 #include "ui/window/MNativeWindowSystem.h"
 
 #include <cstdio>

@@ -5,7 +5,7 @@
 #include "setup/MFrontEnd.h"
 #include "streams/basic/MStdFileStream.h"
 #include "streams/file_sets/MMultiFileStream.h"
-#include "ui/control/MWindowsModule.h"
+#include "ui/control/windows/MWindowsModule.h"
 
 #include <memory>
 

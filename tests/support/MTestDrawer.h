@@ -1,10 +1,10 @@
 #pragma once
 
 #include "foundation/files/MFile.h"
-#include "ui/control/MStdColor.h"
-#include "ui/control/MStdFont.h"
-#include "ui/control/MStdIcon.h"
-#include "ui/control/MStyleMetric.h"
+#include "ui/control/kinds/MStdColor.h"
+#include "ui/control/kinds/MStdFont.h"
+#include "ui/control/kinds/MStdIcon.h"
+#include "ui/control/kinds/MStyleMetric.h"
 #include "ui/drawing/MDrawerToMBitmap.h"
 #include "ui/text/MFont.h"
 #include "ui/text/MFontSubstitutes.h"

@@ -4,7 +4,7 @@
 #include "foundation/text/MNumberText.h"
 #include "ui/control/MControlRoot.h"
 #include "ui/control/MRemoveFromList.h"
-#include "ui/control/MWindows.h"
+#include "ui/control/windows/MWindows.h"
 
 #include <algorithm>
 #include <atomic>

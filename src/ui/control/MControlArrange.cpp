@@ -2,7 +2,7 @@
 #include "foundation/events/MEmulatedLockGuard.h"
 #include "ui/control/MControl.h"
 #include "ui/control/MControlRoot.h"
-#include "ui/control/MWindows.h"
+#include "ui/control/windows/MWindows.h"
 #include "ui/geometry/MLength.h"
 
 #include <algorithm>

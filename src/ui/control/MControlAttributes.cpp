@@ -2,7 +2,7 @@
 #include "ui/control/MControl.h"
 #include "ui/control/MControlRoot.h"
 #include "ui/control/MFlagScope.h"
-#include "ui/control/MWindows.h"
+#include "ui/control/windows/MWindows.h"
 
 void MControl::SetVisible(bool isVisible) {
     if (Is(MControlFlag::Visible) == isVisible) return;

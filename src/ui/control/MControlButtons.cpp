@@ -1,6 +1,6 @@
 #include "ui/control/MControl.h"
 #include "ui/control/MControlRoot.h"
-#include "ui/control/MWindows.h"
+#include "ui/control/windows/MWindows.h"
 
 #include <utility>
 

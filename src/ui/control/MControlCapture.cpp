@@ -1,7 +1,7 @@
 #include "foundation/base/MGuard.h"
 #include "ui/control/MControl.h"
 #include "ui/control/MControlRoot.h"
-#include "ui/control/MWindows.h"
+#include "ui/control/windows/MWindows.h"
 
 #include <utility>
 

@@ -4,9 +4,9 @@
 #include "foundation/events/MERWLock.h"
 #include "ui/control/MControlRef.h"
 #include "ui/control/MLayout.h"
-#include "ui/control/MModalValue.h"
 #include "ui/control/MRenderer.h"
 #include "ui/control/MStyle.h"
+#include "ui/control/kinds/MModalValue.h"
 #include "ui/geometry/MRect.h"
 #include "ui/image/MBitmap.h"
 

@@ -20,7 +20,7 @@
 
 #include "ui/control/MControl.h"
 #include "ui/control/MControlRoot.h"
-#include "ui/control/MWindows.h"
+#include "ui/control/windows/MWindows.h"
 
 namespace {
 

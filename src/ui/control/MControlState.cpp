@@ -14,7 +14,7 @@
 #include "foundation/xml/MXMLItem.h"
 #include "ui/control/MControl.h"
 #include "ui/control/MControlRoot.h"
-#include "ui/control/MWindows.h"
+#include "ui/control/windows/MWindows.h"
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
 #include "foundation/xml/MXMLItem.h"
 #include "ui/control/MControl.h"
-#include "ui/control/MStdFont.h"
-#include "ui/control/MWindows.h"
+#include "ui/control/kinds/MStdFont.h"
+#include "ui/control/windows/MWindows.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 #include "foundation/xml/MXMLItem.h"
 #include "ui/control/MControl.h"
 #include "ui/control/MRemoveFromList.h"
-#include "ui/control/MStyleMetric.h"
+#include "ui/control/kinds/MStyleMetric.h"
 #include "ui/geometry/MLength.h"
 
 MLayout::MLayout(MControl& owner) : owner(&owner) {

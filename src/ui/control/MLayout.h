@@ -2,9 +2,9 @@
 
 #include "foundation/base/MList.h"
 #include "foundation/base/MObject.h"
-#include "ui/control/MFlexibility.h"
 #include "ui/control/MLayoutNeeds.h"
 #include "ui/control/SizeComputer.h"
+#include "ui/control/kinds/MFlexibility.h"
 #include "ui/geometry/MRect.h"
 
 #include <cstdint>

@@ -2,7 +2,7 @@
 #include "ui/control/MControlRoot.h"
 #include "ui/control/MDrawerUsingStyle.h"
 #include "ui/control/MRenderer.h"
-#include "ui/control/MWindows.h"
+#include "ui/control/windows/MWindows.h"
 #include "ui/drawing/MClipScope.h"
 
 bool MRenderer_ToWindow::InvalidateRect(MControl& control, const MRect& rect) {

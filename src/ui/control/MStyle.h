@@ -3,9 +3,9 @@
 #include "foundation/base/MList.h"
 #include "foundation/events/MEventTarget.h"
 #include "foundation/text/MString.h"
-#include "ui/control/MControlType.h"
 #include "ui/control/MCursor.h"
 #include "ui/control/MSystemEvent.h"
+#include "ui/control/kinds/MControlType.h"
 #include "ui/drawing/MDrawer.h"
 
 #include <cstdint>

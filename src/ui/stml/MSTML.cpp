@@ -1,8 +1,8 @@
 #include "ui/stml/MSTML.h"
 
 #include "foundation/base/MGuard.h"
-#include "ui/control/MStdFont.h"
-#include "ui/control/MStyleMetric.h"
+#include "ui/control/kinds/MStdFont.h"
+#include "ui/control/kinds/MStyleMetric.h"
 #include "ui/stml/MSTMLParser.h"
 #include "ui/text/MFont.h"
 

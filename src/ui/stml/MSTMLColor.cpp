@@ -2,7 +2,7 @@
 
 #include "foundation/base/MGuard.h"
 #include "foundation/text/MNumberText.h"
-#include "ui/control/MStdColor.h"
+#include "ui/control/kinds/MStdColor.h"
 #include "ui/drawing/MDrawer.h"
 #include "ui/image/MNames.h"
 

@@ -1,6 +1,6 @@
 #include "ui/stml/MSTMLFill.h"
 
-#include "ui/control/MStdColor.h"
+#include "ui/control/kinds/MStdColor.h"
 #include "ui/drawing/MDrawer.h"
 #include "ui/stml/MSTMLAttributes.h"
 

@@ -1,7 +1,7 @@
 #include "ui/stml/MSTMLImage.h"
 
-#include "ui/control/MStdBitmap.h"
-#include "ui/control/MStdIcon.h"
+#include "ui/control/kinds/MStdBitmap.h"
+#include "ui/control/kinds/MStdIcon.h"
 #include "ui/image/MNames.h"
 #include "ui/stml/MSTMLAttributes.h"
 

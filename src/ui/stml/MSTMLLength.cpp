@@ -1,6 +1,6 @@
 #include "ui/stml/MSTMLLength.h"
 
-#include "ui/control/MStyleMetric.h"
+#include "ui/control/kinds/MStyleMetric.h"
 #include "ui/drawing/MDrawer.h"
 #include "ui/image/MNames.h"
 #include "ui/stml/MSTMLAttributes.h"

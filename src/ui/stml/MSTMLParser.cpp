@@ -1,9 +1,9 @@
 #include "ui/stml/MSTMLParser.h"
 
 #include "streams/basic/MMemoryStream.h"
-#include "ui/control/MStdColor.h"
-#include "ui/control/MStdFont.h"
-#include "ui/control/MStdIcon.h"
+#include "ui/control/kinds/MStdColor.h"
+#include "ui/control/kinds/MStdFont.h"
+#include "ui/control/kinds/MStdIcon.h"
 #include "ui/stml/MSTMLAttributes.h"
 #include "ui/stml/MSTMLImage.h"
 #include "ui/stml/MSTMLShapes.h"

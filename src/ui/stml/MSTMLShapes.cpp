@@ -1,6 +1,6 @@
 #include "ui/stml/MSTMLShapes.h"
 
-#include "ui/control/MStdColor.h"
+#include "ui/control/kinds/MStdColor.h"
 #include "ui/stml/MSTMLAttributes.h"
 
 #include <algorithm>

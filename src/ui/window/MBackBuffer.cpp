@@ -4,7 +4,7 @@
 #include "foundation/events/MEmulatedLockGuard.h"
 #include "foundation/events/MLockGuard.h"
 #include "ui/control/MControlRoot.h"
-#include "ui/control/MWindows.h"
+#include "ui/control/windows/MWindows.h"
 
 MRect MBackBuffer::PaintWindow(MControl& root, const MRect& rect) {
     MWindows* const windows = MWindows::GetInstance();

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/control/MWindowSystem.h"
+#include "ui/control/windows/MWindowSystem.h"
 
 #include <memory>
 

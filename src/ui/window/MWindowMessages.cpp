@@ -4,7 +4,7 @@
 #include "foundation/module/MPlatform.h"
 #include "ui/control/MControlRef.h"
 #include "ui/control/MControlRoot.h"
-#include "ui/control/MWindows.h"
+#include "ui/control/windows/MWindows.h"
 
 #include <algorithm>
 

@@ -2,7 +2,7 @@
 
 #include "foundation/base/MList.h"
 #include "ui/control/MControl.h"
-#include "ui/control/MWindowSystem.h"
+#include "ui/control/windows/MWindowSystem.h"
 
 #include <cstdint>
 

@@ -1,5 +1,5 @@
 #include "tests/ui/control/ControlFixture.h"
-#include "ui/control/MControlInvalidator.h"
+#include "ui/control/windows/MControlInvalidator.h"
 
 #include <random>
 #include <thread>

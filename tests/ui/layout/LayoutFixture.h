@@ -2,7 +2,7 @@
 
 #include "examples/windows/MPlainStyle.h"
 #include "ui/control/MControl.h"
-#include "ui/control/MWindows.h"
+#include "ui/control/windows/MWindows.h"
 #include "ui/geometry/MLength.h"
 #include "ui/window/headless/MWindowSystemHeadless.h"
 

@@ -1,8 +1,8 @@
 #include "examples/windows/MPlainStyle.h"
 #include "foundation/events/MThread.h"
 #include "ui/control/MContainers.h"
-#include "ui/control/MControlInvalidator.h"
-#include "ui/control/MWindows.h"
+#include "ui/control/windows/MControlInvalidator.h"
+#include "ui/control/windows/MWindows.h"
 #include "ui/window/headless/MWindowSystemHeadless.h"
 
 #include <functional>

@@ -3,7 +3,7 @@
 #include "foundation/base/MRaise.h"
 #include "foundation/module/MPlatform.h"
 #include "ui/control/MControlRoot.h"
-#include "ui/control/MWindows.h"
+#include "ui/control/windows/MWindows.h"
 #include "ui/window/headless/MHeadlessWindow.h"
 
 #include <algorithm>

@@ -3,7 +3,7 @@
 #include "foundation/base/MException.h"
 #include "foundation/files/win32/MNativePath.h"
 #include "foundation/text/MUnicode.h"
-#include "ui/control/MWindowSystem.h"
+#include "ui/control/windows/MWindowSystem.h"
 
 #include <algorithm>
 #include <cstring>

@@ -3,7 +3,7 @@
 #include "foundation/base/MGuard.h"
 #include "foundation/files/win32/MNativePath.h"
 #include "ui/control/MControlRef.h"
-#include "ui/control/MWindows.h"
+#include "ui/control/windows/MWindows.h"
 #include "ui/window/win32/MMSWindowsWindowDescriptor.h"
 #include "ui/window/win32/MWin32DC.h"
 #include "ui/window/win32/MWindowSystemMSWindows.h"

@@ -6,7 +6,7 @@
 #include "foundation/files/win32/MNativePath.h"
 #include "foundation/module/MPlatform.h"
 #include "ui/control/MControl.h"
-#include "ui/control/MWindows.h"
+#include "ui/control/windows/MWindows.h"
 #include "ui/window/win32/MMSWindowsWindowDescriptor.h"
 #include "ui/window/win32/MWin32Cursor.h"
 #include "ui/window/win32/MWin32DC.h"

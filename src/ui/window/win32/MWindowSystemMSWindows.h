@@ -2,7 +2,7 @@
 
 #include "foundation/events/MLock.h"
 #include "foundation/win32/MWindowsHeader.h"
-#include "ui/control/MWindowSystem.h"
+#include "ui/control/windows/MWindowSystem.h"
 #include "ui/window/MWindowMessages.h"
 #include "ui/window/win32/MBackgroundWindow.h"
 #include "ui/window/win32/MMessageLoopCounter.h"

@@ -1,7 +1,7 @@
 #include "ui/control/MControl.h"
 #include "ui/control/MControlRef.h"
 #include "ui/control/MControlRoot.h"
-#include "ui/control/MWindows.h"
+#include "ui/control/windows/MWindows.h"
 #include "ui/window/win32/MMSWindowsWindowDescriptor.h"
 #include "ui/window/win32/MWindowProc.h"
 #include "ui/window/win32/MWindowSystemMSWindows.h"

@@ -3,7 +3,7 @@
 #include "foundation/base/MGuard.h"
 #include "ui/control/MControlRef.h"
 #include "ui/control/MControlRoot.h"
-#include "ui/control/MWindows.h"
+#include "ui/control/windows/MWindows.h"
 #include "ui/window/x11/MWindowSystemX11.h"
 #include "ui/window/x11/MXWindow.h"
 

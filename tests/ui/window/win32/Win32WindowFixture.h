@@ -5,7 +5,7 @@
 #include "tests/support/MTestText.h"
 #include "ui/control/MControl.h"
 #include "ui/control/MControlRoot.h"
-#include "ui/control/MWindows.h"
+#include "ui/control/windows/MWindows.h"
 #include "ui/window/MNativeWindowSystem.h"
 
 #include <functional>

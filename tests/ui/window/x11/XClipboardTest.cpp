@@ -1,7 +1,7 @@
 #include "tests/support/MScratch.h"
 #include "tests/support/MTestText.h"
 #include "tests/ui/window/x11/MTestXServer.h"
-#include "ui/control/MWindowSystem.h"
+#include "ui/control/windows/MWindowSystem.h"
 #include "ui/window/x11/selections/MXClipboard.h"
 
 #include <algorithm>

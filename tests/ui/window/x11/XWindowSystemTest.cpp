@@ -3,7 +3,7 @@
 #include "tests/ui/window/x11/MTestXServer.h"
 #include "ui/control/MControl.h"
 #include "ui/control/MControlRef.h"
-#include "ui/control/MWindows.h"
+#include "ui/control/windows/MWindows.h"
 #include "ui/image/MAlphaMask.h"
 #include "ui/window/MNativeWindowSystem.h"
 #include "ui/window/headless/MWindowSystemHeadless.h"

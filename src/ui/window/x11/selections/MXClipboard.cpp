@@ -2,7 +2,7 @@
 
 #include "foundation/base/MException.h"
 #include "foundation/text/MUnicode.h"
-#include "ui/control/MWindowSystem.h"
+#include "ui/control/windows/MWindowSystem.h"
 
 #include <cstring>
 #include <initializer_list>

@@ -3,8 +3,8 @@
 #include "foundation/base/MList.h"
 #include "foundation/events/MEventProcessor.h"
 #include "foundation/events/MLock.h"
-#include "ui/control/MTimerQueue.h"
-#include "ui/control/MWindowSystem.h"
+#include "ui/control/windows/MTimerQueue.h"
+#include "ui/control/windows/MWindowSystem.h"
 
 #include <atomic>
 #include <memory>

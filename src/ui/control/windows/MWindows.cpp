@@ -1,12 +1,12 @@
-#include "ui/control/MWindows.h"
+#include "ui/control/windows/MWindows.h"
 
 #include "foundation/base/MGuard.h"
 #include "foundation/events/MLockGuard.h"
 #include "ui/control/MControl.h"
-#include "ui/control/MControlInvalidator.h"
 #include "ui/control/MControlRoot.h"
 #include "ui/control/MRemoveFromList.h"
 #include "ui/control/MStyle.h"
+#include "ui/control/windows/MControlInvalidator.h"
 
 #include <algorithm>
 #include <utility>

@@ -3,8 +3,8 @@
 #include "foundation/base/MObject.h"
 #include "foundation/text/MString.h"
 #include "ui/control/MCursor.h"
-#include "ui/control/MModalValue.h"
 #include "ui/control/MSystemEvent.h"
+#include "ui/control/kinds/MModalValue.h"
 #include "ui/drawing/MDrawer.h"
 
 #include <cstdint>

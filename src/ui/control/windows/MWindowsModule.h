@@ -1,7 +1,7 @@
 #pragma once
 
 #include "foundation/module/MModule.h"
-#include "ui/control/MTimer.h"
+#include "ui/control/windows/MTimer.h"
 
 /// The module of a program with windows.
 class MWindowsModule : public MModule, public MTimer {

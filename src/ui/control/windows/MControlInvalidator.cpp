@@ -1,8 +1,8 @@
-#include "ui/control/MControlInvalidator.h"
+#include "ui/control/windows/MControlInvalidator.h"
 
 #include "foundation/events/MLockGuard.h"
 #include "ui/control/MControl.h"
-#include "ui/control/MWindows.h"
+#include "ui/control/windows/MWindows.h"
 
 #include <utility>
 

@@ -1,6 +1,6 @@
-#include "ui/control/MTimer.h"
+#include "ui/control/windows/MTimer.h"
 
-#include "ui/control/MWindows.h"
+#include "ui/control/windows/MWindows.h"
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "foundation/base/MList.h"
-#include "ui/control/MTimer.h"
+#include "ui/control/windows/MTimer.h"
 
 #include <optional>
 

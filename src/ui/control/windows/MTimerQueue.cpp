@@ -1,4 +1,4 @@
-#include "ui/control/MTimerQueue.h"
+#include "ui/control/windows/MTimerQueue.h"
 
 #include "foundation/base/MGuard.h"
 #include "ui/control/MRemoveFromList.h"
