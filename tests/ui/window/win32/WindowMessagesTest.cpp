@@ -66,7 +66,8 @@ TEST_F(WindowMessagesTest, TheKeyboardBecomesEvents) {
     EXPECT_TRUE(PumpUntil([&] { return window.log.ends_with("14 112\n"); }));
     EXPECT_EQ(window.TakeLog(), "15 233\n15 55357\n15 56832\n13 121\n14 121\n14 112\n");
     // Otherwise this would wait for the choice from a menu.
-    for (const LPARAM key : {LPARAM{0}, LPARAM{'f'}}) EXPECT_EQ(SendMessageW(handle, WM_SYSCOMMAND, SC_KEYMENU, key), 0);
+    for (const LPARAM key : {LPARAM{0}, LPARAM{'f'}})
+        EXPECT_EQ(SendMessageW(handle, WM_SYSCOMMAND, SC_KEYMENU, key), 0);
 }
 
 TEST_F(WindowMessagesTest, LosingTheMouseToOthersIsTold) {
