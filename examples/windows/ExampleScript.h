@@ -17,8 +17,8 @@ class ExampleScript final {
 public:
     ExampleScript(MWindowSystemHeadless& system, MControl& root) : system(system), root(root) {}
 
-    /// Runs the lines, a twentieth of a second apart, as far as the window stays, and closes it. Raises "{0} in the script is not understood." (2), and
-    /// what writing a picture raises.
+    /// Runs the lines, a twentieth of a second apart, as far as the window stays, and closes it. Raises "{0}
+    /// in the script is not understood." (2), and what writing a picture raises.
     void Run(const MString& text);
 
 private:

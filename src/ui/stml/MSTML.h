@@ -5,8 +5,8 @@
 #include <array>
 #include <cstdint>
 
-/// Text with mark-up (the tags: MSTMLParser.h), parsed once, measured for any width and painted. Mark-up never
-/// fails: what a syntax error leaves unread is not there.
+/// Text with mark-up (the tags: MSTMLParser.h), parsed once, measured for any width and painted. Mark-up
+/// never fails: what a syntax error leaves unread is not there.
 ///
 /// What was measured is kept until fonts or sizes of the drawer change, so painting and asking again cost
 /// little. Belongs to one thread; a parse ends before another begins.
@@ -24,8 +24,8 @@ public:
     /// The flags of paragraphs (`MSTMLParagraph`) as long as no tag says more, from the next parse on. The
     /// vertical ones also tell where the document stands in a rectangle that is higher.
     void SetDefaultFlags(uint8_t newFlags) { defaultFlags = newFlags; }
-    /// Adds the next image for `img`, which shares the bitmap's pixels as they are now. Gives its number, from
-    /// 0 on.
+    /// Adds the next image for `img`, which shares the bitmap's pixels as they are now. Gives its number,
+    /// from 0 on.
     int32_t AddImage(const MBitmap& bitmap);
 
     // Lengths are in pixels.

@@ -23,8 +23,8 @@ struct MSTMLBrokenLine {
 };
 
 /// Cuts a paragraph into lines. A line has as many words as fit into the width; a word that is wider is cut
-/// between two characters. Lines break at the blanks of `MChar` and where `MMayBreakBetween` lets them, and end
-/// at a newline.
+/// between two characters. Lines break at the blanks of `MChar` and where `MMayBreakBetween` lets them, and
+/// end at a newline.
 class MSTMLLineBreaker {
 public:
     /// With `isSingle` all of the paragraph is one line, and of the width objects may take their shares only.
@@ -32,9 +32,9 @@ public:
     MSTMLLineBreaker(MSTMLContext& context, MSTMLCursor& cursor, int32_t maxWidth, bool isSingle)
         : context(context), cursor(cursor), maxWidth(maxWidth), isSingle(isSingle) {}
 
-    /// Takes a line from the cursor's position on, a line break with the line that it ends. Takes one position
-    /// at least, so it comes to the end. A line of no height, as that of an empty paragraph, is as high as its
-    /// font.
+    /// Takes a line from the cursor's position on, a line break with the line that it ends. Takes one
+    /// position at least, so it comes to the end. A line of no height, as that of an empty paragraph, is as
+    /// high as its font.
     [[nodiscard]] MSTMLBrokenLine BreakLine();
 
 private:

@@ -6,8 +6,8 @@
 
 class MSTMLAttributes;
 
-/// Something that stands in a line of text as a character does. Its height counts from the baseline upwards; in
-/// a line that is higher it keeps to the side of its vertical alignment.
+/// Something that stands in a line of text as a character does. Its height counts from the baseline upwards;
+/// in a line that is higher it keeps to the side of its vertical alignment.
 class MSTMLObject : public MSTMLItem {
 public:
     /// Which way it keeps in a rectangle that is larger.

@@ -132,8 +132,8 @@ void MSTMLParagraph::Paint(MSTMLContext& context, const MRect& rect, bool isInve
 namespace {
 
 /// What is added between the places of a justified line: everywhere the same, and behind the spaces the rest;
-/// in a line without spaces that goes behind the letters, too. A mark is at the place of the character that it
-/// stands on.
+/// in a line without spaces that goes behind the letters, too. A mark is at the place of the character that
+/// it stands on.
 class Justification {
 public:
     Justification() = default;

@@ -13,8 +13,8 @@
 
 class MSTMLAttributes;
 
-/// Reads mark-up into a container. Unknown tags are ignored, and so is a closing tag that has nothing to close.
-/// Names of tags are compared exactly.
+/// Reads mark-up into a container. Unknown tags are ignored, and so is a closing tag that has nothing to
+/// close. Names of tags are compared exactly.
 ///
 /// | tag                                      | meaning                                              |
 /// |------------------------------------------|------------------------------------------------------|

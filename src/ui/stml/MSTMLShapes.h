@@ -39,8 +39,8 @@ private:
 /// A bar in a frame that shows a value in a scale.
 class MSTMLIndicator final : public MSTMLObject {
 public:
-    /// Takes "value" and "middle", between which the bar is, the scale's ends "min" and "max", and "color" and
-    /// "bordercolor" as a rectangle.
+    /// Takes "value" and "middle", between which the bar is, the scale's ends "min" and "max", and "color"
+    /// and "bordercolor" as a rectangle.
     explicit MSTMLIndicator(const MSTMLAttributes& attributes);
 
     [[nodiscard]] MSTMLIndicator* Clone() const override;

@@ -72,8 +72,8 @@ void MSTMLTableRow::ComputeColumns(MSTMLContext& context, int32_t width) {
     }
 }
 
-/// The width for which every cell gets what `measure(cell, index)` says: `measure` of those that have a share,
-/// the others what they have.
+/// The width for which every cell gets what `measure(cell, index)` says: `measure` of those that have a
+/// share, the others what they have.
 template <class Measure>
 int32_t MSTMLTableRow::GetWidthFor(MSTMLContext& context, Measure measure) {
     const std::vector<int32_t> shares = GetShares();

@@ -5,9 +5,9 @@
 #include <memory>
 #include <vector>
 
-/// Cells side by side; tables are rows below each other. Cells with a width of their own get that. What is left
-/// of the row is dealt out by shares in percent, of which cells without any width divide what is missing to
-/// 100. No cell is narrower than its widest word, so a row may be wider than its room.
+/// Cells side by side; tables are rows below each other. Cells with a width of their own get that. What is
+/// left of the row is dealt out by shares in percent, of which cells without any width divide what is missing
+/// to 100. No cell is narrower than its widest word, so a row may be wider than its room.
 class MSTMLTableRow final : public MSTMLItem {
 public:
     /// Takes "height", "padding", "cellspaces", "border", "borderalpha" and those of the ground.

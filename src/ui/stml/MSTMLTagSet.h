@@ -20,8 +20,8 @@ struct MSTMLTagSet {
     MList<Tag> tags;
 };
 
-/// The tag sets of a document. Sets may use each other and themselves, so what comes out of the tags of a text
-/// is limited: tags beyond are ignored.
+/// The tag sets of a document. Sets may use each other and themselves, so what comes out of the tags of a
+/// text is limited: tags beyond are ignored.
 class MSTMLTagSets {
 public:
     /// How deep sets may stand in each other.

@@ -5,8 +5,8 @@
 
 /// Goes along a line of text, in one font after another, and tells where its glyphs stand. Between two of
 /// them are the space between characters of the second one's font and the pixel by which hinting has moved
-/// them together or apart; nothing is added behind the last one, nor beside what is no text. The fonts outlive
-/// the pen and keep their sizes.
+/// them together or apart; nothing is added behind the last one, nor beside what is no text. The fonts
+/// outlive the pen and keep their sizes.
 class MTextPen {
 public:
     /// A pen without a font takes no characters.

@@ -4,8 +4,8 @@
 
 namespace {
 
-/// The display of the tests has no window manager. Wine, which would wait two seconds for its answer each time that a
-/// window is hidden, is told so before it opens the first one.
+/// The display of the tests has no window manager. Wine, which would wait two seconds for its answer each
+/// time that a window is hidden, is told so before it opens the first one.
 class WineSettings final : public testing::Environment {
 public:
     void SetUp() override {
