@@ -356,7 +356,7 @@ private:
     void SetFocusPath(MControl* control);
     bool MoveFocus(MControl* MControl::*direction);
     void AppendToTabOrder(MControl*& last);
-    void ClearCapture();
+    static void ClearCapture(MControlRoot& state);
     [[nodiscard]] bool DragOver(MControl& source, const MSystemEvent& event);
     void EndDrag(MControl* target, MPoint point, bool isAccepted);
 

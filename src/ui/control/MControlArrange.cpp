@@ -125,7 +125,7 @@ void MControl::SetSize(MPoint newSize) {
     if (!self) return;
     if (root->Is(MControlFlag::LayoutValid)) {
         const MEmulatedLockGuard guard(&GetRootState().lock, MERWLock::Write);
-        MControl& arranged = IsHeld() ? *parent : *this;
+        MControl& arranged = parent && IsHeld() ? *parent : *this;
         arranged.ArrangeChildren();
         arranged.Invalidate();
     }

@@ -13,7 +13,7 @@ void MControl::SetCapture(MControl* control) {
     MControl* const old = GetRootState().captured;
     if (control == old) return;
     if (!control) return ReleaseCapture();
-    ClearCapture();
+    ClearCapture(GetRootState());
     // The releases of its buttons will not come to the one that had the mouse.
     if (old) old->ClearButtons();
     GetRootState().captured = control;
@@ -23,19 +23,19 @@ void MControl::SetCapture(MControl* control) {
 
 void MControl::ReleaseCapture() {
     if (!GetRootState().captured) return;
-    ClearCapture();
+    ClearCapture(GetRootState());
     if (MWindows* const windows = GetWindows()) windows->GetSystem().SetCapture(*root, false);
 }
 
-void MControl::ClearCapture() {
-    MControl* on = std::exchange(GetRootState().captured, nullptr);
+void MControl::ClearCapture(MControlRoot& state) {
+    MControl* on = std::exchange(state.captured, nullptr);
     for (; on; on = on->parent) on->capture = nullptr;
 }
 
 void MControl::OnCaptureLost() {
     const MControlRef self(this);
     const MControlRef holder(GetRootState().captured);
-    ClearCapture();
+    ClearCapture(GetRootState());
     if (IsRoot()) EndFrame();
     if (!self) return;
     if (IsRoot() && holder && holder.Get() != this) return holder->OnCaptureLost();

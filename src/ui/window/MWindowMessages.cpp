@@ -109,7 +109,7 @@ bool MWindowMessages::OnMouse(MControl& root, MEventType type, MPoint point, MKe
     return isConsumed;
 }
 
-void MWindowMessages::OnMouseLeave(MControl& root) {
+void MWindowMessages::OnMouseLeave(MControl& root) const {
     if (isMouseEnabled) MGuard(MouseLabel, [&] { root.OnMouseLeave(); });
 }
 

@@ -31,7 +31,7 @@ public:
     /// closes a popup or brings another modal window to the front.
     bool OnMouse(MControl& root, MEventType type, MPoint point, MKeyModifiers modifiers,
                  int32_t wheelDelta = 0);
-    void OnMouseLeave(MControl& root);
+    void OnMouseLeave(MControl& root) const;
     void OnCaptureLost(MControl& root);
     bool OnKey(MControl& root, MEventType type, int32_t key);
     /// A unit of UTF-16.

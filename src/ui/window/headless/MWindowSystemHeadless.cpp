@@ -7,6 +7,7 @@
 #include "ui/window/headless/MHeadlessWindow.h"
 
 #include <algorithm>
+#include <ranges>
 #include <utility>
 
 namespace {
@@ -163,9 +164,9 @@ void MWindowSystemHeadless::ActivateOtherProgram(const MString& title) {
 
 MControl* MWindowSystemHeadless::GetRootUnder(MPoint screenPoint) const {
     if (capturingRoot) return capturingRoot;
-    for (auto root = windows.rbegin(); root != windows.rend(); ++root) {
-        const MHeadlessWindow& window = *MHeadlessWindow::Of(**root);
-        if (window.isVisible && !window.isMinimized && window.frame.Contains(screenPoint)) return *root;
+    for (MControl* root : windows | std::views::reverse) {
+        const MHeadlessWindow& window = *MHeadlessWindow::Of(*root);
+        if (window.isVisible && !window.isMinimized && window.frame.Contains(screenPoint)) return root;
     }
     return nullptr;
 }
