@@ -7,7 +7,6 @@
 #include "ui/window/headless/MHeadlessWindow.h"
 
 #include <algorithm>
-#include <ranges>
 #include <utility>
 
 namespace {
@@ -164,11 +163,11 @@ void MWindowSystemHeadless::ActivateOtherProgram(const MString& title) {
 
 MControl* MWindowSystemHeadless::GetRootUnder(MPoint screenPoint) const {
     if (capturingRoot) return capturingRoot;
-    for (MControl* root : windows | std::views::reverse) {
+    const auto topmost = std::find_if(windows.rbegin(), windows.rend(), [&](const MControl* root) {
         const MHeadlessWindow& window = *MHeadlessWindow::Of(*root);
-        if (window.isVisible && !window.isMinimized && window.frame.Contains(screenPoint)) return root;
-    }
-    return nullptr;
+        return window.isVisible && !window.isMinimized && window.frame.Contains(screenPoint);
+    });
+    return topmost == windows.rend() ? nullptr : *topmost;
 }
 
 const MBitmap& MWindowSystemHeadless::GetPicture(MControl& root) const {
