@@ -2,6 +2,7 @@
 
 #include "foundation/files/MFile.h"
 #include "ui/control/MControl.h"
+#include "ui/control/kinds/MStyleMetric.h"
 #include "ui/drawing/MDrawerToMBitmap.h"
 
 #include <algorithm>
@@ -101,9 +102,9 @@ MColor MPlainStyle::GetCaptionColor(MControl& control) {
 }
 
 int32_t MPlainStyle::GetMetric(int32_t index) {
-    constexpr int32_t FirstSpace = 4;  // those between neighbours in layouts and grids
-    if (index == FirstSpace || index == FirstSpace + 1) return Space;
-    return index < FirstSpace ? 4 : 16;
+    const auto metric = static_cast<MStyleMetric>(index);
+    if (metric == MStyleMetric::DefLayoutSpace || metric == MStyleMetric::DefGridLayoutSpace) return Space;
+    return metric < MStyleMetric::DefLayoutSpace ? 4 : 16;
 }
 
 MPlainStyle::Insets MPlainStyle::GetInsets(const MControl& control) {
@@ -136,8 +137,8 @@ MPoint MPlainStyle::GetMinimalSize(MControl& control) {
     MPoint size = GetMinimalClassSize(control);
     if (control.GetCaption().IsEmpty()) return size;
     MColor color;
-    const MFont& font = *GetFont(control.GetFont(), 0, false, MDrawEnabled, color);
-    const int32_t width = const_cast<MFont&>(font).GetTextWidth(control.GetCaption());
+    MFont& font = *GetFont(control.GetFont(), 0, false, MDrawEnabled, color);
+    const int32_t width = font.GetTextWidth(control.GetCaption());
     const int32_t height = font.GetAscent() + font.GetDescent();
     return {std::max(size.x, width + 16), std::max(size.y, HasStrip(control) ? CaptionHeight : height + 2)};
 }

@@ -16,7 +16,7 @@ public:
     static constexpr int32_t CaptionHeight = 22;  ///< of panels and windows with a caption
     static constexpr int32_t Frame = 1;           ///< of what has a frame
 
-    /// How often `GetFont` and `PaintControl` were asked, for tests.
+    /// How often `PaintControl` was asked, for tests.
     [[nodiscard]] int64_t CountPaints() const { return paints; }
 
     [[nodiscard]] MString GetInfo() override { return "Plain style"; }

@@ -30,7 +30,6 @@ public:
     void AddText(const MString& text, MSTMLLook look);
     /// Adds an object as a run of its own, behind a blank if there is text before it.
     void AddObject(std::unique_ptr<MSTMLObject> object, MSTMLLook look);
-    [[nodiscard]] const MSTMLRunList& GetRuns() const { return runs; }
 
     [[nodiscard]] MSTMLParagraph* Clone() const override;
     int32_t ComputeHeight(MSTMLContext& context, int32_t width, int32_t maxHeight) override;

@@ -16,8 +16,6 @@ public:
     MSTMLTableRow& operator=(const MSTMLTableRow&) = delete;
 
     MSTMLTableCell& Add(std::unique_ptr<MSTMLTableCell> cell);
-    /// Of the columns as they were laid out last, with padding and border of the cells.
-    [[nodiscard]] const std::vector<int32_t>& GetColumnWidths() const { return columns; }
 
     [[nodiscard]] MSTMLTableRow* Clone() const override { return new MSTMLTableRow(*this); }
     int32_t ComputeHeight(MSTMLContext& context, int32_t width, int32_t maxHeight) override;

@@ -195,6 +195,12 @@ void MWindowMessages::OnSized(MControl& root, MPoint newSize) {
     MGuard(MessagesLabel, [&] { root.OnWindowSized(newSize); });
 }
 
+void MWindowMessages::OnFrameChanged(MControl& root, const MRect& before, const MRect& frame) {
+    const MPoint size{frame.GetWidth(), frame.GetHeight()};
+    if (before.GetTopLeft() != frame.GetTopLeft()) OnMoved(root, frame.GetTopLeft());
+    if (size != MPoint{before.GetWidth(), before.GetHeight()}) OnSized(root, size);
+}
+
 void MWindowMessages::OnCloseRequested(MControl& root) {
     MGuard(MessagesLabel, [&] {
         if (!IsBlocked(root)) root.RequestClose();

@@ -46,6 +46,8 @@ public:
     /// On the screen.
     void OnMoved(MControl& root, MPoint newPosition);
     void OnSized(MControl& root, MPoint newSize);
+    /// The window has got another frame on the screen: moved and sized, as far as it differs.
+    void OnFrameChanged(MControl& root, const MRect& before, const MRect& frame);
     void OnCloseRequested(MControl& root);
 
 private:

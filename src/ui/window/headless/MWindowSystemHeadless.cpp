@@ -76,9 +76,7 @@ void MWindowSystemHeadless::PutFrame(MControl& root, const MRect& frame) {
     MHeadlessWindow* const window = MHeadlessWindow::Of(root);
     if (!window || frame.IsEmpty()) return;
     const MRect before = std::exchange(window->frame, frame);
-    const MPoint size{frame.GetWidth(), frame.GetHeight()};
-    if (before.GetTopLeft() != frame.GetTopLeft()) messages.OnMoved(root, frame.GetTopLeft());
-    if (size != MPoint{before.GetWidth(), before.GetHeight()}) messages.OnSized(root, size);
+    messages.OnFrameChanged(root, before, frame);
 }
 
 void MWindowSystemHeadless::Move(MControl& root, MPoint point) {

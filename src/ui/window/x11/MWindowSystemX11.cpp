@@ -106,9 +106,7 @@ void MWindowSystemX11::PutFrame(MControl& root, const MRect& frame) {
     if (!window || frame.IsEmpty()) return;
     const MRect before = window->GetFrame();
     window->Put(root, frame);
-    if (before.GetTopLeft() != frame.GetTopLeft()) messages.OnMoved(root, frame.GetTopLeft());
-    const MPoint size{frame.GetWidth(), frame.GetHeight()};
-    if (size != MPoint{before.GetWidth(), before.GetHeight()}) messages.OnSized(root, size);
+    messages.OnFrameChanged(root, before, frame);
 }
 
 void MWindowSystemX11::Move(MControl& root, MPoint point) {

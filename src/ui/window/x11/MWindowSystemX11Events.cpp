@@ -70,11 +70,9 @@ void MWindowSystemX11::OnConfigured(const xcb_configure_notify_event_t& event) {
     const MRect before = window.GetFrame();
     if (!window.TakeFrame(event)) return;
     const MRect frame = window.GetFrame();
-    if (frame.GetTopLeft() != before.GetTopLeft()) messages.OnMoved(*root, frame.GetTopLeft());
-    const MPoint size{frame.GetWidth(), frame.GetHeight()};
-    if (size == MPoint{before.GetWidth(), before.GetHeight()}) return;
-    window.InvalidateAll();
-    messages.OnSized(*root, size);
+    if (frame.GetWidth() != before.GetWidth() || frame.GetHeight() != before.GetHeight())
+        window.InvalidateAll();
+    messages.OnFrameChanged(*root, before, frame);
 }
 
 // The keyboard of a popup is that of the window that it stands over.
