@@ -209,18 +209,31 @@ MRect MPlainStyle::GetTrackerRect(MControl& control, double value) {
     return {x - 3, 0, x + 3, control.size.y - 1};
 }
 
-void MPlainStyle::PaintHorizontalScrollBar(MControl& control, MDrawer& drawer, const MRect& rect,
-                                           const MRect& thumb, uint8_t drawState) {
-    PaintVerticalScrollBar(control, drawer, rect, thumb, drawState);
+MPoint MPlainStyle::GetPartSize(MControl&, MStylePart part) {
+    constexpr MPoint Mark = {13, 13};
+    constexpr MPoint Border = {6, 3};
+    switch (part) {
+    case MStylePart::ScrollArrow: return {12, 12};
+    case MStylePart::ScrollThumb: return {8, 8};
+    case MStylePart::CheckMark:
+    case MStylePart::RadioMark: return Mark;
+    case MStylePart::Knob: return {32, 32};
+    default: return Border;
+    }
 }
 
-void MPlainStyle::PaintVerticalScrollBar(MControl&, MDrawer& drawer, const MRect& rect, const MRect& thumb,
-                                         uint8_t) {
-    drawer.FillRectangle(rect, Raised, MDrawMode::Copy);
-    drawer.FillRectangle(thumb, FrameColor, MDrawMode::Copy);
+void MPlainStyle::PaintHorizontalScrollBar(MControl& control, MDrawer& drawer, const MScrollBarParts& parts) {
+    PaintVerticalScrollBar(control, drawer, parts);
 }
 
-void MPlainStyle::PaintCheckMark(MControl&, MDrawer& drawer, const MRect& rect, int32_t state, uint8_t) {
+void MPlainStyle::PaintVerticalScrollBar(MControl&, MDrawer& drawer, const MScrollBarParts& parts) {
+    drawer.FillRectangle(parts.track, Raised, MDrawMode::Copy);
+    for (const MRect& part : {parts.thumb, parts.decrease, parts.increase})
+        drawer.FillRectangle(part, FrameColor, MDrawMode::Copy);
+}
+
+void MPlainStyle::PaintCheckMark(MControl&, MDrawer& drawer, const MRect& rect, MCheckMarkShape,
+                                 int32_t state, uint8_t) {
     drawer.Rectangle(rect, Text, MDrawMode::Copy);
     if (state != 0) drawer.FillRectangle(rect.Shrunk(3, 3), Accent, MDrawMode::Copy);
 }
@@ -247,7 +260,25 @@ void MPlainStyle::PaintHighlight(MControl&, MDrawer& drawer, const MRect& rect, 
 
 void MPlainStyle::PaintTreeExpander(MControl& control, MDrawer& drawer, const MRect& rect, bool isOpen,
                                     uint8_t drawState) {
-    PaintCheckMark(control, drawer, rect, isOpen ? 1 : 0, drawState);
+    PaintCheckMark(control, drawer, rect, MCheckMarkShape::CheckBox, isOpen ? 1 : 0, drawState);
+}
+
+void MPlainStyle::PaintValue(MControl&, MDrawer& drawer, const MRect& rect, const MValueLook& look) {
+    MRect filled = rect;
+    filled.right = rect.left + static_cast<int32_t>(look.value * (rect.right - rect.left));
+    drawer.FillRectangle(filled, Accent, MDrawMode::Copy);
+}
+
+void MPlainStyle::PaintTab(MControl&, MDrawer& drawer, const MRect& rect, uint8_t drawState) {
+    drawer.FillRectangle(rect, drawState & MDrawClicked ? Surface : Raised, MDrawMode::Copy);
+}
+
+void MPlainStyle::PaintMenuBarItem(MControl& control, MDrawer& drawer, const MRect& rect, uint8_t drawState) {
+    if (drawState & (MDrawClicked | MDrawHighlighted)) PaintHighlight(control, drawer, rect, drawState);
+}
+
+void MPlainStyle::PaintSplitter(MControl&, MDrawer& drawer, const MRect& rect, bool, uint8_t drawState) {
+    drawer.FillRectangle(rect, drawState & MDrawHighlighted ? Hovered : Raised, MDrawMode::Copy);
 }
 
 bool MPlainStyle::IsInverted(MControl& control) {

@@ -59,12 +59,11 @@ public:
     [[nodiscard]] double GetTrackerPosition(MControl& control, MPoint point) override;
     [[nodiscard]] MRect GetTrackerRect(MControl& control, double value) override;
 
-    void PaintHorizontalScrollBar(MControl& control, MDrawer& drawer, const MRect& rect, const MRect& thumb,
-                                  uint8_t drawState) override;
-    void PaintVerticalScrollBar(MControl& control, MDrawer& drawer, const MRect& rect, const MRect& thumb,
-                                uint8_t drawState) override;
-    void PaintCheckMark(MControl& control, MDrawer& drawer, const MRect& rect, int32_t state,
-                        uint8_t drawState) override;
+    [[nodiscard]] MPoint GetPartSize(MControl& control, MStylePart part) override;
+    void PaintHorizontalScrollBar(MControl& control, MDrawer& drawer, const MScrollBarParts& parts) override;
+    void PaintVerticalScrollBar(MControl& control, MDrawer& drawer, const MScrollBarParts& parts) override;
+    void PaintCheckMark(MControl& control, MDrawer& drawer, const MRect& rect, MCheckMarkShape shape,
+                        int32_t state, uint8_t drawState) override;
     void PaintListItem(MControl& control, MDrawer& drawer, const MRect& rect, uint8_t drawState) override;
     void PaintTreeLines(MControl& control, MDrawer& drawer, const MRect& rect, int32_t lines) override;
     void PaintLine(MControl& control, MDrawer& drawer, const MRect& rect) override;
@@ -72,6 +71,11 @@ public:
     void PaintHighlight(MControl& control, MDrawer& drawer, const MRect& rect, uint8_t drawState) override;
     void PaintTreeExpander(MControl& control, MDrawer& drawer, const MRect& rect, bool isOpen,
                            uint8_t drawState) override;
+    void PaintValue(MControl& control, MDrawer& drawer, const MRect& rect, const MValueLook& look) override;
+    void PaintTab(MControl& control, MDrawer& drawer, const MRect& rect, uint8_t drawState) override;
+    void PaintMenuBarItem(MControl& control, MDrawer& drawer, const MRect& rect, uint8_t drawState) override;
+    void PaintSplitter(MControl& control, MDrawer& drawer, const MRect& rect, bool isVertical,
+                       uint8_t drawState) override;
     [[nodiscard]] bool IsInverted(MControl& control) override;
     void PaintCaption(MControl& control, MDrawer& drawer) override;
     [[nodiscard]] MControl* GetCaptionPanel(MControl&) override { return nullptr; }

@@ -2,11 +2,22 @@
 
 #include "foundation/base/MObject.h"
 #include "ui/drawing/MDrawer.h"
+#include "ui/geometry/MAlignment.h"
 
-/// Something that fills a rectangle of a control: text, an icon, a picture, or a mixture of them.
+/// How a control wants its content: fonts and colours by the style's numbers, the state of `MDrawState`.
+struct MContentLook {
+    int32_t font = 0;
+    int32_t color = 0;
+    uint8_t drawState = 0;
+    bool isInverted = false;
+    MAlignment alignment = MAlignCenter;  ///< of the content in its rectangle
+};
+
+/// Something that fills a rectangle of a control: text, an icon, a picture, or a mixture of them. What does not
+/// fit is shortened or clipped. Contents can be shared by painting them one after the other.
 class MContent : public MObject {
 public:
     /// In pixels.
-    [[nodiscard]] virtual MPoint GetSize(MDrawer& drawer) = 0;
-    virtual void Paint(MDrawer& drawer, const MRect& rect, bool isInverted) = 0;
+    [[nodiscard]] virtual MPoint GetSize(MDrawer& drawer, const MContentLook& look) = 0;
+    virtual void Paint(MDrawer& drawer, const MRect& rect, const MContentLook& look) = 0;
 };

@@ -61,8 +61,10 @@ enum class MControlFlag : uint8_t {
     EnableSaveState,
     SaveSubControlState,
     AttachedToStyle,
-    Transparent,  ///< what lies behind shows through
-    Inverted,     ///< in the colours of what is selected
+    Transparent,    ///< what lies behind shows through
+    Inverted,       ///< in the colours of what is selected
+    DefaultButton,  ///< what comes next: looks so, and takes Enter where nobody else does
+    Checked,        ///< is switched on, and looks so
 
     // Of a root: its window.
     HasWindow,

@@ -4,6 +4,7 @@
 #include "foundation/events/MEventTarget.h"
 #include "foundation/text/MString.h"
 #include "ui/control/MCursor.h"
+#include "ui/control/MStyleParts.h"
 #include "ui/control/MSystemEvent.h"
 #include "ui/control/kinds/MControlType.h"
 #include "ui/drawing/MDrawer.h"
@@ -27,6 +28,9 @@ enum MDrawState : uint8_t {
 constexpr MDrawState operator|(MDrawState left, MDrawState right) {
     return static_cast<MDrawState>(static_cast<uint8_t>(left) | static_cast<uint8_t>(right));
 }
+
+/// What leads to a row of a tree, combined with `|`.
+enum MTreeLines : uint8_t { MTreeLineUp = 1, MTreeLineDown = 2, MTreeLineRight = 4 };
 
 /// The look of all controls: sizes, colours, fonts, icons, pointers, and the painting of each control by its
 /// class and state. A control holds what it is; nothing of how it looks.
@@ -104,20 +108,37 @@ public:
     [[nodiscard]] virtual double GetTrackerPosition(MControl& control, MPoint point) = 0;
     [[nodiscard]] virtual MRect GetTrackerRect(MControl& control, double value) = 0;
 
-    // Parts of composed controls.
-    virtual void PaintHorizontalScrollBar(MControl& control, MDrawer& drawer, const MRect& rect,
-                                          const MRect& thumb, uint8_t drawState) = 0;
-    virtual void PaintVerticalScrollBar(MControl& control, MDrawer& drawer, const MRect& rect,
-                                        const MRect& thumb, uint8_t drawState) = 0;
-    virtual void PaintCheckMark(MControl& control, MDrawer& drawer, const MRect& rect, int32_t state,
-                                uint8_t drawState) = 0;
+    // Parts of composed controls. Of a row, a tab or an item, `MDrawClicked` says that it is selected or open,
+    // `MDrawHighlighted` that the mouse is over it, `MDrawFocused` that the keyboard works on it.
+    [[nodiscard]] virtual MPoint GetPartSize(MControl& control, MStylePart part) = 0;
+    virtual void PaintHorizontalScrollBar(MControl& control, MDrawer& drawer,
+                                          const MScrollBarParts& parts) = 0;
+    virtual void PaintVerticalScrollBar(MControl& control, MDrawer& drawer, const MScrollBarParts& parts) = 0;
+    /// `state` is 0 for off, 1 for on, 2 for neither.
+    virtual void PaintCheckMark(MControl& control, MDrawer& drawer, const MRect& rect, MCheckMarkShape shape,
+                                int32_t state, uint8_t drawState) = 0;
+    /// What lies behind a row of a list, a tree or a menu.
     virtual void PaintListItem(MControl& control, MDrawer& drawer, const MRect& rect, uint8_t drawState) = 0;
+    /// One of `MTreeLines` combined: what leads to a row of a tree, in one step of its indentation.
     virtual void PaintTreeLines(MControl& control, MDrawer& drawer, const MRect& rect, int32_t lines) = 0;
+    /// A line between rows or groups, in the middle of the rectangle, along its longer side.
     virtual void PaintLine(MControl& control, MDrawer& drawer, const MRect& rect) = 0;
+    /// What lies behind selected text.
     virtual void PaintSelection(MControl& control, MDrawer& drawer, const MRect& rect, uint8_t drawState) = 0;
+    /// A mark over something: where dragged things go, what a search has found.
     virtual void PaintHighlight(MControl& control, MDrawer& drawer, const MRect& rect, uint8_t drawState) = 0;
     virtual void PaintTreeExpander(MControl& control, MDrawer& drawer, const MRect& rect, bool isOpen,
                                    uint8_t drawState) = 0;
+    /// What a control of the classes knob, rotator, tracker or progress bar shows, by its class.
+    virtual void PaintValue(MControl& control, MDrawer& drawer, const MRect& rect,
+                            const MValueLook& look) = 0;
+    /// The button of a tab; without what is in it.
+    virtual void PaintTab(MControl& control, MDrawer& drawer, const MRect& rect, uint8_t drawState) = 0;
+    virtual void PaintMenuBarItem(MControl& control, MDrawer& drawer, const MRect& rect,
+                                  uint8_t drawState) = 0;
+    /// The bar between two panels; `isVertical` if they stand side by side.
+    virtual void PaintSplitter(MControl& control, MDrawer& drawer, const MRect& rect, bool isVertical,
+                               uint8_t drawState) = 0;
     /// Whether a control is in the colours of what is selected: by itself or by its parent, not by both.
     [[nodiscard]] virtual bool IsInverted(MControl& control) = 0;
     virtual void PaintCaption(MControl& control, MDrawer& drawer) = 0;
