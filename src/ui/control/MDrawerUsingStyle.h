@@ -12,6 +12,9 @@ public:
     MDrawerUsingStyle(MStyle& style, MControl& control) : style(style), control(control) {}
 
     [[nodiscard]] MBitmap* GetStdIcon(int32_t index) override { return style.GetStdIcon(index); }
+    [[nodiscard]] const MAlphaMask* GetStdIconMask(int32_t index) override {
+        return style.GetStdIconMask(index);
+    }
     [[nodiscard]] MBitmap* GetStdBitmap(int32_t index) override { return style.GetStdBitmap(index); }
     [[nodiscard]] MFontTable* GetFontTable() override { return style.GetFontTable(); }
     [[nodiscard]] MFont* GetFont(int32_t fontIndex, int32_t colorIndex, bool isInverted, uint8_t drawState,

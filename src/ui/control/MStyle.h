@@ -56,6 +56,8 @@ public:
 
     // What it provides. Pictures and fonts belong to the style; null where it has none.
     [[nodiscard]] virtual MBitmap* GetStdIcon(int32_t index) = 0;
+    /// As `MDrawer::GetStdIconMask`.
+    [[nodiscard]] virtual const MAlphaMask* GetStdIconMask(int32_t) { return nullptr; }
     [[nodiscard]] virtual MBitmap* GetStdBitmap(int32_t index) = 0;
     [[nodiscard]] virtual MFontTable* GetFontTable() = 0;
     /// As `MDrawer::GetFont`.

@@ -14,6 +14,10 @@ MBitmap* MDrawer::GetStdIcon(int32_t index) {
     return target ? target->GetStdIcon(index) : nullptr;
 }
 
+const MAlphaMask* MDrawer::GetStdIconMask(int32_t index) {
+    return target ? target->GetStdIconMask(index) : nullptr;
+}
+
 MBitmap* MDrawer::GetStdBitmap(int32_t index) {
     return target ? target->GetStdBitmap(index) : nullptr;
 }

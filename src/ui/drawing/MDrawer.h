@@ -43,6 +43,8 @@ public:
 
     // What a style provides; without one null, 0 or the text's own colour.
     [[nodiscard]] virtual MBitmap* GetStdIcon(int32_t index);
+    /// The same icon as coverage, for any colour; null for one that has colours of its own.
+    [[nodiscard]] virtual const MAlphaMask* GetStdIconMask(int32_t index);
     [[nodiscard]] virtual MBitmap* GetStdBitmap(int32_t index);
     [[nodiscard]] virtual MFontTable* GetFontTable();
     /// A font of the table, for a control in a state (the bits of its `GetDrawState`). `color` becomes the
@@ -140,6 +142,9 @@ public:
     /// first.
     void DrawText(const MRect& rect, MFont& font, const MString& text, MColor color,
                   MTextAlignment alignment);
+
+    /// An icon in a colour, or in its own ones with the alpha of that. None paints nothing.
+    void DrawIcon(int32_t index, MPoint point, MColor color);
 
     /// How `PaintBitmapPart` fills: one of `MBitmapFill`, and `PartKept` for a part that is left as it is.
     static constexpr int32_t PartKept = 4;

@@ -2,6 +2,7 @@
 #include "foundation/base/MGuard.h"
 #include "ui/drawing/MBitmapFill.h"
 #include "ui/drawing/MDrawer.h"
+#include "ui/image/MAlphaMask.h"
 
 #include <algorithm>
 
@@ -21,6 +22,15 @@ void MDrawer::DrawText(const MRect& rect, MFont& font, const MString& text, MCol
             AlignedTextOut(rect.Shifted({1, 1}), font, text, shadow, alignment);
         AlignedTextOut(rect, font, text, color, alignment);
     });
+}
+
+void MDrawer::DrawIcon(int32_t index, MPoint point, MColor color) {
+    if (const MAlphaMask* const mask = GetStdIconMask(index)) {
+        AlphaMask({0, 0, mask->GetWidth() - 1, mask->GetHeight() - 1}, *mask, point, color,
+                  MDrawMode::Overlay);
+    } else if (const MBitmap* const bitmap = GetStdIcon(index)) {
+        BitBltWhole(*bitmap, point, color.alpha, MDrawMode::Overlay);
+    }
 }
 
 void MDrawer::PaintBitmapPart(const MRect& rect, const MBitmap& bitmap, const MRect& source, int32_t flags,

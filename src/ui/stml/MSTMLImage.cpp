@@ -30,11 +30,16 @@ MPoint MSTMLImage::GetNaturalSize(MSTMLContext& context) {
     return bitmap ? MPoint{bitmap->GetWidth(), bitmap->GetHeight()} : MPoint();
 }
 
-void MSTMLImage::PaintObject(MSTMLContext& context, const MRect& rect, bool) {
+void MSTMLImage::PaintObject(MSTMLContext& context, const MRect& rect, bool isInverted) {
     const MBitmap* const bitmap = FindBitmap(context);
     if (!bitmap || bitmap->IsEmpty()) return;
     const MRect place = GetAligned(rect, {bitmap->GetWidth(), bitmap->GetHeight()});
-    context.drawer.BitBltWhole(*bitmap, place.GetTopLeft(), 255, MDrawMode::Overlay);
+    MColor color;
+    (void)context.GetFont({}, isInverted, color);
+    if (source == Source::Icon)
+        context.drawer.DrawIcon(index, place.GetTopLeft(), color);
+    else
+        context.drawer.BitBltWhole(*bitmap, place.GetTopLeft(), color.alpha, MDrawMode::Overlay);
 }
 
 const MBitmap* MSTMLImage::FindBitmap(MSTMLContext& context) const {

@@ -28,14 +28,21 @@ MSTMLLine* MSTMLLine::Clone() const {
     return new MSTMLLine(*this);
 }
 
-MPoint MSTMLLine::GetNaturalSize(MSTMLContext&) {
-    return {1 + 2 * hspace, size + 2 * vspace};
+MPoint MSTMLLine::GetNaturalSize(MSTMLContext& context) {
+    return {1 + 2 * context.drawer.ScaleX(hspace),
+            GetThickness(context.drawer) + 2 * context.drawer.ScaleY(vspace)};
+}
+
+int32_t MSTMLLine::GetThickness(MDrawer& drawer) const {
+    return size > 0 ? std::max(1, drawer.ScaleY(size)) : 0;
 }
 
 void MSTMLLine::PaintObject(MSTMLContext& context, const MRect& rect, bool isInverted) {
     const MColor ink = color.Get(context.drawer, isInverted);
-    const int32_t top = rect.top + (rect.GetHeight() - size) / 2;
-    const MRect line = {rect.left + hspace, top, rect.right - hspace, top + size - 1};
+    const int32_t thickness = GetThickness(context.drawer);
+    const int32_t space = context.drawer.ScaleX(hspace);
+    const int32_t top = rect.top + (rect.GetHeight() - thickness) / 2;
+    const MRect line = {rect.left + space, top, rect.right - space, top + thickness - 1};
     context.drawer.FillRectangle(line, ink.WithAlpha(static_cast<uint8_t>(ink.alpha * alpha / 255)),
                                  MDrawMode::Overlay);
 }

@@ -14,6 +14,8 @@ public:
     void PaintObject(MSTMLContext& context, const MRect& rect, bool isInverted) override;
 
 private:
+    [[nodiscard]] int32_t GetThickness(MDrawer& drawer) const;
+
     int32_t size;
     MSTMLColor color;
     uint8_t alpha;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ui/stml/MSTMLContainer.h"
+#include "ui/stml/MSTMLFrame.h"
 #include "ui/stml/MSTMLLength.h"
 
 class MSTMLAttributes;
@@ -32,10 +33,7 @@ public:
     bool autosize = false;
 
 private:
-    [[nodiscard]] int32_t GetFrame() const { return 2 * (padding + border); }
-
-    int32_t padding = 2;
-    int32_t border = 0;
+    MSTMLFrame frame{2, 0};
     uint8_t borderAlpha = 255;
     int32_t contentHeight = 0;
 };

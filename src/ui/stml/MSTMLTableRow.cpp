@@ -7,9 +7,8 @@
 
 MSTMLTableRow::MSTMLTableRow(const MSTMLAttributes& attributes)
     : rowHeight(attributes.GetLength("height")),
-      padding(attributes.GetSpace("padding", 0)),
+      frame{attributes.GetSpace("padding", 0), attributes.GetSpace("border", 0)},
       cellSpaces(attributes.GetSpace("cellspaces", 0)),
-      border(attributes.GetSpace("border", 0)),
       borderAlpha(attributes.GetByte("borderalpha", 255)) {
     fill.Read(attributes);
 }
@@ -18,9 +17,8 @@ MSTMLTableRow::MSTMLTableRow(const MSTMLTableRow& other)
     : MSTMLItem(other),
       fill(other.fill),
       rowHeight(other.rowHeight),
-      padding(other.padding),
+      frame(other.frame),
       cellSpaces(other.cellSpaces),
-      border(other.border),
       borderAlpha(other.borderAlpha),
       columns(other.columns) {
     for (const auto& cell : other.cells) cells.push_back(std::unique_ptr<MSTMLTableCell>(cell->Clone()));
@@ -31,9 +29,9 @@ MSTMLTableCell& MSTMLTableRow::Add(std::unique_ptr<MSTMLTableCell> cell) {
     return *cells.back();
 }
 
-int32_t MSTMLTableRow::GetSpaces() const {
+int32_t MSTMLTableRow::GetSpaces(MDrawer& drawer) const {
     const auto gaps = std::max<int64_t>(0, static_cast<int64_t>(cells.size()) - 1);
-    return MAddPixels(gaps * cellSpaces, GetFrame());
+    return MAddPixels(gaps * drawer.ScaleX(cellSpaces), frame.GetWidth(drawer));
 }
 
 std::vector<int32_t> MSTMLTableRow::GetShares() const {
@@ -57,7 +55,7 @@ std::vector<int32_t> MSTMLTableRow::GetShares() const {
 void MSTMLTableRow::ComputeColumns(MSTMLContext& context, int32_t width) {
     const std::vector<int32_t> shares = GetShares();
     columns.assign(cells.size(), 0);
-    int64_t room = int64_t{width} - GetSpaces();
+    int64_t room = int64_t{width} - GetSpaces(context.drawer);
     for (size_t i = 0; i < cells.size(); ++i) {
         if (shares[i] >= 0) continue;
         columns[i] = cells[i]->GetFixedWidth(context);
@@ -77,7 +75,7 @@ void MSTMLTableRow::ComputeColumns(MSTMLContext& context, int32_t width) {
 template <class Measure>
 int32_t MSTMLTableRow::GetWidthFor(MSTMLContext& context, Measure measure) {
     const std::vector<int32_t> shares = GetShares();
-    int64_t fixed = GetSpaces();
+    int64_t fixed = GetSpaces(context.drawer);
     int64_t sum = 0;
     int64_t largest = 0;
     for (size_t i = 0; i < cells.size(); ++i) {
@@ -94,11 +92,12 @@ int32_t MSTMLTableRow::GetWidthFor(MSTMLContext& context, Measure measure) {
 
 int32_t MSTMLTableRow::ComputeHeight(MSTMLContext& context, int32_t width, int32_t maxHeight) {
     ComputeColumns(context, width);
-    const int32_t room = std::max(0, maxHeight - GetFrame());
+    const int32_t frameHeight = frame.GetHeight(context.drawer);
+    const int32_t room = std::max(0, maxHeight - frameHeight);
     int32_t highest = 0;
     for (size_t i = 0; i < cells.size(); ++i)
         highest = std::max(highest, cells[i]->ComputeHeight(context, columns[i], room));
-    return height = rowHeight.ResolveY(context.drawer, maxHeight, MAddPixels(highest, GetFrame()));
+    return height = rowHeight.ResolveY(context.drawer, maxHeight, MAddPixels(highest, frameHeight));
 }
 
 int32_t MSTMLTableRow::ComputeSize(MSTMLContext& context, int32_t width, int32_t& outWidth) {
@@ -108,7 +107,8 @@ int32_t MSTMLTableRow::ComputeSize(MSTMLContext& context, int32_t width, int32_t
     for (size_t i = 0; i < cells.size(); ++i)
         highest = std::max(highest, cells[i]->ComputeSize(context, columns[i], needed[i]));
     outWidth = GetWidthFor(context, [&](size_t i) { return needed[i]; });
-    return rowHeight.ResolveY(context.drawer, MSTMLUnlimited, MAddPixels(highest, GetFrame()));
+    return rowHeight.ResolveY(context.drawer, MSTMLUnlimited,
+                              MAddPixels(highest, frame.GetHeight(context.drawer)));
 }
 
 int32_t MSTMLTableRow::GetMinimalWidth(MSTMLContext& context) {
@@ -116,7 +116,7 @@ int32_t MSTMLTableRow::GetMinimalWidth(MSTMLContext& context) {
 }
 
 int32_t MSTMLTableRow::GetMaximalWidth(MSTMLContext& context) {
-    int32_t sum = GetSpaces();
+    int32_t sum = GetSpaces(context.drawer);
     for (const auto& cell : cells)
         sum =
             MAddPixels(sum, cell->IsFixed() ? cell->GetFixedWidth(context) : cell->GetMaximalWidth(context));
@@ -124,13 +124,15 @@ int32_t MSTMLTableRow::GetMaximalWidth(MSTMLContext& context) {
 }
 
 void MSTMLTableRow::Paint(MSTMLContext& context, const MRect& rect, bool isInverted) {
-    isInverted = fill.PaintFill(context.drawer, rect, isInverted, border, borderAlpha);
-    const MRect inner = rect.Shrunk(padding + border, padding + border);
+    isInverted =
+        fill.PaintFill(context.drawer, rect, isInverted, frame.GetBorder(context.drawer), borderAlpha);
+    const MPoint side = frame.GetSize(context.drawer);
+    const MRect inner = rect.Shrunk(side.x, side.y);
     int32_t left = inner.left;
     for (size_t i = 0; i < cells.size() && i < columns.size(); ++i) {
         const int32_t right = MAddPixels(left, columns[i]);
         cells[i]->Paint(context, {left, inner.top, right - 1, inner.bottom}, isInverted);
-        left = MAddPixels(right, cellSpaces);
+        left = MAddPixels(right, context.drawer.ScaleX(cellSpaces));
     }
 }
 

@@ -28,10 +28,8 @@ public:
     MSTMLFill fill;
 
 private:
-    /// Of padding and border at both sides.
-    [[nodiscard]] int32_t GetFrame() const { return 2 * (padding + border); }
-    /// All that is no cell.
-    [[nodiscard]] int32_t GetSpaces() const;
+    /// The width of all that is no cell.
+    [[nodiscard]] int32_t GetSpaces(MDrawer& drawer) const;
     /// The share of each cell in percent, -1 for one with a width of its own.
     [[nodiscard]] std::vector<int32_t> GetShares() const;
     void ComputeColumns(MSTMLContext& context, int32_t width);
@@ -40,9 +38,8 @@ private:
 
     std::vector<std::unique_ptr<MSTMLTableCell>> cells;
     MSTMLLength rowHeight;
-    int32_t padding;
+    MSTMLFrame frame;
     int32_t cellSpaces;
-    int32_t border;
     uint8_t borderAlpha;
     std::vector<int32_t> columns;
 };

@@ -37,7 +37,7 @@ TEST_F(MSTMLTableTest, ColumnsTakeTheirWidthsAndShareTheRest) {
     screen.sizes[static_cast<size_t>(MStyleMetric::MaxStdIconSizeX)] = 16;
     EXPECT_EQ(Columns({{"width=MaxStdIconSizeX padding=3", ""}, {"", ""}}), "22 78 ");
     screen.scale = 200;
-    EXPECT_EQ(Columns({{"width=20", ""}, {"width=maxstdiconsizex", ""}, {"", ""}}), "44 20 36 ");
+    EXPECT_EQ(Columns({{"width=20", ""}, {"width=maxstdiconsizex", ""}, {"", ""}}), "48 24 28 ");
 }
 
 TEST_F(MSTMLTableTest, RowsAreAsHighAsTheirHighestCellOrAsTheyShallBe) {
