@@ -6,7 +6,7 @@
 #include "setup/console/MSilentFrontEnd.h"
 #include "setup/console/MUnattendedOptions.h"
 
-int32_t MRunSetupProcess(void* instance, const MList<MString>& arguments) {
+int32_t MRunSetupProcess(void* instance, const MList<MString>& arguments, const MEmbeddedBlocks& blocks) {
     constexpr int32_t Failure = -1;
     const bool isSilent = MUnattendedOptions::IsRequested(arguments);
     MWatchForProcessorFaults(isSilent);
@@ -29,6 +29,7 @@ int32_t MRunSetupProcess(void* instance, const MList<MString>& arguments) {
             MCreateModuleInstance(instance, std::move(frontEnd));
         if (!application) return Failure;
         application->SetArguments(words);
+        application->SetEmbeddedBlocks(blocks);
         application->Initialize();
         return application->PerformMain_();
     } catch (const MException& exception) {

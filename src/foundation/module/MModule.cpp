@@ -6,6 +6,8 @@
 #include "foundation/module/MPlatform.h"
 #include "foundation/module/MPluginLibrary.h"
 #include "streams/basic/MConsoleStream.h"
+#include "streams/basic/MMemoryStream.h"
+#include "streams/resources/MResourceLibrary.h"
 
 #include <cstdlib>
 
@@ -20,7 +22,10 @@ void* DispatchService(const MString& service, void* argument) {
 
 }  // namespace
 
-MModule::MModule() : Console(std::make_unique<MConsoleStream>()) {
+MModule::MModule()
+    : Resources(std::make_unique<MResourceLibrary>()),
+      GlobalData(std::make_unique<MMemoryStream>()),
+      Console(std::make_unique<MConsoleStream>()) {
     if (!hostModule) hostModule = this;
     MGuard("InitMLibrarySubSystems", [] {
         MPlatform::StartSubsystems();
@@ -48,7 +53,20 @@ void MModule::DLLLoaded(MPluginLibrary& library) {
 void MModule::Initialize() {
     MGuard("MModule::Initialize", [this] {
         FilePath = MFile::Normalize(MPlatform::GetModulePath(Instance));
+        MLoadGlobalResources();
         if (Name.IsEmpty()) Name = MFile::GetBaseName(FilePath);
+        const MString companion = MFile::ChangeExtension(FilePath, "mrf");
+        if (Resources->IsEmpty() && MFile::Exists(companion)) Resources->LoadFile(companion);
+    });
+}
+
+void MModule::MLoadGlobalResources() {
+    MGuard("MLoadGlobalResources", [this] {
+        const auto& [resources, globalData] = embeddedBlocks;
+        GlobalData->Attach(globalData.data(), static_cast<int32_t>(globalData.size()));
+        if (resources.empty()) return;
+        MMemoryStream stream(resources.data(), static_cast<int32_t>(resources.size()));
+        Resources->Load(stream);
     });
 }
 

@@ -1,3 +1,4 @@
+#include "embedded/MProgramBlocks.h"
 #include "foundation/module/MPlatform.h"
 #include "foundation/win32/MWindowsHeader.h"
 #include "setup/MProcessStart.h"
@@ -24,5 +25,5 @@ void AttachToConsole() {
 int WINAPI wWinMain(HINSTANCE instance, HINSTANCE, wchar_t* commandLine, int) {
     AttachToConsole();
     MPlatform::PrepareProcess();
-    return MRunSetupProcess(instance, MSplitArguments(commandLine));
+    return MRunSetupProcess(instance, MSplitArguments(commandLine), MGetProgramBlocks());
 }

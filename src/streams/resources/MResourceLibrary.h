@@ -43,6 +43,8 @@ public:
     void Save(MStream& stream) const;
     void Clear();
 
+    /// Whether nothing has been loaded: a document has a name.
+    [[nodiscard]] bool IsEmpty() const { return root.GetName().IsEmpty(); }
     /// The document. An item's element stays as long as the item.
     [[nodiscard]] MXMLItem& GetRoot() { return root; }
     [[nodiscard]] int32_t GetResourceCount() const { return resources.GetCount(); }

@@ -1,9 +1,14 @@
 #include "foundation/module/MModule.h"
 #include "foundation/files/MFile.h"
+#include "foundation/module/MPlatform.h"
+#include "streams/basic/MMemoryStream.h"
+#include "streams/resources/MResourceLibrary.h"
 #include "tests/support/MScratch.h"
+#include "tests/support/MTestBytes.h"
 #include "tests/support/MTestText.h"
 
 #include <functional>
+#include <optional>
 
 namespace {
 
@@ -75,4 +80,54 @@ TEST_F(MModuleTest, AMissingFileOfTheUserIsCopiedFromTheSharedOne) {
     scratch.WriteFile("data/Data/Doc/help.txt", "one\ntwo");
     EXPECT_EQ(Text(module.LoadDocumentation("help")), "one\ntwo");
     EXPECT_EQ(Text(module.LoadDocumentation("missing")), "");
+}
+
+namespace {
+
+std::string MakeBlob(const std::string& root) {
+    MXMLItem document{MString(root.c_str())};
+    MResourceLibrary library;
+    library.Assign(document, MBuffer());
+    MMemoryStream stream;
+    library.Save(stream);
+    return MBytesOf(stream);
+}
+
+/// A companion file beside the test program.
+class MCompanion {
+public:
+    explicit MCompanion(const std::string& content)
+        : path(MFile::ChangeExtension(MFile::Normalize(MPlatform::GetModulePath(nullptr)), "mrf")) {
+        MWriteTestFile(path, content);
+    }
+    ~MCompanion() { MFile::Delete(path); }
+
+private:
+    MString path;
+};
+
+}  // namespace
+
+TEST_F(MModuleTest, ResourcesAreThoseOfTheProgramElseOfTheFileBesideIt) {
+    const std::string embedded = MakeBlob("embedded");
+    const std::string cutOff = embedded.substr(0, embedded.size() - 1);
+    const std::string beside = MakeBlob("beside");
+    const std::string data = "data";
+    struct Case {
+        std::string block;
+        std::string file;  ///< empty for none
+        const char* root;
+    };
+    for (const Case& expected :
+         {Case{embedded, beside, "embedded"}, Case{"", beside, "beside"}, Case{cutOff, beside, "beside"},
+          Case{cutOff, cutOff, ""}, Case{"", "", ""}}) {
+        std::optional<MCompanion> companion;
+        if (!expected.file.empty()) companion.emplace(expected.file);
+        TestModule program;
+        program.SetEmbeddedBlocks({std::as_bytes(std::span(expected.block)), std::as_bytes(std::span(data))});
+        program.Initialize();
+        EXPECT_EQ(Text(program.GetResources().GetRoot().GetName()), expected.root);
+        EXPECT_EQ(MReadAll(program.GetGlobalData()), data);
+        EXPECT_FALSE(program.GetName().IsEmpty());
+    }
 }
