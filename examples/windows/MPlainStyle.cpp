@@ -40,10 +40,15 @@ bool HasFrame(const MControl& control) {
     }
 }
 
+/// What a control shows by itself is no caption.
+bool HasCaption(const MControl& control) {
+    return !control.GetCaption().IsEmpty() && control.GetCaptionType() != MCaptionType::None;
+}
+
 /// Whether the caption stands in a strip of its own rather than within the control.
 bool HasStrip(const MControl& control) {
     const MControlType type = control.GetControlType();
-    return !control.GetCaption().IsEmpty() && (type == MControlType::Window || type == MControlType::Panel);
+    return HasCaption(control) && (type == MControlType::Window || type == MControlType::Panel);
 }
 
 MColor GetSurface(MControlType type, MDrawState state) {
@@ -135,7 +140,7 @@ bool MPlainStyle::HitCaption(MControl& control, MPoint point) {
 
 MPoint MPlainStyle::GetMinimalSize(MControl& control) {
     MPoint size = GetMinimalClassSize(control);
-    if (control.GetCaption().IsEmpty()) return size;
+    if (!HasCaption(control)) return size;
     MColor color;
     MFont& font = *GetFont(control.GetFont(), 0, false, MDrawEnabled, color);
     const int32_t width = font.GetTextWidth(control.GetCaption());
@@ -178,7 +183,7 @@ void MPlainStyle::PaintControl(MControl& control, MDrawer& drawer) {
 }
 
 void MPlainStyle::PaintCaption(MControl& control, MDrawer& drawer) {
-    if (control.GetCaption().IsEmpty()) return;
+    if (!HasCaption(control)) return;
     MRect rect = control.windowRect;
     MTextAlignment alignment = MTextLeft | MTextMiddle;
     if (HasStrip(control)) {

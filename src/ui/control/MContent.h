@@ -19,5 +19,13 @@ class MContent : public MObject {
 public:
     /// In pixels.
     [[nodiscard]] virtual MPoint GetSize(MDrawer& drawer, const MContentLook& look) = 0;
+    /// Of what wraps: the height for a width, and the least width for a height; of anything else that of
+    /// `GetSize`.
+    [[nodiscard]] virtual int32_t GetHeightForWidth(MDrawer& drawer, const MContentLook& look, int32_t) {
+        return GetSize(drawer, look).y;
+    }
+    [[nodiscard]] virtual int32_t GetWidthForHeight(MDrawer& drawer, const MContentLook& look, int32_t) {
+        return GetSize(drawer, look).x;
+    }
     virtual void Paint(MDrawer& drawer, const MRect& rect, const MContentLook& look) = 0;
 };

@@ -121,6 +121,9 @@ public:
     virtual bool SaveState(MXMLItem& item);
     virtual void LoadState(MXMLItem& item);
     virtual void ResetState() {}
+    /// What the user has set a control with `SaveValue` to; called by `SaveState` and `LoadState`.
+    virtual void SaveValueState(MXMLItem&) {}
+    virtual void LoadValueState(MXMLItem&) {}
 
     // ---- The tree (MControl.cpp).
 

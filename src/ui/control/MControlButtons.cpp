@@ -30,7 +30,8 @@ void MControl::InvalidateHot() {
 
 void MControl::FireClick(size_t click, const MSystemEvent& event) {
     const MPoint point = GetOwnPoint(event.point);
-    if (clickEvents && windowRect.Contains(point)) (*clickEvents)[click].Fire({this, point});
+    const bool isTold = Is(MControlFlag::TellsClicks) && click == static_cast<size_t>(Click::Left);
+    if (clickEvents && !isTold && windowRect.Contains(point)) (*clickEvents)[click].Fire({this, point});
 }
 
 void MControl::TakeButton(const MSystemEvent& event) {

@@ -41,6 +41,7 @@ enum class MControlFlag : uint8_t {
     DrawsOnHover,  ///< does that by itself
     Pressable,     ///< shows a pressed left button
     RaisesPressEvent,
+    TellsClicks,  ///< raises `Click::Left` by itself, also for the keyboard
     NoMouseCapture,
     HoverLocked,
     TakesMouseWhenInactive,  ///< also in an inactive window, which a press on it does not activate
@@ -60,6 +61,7 @@ enum class MControlFlag : uint8_t {
     ShowHelpKey,  ///< of a root: F1 shows help
     EnableSaveState,
     SaveSubControlState,
+    SaveValue,  ///< what the control is set to belongs to the state of the window
     AttachedToStyle,
     Transparent,    ///< what lies behind shows through
     Inverted,       ///< in the colours of what is selected

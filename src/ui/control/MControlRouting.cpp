@@ -13,7 +13,8 @@
 //                                here unless a child has consumed it, a key only on the last control of its
 //                                path
 //     5. hot keys                if nobody has consumed the key
-//     6. ProcessGlobalEvent      on the root: first of the overlay windows, then its own
+//     6. ProcessGlobalEvent      on the root: first of the overlay windows, for Enter of the default button,
+//                                then its own
 //     7. help                    on the root
 //
 // Each of these may end any control, so nothing is touched after a call but through an `MControlRef`.
@@ -27,6 +28,19 @@ namespace {
 bool IsHelpKey(const MSystemEvent& event) {
     return event.type == MEventType::KeyDown &&
            (event.key == MKeyF1 || (event.key == 'H' && event.Has(MModifierControl)));
+}
+
+bool IsEnter(const MSystemEvent& event) {
+    return (event.type == MEventType::KeyDown || event.type == MEventType::KeyUp) && event.key == MKeyEnter;
+}
+
+/// The first default button that the user could press, or null.
+MControl* FindDefaultButton(MControl& control) {
+    if (!control.Is(MControlFlag::Visible) || !control.IsEnabled()) return nullptr;
+    if (control.Is(MControlFlag::DefaultButton)) return &control;
+    for (MControl* child : control.GetChildren())
+        if (MControl* const found = FindDefaultButton(*child)) return found;
+    return nullptr;
 }
 
 }  // namespace
@@ -140,6 +154,8 @@ bool MControl::ProcessGlobally(const MSystemEvent& event) {
                 event.point + system->GetFrame(*this).GetTopLeft() - system->GetFrame(overlay).GetTopLeft();
         if (overlay.ProcessGlobalEvent(own)) return true;
     }
+    MControl* const button = self && IsEnter(event) ? FindDefaultButton(*this) : nullptr;
+    if (button && button->ProcessGlobalEvent(event)) return true;
     return !self || ProcessGlobalEvent(event);
 }
 

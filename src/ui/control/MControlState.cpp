@@ -53,6 +53,10 @@ bool MControl::SaveState(MXMLItem& item) {
         isWritten = true;
     };
     if (Is(MControlFlag::Collapsable)) write("collapsed", Is(MControlFlag::Collapsed));
+    if (Is(MControlFlag::SaveValue)) {
+        SaveValueState(item);
+        isWritten = true;
+    }
     MWindowSystem* const system = GetWindows() ? &GetWindows()->GetSystem() : nullptr;
     if (IsRoot() && !(system && system->IsMinimized(*this))) {
         if (Is(MControlFlag::SaveWindowPos)) {
@@ -80,6 +84,7 @@ bool MControl::SaveState(MXMLItem& item) {
 void MControl::LoadState(MXMLItem& item) {
     const MControlRef self(this);
     if (Is(MControlFlag::Collapsable)) SetCollapsed(item.GetInt32Attribute("collapsed", 0) != 0);
+    if (self && Is(MControlFlag::SaveValue)) LoadValueState(item);
     if (self && IsRoot()) LoadFrame(item);
     if (!self || !Is(MControlFlag::SaveSubControlState)) return;
     // Items come in the order of the children, so the next one is nearly always the right one.

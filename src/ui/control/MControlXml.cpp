@@ -28,6 +28,7 @@ constexpr FlagAttribute FlagAttributes[] = {
     {"savewindowsize", MControlFlag::SaveWindowSize},
     {"enablesavestate", MControlFlag::EnableSaveState},
     {"savesubcontrolstate", MControlFlag::SaveSubControlState},
+    {"savevalue", MControlFlag::SaveValue},
 };
 
 MPoint GetPoint(const MXMLItem& item, const char* x, const char* y, MPoint defaultValue) {

@@ -19,3 +19,14 @@ MAlignment MParseAlignment(const MString& name) {
     if (name == "All") return MAlignFill;
     MRaise(MExceptionGeneral, "Invalid MAlignment identifier to parse ({0}).", name);
 }
+
+MRect MAlignInside(const MRect& rect, MPoint size, MAlignment alignment) {
+    if (alignment & MAlignFill) return rect;
+    const auto getStart = [alignment](int32_t low, int32_t room, MAlignment atLow, MAlignment atHigh) {
+        if (room <= 0 || alignment & atLow) return low;
+        return low + (alignment & atHigh ? room : room / 2);
+    };
+    return MRect::FromSize(getStart(rect.left, rect.GetWidth() - size.x, MAlignLeft, MAlignRight),
+                           getStart(rect.top, rect.GetHeight() - size.y, MAlignTop, MAlignBottom), size.x,
+                           size.y);
+}

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "foundation/text/MString.h"
+#include "ui/geometry/MRect.h"
 
 #include <cstdint>
 
@@ -21,3 +22,7 @@ constexpr MAlignment operator|(MAlignment left, MAlignment right) {
 /// The value of a name such as "left,top" or "All", compared ignoring case. Raises "Invalid MAlignment
 /// identifier to parse ({0})." (0).
 [[nodiscard]] MAlignment MParseAlignment(const MString& name);
+
+/// Where something of a size stands in a rectangle. What is larger begins at the left or top edge and goes
+/// beyond the other one.
+[[nodiscard]] MRect MAlignInside(const MRect& rect, MPoint size, MAlignment alignment);
