@@ -1,25 +1,18 @@
 #include "ui/drawing/MDrawerToMBitmap.h"
 
 #include "ui/image/MAlphaMask.h"
-#include "ui/text/MTextLayout.h"
 
 #include <algorithm>
 #include <vector>
 
 namespace {
 
-/// A picture and where it goes, with what of it does not exist cut away.
-struct CutPicture {
-    CutPicture(const MRect& part, const MBaseBitmap& source, MPoint point)
-        : part(part.Intersected(source.GetRect())),
-          point(point + (this->part.GetTopLeft() - part.GetTopLeft())) {}
-
-    MRect part;
-    MPoint point;
-};
-
-MAxisMap TileFromStart(int32_t target, int32_t targetLength, int32_t source, int32_t length) {
-    return MAxisMap::Tiled(target, targetLength, source, length, 0);
+/// The colours of the columns of `visible` in a gradient over `area`.
+std::vector<MColor> GetColumnColors(const MGradient& gradient, const MRect& area, const MRect& visible) {
+    std::vector<MColor> colors;
+    for (int32_t x = visible.left; x <= visible.right; ++x)
+        colors.push_back(gradient.GetColor(x - area.left));
+    return colors;
 }
 
 /// Fills a row of pixels with what `columns` tells from `first` on, whose pixels of the source repeat
@@ -77,35 +70,14 @@ void MDrawerToMBitmap::SetBitmap(MBitmap* newBitmap) {
     hasAlphaChannel = !bitmap || !bitmap->IsOpaque();
 }
 
-int32_t MDrawerToMBitmap::GetWidth() {
-    return width != 0 || !bitmap ? width : bitmap->GetWidth();
-}
-
-int32_t MDrawerToMBitmap::GetHeight() {
-    return height != 0 || !bitmap ? height : bitmap->GetHeight();
-}
-
-MRect MDrawerToMBitmap::GetClip() {
-    return clip.Shifted(MPoint() - translation);
-}
-
-void MDrawerToMBitmap::SetClip(const MRect& rect) {
-    clip = Shift(rect);
-}
-
-bool MDrawerToMBitmap::PrepareBitmap() {
+bool MDrawerToMBitmap::Prepare() {
     if (!bitmap || bitmap->IsEmpty() || bitmap->IsPaletted()) return false;
     pixels = bitmap->EditPixels();
     return true;
 }
 
-MRect MDrawerToMBitmap::GetPaintable(const MRect& rect) const {
-    return rect.Intersected(clip).Intersected(bitmap->GetRect());
-}
-
 void MDrawerToMBitmap::PaintPicture(const MBitmap& source, const MAxisMap& columns, const MAxisMap& rows,
                                     uint8_t alpha, MDrawMode mode) {
-    if (source.IsPaletted()) return PaintPicture(source.ToDirect(), columns, rows, alpha, mode);
     if (&source == bitmap) {
         // It is read as it was before.
         const MBitmap copy = source;
@@ -135,90 +107,75 @@ void MDrawerToMBitmap::PaintPicture(const MBitmap& source, const MAxisMap& colum
     }
 }
 
-void MDrawerToMBitmap::PatBlt(const MRect& rect, const MBitmap& source, MPoint offset, uint8_t alpha,
-                              MDrawMode mode) {
-    Paint("MDrawerToMBitmap::PatBlt", [&] {
-        if (source.IsEmpty()) return;
-        const MRect area = Shift(rect);
-        PaintPicture(source, MAxisMap::Tiled(area.left, area.GetWidth(), 0, source.GetWidth(), offset.x),
-                     MAxisMap::Tiled(area.top, area.GetHeight(), 0, source.GetHeight(), offset.y), alpha,
-                     mode);
-    });
-}
-
-void MDrawerToMBitmap::BitBlt(const MRect& part, const MBitmap& source, MPoint point, uint8_t alpha,
-                              MDrawMode mode) {
-    Paint("MDrawerToMBitmap::BitBlt", [&] {
-        const CutPicture cut(part, source, Shift(point));
-        if (cut.part.IsEmpty()) return;
-        PaintPicture(source, MAxisMap::Straight(cut.point.x, cut.part.left, cut.part.GetWidth()),
-                     MAxisMap::Straight(cut.point.y, cut.part.top, cut.part.GetHeight()), alpha, mode);
-    });
-}
-
-void MDrawerToMBitmap::PaintPart(const char* name, const MRect& rect, const MBitmap& source,
-                                 const MRect& part, MapAxis mapColumns, MapAxis mapRows, uint8_t alpha,
-                                 MDrawMode mode) {
-    Paint(name, [&] {
-        const MRect area = Shift(rect);
-        const MRect cut = part.Intersected(source.GetRect());
-        if (cut.IsEmpty()) return;
-        PaintPicture(source, mapColumns(area.left, area.GetWidth(), cut.left, cut.GetWidth()),
-                     mapRows(area.top, area.GetHeight(), cut.top, cut.GetHeight()), alpha, mode);
-    });
-}
-
-void MDrawerToMBitmap::StretchBlt(const MRect& rect, const MBitmap& source, const MRect& part, uint8_t alpha,
-                                  MDrawMode mode) {
-    PaintPart("MDrawerToMBitmap::StretchBlt", rect, source, part, MAxisMap::Scaled, MAxisMap::Scaled, alpha,
-              mode);
-}
-
-void MDrawerToMBitmap::StretchBltH(const MRect& rect, const MBitmap& source, const MRect& part, uint8_t alpha,
-                                   MDrawMode mode) {
-    PaintPart("MDrawerToMBitmap::StretchBltH", rect, source, part, MAxisMap::Scaled, TileFromStart, alpha,
-              mode);
-}
-
-void MDrawerToMBitmap::StretchBltV(const MRect& rect, const MBitmap& source, const MRect& part, uint8_t alpha,
-                                   MDrawMode mode) {
-    PaintPart("MDrawerToMBitmap::StretchBltV", rect, source, part, TileFromStart, MAxisMap::Scaled, alpha,
-              mode);
-}
-
-void MDrawerToMBitmap::PatBltPart(const MRect& rect, const MBitmap& source, const MRect& part, uint8_t alpha,
-                                  MDrawMode mode) {
-    PaintPart("MDrawerToMBitmap::PatBlt", rect, source, part, TileFromStart, TileFromStart, alpha, mode);
-}
-
-void MDrawerToMBitmap::AlphaMask(const MRect& part, const MAlphaMask& mask, MPoint point, MColor color,
-                                 MDrawMode mode) {
-    Paint("MDrawerToMBitmap::AlphaMask", [&] { PaintMask(part, mask, Shift(point), color, mode); });
-}
-
 void MDrawerToMBitmap::PaintMask(const MRect& part, const MAlphaMask& mask, MPoint point, MColor color,
                                  MDrawMode mode) {
-    const CutPicture cut(part, mask, point);
-    const MRect area = MRect::FromSize(cut.point.x, cut.point.y, cut.part.GetWidth(), cut.part.GetHeight());
+    const MRect area = MRect::FromSize(point.x, point.y, part.GetWidth(), part.GetHeight());
     const MRect visible = GetPaintable(area);
     const MPixelRows& operations = MGetPixelRows(mode);
     for (int32_t y = visible.top; y <= visible.bottom; ++y) {
-        const uint8_t* row =
-            mask.GetRow(y - area.top + cut.part.top) + (visible.left - area.left + cut.part.left);
-        PaintMaskRow(operations, mode, pixels + int64_t{bitmap->GetWidth()} * y + visible.left, row,
-                     visible.GetWidth(), color);
+        const uint8_t* row = mask.GetRow(y - area.top + part.top) + (visible.left - area.left + part.left);
+        PaintMaskRow(operations, mode, GetPlace(visible.left, y), row, visible.GetWidth(), color);
     }
 }
 
-void MDrawerToMBitmap::AlignedTextOut(const MRect& rect, MFont& font, const MString& text, MColor color,
-                                      MTextAlignment alignment) {
-    Paint("MDrawerToMBitmap::AlignedTextOut", [&] {
-        MTextLayout layout(font, text, Shift(rect), alignment);
-        for (MPlacedGlyph glyph; layout.TakeGlyph(glyph);)
-            PaintMask(glyph.mask->GetRect(), *glyph.mask, glyph.point, color, GetBlendMode());
+void MDrawerToMBitmap::SetPixel(MPoint point, MColor color) {
+    Paint("SetPixel", [&] {
+        const MPoint place = Shift(point);
+        const MColor written = hasAlphaChannel ? color : color.WithAlpha(255);
+        FillPart({place.x, place.y, place.x, place.y}, pixelEffect < 1 ? written : color,
+                 pixelEffect < 1 ? MDrawMode::Copy : MDrawMode::Add);
     });
 }
 
-void MDrawerToMBitmap::PaintGlyph(const MPlacedGlyph& glyph, MColor color) {
-    AlphaMask(glyph.mask->GetRect(), *glyph.mask, glyph.point, color, GetBlendMode());
+void MDrawerToMBitmap::FillPart(const MRect& rect, MColor color, MDrawMode mode) {
+    const MRect visible = GetPaintable(rect);
+    const MPixelRows& operations = MGetPixelRows(mode);
+    for (int32_t y = visible.top; y <= visible.bottom; ++y)
+        operations.fill(GetPlace(visible.left, y), visible.GetWidth(), color);
+}
+
+void MDrawerToMBitmap::FillGradient(const MRect& rect, const MGradient& gradient, MDrawMode mode) {
+    const MRect visible = GetPaintable(rect);
+    if (visible.IsEmpty()) return;
+    std::vector<MColor> colors;
+    if (gradient.IsHorizontal()) colors = GetColumnColors(gradient, rect, visible);
+    const MPixelRows& operations = MGetPixelRows(mode);
+    for (int32_t y = visible.top; y <= visible.bottom; ++y) {
+        MColor* const row = GetPlace(visible.left, y);
+        if (gradient.IsHorizontal())
+            operations.blit(row, colors.data(), visible.GetWidth(), 255);
+        else
+            operations.fill(row, visible.GetWidth(), gradient.GetColor(y - rect.top));
+    }
+}
+
+void MDrawerToMBitmap::PaintRun(const MPixelRows& operations, const MCoverageRun& run, MColor color) const {
+    MColor* const row = GetPlace(run.start.x, run.start.y);
+    if (run.shares)
+        operations.mask(row, run.shares, run.count, color);
+    else
+        operations.fill(row, run.count, color.WithAlpha(Scale(run.share, color.alpha)));
+}
+
+void MDrawerToMBitmap::FillCoverage(const MCoverage& coverage, MColor color, MDrawMode mode) {
+    const MPixelRows& operations = MGetPixelRows(mode);
+    coverage.ForEachRun([&](const MCoverageRun& run) { PaintRun(operations, run, color); });
+}
+
+void MDrawerToMBitmap::FillCoverageGradient(const MCoverage& coverage, const MGradient& gradient,
+                                            const MRect& area, MDrawMode mode) {
+    const MPixelRows& operations = MGetPixelRows(mode);
+    if (!gradient.IsHorizontal())
+        return coverage.ForEachRun([&](const MCoverageRun& run) {
+            PaintRun(operations, run, gradient.GetColor(run.start.y - area.top));
+        });
+    const std::vector<MColor> colors = GetColumnColors(gradient, area, coverage.GetArea());
+    std::vector<MColor> covered;
+    coverage.ForEachRun([&](const MCoverageRun& run) {
+        const MColor* const first = &colors[static_cast<size_t>(run.start.x - coverage.GetArea().left)];
+        covered.assign(first, first + run.count);
+        for (int32_t i = 0; i < run.count; ++i)
+            covered[static_cast<size_t>(i)].alpha = Scale(run.GetShare(i), first[i].alpha);
+        operations.blit(GetPlace(run.start.x, run.start.y), covered.data(), run.count, 255);
+    });
 }

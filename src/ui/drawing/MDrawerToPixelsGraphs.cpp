@@ -1,4 +1,4 @@
-#include "ui/drawing/MDrawerToMBitmap.h"
+#include "ui/drawing/MDrawerToPixels.h"
 
 #include <algorithm>
 
@@ -23,8 +23,8 @@ std::vector<Outline> GetLines(const Outline& points) {
 
 }  // namespace
 
-void MDrawerToMBitmap::FillVerticalColumn(int32_t x, double top, double bottom, MColor color) {
-    Paint("MDrawerToMBitmap::FillVerticalColumn", [&] {
+void MDrawerToPixels::FillVerticalColumn(int32_t x, double top, double bottom, MColor color) {
+    Paint("FillVerticalColumn", [&] {
         const MPointF start = Shift(MPointF{double(x), std::min(top, bottom)});
         const Outline column =
             MOutlines::GetRectangle(start.x - 0.5, start.y, start.x + 0.5, start.y + std::abs(bottom - top));
@@ -32,8 +32,8 @@ void MDrawerToMBitmap::FillVerticalColumn(int32_t x, double top, double bottom, 
     });
 }
 
-void MDrawerToMBitmap::FillHorizontalRow(int32_t y, double left, double right, MColor color) {
-    Paint("MDrawerToMBitmap::FillHorizontalRow", [&] {
+void MDrawerToPixels::FillHorizontalRow(int32_t y, double left, double right, MColor color) {
+    Paint("FillHorizontalRow", [&] {
         const MPointF start = Shift(MPointF{std::min(left, right), double(y)});
         const Outline row =
             MOutlines::GetRectangle(start.x, start.y - 0.5, start.x + std::abs(right - left), start.y + 0.5);
@@ -41,39 +41,39 @@ void MDrawerToMBitmap::FillHorizontalRow(int32_t y, double left, double right, M
     });
 }
 
-void MDrawerToMBitmap::PaintPolyLine(const PointList& points, MColor color) {
-    Paint("MDrawerToMBitmap::PaintPolyLine", [&] {
+void MDrawerToPixels::PaintPolyLine(const PointList& points, MColor color) {
+    Paint("PaintPolyLine", [&] {
         Outline shifted;
         for (const MPointF& point : points) shifted.push_back(Shift(point));
         FillShape(GetLines(shifted), color, GetBlendMode());
     });
 }
 
-void MDrawerToMBitmap::PaintPolygon(const PointList& points, MColor color) {
-    Paint("MDrawerToMBitmap::PaintPolygon", [&] {
+void MDrawerToPixels::PaintPolygon(const PointList& points, MColor color) {
+    Paint("PaintPolygon", [&] {
         Outline outline;
         for (const MPointF& point : points) outline.push_back(Shift(point));
         FillShape({&outline, 1}, color, GetBlendMode());
     });
 }
 
-void MDrawerToMBitmap::PaintHorizontalPolyLine(int32_t firstX, const ValueList& values, MColor color) {
-    Paint("MDrawerToMBitmap::PaintHorizontalPolyLine", [&] {
+void MDrawerToPixels::PaintHorizontalPolyLine(int32_t firstX, const ValueList& values, MColor color) {
+    Paint("PaintHorizontalPolyLine", [&] {
         const Outline curve = GetCurve(Shift(MPoint{firstX, 0}), values, values.GetCount());
         FillShape(GetLines(curve), color, GetBlendMode());
     });
 }
 
-void MDrawerToMBitmap::PaintHorizontalGraph(int32_t firstX, const ValueList& values, double baseY,
-                                            MColor color) {
+void MDrawerToPixels::PaintHorizontalGraph(int32_t firstX, const ValueList& values, double baseY,
+                                           MColor color) {
     ValueList base;
     for (int32_t i = 0; i < values.GetCount(); ++i) base.Add(baseY);
     PaintHorizontalGraph(firstX, values, base, color);
 }
 
-void MDrawerToMBitmap::PaintHorizontalGraph(int32_t firstX, const ValueList& upper, const ValueList& lower,
-                                            MColor color) {
-    Paint("MDrawerToMBitmap::PaintHorizontalGraph", [&] {
+void MDrawerToPixels::PaintHorizontalGraph(int32_t firstX, const ValueList& upper, const ValueList& lower,
+                                           MColor color) {
+    Paint("PaintHorizontalGraph", [&] {
         const int32_t count = std::min(upper.GetCount(), lower.GetCount());
         const MPoint first = Shift(MPoint{firstX, 0});
         Outline outline = GetCurve(first, upper, count);
