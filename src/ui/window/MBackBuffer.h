@@ -1,18 +1,21 @@
 #pragma once
 
-#include "ui/control/MControl.h"
 #include "ui/drawing/MDrawerToMBitmap.h"
+#include "ui/window/MWindowPainter.h"
 
-/// The picture of a window, from which the platform shows it: opaque, as large as the root.
-class MBackBuffer final {
+/// The picture of a window in memory, from which the platform shows it.
+class MBackBuffer final : public MWindowPainter {
 public:
-    /// Paints what is dirty of the root. Returns what has to be shown now: `rect`, or, when the root has
-    /// another size than the buffer had, the whole window; nothing if the window has ended in a paint. In
-    /// window coordinates. Handlers may end the root, so the caller shares the buffer for so long.
-    [[nodiscard]] MRect PaintWindow(MControl& root, const MRect& rect);
-
-    [[nodiscard]] MBitmap& GetBitmap() { return backBuffer; }
-    [[nodiscard]] MDrawer& GetDrawer() { return drawer; }
+    [[nodiscard]] bool HasPicture(MPoint size) const override {
+        return MPoint{backBuffer.GetWidth(), backBuffer.GetHeight()} == size;
+    }
+    [[nodiscard]] MDrawer& GetDrawer() override { return drawer; }
+    [[nodiscard]] const MBitmap* GetBitmap() const override { return &backBuffer; }
+    [[nodiscard]] bool TakePicture(MControl&, MBitmap& bitmap) override {
+        bitmap = backBuffer;
+        return true;
+    }
+    [[nodiscard]] bool BeginPaint(MPoint size) override;
 
 private:
     MBitmap backBuffer;

@@ -283,7 +283,7 @@ void MWindowSystemHeadless::Update(MControl& root) {
     const std::shared_ptr<MBackBuffer> backBuffer = window->backBuffer;
     const MRect shown = backBuffer->PaintWindow(root, std::exchange(window->updateRect, MRect()));
     if (shown.IsEmpty()) return;
-    const MBitmap& buffer = backBuffer->GetBitmap();
+    const MBitmap& buffer = *backBuffer->GetBitmap();
     if (window->picture.GetWidth() != buffer.GetWidth() || window->picture.GetHeight() != buffer.GetHeight())
         window->picture.CreateOpaque(buffer.GetWidth(), buffer.GetHeight());
     for (int32_t y = shown.top; y <= shown.bottom; ++y)

@@ -30,7 +30,7 @@ public:
     MWindowSystemMSWindows& system;
     const std::weak_ptr<MMessageLoopCounter> loopCounter;
     /// A paint in progress holds it too, for its handlers may end the root.
-    const std::shared_ptr<MBackBuffer> backBuffer = std::make_shared<MBackBuffer>();
+    std::shared_ptr<MWindowPainter> painter = std::make_shared<MBackBuffer>();
     HWND window = nullptr;        ///< null once the system has destroyed it, with the one that it belonged to
     HWND nativeParent = nullptr;  ///< what it is embedded in, or belongs to if that is not ours
     MRect savedFrame;             ///< before it was maximized

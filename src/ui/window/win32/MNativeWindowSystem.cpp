@@ -2,7 +2,10 @@
 
 #include "ui/window/win32/MWindowSystemMSWindows.h"
 
+#include <utility>
+
 // There is one desktop for a process.
-std::unique_ptr<MWindowSystem> MCreateNativeWindowSystem(const MString&) {
-    return std::make_unique<MWindowSystemMSWindows>();
+std::unique_ptr<MWindowSystem> MCreateNativeWindowSystem(const MString&,
+                                                         std::unique_ptr<MWindowAcceleration> acceleration) {
+    return std::make_unique<MWindowSystemMSWindows>(std::move(acceleration));
 }

@@ -84,7 +84,10 @@ LRESULT Handler::Handle() {
     switch (message.id) {
     case WM_CREATE: return 0;
     case WM_DESTROY: return 1;
-    case WM_NCDESTROY: descriptor.window = nullptr; return message.HandleByDefault();
+    case WM_NCDESTROY:
+        descriptor.painter->OnWindowDestroyed();
+        descriptor.window = nullptr;
+        return message.HandleByDefault();
     case WM_MOVE: OnMove(); return message.HandleByDefault();
     case WM_SIZE: OnSize(); return message.HandleByDefault();
     case WM_SETFOCUS: messages.OnActivated(root); return 0;
@@ -170,17 +173,14 @@ void Handler::OnPaint() {
     RECT dirty;
     if (!GetUpdateRect(message.window, &dirty, FALSE)) return;
     const MControlRef alive(&root);
-    const std::shared_ptr<MBackBuffer> backBuffer = descriptor.backBuffer;
-    const MPoint size = root.GetShownSize();
-    const MBitmap& picture = backBuffer->GetBitmap();
-    // The system lets only that through which it asks for, and all of another size is painted.
-    if (picture.GetWidth() != size.x || picture.GetHeight() != size.y)
-        InvalidateRect(message.window, nullptr, FALSE);
+    const std::shared_ptr<MWindowPainter> painter = descriptor.painter;
+    // The system lets only that through which it asks for, and all of a new picture is painted.
+    if (!painter->HasPicture(root.GetShownSize())) InvalidateRect(message.window, nullptr, FALSE);
     PAINTSTRUCT paint;
     if (const HDC context = BeginPaint(message.window, &paint)) {
         const MRect shown =
-            backBuffer->PaintWindow(root, {dirty.left, dirty.top, dirty.right - 1, dirty.bottom - 1});
-        MWin32DC::Borrow(context).Show(picture, shown);
+            painter->PaintWindow(root, {dirty.left, dirty.top, dirty.right - 1, dirty.bottom - 1});
+        if (painter->GetBitmap()) MWin32DC::Borrow(context).Show(*painter->GetBitmap(), shown);
         EndPaint(message.window, &paint);
     }
     if (!alive) return;

@@ -110,6 +110,9 @@ void MWindowSystemMSWindows::CreateWindow(MControl& root, const MString& caption
     for (const UINT message : DropMessages)
         ChangeWindowMessageFilterEx(window, message, MSGFLT_ALLOW, nullptr);
     descriptor->window = window;
+    if (acceleration)
+        if (auto painter = acceleration->CreatePainter({nullptr, reinterpret_cast<intptr_t>(window), 0}))
+            descriptor->painter = std::move(painter);
     root.SetProperty(MMSWindowsWindowDescriptor::Key, std::move(descriptor));
     SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(&root));
     const MLockGuard guard(&handlesLock);
@@ -123,6 +126,7 @@ void MWindowSystemMSWindows::DestroyWindow(MControl& root) {
         const MLockGuard guard(&handlesLock);
         handles.erase(&root);
     }
+    descriptor->painter->OnWindowDestroyed();
     if (const HWND window = descriptor->window) {
         const MMessageLoopCounter::Scope level(loopCounter);
         SetWindowLongPtrW(window, GWLP_USERDATA, 0);

@@ -3,17 +3,20 @@
 #include "foundation/events/MLock.h"
 #include "foundation/win32/MWindowsHeader.h"
 #include "ui/control/windows/MWindowSystem.h"
+#include "ui/window/MWindowAcceleration.h"
 #include "ui/window/MWindowMessages.h"
 #include "ui/window/win32/MBackgroundWindow.h"
 #include "ui/window/win32/MMessageLoopCounter.h"
 
 #include <memory>
 #include <unordered_map>
+#include <utility>
 
 /// The windows of User32. They have no frame of the system's; a root's descriptor is kept with it.
 class MWindowSystemMSWindows final : public MWindowSystem {
 public:
-    MWindowSystemMSWindows() = default;
+    explicit MWindowSystemMSWindows(std::unique_ptr<MWindowAcceleration> acceleration)
+        : acceleration(std::move(acceleration)) {}
     MWindowSystemMSWindows(const MWindowSystemMSWindows&) = delete;
     MWindowSystemMSWindows& operator=(const MWindowSystemMSWindows&) = delete;
     ~MWindowSystemMSWindows() override;
@@ -97,6 +100,7 @@ private:
     MWindowMessages messages{*this};
     std::shared_ptr<MMessageLoopCounter> loopCounter = std::make_shared<MMessageLoopCounter>();
     std::unique_ptr<MBackgroundWindow> background;
+    const std::unique_ptr<MWindowAcceleration> acceleration;  ///< of windows; may be null
     MLock handlesLock;
     std::unordered_map<const MControl*, HWND> handles;  ///< for other threads, which do not touch a tree
 };

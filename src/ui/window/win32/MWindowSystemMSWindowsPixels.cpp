@@ -39,13 +39,18 @@ void MWindowSystemMSWindows::Update(MControl& root) {
 
 MDrawer* MWindowSystemMSWindows::GetDrawer(MControl& root) {
     const MMSWindowsWindowDescriptor* const descriptor = MMSWindowsWindowDescriptor::Find(root);
-    return descriptor ? &descriptor->backBuffer->GetDrawer() : nullptr;
+    return descriptor ? &descriptor->painter->GetDrawer() : nullptr;
 }
 
 bool MWindowSystemMSWindows::CaptureToBitmap(MControl& root, MBitmap& bitmap) {
-    const HWND window = MMSWindowsWindowDescriptor::FindHandle(root);
-    if (!window) return false;
+    const MControlRef alive(&root);
     root.RedrawNow();
+    const MMSWindowsWindowDescriptor* const descriptor =
+        alive ? MMSWindowsWindowDescriptor::Find(root) : nullptr;
+    if (!descriptor || !descriptor->window) return false;
+    // What the system has not shown it may not have.
+    if (!descriptor->painter->GetBitmap()) return descriptor->painter->TakePicture(root, bitmap);
+    const HWND window = descriptor->window;
     RECT area;
     if (!GetClientRect(window, &area)) return false;
     bool isCaptured = false;

@@ -8,8 +8,9 @@
 #include "ui/window/x11/MXWindow.h"
 #include "ui/window/x11/display/MXMonitors.h"
 
-std::unique_ptr<MWindowSystem> MCreateNativeWindowSystem(const MString& display) {
-    return std::make_unique<MWindowSystemX11>(display);
+std::unique_ptr<MWindowSystem> MCreateNativeWindowSystem(const MString& display,
+                                                         std::unique_ptr<MWindowAcceleration> acceleration) {
+    return std::make_unique<MWindowSystemX11>(display, std::move(acceleration));
 }
 
 MWindowSystemX11::Platform::Platform(MWindowSystemX11& system, const std::string& displayName)
@@ -30,7 +31,9 @@ MWindowSystemX11::Platform::Platform(MWindowSystemX11& system, const std::string
           }),
       dragFrame(display.connection) {}
 
-MWindowSystemX11::MWindowSystemX11(const MString& displayName) : displayName(displayName) {}
+MWindowSystemX11::MWindowSystemX11(const MString& displayName,
+                                   std::unique_ptr<MWindowAcceleration> acceleration)
+    : displayName(displayName), acceleration(std::move(acceleration)) {}
 
 MWindowSystemX11::~MWindowSystemX11() = default;
 
@@ -60,6 +63,12 @@ void MWindowSystemX11::CreateWindow(MControl& root, const MString& caption, MPoi
         std::make_unique<MXWindow>(platform->display, MRect::FromSize(position.x, position.y, size.x, size.y),
                                    static_cast<xcb_window_t>(parent), isInTaskbar);
     window->SetCaption(caption);
+    if (acceleration) {
+        const MXDisplay& display = platform->display;
+        std::shared_ptr<MWindowPainter> painter = acceleration->CreatePainter(
+            {display.connection, static_cast<intptr_t>(window->GetId()), display.visual.visual});
+        if (painter) window->SetPainter(std::move(painter));
+    }
     root.SetProperty(MXWindow::Key, std::move(window));
     platform->display.roots.push_back(&root);
 }
@@ -222,9 +231,8 @@ MDrawer* MWindowSystemX11::GetDrawer(MControl& root) {
 bool MWindowSystemX11::CaptureToBitmap(MControl& root, MBitmap& bitmap) {
     const MControlRef alive(&root);
     root.RedrawNow();
-    MXWindow* const window = alive ? MXWindow::Of(root) : nullptr;
-    if (window) bitmap = window->GetPicture();
-    return window != nullptr;
+    const MXWindow* const window = alive ? MXWindow::Of(root) : nullptr;
+    return window && window->GetPainter().TakePicture(root, bitmap);
 }
 
 void MWindowSystemX11::SetCapture(MControl& root, bool isOn) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ui/window/MWindowAcceleration.h"
 #include "ui/window/MWindowMessages.h"
 #include "ui/window/x11/MXDragFrame.h"
 #include "ui/window/x11/display/MXDisplay.h"
@@ -23,7 +24,8 @@
 /// When the server dies, every loop ends, as after `Quit`.
 class MWindowSystemX11 final : public MWindowSystem {
 public:
-    explicit MWindowSystemX11(const MString& displayName = MString());
+    explicit MWindowSystemX11(const MString& displayName = MString(),
+                              std::unique_ptr<MWindowAcceleration> acceleration = nullptr);
     MWindowSystemX11(const MWindowSystemX11&) = delete;
     MWindowSystemX11& operator=(const MWindowSystemX11&) = delete;
     ~MWindowSystemX11() override;
@@ -132,7 +134,8 @@ private:
     const MString displayName;
     MWindows* owner = nullptr;
     MWindowMessages messages{*this};
-    std::unique_ptr<Platform> platform;  ///< null until `Initialize`
+    std::unique_ptr<Platform> platform;                       ///< null until `Initialize`
+    const std::unique_ptr<MWindowAcceleration> acceleration;  ///< of windows; may be null
     const std::thread::id thread = std::this_thread::get_id();
     std::atomic<bool> isWoken = false;
     bool isQuitting = false;

@@ -2,6 +2,7 @@
 
 #include "foundation/base/MException.h"
 #include "foundation/text/MUnicode.h"
+#include "ui/window/MBackBuffer.h"
 #include "ui/window/MMaskRectangles.h"
 
 #include <algorithm>
@@ -25,7 +26,8 @@ MXWindow::MXWindow(MXDisplay& display, const MRect& frame, xcb_window_t owner, b
       connection(display.connection),
       id(xcb_generate_id(connection)),
       frame(frame),
-      isInTaskbar(isInTaskbar) {
+      isInTaskbar(isInTaskbar),
+      painter(std::make_shared<MBackBuffer>()) {
     const MXVisual& visual = display.visual;
     // A border has to be told where the visual is not the root's.
     const std::array<uint32_t, 5> values = {XCB_BACK_PIXMAP_NONE, 0, XCB_GRAVITY_NORTH_WEST, Events,
@@ -45,6 +47,7 @@ MXWindow::MXWindow(MXDisplay& display, const MRect& frame, xcb_window_t owner, b
 }
 
 MXWindow::~MXWindow() {
+    painter->OnWindowDestroyed();
     presenter.reset();
     xcb_destroy_window(connection, id);
     xcb_flush(connection);
@@ -192,13 +195,13 @@ void MXWindow::Activate(xcb_window_t activeWindow) {
 
 void MXWindow::Paint(MControl& root) {
     presenter->Finish();
-    const std::shared_ptr<MBackBuffer> buffer = backBuffer;
-    const MRect shown = buffer->PaintWindow(root, std::exchange(dirty, MRect()));
+    const std::shared_ptr<MWindowPainter> shared = painter;
+    const MRect shown = shared->PaintWindow(root, std::exchange(dirty, MRect()));
     // The window may have ended in its paint.
-    if (!shown.IsEmpty()) presenter->Show(buffer->GetBitmap(), shown);
+    if (!shown.IsEmpty() && shared->GetBitmap()) presenter->Show(*shared->GetBitmap(), shown);
 }
 
 MDrawer& MXWindow::GetDrawer() {
     presenter->Finish();
-    return backBuffer->GetDrawer();
+    return painter->GetDrawer();
 }

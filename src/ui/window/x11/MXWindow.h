@@ -1,11 +1,12 @@
 #pragma once
 
 #include "foundation/base/MObject.h"
-#include "ui/window/MBackBuffer.h"
+#include "ui/window/MWindowPainter.h"
 #include "ui/window/x11/display/MXDisplay.h"
 #include "ui/window/x11/display/MXPresenter.h"
 
 #include <memory>
+#include <utility>
 
 class MAlphaMask;
 
@@ -63,9 +64,11 @@ public:
     [[nodiscard]] bool NeedsPaint() const { return isShown && !dirty.IsEmpty(); }
     /// Paints what is dirty, and shows it.
     void Paint(MControl& root);
-    /// What paints the back buffer, once the server has done with that.
+    /// What paints the window, once the server has done with its picture.
     [[nodiscard]] MDrawer& GetDrawer();
-    [[nodiscard]] const MBitmap& GetPicture() { return backBuffer->GetBitmap(); }
+    /// In place of memory, as it is in the beginning.
+    void SetPainter(std::shared_ptr<MWindowPainter> newPainter) { painter = std::move(newPainter); }
+    [[nodiscard]] MWindowPainter& GetPainter() const { return *painter; }
     [[nodiscard]] const MXPresenter& GetPresenter() const { return *presenter; }
 
     MRect savedFrame;  ///< before it was maximized
@@ -89,6 +92,7 @@ private:
     bool isReparented = false;
     uint32_t lastRequest = 0;  ///< the number of the last request for another frame; 0 for none
     xcb_cursor_t shownCursor = XCB_CURSOR_NONE;
-    const std::shared_ptr<MBackBuffer> backBuffer = std::make_shared<MBackBuffer>();
+    /// A paint in progress holds it too, for its handlers may end the root.
+    std::shared_ptr<MWindowPainter> painter;
     std::unique_ptr<MXPresenter> presenter;
 };
