@@ -24,9 +24,10 @@ inline constexpr char16_t MRawBackslash = 0xF05C;
 /// Whether all the bytes belong to valid sequences.
 [[nodiscard]] bool MIsUTF8(std::string_view bytes);
 
-/// The code point that begins at a unit of a text; `index` then is that of the next one. A surrogate without
-/// its pair gives U+FFFD.
-[[nodiscard]] inline char32_t MTakeCodePoint(const MString& text, int32_t& index) {
+/// The code point that begins at a unit of an `MString` or of what has its units and length; `index` then is
+/// that of the next one. A surrogate without its pair gives U+FFFD.
+template <class Text>
+[[nodiscard]] char32_t MTakeCodePoint(const Text& text, int32_t& index) {
     const MChar unit = text[index++];
     if (!unit.IsHighSurrogate() && !unit.IsLowSurrogate()) return unit;
     if (unit.IsLowSurrogate() || index >= text.GetLength() || !text[index].IsLowSurrogate()) return 0xFFFD;

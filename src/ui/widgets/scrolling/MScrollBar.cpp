@@ -5,6 +5,7 @@
 #include "foundation/xml/MXMLItem.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <utility>
 
@@ -70,11 +71,13 @@ void MScrollBar::SetView(double newPageSize, double newPosition) {
 }
 
 void MScrollBar::Show(double newMinimum, double newMaximum, double newPageSize, double newPosition) {
+    const auto getAll = [&] { return std::array{minimum, maximum, pageSize, scrollPosition}; };
+    const auto before = getAll();
     minimum = Finite(newMinimum);
     maximum = std::max(minimum, Finite(newMaximum));
     pageSize = std::max(0.0, Finite(newPageSize));
     scrollPosition = std::clamp(Finite(newPosition), minimum, GetLastPosition());
-    Invalidate();
+    if (getAll() != before) Invalidate();
 }
 
 int32_t MScrollBar::GetThickness() {
