@@ -29,6 +29,8 @@ public:
     [[nodiscard]] virtual const MCharFilter::Interface& GetCharFilter() const;
     /// The text for the user: the hook's, or else `GetDisplayText`.
     [[nodiscard]] virtual MString GetText() const;
+    /// The text that the value would have at a position of its range.
+    [[nodiscard]] virtual MString GetTextAt(double position) = 0;
     /// The text with unit.
     [[nodiscard]] virtual MString GetDisplayText() const = 0;
     /// Takes a text of the user, through the hook if there is one, and validates. Returns true if the value

@@ -7,6 +7,14 @@ void MValueChoice::ResetToDefault() {
     MoveTo(defaultIndex);
 }
 
+MString MValueChoice::GetTextAt(double position) {
+    const int32_t before = GetStoredIndex();
+    SetNormalized(position);
+    const MString text = GetText();
+    StoreIndex(before);
+    return text;
+}
+
 MString MValueChoice::GetDisplayText() const {
     return GetNameCount() > 0 ? GetName(GetDiscreteIndex()) : MString();
 }

@@ -8,6 +8,7 @@ class MValueChoice : public MValue {
 public:
     void ResetToDefault() override;
     void SetDefaultIndex(int32_t index) { defaultIndex = index; }
+    [[nodiscard]] MString GetTextAt(double position) override;
     [[nodiscard]] MString GetDisplayText() const override;
     /// Names are compared ignoring case, the first of equal ones counting. A text that is no name, the empty
     /// one too, chooses the first name.

@@ -200,6 +200,15 @@ const MCharFilter::Interface& MValueNumber<Type, WideType, Discrete, Log>::GetCh
 }
 
 template <class Type, class WideType, int32_t Discrete, int32_t Log>
+MString MValueNumber<Type, WideType, Discrete, Log>::GetTextAt(double position) {
+    const Type before = holder.Get();
+    SetNormalized(position);
+    const MString text = GetText();
+    holder.Set(before);
+    return text;
+}
+
+template <class Type, class WideType, int32_t Discrete, int32_t Log>
 MString MValueNumber<Type, WideType, Discrete, Log>::GetDisplayText() const {
     return FormatNumber(holder.Get());
 }

@@ -51,6 +51,7 @@ public:
     void LoadDefinition(MXMLItem& item) override;
     /// Those of a number; all where the texts of the value have more than that, as a unit or a plus sign.
     [[nodiscard]] const MCharFilter::Interface& GetCharFilter() const override;
+    [[nodiscard]] MString GetTextAt(double position) override;
     [[nodiscard]] MString GetDisplayText() const override;
     bool SetFromDisplayText(const MString& text) override;
     void Validate() override;

@@ -20,6 +20,9 @@ public:
         return inner->GetCharFilter();
     }
     [[nodiscard]] MString GetText() const override { return inner->GetText(); }
+    [[nodiscard]] MString GetTextAt(double position) override {
+        return inner->GetTextAt(position * position);
+    }
     [[nodiscard]] MString GetDisplayText() const override { return inner->GetDisplayText(); }
     bool SetText(const MString& text) override { return inner->SetText(text); }
     bool SetFromDisplayText(const MString& text) override { return inner->SetFromDisplayText(text); }

@@ -9,6 +9,10 @@ public:
         return answer;
     }
     void ShowInformation(MControl&, const MString& text) override { shown = Text(text); }
+    std::optional<MString> EditText(MControl&, const MString&, const MString&,
+                                    const MCharFilter::Interface&) override {
+        return {};
+    }
     void ShowDocument(MControl&, const MString&, const MString& text) override { shown = Text(text); }
 
     std::string asked;

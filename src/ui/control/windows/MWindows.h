@@ -3,11 +3,13 @@
 #include "foundation/base/MList.h"
 #include "foundation/events/MEventProcessor.h"
 #include "foundation/events/MLock.h"
+#include "foundation/text/MCharFilter.h"
 #include "ui/control/windows/MTimerQueue.h"
 #include "ui/control/windows/MWindowSystem.h"
 
 #include <atomic>
 #include <memory>
+#include <optional>
 
 class MControl;
 class MControlInvalidator;
@@ -20,6 +22,11 @@ public:
     virtual ~MWindowDialogs() = default;
     [[nodiscard]] virtual bool AskYesNo(MControl& owner, const MString& question) = 0;
     virtual void ShowInformation(MControl& owner, const MString& text) = 0;
+    /// The text as the user has changed it, of the characters that the filter accepts; none if the user
+    /// leaves it.
+    [[nodiscard]] virtual std::optional<MString> EditText(MControl& owner, const MString& caption,
+                                                          const MString& text,
+                                                          const MCharFilter::Interface& filter) = 0;
     /// A page of rich text.
     virtual void ShowDocument(MControl& owner, const MString& title, const MString& text) = 0;
 };

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "ui/drawing/MGradient.h"
+#include "ui/widgets/content/MControlContent.h"
+
+/// A surface with a slow gradient that shows a picture or a title: what stands above a wizard's pages or
+/// around the text of a progress window. May hold controls.
+class MPanelGradient : public MControlContent {
+public:
+    explicit MPanelGradient(MControl* parent = nullptr, const MString& name = MString());
+
+    void PaintContent(MDrawer& drawer) override;
+
+    MGradientDirection direction = MGradientDirection::Vertical;
+
+protected:
+    /// What lies below the gradient, or a transparent colour for what the style has painted.
+    [[nodiscard]] virtual MColor GetGround() { return MColor().WithAlpha(0); }
+};
+
+/// The same on black, whatever the style's colours are; text on it is in the lighter ones.
+class MPanelGradientBlack : public MPanelGradient {
+public:
+    using MPanelGradient::MPanelGradient;
+
+    [[nodiscard]] MColor GetBackgroundColor() override { return GetGround(); }
+
+protected:
+    [[nodiscard]] MColor GetGround() override { return {}; }
+    [[nodiscard]] MContentLook GetContentLook() override;
+};
