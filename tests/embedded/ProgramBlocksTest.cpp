@@ -6,6 +6,7 @@
 #include "ui/control/kinds/MStdBitmap.h"
 #include "ui/control/kinds/MStdIcon.h"
 #include "ui/image/MAlphaMask.h"
+#include "ui/text/MFont.h"
 
 #include <algorithm>
 
@@ -62,4 +63,19 @@ TEST_F(ProgramBlocksTest, HavePointersThatPointWhereTheyShow) {
             const bool isThere = picture.GetPixel(hot.x, hot.y).alpha > 128;
             EXPECT_EQ(isThere, name != "hollow") << scale << name;
         }
+}
+
+TEST_F(ProgramBlocksTest, HaveFacesWithTheLettersOfEurope) {
+    for (const char* style : {"regular", "bold", "italic"}) {
+        MFont font;
+        font.LoadFromStream(library.GetResource(MString("face_") + style).Open());
+        font.SetSize(-13);
+        EXPECT_EQ(Text(font.GetFamily()), "Corvanth Sans");
+        EXPECT_EQ(font.IsBold(), MString(style) == "bold");
+        EXPECT_EQ(font.IsItalic(), MString(style) == "italic");
+        for (const char32_t character :
+             std::u32string_view(U"Az09\u00DF\u0159\u0160\u03A9\u0416\u0457\u1EC7\u2026\u20AC\u2192"))
+            EXPECT_TRUE(font.HasGlyph(character)) << static_cast<uint32_t>(character);
+        EXPECT_GT(font.GetTextWidth("Next"), 20);
+    }
 }
