@@ -10,6 +10,7 @@
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     const std::string_view bytes(reinterpret_cast<const char*>(data), size);
     (void)MXSettings::FindNumber(bytes, "Xft/DPI", 0);
+    (void)MXSettings::FindText(bytes, "Net/ThemeName");
     (void)MXSettings::FindResource(bytes, "Xft.dpi", 0);
     for (const MString& path : MXDragTarget::ParseFiles(bytes))
         if (path.IsEmpty() || path[0] != u'/') __builtin_trap();

@@ -300,3 +300,17 @@ TEST_F(WindowLifeTest, EndsThousandsOfControlsInTheirOrder) {
 }
 
 }  // namespace
+
+TEST_F(WindowLifeTest, AChangeOfTheDesktopIsToldOnce) {
+    struct Listener final : MEventTarget {
+        void OnDesktop(const MOnNotifyParams&) { ++count; }
+        int32_t count = 0;
+    } listener;
+    windows.OnDesktop().Connect(&listener, &Listener::OnDesktop);
+    system.SetDesktop(100, std::nullopt);
+    EXPECT_EQ(listener.count, 0);
+    system.SetDesktop(150, std::nullopt);
+    system.SetDesktop(150, true);
+    system.SetDesktop(150, true);
+    EXPECT_EQ(listener.count, 2);
+}

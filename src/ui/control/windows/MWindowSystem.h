@@ -128,6 +128,10 @@ public:
     /// The time for the next `Attend`; none turns the alarm off. There is one.
     virtual void SetAlarm(std::optional<int64_t> time) = 0;
     virtual void WakeUp() = 0;
-    /// Whether the desktop's size factor is another than 100 percent, which it gives.
+
+    // What the user has chosen for the whole desktop. After a change `MWindows::UpdateDesktop` is called.
+    /// How much larger than usual everything is to be, in percent.
     [[nodiscard]] virtual int32_t GetScalePercent() { return 100; }
+    /// Whether programs are to be dark rather than light; none if the desktop does not say.
+    [[nodiscard]] virtual std::optional<bool> PrefersDark() { return std::nullopt; }
 };

@@ -21,6 +21,7 @@ constexpr const char* TickLabel = "MWindows::OnTimer";
 
 MWindows::MWindows(std::unique_ptr<MWindowSystem> system) : system(std::move(system)) {
     this->system->Initialize(*this);
+    desktop = ReadDesktop();
     instance = this;
 }
 
@@ -37,6 +38,15 @@ MWindows* MWindows::GetInstance() {
 
 void MWindows::SetStyle(std::unique_ptr<MStyle> newStyle) {
     style = std::move(newStyle);
+}
+
+MWindows::Desktop MWindows::ReadDesktop() const {
+    return {.scalePercent = system->GetScalePercent(), .prefersDark = system->PrefersDark()};
+}
+
+void MWindows::UpdateDesktop() {
+    const Desktop before = std::exchange(desktop, ReadDesktop());
+    if (desktop != before) MGuard("MWindows::UpdateDesktop", [&] { onDesktop.Fire({}); });
 }
 
 void MWindows::AddRoot(MControl& root) {

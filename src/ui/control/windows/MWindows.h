@@ -1,8 +1,10 @@
 #pragma once
 
 #include "foundation/base/MList.h"
+#include "foundation/events/MEvent.h"
 #include "foundation/events/MEventProcessor.h"
 #include "foundation/events/MLock.h"
+#include "foundation/events/MOnNotifyParams.h"
 #include "foundation/text/MCharFilter.h"
 #include "ui/control/windows/MTimerQueue.h"
 #include "ui/control/windows/MWindowSystem.h"
@@ -53,6 +55,11 @@ public:
     [[nodiscard]] MStyle* GetStyle() const { return style.get(); }
     void SetStyle(std::unique_ptr<MStyle> newStyle);
 
+    /// The desktop's scale or its preference for dark has changed.
+    [[nodiscard]] MEvent<MOnNotifyParams>& OnDesktop() { return onDesktop; }
+    /// What the window system calls when one of them may have changed.
+    void UpdateDesktop();
+
     // Registration, by the roots and invalidators themselves.
     void AddRoot(MControl& root);
     void RemoveRoot(MControl& root);
@@ -92,7 +99,17 @@ protected:
     void WakeUp() override;
 
 private:
+    struct Desktop {
+        int32_t scalePercent = 100;
+        std::optional<bool> prefersDark;
+        [[nodiscard]] bool operator==(const Desktop&) const = default;
+    };
+
+    [[nodiscard]] Desktop ReadDesktop() const;
+
     std::unique_ptr<MWindowSystem> system;
+    Desktop desktop;
+    MEvent<MOnNotifyParams> onDesktop;
     std::unique_ptr<MStyle> style;
     MList<MControl, MListPointers> roots;
     MLock invalidatorLock;

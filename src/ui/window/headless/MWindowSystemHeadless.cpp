@@ -154,6 +154,12 @@ void MWindowSystemHeadless::Activate(MControl& root) {
     if (activeRoot == &root) messages.OnActivated(root);
 }
 
+void MWindowSystemHeadless::SetDesktop(int32_t newScalePercent, std::optional<bool> newPrefersDark) {
+    scalePercent = newScalePercent;
+    prefersDark = newPrefersDark;
+    if (owner) owner->UpdateDesktop();
+}
+
 void MWindowSystemHeadless::ActivateOtherProgram(const MString& title) {
     if (MControl* const before = std::exchange(activeRoot, nullptr))
         messages.OnDeactivated(*before, nullptr, title);

@@ -30,6 +30,8 @@ public:
     void AdvanceTime(int64_t milliseconds);
     /// For how long, in milliseconds of the real clock, a loop waits for other threads before it ends.
     void SetPatience(int32_t milliseconds) { patience = milliseconds; }
+    /// The user chooses another scale, in percent, or another preference for dark.
+    void SetDesktop(int32_t newScalePercent, std::optional<bool> newPrefersDark);
     /// The user turns to a window of another program.
     void ActivateOtherProgram(const MString& title);
     /// The topmost window at a point of the screen, or the one that has captured the mouse; null for none.
@@ -95,6 +97,8 @@ public:
     [[nodiscard]] int64_t GetTime() override { return time; }
     void SetAlarm(std::optional<int64_t> newAlarm) override { alarm = newAlarm; }
     void WakeUp() override;
+    [[nodiscard]] int32_t GetScalePercent() override { return scalePercent; }
+    [[nodiscard]] std::optional<bool> PrefersDark() override { return prefersDark; }
 
 private:
     enum class Message { None, Action, Timer, Paint };
@@ -124,6 +128,8 @@ private:
     int64_t time = 0;
     int64_t lastAction = 0;
     std::optional<int64_t> alarm;
+    int32_t scalePercent = 100;
+    std::optional<bool> prefersDark;
     int32_t patience = 0;
     int64_t wakeUps = 0;
     std::vector<MRect> dragFrames;

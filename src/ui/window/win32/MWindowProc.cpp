@@ -133,6 +133,7 @@ LRESULT Handler::Handle() {
     case WM_DROPFILES: return OnDroppedFiles();
     // Sizes are those of the style, on every monitor.
     case DPIChanged: return 0;
+    case WM_SETTINGCHANGE: MWindows::GetInstance()->UpdateDesktop(); return 0;
     case MWindowMessageShow: system.Show(root); return 0;
     case MWindowMessageHide: system.Hide(root); return 0;
     default: return message.HandleByDefault();

@@ -168,3 +168,14 @@ int32_t MWindowSystemMSWindows::GetScalePercent() {
                                         : GetDeviceCaps(MWin32DC::OfWindow(nullptr).GetContext(), LOGPIXELSX);
     return (resolution * 100 + USER_DEFAULT_SCREEN_DPI / 2) / USER_DEFAULT_SCREEN_DPI;
 }
+
+std::optional<bool> MWindowSystemMSWindows::PrefersDark() {
+    // There since Windows 10.
+    DWORD usesLight = 1;
+    DWORD size = sizeof(usesLight);
+    const LSTATUS status =
+        RegGetValueW(HKEY_CURRENT_USER, LR"(Software\Microsoft\Windows\CurrentVersion\Themes\Personalize)",
+                     L"AppsUseLightTheme", RRF_RT_REG_DWORD, nullptr, &usesLight, &size);
+    if (status != ERROR_SUCCESS) return std::nullopt;
+    return usesLight == 0;
+}

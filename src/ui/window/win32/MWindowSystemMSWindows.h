@@ -89,6 +89,7 @@ public:
     void SetAlarm(std::optional<int64_t> time) override { background->SetAlarm(time); }
     void WakeUp() override { background->WakeUp(); }
     [[nodiscard]] int32_t GetScalePercent() override;
+    [[nodiscard]] std::optional<bool> PrefersDark() override;
 
 private:
     void PostFromThread(const MControl& root, UINT message);

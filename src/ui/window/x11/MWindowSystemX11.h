@@ -84,6 +84,9 @@ public:
     void SetAlarm(std::optional<int64_t> newAlarm) override { alarm = newAlarm; }
     void WakeUp() override;
     [[nodiscard]] int32_t GetScalePercent() override;
+    [[nodiscard]] std::optional<bool> PrefersDark() override {
+        return platform->display.settings.PrefersDark();
+    }
 
     /// How often a loop was woken.
     [[nodiscard]] int64_t CountWakeUps() const { return platform->display.queue.CountWakings(); }

@@ -1,5 +1,6 @@
 // What the server's events mean.
 
+#include "ui/control/windows/MWindows.h"
 #include "ui/window/x11/MWindowSystemX11.h"
 #include "ui/window/x11/MXWindow.h"
 
@@ -25,9 +26,8 @@ MKeyModifiers GetModifiersAfter(const xcb_key_press_event_t& event, int32_t key,
 
 void MWindowSystemX11::Dispatch(const xcb_generic_event_t& event) {
     MXDisplay& display = platform->display;
-    if (display.keyboard.Process(event) || display.settings.Process(event) ||
-        platform->clipboard.Process(event))
-        return;
+    if (display.settings.Process(event)) return owner->UpdateDesktop();
+    if (display.keyboard.Process(event) || platform->clipboard.Process(event)) return;
     switch (MXKindOf(event)) {
     case XCB_EXPOSE: {
         const auto& expose = MXAs<xcb_expose_event_t>(event);

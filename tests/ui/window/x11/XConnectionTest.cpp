@@ -18,7 +18,7 @@ std::string RectText(const MRect& rect) {
 }
 
 /// A property of a settings daemon: the settings as their documentation has them, in one of two byte orders.
-std::string DaemonProperty(bool isBigEndian) {
+std::string DaemonProperty(bool isBigEndian, const std::string& theme = "Dawn.") {
     const auto number = [&](uint32_t value, int size) {
         std::string bytes;
         for (int i = 0; i < size; ++i)
@@ -30,8 +30,9 @@ std::string DaemonProperty(bool isBigEndian) {
                std::string(-text.size() % 4, '\0') + number(7, 4);
     };
     return std::string(1, isBigEndian) + std::string(3, '\0') + number(1, 4) + number(3, 4) + "\1" +
-           name("Net/ThemeName") + number(5, 4) + "Dawn.\0\0\0"s.substr(0, 8) + "\2" + name("Some/Color") +
-           number(1, 4) + number(2, 4) + std::string(1, '\0') + name("Xft/DPI") + number(144 * 1024, 4);
+           name("Net/ThemeName") + number(static_cast<uint32_t>(theme.size()), 4) + theme +
+           std::string(-theme.size() % 4, '\0') + "\2" + name("Some/Color") + number(1, 4) + number(2, 4) +
+           std::string(1, '\0') + name("Xft/DPI") + number(144 * 1024, 4);
 }
 
 }  // namespace
@@ -119,6 +120,8 @@ TEST(XSettingsTest, NumbersAreFoundInWhatADaemonAnnouncesAndDamageIsNot) {
         const std::string property = DaemonProperty(isBigEndian);
         EXPECT_EQ(MXSettings::FindNumber(property, "Xft/DPI", 1), 144 * 1024);
         EXPECT_EQ(MXSettings::FindNumber(property, "Net/ThemeName", 1), 1);
+        EXPECT_EQ(MXSettings::FindText(property, "Net/ThemeName"), "Dawn.");
+        EXPECT_EQ(MXSettings::FindText(property, "Xft/DPI"), "");
         for (size_t size = 0; size < property.size(); ++size)
             EXPECT_EQ(MXSettings::FindNumber(property.substr(0, size), "Xft/DPI", 1), 1) << size;
     }
@@ -138,4 +141,21 @@ TEST(XSettingsTest, ChangesOfTheDesktopAreHeard) {
     EXPECT_TRUE(
         queue.WaitFor([&](const xcb_generic_event_t& event) { return settings.Process(event); }, 2000));
     EXPECT_EQ(settings.GetDotsPerInch(), 192);
+    EXPECT_EQ(settings.PrefersDark(), std::nullopt);
+
+    const MXConnection daemon(server.GetName());
+    const xcb_window_t window = xcb_generate_id(daemon);
+    xcb_create_window(daemon, 0, window, daemon.GetRoot(), 0, 0, 1, 1, 0, XCB_WINDOW_CLASS_INPUT_ONLY,
+                      XCB_COPY_FROM_PARENT, 0, nullptr);
+    xcb_set_selection_owner(daemon, window, daemon[MXAtom::XSettingsS0], XCB_CURRENT_TIME);
+    const xcb_atom_t atom = daemon[MXAtom::XSettings];
+    for (const auto& [theme, isDark] : {std::pair{"Meadow", false}, {"Meadow-Dark", true}}) {
+        const std::string property = DaemonProperty(false, theme);
+        xcb_change_property(daemon, XCB_PROP_MODE_REPLACE, window, atom, atom, 8,
+                            static_cast<uint32_t>(property.size()), property.data());
+        (void)daemon.GetProperty(window, atom);
+        const MXSettings announced(connection);
+        EXPECT_EQ(announced.PrefersDark(), isDark);
+        EXPECT_EQ(announced.GetDotsPerInch(), 144);
+    }
 }

@@ -42,6 +42,44 @@ private:
 
 enum SettingType : uint32_t { Number, Text, Color };
 
+struct Setting {
+    uint32_t number = 0;
+    std::string_view text;
+};
+
+/// The first setting of a name, if it is of the type.
+std::optional<Setting> FindSetting(std::string_view property, std::string_view name, SettingType type) {
+    PropertyReader reader(property);
+    reader.UseBigEndian(reader.TakeNumber(1) != 0);
+    reader.TakeBytes(7);
+    uint32_t left = reader.TakeNumber(4);
+    for (; left > 0 && !reader.HasEnded(); --left) {
+        const uint32_t foundType = reader.TakeNumber(1);
+        reader.TakeBytes(1);
+        const std::string_view foundName = reader.TakeFilledUp(reader.TakeNumber(2));
+        reader.TakeBytes(4);
+        Setting setting;
+        if (foundType == Number) {
+            setting.number = reader.TakeNumber(4);
+        } else if (foundType == Text) {
+            setting.text = reader.TakeFilledUp(reader.TakeNumber(4));
+        } else if (foundType == Color) {
+            reader.TakeBytes(8);
+        } else {
+            break;
+        }
+        if (foundName == name && foundType == type && !reader.HasEnded()) return setting;
+    }
+    return std::nullopt;
+}
+
+bool IsDarkTheme(std::string_view name) {
+    std::string lower(name);
+    std::transform(lower.begin(), lower.end(), lower.begin(),
+                   [](char letter) { return static_cast<char>(letter | 0x20); });
+    return lower.find("dark") != std::string::npos;
+}
+
 }  // namespace
 
 MXSettings::MXSettings(const MXConnection& connection) : connection(connection) {
@@ -94,30 +132,19 @@ void MXSettings::Read() {
     if (dotsPerInch < UsualDotsPerInch / 2 || dotsPerInch > UsualDotsPerInch * 8)
         dotsPerInch = UsualDotsPerInch;
     doubleClickTime = FindNumber(settings, "Net/DoubleClickTime", UsualDoubleClickTime);
+    const std::string_view theme = FindText(settings, "Net/ThemeName");
+    const int32_t asked = FindNumber(settings, "Gtk/ApplicationPreferDarkTheme", -1);
+    prefersDark.reset();
+    if (!theme.empty() || asked >= 0) prefersDark = asked > 0 || IsDarkTheme(theme);
 }
 
 int32_t MXSettings::FindNumber(std::string_view property, std::string_view name, int32_t otherwise) {
-    PropertyReader reader(property);
-    reader.UseBigEndian(reader.TakeNumber(1) != 0);
-    reader.TakeBytes(7);
-    uint32_t left = reader.TakeNumber(4);
-    for (; left > 0 && !reader.HasEnded(); --left) {
-        const uint32_t type = reader.TakeNumber(1);
-        reader.TakeBytes(1);
-        const std::string_view found = reader.TakeFilledUp(reader.TakeNumber(2));
-        reader.TakeBytes(4);
-        if (type == Number) {
-            const auto number = static_cast<int32_t>(reader.TakeNumber(4));
-            if (found == name && !reader.HasEnded()) return number;
-        } else if (type == Text) {
-            reader.TakeFilledUp(reader.TakeNumber(4));
-        } else if (type == Color) {
-            reader.TakeBytes(8);
-        } else {
-            break;
-        }
-    }
-    return otherwise;
+    const std::optional<Setting> setting = FindSetting(property, name, Number);
+    return setting ? static_cast<int32_t>(setting->number) : otherwise;
+}
+
+std::string_view MXSettings::FindText(std::string_view property, std::string_view name) {
+    return FindSetting(property, name, Text).value_or(Setting()).text;
 }
 
 int32_t MXSettings::FindResource(std::string_view resources, std::string_view name, int32_t otherwise) {
