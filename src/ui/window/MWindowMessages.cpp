@@ -81,7 +81,8 @@ bool MWindowMessages::TakesMouse(MControl& root, const MSystemEvent& event) {
     if (root.FindControlAt(event.point).Is(MControlFlag::TakesMouseWhenInactive)) return true;
     if (!event.IsPress() && !event.IsDoubleClick()) return root.Is(MControlFlag::TakesMouseWhenInactive);
     system.Activate(root);
-    return true;
+    // By this a popup may have closed, for which the press was then meant.
+    return !IsHoldingOff();
 }
 
 bool MWindowMessages::OnMouse(MControl& root, MEventType type, MPoint point, MKeyModifiers modifiers,
