@@ -1,26 +1,9 @@
 #include "ui/widgets/lists/MListBoxItemBaseWithFeatures.h"
 
 #include "foundation/xml/MXMLItem.h"
-#include "ui/text/MFont.h"
-#include "ui/text/MTextLayout.h"
+#include "ui/widgets/content/MContents.h"
 
 #include <algorithm>
-
-namespace {
-
-constexpr char16_t Ellipsis = 0x2026;
-
-/// As much of the text as fits into a width, with an ellipsis behind it if that is not all.
-MString Shorten(MFont& font, const MString& text, int32_t width) {
-    if (font.GetTextWidth(text) <= width) return text;
-    MString mark;
-    mark.Append(MChar(Ellipsis));
-    int32_t count = font.GetIndexAt(text, std::max(width - font.GetTextWidth(mark), 0));
-    if (count > 0 && text[count - 1].IsHighSurrogate()) --count;
-    return text.Substring(0, count) + mark;
-}
-
-}  // namespace
 
 void MListBoxItemBaseWithFeatures::LoadFromXml(MXMLItem& item) {
     text = item.GetAttribute("text", text);
@@ -33,15 +16,9 @@ void MListBoxItemBaseWithFeatures::LoadFromXml(MXMLItem& item) {
 }
 
 MPoint MListBoxItemBaseWithFeatures::GetTextSize(MDrawer& drawer, const MContentLook& look, int32_t) {
-    MColor color;
-    MFont* const font = drawer.GetFont(look.font, look.color, look.isInverted, look.drawState, color);
-    if (!font || text.IsEmpty()) return {};
-    return {MTextLayout::GetWidth(*font, text), MTextLayout::GetHeight(*font, text)};
+    return MContentText(text).GetSize(drawer, look);
 }
 
 void MListBoxItemBaseWithFeatures::PaintText(MDrawer& drawer, const MRect& rect, const MContentLook& look) {
-    MColor color;
-    MFont* const font = drawer.GetFont(look.font, look.color, look.isInverted, look.drawState, color);
-    if (font)
-        drawer.DrawText(rect, *font, Shorten(*font, text, rect.GetWidth()), color, MTextLeft | MTextMiddle);
+    MContentText(text).Paint(drawer, rect, look);
 }

@@ -1,9 +1,10 @@
 #include "ui/widgets/lists/MRowView.h"
 
-#include "ui/control/MDrawerUsingStyle.h"
+#include "foundation/events/MEmulatedLockGuard.h"
+#include "ui/control/MControlRoot.h"
 #include "ui/control/kinds/MStyleMetric.h"
 #include "ui/geometry/MLength.h"
-#include "ui/image/MBitmap.h"
+#include "ui/widgets/scrolling/MScrollBar.h"
 
 #include <algorithm>
 #include <utility>
@@ -13,37 +14,101 @@ namespace {
 /// How many rows a list shows at least.
 constexpr int32_t MinimalRows = 3;
 
-int32_t GetMetric(MStyle& style, MStyleMetric metric) {
-    return style.GetMetric(static_cast<int32_t>(metric));
-}
-
-/// A square, or less, in the middle of the left edge of a rectangle.
-MRect GetLeftPart(const MRect& rect, MPoint size) {
-    return MRect::FromSize(rect.left, rect.top + (rect.GetHeight() - size.y) / 2, size.x, size.y);
-}
-
 }  // namespace
 
-MRowView::MRowView(MControl* parent, const MString& name) : MControl(parent, name) {
+MRowView::MRowView(MControl* parent, const MString& name)
+    : MControl(parent, name), scrollBar(new MScrollBar(this, "ScrollBar", true)) {
     SetControlType(MControlType::ListBox);
     Set(MControlFlag::UseOverlays, false);
+    scrollBar->Set(MControlFlag::OverlayControl);
+    scrollBar->Set(MControlFlag::AdaptSize, false);
+    scrollBar->Set(MControlFlag::TabStop, false);
+    scrollBar->size = {};
+    scrollBar->OnChange().Connect(this, &MRowView::OnScrolled);
+}
+
+int32_t MRowView::GetMetric(MStyleMetric metric) {
+    return GetStyle()->GetMetric(static_cast<int32_t>(metric));
 }
 
 void MRowView::GetMinimalContentSize(int32_t& x, int32_t& y) {
-    MStyle& style = *GetStyle();
-    const int32_t height = GetMetric(style, MStyleMetric::DefaultListBoxItemHeight);
+    const int32_t height = GetMetric(MStyleMetric::DefaultListBoxItemHeight);
     x = 4 * height;
     y = std::max(lineCount, MinimalRows) * height;
 }
 
-void MRowView::AdjustRectangles(MRect&, MRect&) {}
+void MRowView::SetColumnCount(int32_t count) {
+    columnCount = std::max(count, 1);
+    UpdateRows();
+}
+
+void MRowView::AdjustRectangles(MRect&, MRect& newClientRect) {
+    const MRect whole = newClientRect;
+    const int32_t thickness = scrollBar->GetThickness();
+    const auto reserve = [&] {
+        viewRect = whole;
+        if (hasScrollBar) viewRect.right = std::max(whole.right - thickness, whole.left - 1);
+        EnsurePlaces();
+    };
+    reserve();
+    if (hasScrollBar != (places.GetTotal() > whole.GetHeight())) {
+        hasScrollBar = !hasScrollBar;
+        reserve();
+    }
+    newClientRect = viewRect;
+    scrollBar->position = {viewRect.right + 1, whole.top};
+    scrollBar->size = hasScrollBar ? MPoint{whole.right - viewRect.right, whole.GetHeight()} : MPoint();
+    UpdateScrollBar();
+}
+
+void MRowView::UpdateScrollBar() {
+    const int32_t height = viewRect.GetHeight();
+    scrollBar->SetIncrease(places.GetEstimate());
+    scrollBar->Show(0, static_cast<double>(places.GetTotal()), height, static_cast<double>(scrollPlace));
+    if (hasScrollBar == (places.GetTotal() > height) || !GetRoot().Is(MControlFlag::LayoutValid)) return;
+    {
+        const MEmulatedLockGuard guard(&GetRootState().lock, MERWLock::Write);
+        ArrangeChildren();
+    }
+    NotifySizes();
+    Invalidate();
+}
+
+void MRowView::OnScrolled(const MOnNotifyParams&) {
+    ScrollTo(static_cast<int64_t>(scrollBar->GetPosition()));
+}
 
 void MRowView::UpdateRows() {
     if (std::exchange(measuredWidth, -1) >= 0) Invalidate();
 }
 
+void MRowView::OnRowsInserted(int32_t row, int32_t count) {
+    if (focusedRow >= row) focusedRow += count;
+    hoveredRow = -1;
+    if (columnCount > 1 || measuredWidth < 0) return UpdateRows();
+    const bool isAbove = row < places.GetCount() && places.GetTop(row) < scrollPlace;
+    places.Insert(row, count);
+    if (isAbove) scrollPlace += int64_t{count} * places.GetEstimate();
+    Invalidate();
+}
+
+void MRowView::OnRowsRemoved(int32_t row, int32_t count) {
+    if (focusedRow >= row + count)
+        focusedRow -= count;
+    else if (focusedRow >= row)
+        focusedRow = std::min(row, GetRowCount() - 1);
+    hoveredRow = -1;
+    if (columnCount > 1 || measuredWidth < 0) return UpdateRows();
+    const int64_t top = places.GetTop(row);
+    const int64_t bottom = places.GetTop(row + count);
+    places.Remove(row, count);
+    scrollPlace -= std::clamp<int64_t>(scrollPlace - top, 0, bottom - top);
+    Invalidate();
+}
+
 void MRowView::UpdateRow(int32_t row) {
-    if (row >= 0 && row < GetRowCount()) InvalidateRect(GetRowRect(row));
+    // Where nobody has looked since rows have changed, all of it will be painted.
+    if (row >= 0 && row < GetRowCount() && measuredWidth >= 0) InvalidateRect(GetRowRect(row));
 }
 
 void MRowView::SetFocusedRow(int32_t row) {
@@ -64,48 +129,52 @@ int32_t MRowView::CountLines() {
 }
 
 MRect MRowView::GetColumnRect(int32_t column) const {
-    const MRect& view = GetViewRect();
     const auto getFixed = [&](int32_t index) {
         const auto i = static_cast<size_t>(index);
         return i < columnWidths.size() && columnWidths[i] > 0 ? GetStyle()->ScaleX(columnWidths[i]) : 0;
     };
     int32_t fixed = 0;
+    int32_t fixedBefore = 0;
     int32_t sharing = 0;
-    int32_t left = 0;
     int32_t sharingBefore = 0;
     for (int32_t i = 0; i < columnCount; ++i) {
         const int32_t width = getFixed(i);
-        (i < column ? left : fixed) += width;
-        if (width > 0) continue;
-        ++sharing;
-        if (i < column) ++sharingBefore;
+        (width > 0 ? fixed : sharing) += std::max(width, 1);
+        if (i < column) (width > 0 ? fixedBefore : sharingBefore) += std::max(width, 1);
     }
-    fixed += left;
-    const int64_t rest = std::max(view.GetWidth() - fixed, 0);
+    const int64_t rest = std::max(viewRect.GetWidth() - fixed, 0);
     const auto getShare = [&](int32_t count) {
         return sharing > 0 ? static_cast<int32_t>(rest * count / sharing) : 0;
     };
+    const int32_t left = fixedBefore + getShare(sharingBefore);
     const int32_t own = getFixed(column);
     const int32_t width = own > 0 ? own : getShare(sharingBefore + 1) - getShare(sharingBefore);
-    return MRect::FromSize(view.left + left + getShare(sharingBefore), view.top, width, view.GetHeight());
+    return MRect::FromSize(viewRect.left + left, viewRect.top, width, viewRect.GetHeight());
+}
+
+int64_t MRowView::GetGreatestPlace() {
+    return std::max<int64_t>(places.GetTotal() - viewRect.GetHeight(), 0);
 }
 
 void MRowView::EnsurePlaces() {
-    const int32_t width = GetViewRect().GetWidth();
-    if (measuredWidth == width || !GetStyle()) return;
+    const int32_t width = viewRect.GetWidth();
+    if (measuredWidth == width) return;
     const int32_t lines = CountLines();
-    const bool isSameCount = measuredWidth >= 0 && places.GetCount() == lines;
+    if (viewRect.IsEmpty() || !GetStyle()) {
+        if (places.GetCount() != lines) places.Reset(lines, 1);
+        return;
+    }
+    const bool isNew = measuredWidth < 0 || places.GetCount() != lines;
     measuredWidth = width;
-    if (isSameCount) {
-        places.Doubt();
-    } else {
+    if (isNew) {
         // Most rows are as high as the first one.
-        places.Reset(lines, lines > 0 ? MeasureLine(0) : 0);
+        places.Reset(lines, lines > 0 ? MeasureLine(0) : 1);
         hoveredRow = std::min(hoveredRow, GetRowCount() - 1);
         focusedRow = std::min(focusedRow, GetRowCount() - 1);
+    } else {
+        places.Doubt();
     }
-    const int64_t greatest = std::max<int64_t>(places.GetTotal() - GetViewRect().GetHeight(), 0);
-    scrollPlace = std::clamp<int64_t>(scrollPlace, 0, greatest);
+    scrollPlace = std::clamp<int64_t>(scrollPlace, 0, GetGreatestPlace());
     MeasureView(-1);
 }
 
@@ -122,20 +191,20 @@ int32_t MRowView::MeasureLine(int32_t line) {
 }
 
 void MRowView::MeasureView(int32_t anchor) {
-    const int64_t height = GetViewRect().GetHeight();
-    int32_t line = places.FindRow(scrollPlace);
-    for (; line >= 0 && line < places.GetCount() && places.GetTop(line) < scrollPlace + height; ++line) {
-        if (places.IsMeasured(line)) continue;
-        const int32_t difference = places.SetHeight(line, MeasureLine(line));
-        if (line < anchor) scrollPlace = std::max<int64_t>(scrollPlace + difference, 0);
+    const int64_t height = viewRect.GetHeight();
+    const auto measureFrom = [&](int32_t line) {
+        for (; line >= 0 && line < places.GetCount() && places.GetTop(line) < scrollPlace + height; ++line) {
+            if (places.IsMeasured(line)) continue;
+            const int32_t difference = places.SetHeight(line, MeasureLine(line));
+            if (line < anchor) scrollPlace = std::max<int64_t>(scrollPlace + difference, 0);
+        }
+    };
+    measureFrom(places.FindLine(scrollPlace));
+    // Lines may be lower than they were taken for, and then others come into view at the end.
+    while (scrollPlace > GetGreatestPlace()) {
+        scrollPlace = GetGreatestPlace();
+        measureFrom(places.FindLine(scrollPlace));
     }
-    const int64_t greatest = std::max<int64_t>(places.GetTotal() - height, 0);
-    if (scrollPlace <= greatest) return;
-    // Lines were lower than they were taken for.
-    scrollPlace = greatest;
-    line = places.FindRow(scrollPlace);
-    for (; line >= 0 && line < places.GetCount() && !places.IsMeasured(line); ++line)
-        places.SetHeight(line, MeasureLine(line));
 }
 
 int64_t MRowView::GetContentHeight() {
@@ -148,17 +217,17 @@ MRect MRowView::GetRowRect(int32_t row) {
     if (row < 0 || places.GetCount() == 0) return {};
     const int32_t line = row % places.GetCount();
     MRect rect = GetColumnRect(row / places.GetCount());
-    rect.top = MClampPlace(GetViewRect().top + places.GetTop(line) - scrollPlace);
+    rect.top = MClampPlace(viewRect.top + places.GetTop(line) - scrollPlace);
     rect.bottom = rect.top + places.GetHeight(line) - 1;
     return rect;
 }
 
 int32_t MRowView::FindRowAt(MPoint point) {
     EnsurePlaces();
-    if (!GetViewRect().Contains(point)) return -1;
-    const int64_t place = point.y - GetViewRect().top + scrollPlace;
+    if (!viewRect.Contains(point)) return -1;
+    const int64_t place = point.y - viewRect.top + scrollPlace;
     if (place >= places.GetTotal()) return -1;
-    const int32_t line = places.FindRow(place);
+    const int32_t line = places.FindLine(place);
     for (int32_t column = 0; column < columnCount; ++column) {
         const MRect rect = GetColumnRect(column);
         const int32_t row = line + column * places.GetCount();
@@ -169,12 +238,12 @@ int32_t MRowView::FindRowAt(MPoint point) {
 
 void MRowView::ScrollTo(int64_t place) {
     EnsurePlaces();
-    const int64_t greatest = std::max<int64_t>(places.GetTotal() - GetViewRect().GetHeight(), 0);
-    place = std::clamp<int64_t>(place, 0, greatest);
+    place = std::clamp<int64_t>(place, 0, GetGreatestPlace());
     if (place == scrollPlace) return;
-    const int32_t anchor = place < scrollPlace ? places.FindRow(scrollPlace) : -1;
+    const int32_t anchor = place < scrollPlace ? places.FindLine(scrollPlace) : -1;
     scrollPlace = place;
     MeasureView(anchor);
+    UpdateScrollBar();
     Invalidate();
 }
 
@@ -184,98 +253,10 @@ void MRowView::ScrollToRow(int32_t row) {
     const int32_t line = row % places.GetCount();
     if (!places.IsMeasured(line)) places.SetHeight(line, MeasureLine(line));
     const int64_t top = places.GetTop(line);
-    const int64_t bottom = top + places.GetHeight(line);
-    const int32_t height = GetViewRect().GetHeight();
+    const int64_t bottom = places.GetTop(line + 1);
+    const int32_t height = viewRect.GetHeight();
     if (top < scrollPlace || bottom - top > height)
         ScrollTo(top);
     else if (bottom > scrollPlace + height)
         ScrollTo(bottom - height);
-}
-
-uint8_t MRowView::GetRowState(int32_t row) {
-    uint8_t state = IsEnabled() && GetRow(row).isEnabled ? MDrawEnabled : MDrawDisabled;
-    if (row == focusedRow && HasFocus()) state |= MDrawFocused;
-    if (row == hoveredRow && GetRow(row).IsSelectable()) state |= MDrawHighlighted;
-    return state;
-}
-
-MContentLook MRowView::GetLook(uint8_t drawState) {
-    MContentLook look;
-    look.font = GetFont();
-    look.drawState = drawState;
-    look.isInverted = GetStyle()->IsInverted(*this);
-    look.alignment = MAlignLeft;
-    return look;
-}
-
-MRect MRowView::GetCheckBoxRect(int32_t row, const MRect& rect) {
-    if (!GetRow(row).hasCheckBox) return {};
-    MStyle& style = *GetStyle();
-    const MPoint border = style.GetPartSize(*this, MStylePart::ListItemBorder);
-    const int32_t size = GetMetric(style, MStyleMetric::ListBoxItemCheckBoxSize);
-    return GetLeftPart(rect.Shrunk(border.x, 0), {size, size});
-}
-
-MRect MRowView::GetTextRect(int32_t row, const MRect& rect) {
-    MStyle& style = *GetStyle();
-    const MPoint border = style.GetPartSize(*this, MStylePart::ListItemBorder);
-    const int32_t space = GetMetric(style, MStyleMetric::XSpaceInMContent);
-    MRect text = rect.Shrunk(border.x, border.y);
-    const MRect check = GetCheckBoxRect(row, rect);
-    if (!check.IsEmpty()) text.left = check.right + 1 + space;
-    if (GetRow(row).icon) text.left += GetMetric(style, MStyleMetric::MaxStdIconSizeX) + space;
-    return text;
-}
-
-int32_t MRowView::GetItemHeight(int32_t row, int32_t width) {
-    MStyle& style = *GetStyle();
-    MListBoxItemBaseWithFeatures& item = GetRow(row);
-    const MPoint border = style.GetPartSize(*this, MStylePart::ListItemBorder);
-    if (item.IsSeparator()) return 2 * border.y + std::max(style.ScaleY(1), 1);
-    int32_t height = GetMetric(style, MStyleMetric::DefaultListBoxItemHeight);
-    MDrawerUsingStyle<MDrawer> drawer(style, *this);
-    const MRect text = GetTextRect(row, MRect::FromSize(0, 0, width, height));
-    int32_t inside = item.GetTextSize(drawer, GetLook(MDrawEnabled), std::max(text.GetWidth(), 1)).y;
-    if (item.icon) inside = std::max(inside, GetMetric(style, MStyleMetric::MaxStdIconSizeY));
-    return std::max(height, inside + 2 * border.y);
-}
-
-void MRowView::PaintItem(MDrawer& drawer, int32_t row, const MRect& rect, uint8_t drawState) {
-    MStyle& style = *GetStyle();
-    MListBoxItemBaseWithFeatures& item = GetRow(row);
-    if (item.IsSeparator()) return style.PaintLine(*this, drawer, rect);
-    style.PaintListItem(*this, drawer, rect, drawState);
-    const MRect check = GetCheckBoxRect(row, rect);
-    if (!check.IsEmpty())
-        style.PaintCheckMark(*this, drawer, check, MCheckMarkShape::CheckBox, item.check, drawState);
-    const MRect text = GetTextRect(row, rect);
-    if (const MBitmap* const icon =
-            item.icon ? drawer.GetStdIcon(static_cast<int32_t>(*item.icon)) : nullptr) {
-        const int32_t space = GetMetric(style, MStyleMetric::XSpaceInMContent);
-        const MPoint room{GetMetric(style, MStyleMetric::MaxStdIconSizeX), icon->GetHeight()};
-        MRect place = GetLeftPart(text, room).Shifted({-room.x - space, 0});
-        place.left += (room.x - icon->GetWidth()) / 2;
-        const uint8_t alpha = drawState & MDrawEnabled ? 255 : style.GetDisabledAlpha(*this);
-        drawer.BitBltWhole(*icon, place.GetTopLeft(), alpha, MDrawMode::Overlay);
-    }
-    item.PaintText(drawer, text, GetLook(drawState));
-}
-
-void MRowView::PaintContent(MDrawer& drawer) {
-    EnsurePlaces();
-    const MRect clip = drawer.GetClip();
-    const MRect view = GetViewRect().Intersected(clip);
-    if (view.IsEmpty() || places.GetCount() == 0) return;
-    drawer.SetClip(view);
-    int32_t line = places.FindRow(scrollPlace + view.top - GetViewRect().top);
-    for (; line < places.GetCount(); ++line) {
-        for (int32_t column = 0; column < columnCount; ++column) {
-            const int32_t row = line + column * places.GetCount();
-            const MRect rect = GetRowRect(row);
-            if (rect.top > view.bottom) return drawer.SetClip(clip);
-            if (row < GetRowCount() && !rect.Intersected(view).IsEmpty())
-                PaintItem(drawer, row, rect, GetRowState(row));
-        }
-    }
-    drawer.SetClip(clip);
 }

@@ -8,6 +8,9 @@
 #include <cstdint>
 #include <vector>
 
+class MScrollBar;
+enum class MStyleMetric : int32_t;
+
 /// Rows below one another, one of which the keyboard works on: what lists, trees and menus have in common. Rows
 /// have numbers from 0 on; -1 is none.
 ///
@@ -34,11 +37,14 @@ public:
     /// `drawState`: of `MDrawState`, as `MStyle` tells for rows.
     virtual void PaintItem(MDrawer& drawer, int32_t row, const MRect& rect, uint8_t drawState);
 
-    /// There are other rows than before, or other heights: all is measured again. Costs nothing until somebody
-    /// looks, so rows may be added one by one.
-    void UpdateRows();
     /// A row looks different.
     void UpdateRow(int32_t row);
+    /// There are other rows than before, or other heights: all is measured again. As after the operations below,
+    /// nothing is done until somebody looks.
+    void UpdateRows();
+    /// Some rows have come or gone; what is seen of the others stays where it is.
+    void OnRowsInserted(int32_t row, int32_t count);
+    void OnRowsRemoved(int32_t row, int32_t count);
 
     [[nodiscard]] int32_t GetFocusedRow() const { return focusedRow; }
     /// Without scrolling to it.
@@ -47,7 +53,7 @@ public:
 
     // Places are in pixels, rectangles and points in own coordinates.
     /// Where rows are seen.
-    [[nodiscard]] const MRect& GetViewRect() const { return clientRect; }
+    [[nodiscard]] const MRect& GetViewRect() const { return viewRect; }
     [[nodiscard]] MRect GetRowRect(int32_t row);
     [[nodiscard]] int32_t FindRowAt(MPoint point);
     /// The lines begin so far above the view.
@@ -57,6 +63,9 @@ public:
     void ScrollToRow(int32_t row);
     /// Of all lines, as far as they are known.
     [[nodiscard]] int64_t GetContentHeight();
+
+    /// What stands side by side; at least 1.
+    void SetColumnCount(int32_t count);
 
 protected:
     /// The user has gone to a row by the keyboard.
@@ -68,8 +77,12 @@ protected:
     bool ProcessMove(int32_t key, MKeyModifiers modifiers);
     /// A letter was typed.
     bool ProcessCharacter(char16_t unit, MKeyModifiers modifiers);
+    /// A turn of the wheel.
+    virtual bool ProcessWheel(int32_t steps);
+    /// Whether letters are being typed, to which a space belongs.
     [[nodiscard]] bool IsTyping() const;
     virtual void SetHoveredRow(int32_t row);
+    [[nodiscard]] MScrollBar& GetScrollBar() const { return *scrollBar; }
 
     /// How the text of a row is painted and measured.
     [[nodiscard]] MContentLook GetLook(uint8_t drawState);
@@ -77,8 +90,13 @@ protected:
     [[nodiscard]] virtual MRect GetTextRect(int32_t row, const MRect& rect);
     /// Of a row's check box, empty without one.
     [[nodiscard]] virtual MRect GetCheckBoxRect(int32_t row, const MRect& rect);
+    /// Between the edge of a row and what is in it.
+    [[nodiscard]] virtual MPoint GetRowBorder();
+    [[nodiscard]] int32_t GetMetric(MStyleMetric metric);
 
-    int32_t columnCount = 1;
+    /// How many rows a step of the wheel scrolls.
+    static constexpr int32_t WheelRows = 3;
+
     int32_t lineCount = 0;
     std::vector<int32_t> columnWidths;  ///< at 100 percent; columns beyond and of 0 share what is left
     std::vector<int32_t> lineHeights;   ///< at 100 percent; lines beyond and of 0 are as high as their rows
@@ -92,11 +110,21 @@ private:
     [[nodiscard]] int32_t MeasureLine(int32_t line);
     /// Measures the lines that are seen. What is above `anchor` moves up when it proves to be higher.
     void MeasureView(int32_t anchor);
+    /// That the view can be scrolled to.
+    [[nodiscard]] int64_t GetGreatestPlace();
+    void UpdateScrollBar();
+    void OnScrolled(const MOnNotifyParams& params);
+    /// The row that the user can choose about a page further on.
+    [[nodiscard]] int32_t FindPage(int32_t step);
 
+    MScrollBar* const scrollBar;  ///< a child; without size when all is seen
+    MRect viewRect;
     MRowPlaces places;
     MTypeAhead typeAhead;
     int64_t scrollPlace = 0;
+    int32_t columnCount = 1;
     int32_t measuredWidth = -1;  ///< of the view, for which heights were asked; below 0 when rows are others
     int32_t focusedRow = -1;
     int32_t hoveredRow = -1;
+    bool hasScrollBar = false;
 };

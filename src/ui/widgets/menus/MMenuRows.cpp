@@ -3,9 +3,9 @@
 #include "ui/control/MDrawerUsingStyle.h"
 #include "ui/control/kinds/MStyleMetric.h"
 #include "ui/control/windows/MWindows.h"
-#include "ui/image/MBitmap.h"
-#include "ui/text/MFont.h"
+#include "ui/widgets/content/MContents.h"
 #include "ui/widgets/menus/MMenuBase.h"
+#include "ui/widgets/scrolling/MScrollBar.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -16,18 +16,12 @@ namespace {
 /// How far the mouse has to go to mean it, at 100 percent.
 constexpr int32_t MoveDistance = 4;
 
-int32_t GetWidth(MDrawer& drawer, const MContentLook& look, const MString& text) {
-    MColor color;
-    MFont* const font = drawer.GetFont(look.font, look.color, look.isInverted, look.drawState, color);
-    return font ? font->GetTextWidth(text) : 0;
-}
-
 }  // namespace
 
 MMenuRows::MMenuRows(MMenuBase& menu) : MRowView(&menu), menu(menu) {
     SetControlType(MControlType::Empty);
     Set(MControlFlag::TakesMouseWhenInactive);
-    Set(MControlFlag::DoubleClicksAsClicks);
+    GetScrollBar().Set(MControlFlag::TakesMouseWhenInactive);
 }
 
 void MMenuRows::Restart() {
@@ -48,19 +42,22 @@ MMenuItemBaseWithFeatures& MMenuRows::GetRow(int32_t row) {
     return menu.GetItemFeatures(row);
 }
 
+MPoint MMenuRows::GetRowBorder() {
+    return GetStyle()->GetPartSize(*this, MStylePart::MenuItemBorder);
+}
+
 void MMenuRows::UpdateMargins() {
-    MStyle& style = *GetStyle();
-    const auto getMetric = [&](MStyleMetric metric) { return style.GetMetric(static_cast<int32_t>(metric)); };
-    MDrawerUsingStyle<MDrawer> drawer(style, *this);
-    margins = {style.GetPartSize(*this, MStylePart::MenuItemBorder),
-               getMetric(MStyleMetric::XSpaceInMContent)};
+    MDrawerUsingStyle<MDrawer> drawer(*GetStyle(), *this);
+    const int32_t icon = GetMetric(MStyleMetric::MaxStdIconSizeX);
+    margins = {GetMetric(MStyleMetric::XSpaceInMContent)};
     for (int32_t row = 0; row < GetRowCount(); ++row) {
         const MMenuItemBaseWithFeatures& item = GetRow(row);
-        if (item.icon || item.check != 0) margins.mark = getMetric(MStyleMetric::MaxStdIconSizeX);
+        if (item.icon || item.check != 0) margins.mark = std::max(margins.mark, icon);
         if (item.hasCheckBox)
-            margins.mark = std::max(margins.mark, getMetric(MStyleMetric::ListBoxItemCheckBoxSize));
-        if (item.subMenu) margins.arrow = getMetric(MStyleMetric::MaxStdIconSizeX);
-        margins.shortcut = std::max(margins.shortcut, GetWidth(drawer, GetLook(MDrawEnabled), item.shortcut));
+            margins.mark = std::max(margins.mark, GetMetric(MStyleMetric::ListBoxItemCheckBoxSize));
+        if (item.subMenu) margins.arrow = icon;
+        margins.shortcut =
+            std::max(margins.shortcut, MContentText(item.shortcut).GetSize(drawer, GetLook(MDrawEnabled)).x);
     }
 }
 
@@ -82,18 +79,17 @@ void MMenuRows::GetMinimalContentSize(int32_t& x, int32_t& y) {
 }
 
 int32_t MMenuRows::GetItemHeight(int32_t row, int32_t) {
-    MStyle& style = *GetStyle();
     MListBoxItemBaseWithFeatures& item = GetRow(row);
-    if (item.IsSeparator()) return 2 * margins.border.y + std::max(style.ScaleY(1), 1);
-    MDrawerUsingStyle<MDrawer> drawer(style, *this);
-    const int32_t icon =
-        margins.mark > 0 ? style.GetMetric(static_cast<int32_t>(MStyleMetric::MaxStdIconSizeY)) : 0;
-    const int32_t text = item.GetTextSize(drawer, GetLook(MDrawEnabled), Unlimited).y;
-    return std::max(text, icon) + 2 * margins.border.y;
+    const int32_t borders = 2 * GetRowBorder().y;
+    if (item.IsSeparator()) return borders + std::max(GetStyle()->ScaleY(1), 1);
+    MDrawerUsingStyle<MDrawer> drawer(*GetStyle(), *this);
+    const int32_t icon = margins.mark > 0 ? GetMetric(MStyleMetric::MaxStdIconSizeY) : 0;
+    return std::max(item.GetTextSize(drawer, GetLook(MDrawEnabled), Unlimited).y, icon) + borders;
 }
 
 MRect MMenuRows::GetTextRect(int32_t, const MRect& rect) {
-    MRect text = rect.Shrunk(margins.border.x, margins.border.y);
+    const MPoint border = GetRowBorder();
+    MRect text = rect.Shrunk(border.x, border.y);
     if (margins.mark > 0) text.left += margins.mark + margins.space;
     // What stands behind the texts keeps a clear distance.
     if (margins.shortcut > 0) text.right -= margins.shortcut + 4 * margins.space;
@@ -108,44 +104,31 @@ uint8_t MMenuRows::GetRowState(int32_t row) {
     return state;
 }
 
-void MMenuRows::PaintIcon(MDrawer& drawer, MStdIcon icon, const MRect& place, uint8_t drawState) {
-    const MBitmap* const bitmap = drawer.GetStdIcon(static_cast<int32_t>(icon));
-    if (!bitmap) return;
-    const uint8_t alpha = drawState & MDrawEnabled ? 255 : GetStyle()->GetDisabledAlpha(*this);
-    drawer.BitBltWhole(*bitmap,
-                       {place.left + (place.GetWidth() - bitmap->GetWidth()) / 2,
-                        place.top + (place.GetHeight() - bitmap->GetHeight()) / 2},
-                       alpha, MDrawMode::Overlay);
-}
-
 void MMenuRows::PaintItem(MDrawer& drawer, int32_t row, const MRect& rect, uint8_t drawState) {
     MStyle& style = *GetStyle();
     MMenuItemBaseWithFeatures& item = GetRow(row);
     if (item.IsSeparator()) return style.PaintLine(*this, drawer, rect);
     style.PaintListItem(*this, drawer, rect, drawState);
-    const MRect inside = rect.Shrunk(margins.border.x, 0);
-    const MRect mark = MRect::FromSize(inside.left, rect.top, margins.mark, rect.GetHeight());
-    if (item.hasCheckBox) {
-        const int32_t length = style.GetMetric(static_cast<int32_t>(MStyleMetric::ListBoxItemCheckBoxSize));
-        const MRect box = MRect::FromSize(mark.left + (mark.GetWidth() - length) / 2,
-                                          mark.top + (mark.GetHeight() - length) / 2, length, length);
-        style.PaintCheckMark(*this, drawer, box, MCheckMarkShape::CheckBox, item.check, drawState);
-    } else if (item.icon || item.check != 0) {
-        PaintIcon(drawer, item.check != 0 ? MStdIcon::OK : *item.icon, mark, drawState);
-    }
-    const MContentLook look = GetLook(drawState);
-    const MRect text = GetTextRect(row, rect);
-    item.PaintText(drawer, text, look);
+    MContentLook look = GetLook(drawState);
+    item.PaintText(drawer, GetTextRect(row, rect), look);
 
+    const MRect inside = rect.Shrunk(GetRowBorder().x, 0);
+    const MRect mark = MRect::FromSize(inside.left, rect.top, margins.mark, rect.GetHeight());
     MRect behind =
         MRect::FromSize(inside.right - margins.arrow + 1, rect.top, margins.arrow, rect.GetHeight());
-    if (item.subMenu) PaintIcon(drawer, MStdIcon::RightTriangle, behind, drawState);
-    if (margins.arrow > 0) behind = behind.Shifted({-margins.space, 0});
-    behind.right = behind.left - 1;
-    behind.left -= margins.shortcut;
-    MColor color;
-    MFont* const font = drawer.GetFont(look.font, look.color, look.isInverted, drawState, color);
-    if (font) drawer.DrawText(behind, *font, item.shortcut, color, MTextRight | MTextMiddle);
+    look.alignment = MAlignCenter;
+    const int32_t box = GetMetric(MStyleMetric::ListBoxItemCheckBoxSize);
+    if (item.hasCheckBox)
+        style.PaintCheckMark(*this, drawer, MAlignInside(mark, {box, box}, MAlignCenter),
+                             MCheckMarkShape::CheckBox, item.check, drawState);
+    else if (item.icon || item.check != 0)
+        MContentIcon(item.check != 0 ? MStdIcon::OK : *item.icon).Paint(drawer, mark, look);
+    if (item.subMenu) MContentIcon(MStdIcon::RightTriangle).Paint(drawer, behind, look);
+
+    behind.right = behind.left - (margins.arrow > 0 ? margins.space : 0) - 1;
+    behind.left = behind.right - margins.shortcut + 1;
+    look.alignment = MAlignRight;
+    MContentText(item.shortcut).Paint(drawer, behind, look);
 }
 
 void MMenuRows::SetHoveredRow(int32_t row) {

@@ -27,13 +27,13 @@ protected:
     void GoTo(int32_t row, MKeyModifiers modifiers) override;
     [[nodiscard]] uint8_t GetRowState(int32_t row) override;
     [[nodiscard]] MRect GetTextRect(int32_t row, const MRect& rect) override;
+    [[nodiscard]] MPoint GetRowBorder() override;
     void SetHoveredRow(int32_t row) override;
 
 private:
     /// What stands beside the texts, in pixels.
     struct Margins {
-        MPoint border;
-        int32_t space = 0;
+        int32_t space = 0;     ///< between two of them
         int32_t mark = 0;      ///< icons and ticks, before the texts
         int32_t shortcut = 0;  ///< behind them
         int32_t arrow = 0;     ///< of sub-menus, behind those
@@ -41,7 +41,6 @@ private:
 
     void UpdateMargins();
     bool ProcessKey(int32_t key, MKeyModifiers modifiers);
-    void PaintIcon(MDrawer& drawer, MStdIcon icon, const MRect& place, uint8_t drawState);
 
     MMenuBase& menu;
     Margins margins;
