@@ -1,0 +1,105 @@
+#pragma once
+
+#include "foundation/values/MValueEnum.h"
+#include "ui/style/images/ControlStyle.h"
+
+#include <array>
+#include <memory>
+
+/// The classes of controls that a definition has an element for.
+enum class MStyleClass : uint8_t {
+    Window,
+    Panel,
+    Control,
+    Edit,
+    Menu,
+    Button,
+    CaptionButton,
+    RadioButton,
+    CheckBox,
+    Tracker,
+    ProgressBar,
+    Rotator,
+    Knob,
+    HScrollBar,
+    VScrollBar,
+    TabSet,
+    MenuBar,
+    ControlCheckBox,
+    ListControl,
+    TreeControl,
+    Splitter,
+};
+
+inline constexpr const char* MStyleClassNames[] = {
+    "window",        "panel",       "control",    "edit",    "menu",        "button",
+    "captionbutton", "radiobutton", "checkbox",   "tracker", "progressbar", "rotator",
+    "knob",          "hscrollbar",  "vscrollbar", "tabset",  "menubar",     "controlcheckbox",
+    "listcontrol",   "treecontrol", "splitter"};
+template <>
+inline constexpr std::span<const char* const> MEnumNames<MStyleClass> = MStyleClassNames;
+
+/// The parts of a class that have pictures of their own.
+enum class MStylePiece : uint8_t {
+    Image,
+    Default,  ///< what comes next
+    Checked,  ///< what is switched on
+    Item,
+    SelectedItem,
+    Selector,
+    Locator,
+    Highlight,
+    On,
+    Off,
+    Grayed,
+    Decrease,
+    Increase,
+    VImage,
+    HImage,
+};
+
+inline constexpr const char* MStylePieceNames[] = {
+    "image", "default", "checked", "item",     "selecteditem", "selector", "locator", "highlight",
+    "on",    "off",     "grayed",  "decrease", "increase",     "vimage",   "himage"};
+template <>
+inline constexpr std::span<const char* const> MEnumNames<MStylePiece> = MStylePieceNames;
+
+class MXMLItem;
+
+/// The strip with a caption, of one size.
+struct MCaptionLook {
+    ControlStyle image;
+    int32_t font = 0;
+    int32_t height = 0;  ///< 0 if the class has no captions of this size
+    int32_t topBorder = 0;
+    int32_t contentTopBorder = 0;
+    int32_t contentBottomBorder = 0;
+    int32_t contentLeftBorder = 0;
+    int32_t contentRightBorder = 0;
+    int32_t textOffset = 0;
+    bool isCentered = false;
+    bool isUnderBackground = false;  ///< whether the class's own picture lies behind the caption as well
+};
+
+/// All that a definition says of one class. Lengths are those of 100 percent.
+class MClassLook {
+public:
+    /// `item` is null for a class that the definition does not have. Raises what `ControlStyle::Load` raises.
+    void Load(MXMLItem* item, MXMLItem& root);
+    void Reset();
+
+    /// Null if the class has no such part, but for the image.
+    [[nodiscard]] ControlStyle* Find(MStylePiece piece);
+    [[nodiscard]] ControlStyle& GetImage() { return image; }
+    [[nodiscard]] MCaptionLook& GetCaption(size_t size) { return captions[size]; }
+    /// An attribute of the element.
+    [[nodiscard]] int32_t GetNumber(const char* attribute, int32_t defaultValue) const;
+
+private:
+    static constexpr size_t CaptionSizes = 3;
+
+    ControlStyle image;
+    std::array<std::unique_ptr<ControlStyle>, std::size(MStylePieceNames)> pieces;
+    std::array<MCaptionLook, CaptionSizes> captions;
+    const MXMLItem* element = nullptr;
+};

@@ -1,0 +1,126 @@
+// What the style paints of a control by its class, and the parts of composed controls.
+
+#include "ui/control/MControl.h"
+#include "ui/style/MTexturedStyle.h"
+#include "ui/style/images/MImageContext.h"
+
+#include <algorithm>
+
+void MTexturedStyle::AttachControl(MControl& control) {
+    // Corners are round and frames thin, so what lies behind shows through all but windows.
+    const MControlType type = control.GetControlType();
+    if (type != MControlType::Window && type != MControlType::Menu) control.Set(MControlFlag::Transparent);
+}
+
+void MTexturedStyle::PrePaint(MControl&) {}
+
+void MTexturedStyle::PaintControl(MControl& control, MDrawer& drawer) {
+    drawer.textShadowAlpha = static_cast<uint8_t>(GetDrawFlags(control));
+    if (ControlStyle* const style = FindStyle(control)) {
+        if (control.IsRoot())
+            drawer.FillRectangle(control.windowRect, GetColors().Get(MStyleTone::Ground), MDrawMode::Copy);
+        style->Paint(drawer, control.windowRect, control.GetDrawState(), GetContext());
+    }
+    PaintCaption(control, drawer);
+}
+
+void MTexturedStyle::PaintPiece(MClassLook& look, MStylePiece piece, MDrawer& drawer, const MRect& rect,
+                                uint8_t drawState) {
+    if (ControlStyle* const style = look.Find(piece)) style->Paint(drawer, rect, drawState, GetContext());
+}
+
+void MTexturedStyle::PaintScrollBar(MStyleClass styleClass, MDrawer& drawer, const MScrollBarParts& parts) {
+    MClassLook& look = GetLook(styleClass);
+    const MRect whole = parts.track.United(parts.decrease).United(parts.increase);
+    PaintPiece(look, MStylePiece::Image, drawer, whole, parts.trackState);
+    PaintPiece(look, MStylePiece::Locator, drawer, parts.thumb, parts.thumbState);
+    PaintPiece(look, MStylePiece::Decrease, drawer, parts.decrease, parts.decreaseState);
+    PaintPiece(look, MStylePiece::Increase, drawer, parts.increase, parts.increaseState);
+}
+
+void MTexturedStyle::PaintHorizontalScrollBar(MControl&, MDrawer& drawer, const MScrollBarParts& parts) {
+    PaintScrollBar(MStyleClass::HScrollBar, drawer, parts);
+}
+
+void MTexturedStyle::PaintVerticalScrollBar(MControl&, MDrawer& drawer, const MScrollBarParts& parts) {
+    PaintScrollBar(MStyleClass::VScrollBar, drawer, parts);
+}
+
+void MTexturedStyle::PaintCheckMark(MControl& control, MDrawer& drawer, const MRect& rect,
+                                    MCheckMarkShape shape, int32_t state, uint8_t drawState) {
+    const MControlType type = control.GetControlType();
+    const bool isRow = type == MControlType::ListBox || type == MControlType::TreeControl;
+    const bool isRadio = shape == MCheckMarkShape::RadioButton;
+    const MStyleClass styleClass = isRadio ? MStyleClass::RadioButton
+                                   : isRow ? MStyleClass::ControlCheckBox
+                                           : MStyleClass::CheckBox;
+    constexpr MStylePiece Pieces[] = {MStylePiece::Off, MStylePiece::On, MStylePiece::Grayed};
+    PaintPiece(GetLook(styleClass), Pieces[std::clamp(state, 0, 2)], drawer, rect, drawState);
+}
+
+void MTexturedStyle::PaintListItem(MControl& control, MDrawer& drawer, const MRect& rect, uint8_t drawState) {
+    const bool isMenu = control.GetRoot().GetControlType() == MControlType::Menu;
+    MClassLook& look = GetLook(isMenu ? MStyleClass::Menu : MStyleClass::ListControl);
+    const bool isSelected = drawState & MDrawClicked;
+    PaintPiece(look, isSelected ? MStylePiece::SelectedItem : MStylePiece::Item, drawer, rect,
+               static_cast<uint8_t>(drawState & ~MDrawClicked));
+}
+
+void MTexturedStyle::PaintTreeLines(MControl&, MDrawer& drawer, const MRect& rect, int32_t lines) {
+    const int32_t width = GetScale().GetLine(1);
+    const MColor color = GetColors().Get(MStyleTone::Line);
+    const int32_t x = rect.left + (rect.GetWidth() - width) / 2;
+    const int32_t y = rect.top + (rect.GetHeight() - width) / 2;
+    const auto fill = [&](const MRect& line) { drawer.FillRectangle(line, color, MDrawMode::Alphablend); };
+    if (lines & MTreeLineUp) fill({x, rect.top, x + width - 1, y - 1});
+    if (lines & MTreeLineDown) fill({x, y + width, x + width - 1, rect.bottom});
+    if (lines & MTreeLineRight)
+        fill({x, y, rect.right, y + width - 1});
+    else if (lines)
+        fill({x, y, x + width - 1, y + width - 1});
+}
+
+void MTexturedStyle::PaintLine(MControl&, MDrawer& drawer, const MRect& rect) {
+    const int32_t width = GetScale().GetLine(1);
+    MRect line = rect;
+    if (rect.GetWidth() >= rect.GetHeight()) {
+        line.top = rect.top + (rect.GetHeight() - width) / 2;
+        line.bottom = line.top + width - 1;
+    } else {
+        line.left = rect.left + (rect.GetWidth() - width) / 2;
+        line.right = line.left + width - 1;
+    }
+    drawer.FillRectangle(line, GetColors().Get(MStyleTone::Line), MDrawMode::Alphablend);
+}
+
+void MTexturedStyle::PaintSelection(MControl&, MDrawer& drawer, const MRect& rect, uint8_t drawState) {
+    PaintPiece(GetLook(MStyleClass::Edit), MStylePiece::Selector, drawer, rect, drawState);
+}
+
+void MTexturedStyle::PaintHighlight(MControl&, MDrawer& drawer, const MRect& rect, uint8_t drawState) {
+    PaintPiece(GetLook(MStyleClass::ListControl), MStylePiece::Highlight, drawer, rect, drawState);
+}
+
+void MTexturedStyle::PaintTreeExpander(MControl&, MDrawer& drawer, const MRect& rect, bool isOpen,
+                                       uint8_t drawState) {
+    PaintPiece(GetLook(MStyleClass::TreeControl), isOpen ? MStylePiece::On : MStylePiece::Off, drawer, rect,
+               drawState);
+}
+
+void MTexturedStyle::PaintTab(MControl&, MDrawer& drawer, const MRect& rect, uint8_t drawState) {
+    const bool isSelected = drawState & MDrawClicked;
+    PaintPiece(GetLook(MStyleClass::TabSet), isSelected ? MStylePiece::SelectedItem : MStylePiece::Item,
+               drawer, rect, static_cast<uint8_t>(drawState & ~MDrawClicked));
+}
+
+void MTexturedStyle::PaintMenuBarItem(MControl&, MDrawer& drawer, const MRect& rect, uint8_t drawState) {
+    const bool isOpen = drawState & MDrawClicked;
+    PaintPiece(GetLook(MStyleClass::MenuBar), isOpen ? MStylePiece::SelectedItem : MStylePiece::Item, drawer,
+               rect, static_cast<uint8_t>(drawState & ~MDrawClicked));
+}
+
+void MTexturedStyle::PaintSplitter(MControl&, MDrawer& drawer, const MRect& rect, bool isVertical,
+                                   uint8_t drawState) {
+    PaintPiece(GetLook(MStyleClass::Splitter), isVertical ? MStylePiece::VImage : MStylePiece::HImage, drawer,
+               rect, drawState);
+}

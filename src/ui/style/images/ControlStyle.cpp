@@ -1,0 +1,102 @@
+#include "ui/style/images/ControlStyle.h"
+
+#include "foundation/text/MStringFormatter.h"
+#include "foundation/xml/MXMLItem.h"
+#include "ui/control/MStyle.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr int32_t LongestLength = 1024;
+constexpr int32_t DeepestLikeness = 8;
+
+int32_t GetLength(const MXMLItem& item, const char* attribute, int32_t defaultValue) {
+    return std::clamp(item.GetInt32Attribute(attribute, defaultValue), -LongestLength, LongestLength);
+}
+
+MPoint GetPoint(const MXMLItem& item, const char* x, const char* y, MPoint defaultValue) {
+    return {GetLength(item, x, defaultValue.x), GetLength(item, y, defaultValue.y)};
+}
+
+}  // namespace
+
+MImageState MComputeImageState(uint8_t drawState) {
+    const bool isHighlighted = drawState & MDrawHighlighted;
+    if (!(drawState & MDrawEnabled)) return MImageState::Disabled;
+    if (drawState & MDrawClicked)
+        return isHighlighted ? MImageState::ClickedHighlighted : MImageState::Clicked;
+    if (drawState & MDrawFocused)
+        return isHighlighted ? MImageState::FocusedHighlighted : MImageState::Focused;
+    return isHighlighted ? MImageState::Highlighted : MImageState::Normal;
+}
+
+void ControlStyle::Load(MXMLItem& item, MXMLItem& root) {
+    if (item.HasAttribute("like") && depth < DeepestLikeness) {
+        ++depth;
+        MXMLItem* const other = root.FindSubItem(item.GetCachedAttribute());
+        if (MXMLItem* const image = other ? other->FindSubItem("image") : nullptr) Load(*image, root);
+    }
+    border = GetPoint(item, "borderx", "bordery", border);
+    contentOffset = GetPoint(item, "contentoffsetx", "contentoffsety", contentOffset);
+    defaultLayoutBorder = GetPoint(item, "deflayoutborderx", "deflayoutbordery", defaultLayoutBorder);
+    focusBorder = std::max(GetLength(item, "focusborder", focusBorder), 0);
+    isInverted = item.GetInt32Attribute("inverted", isInverted) != 0;
+    isInvertedClicked = item.GetInt32Attribute("invertclicked", isInvertedClicked) != 0;
+    for (size_t i = 0; i < StateCount; ++i)
+        alphas[i] = static_cast<uint8_t>(
+            std::clamp(item.GetInt32Attribute(MFormat("{0}alpha", MImageStateNames[i]), alphas[i]), 0, 255));
+    for (MXMLItem* child : item.GetSubItems()) {
+        for (size_t i = 0; i < StateCount; ++i) {
+            if (!(child->GetName() == MImageStateNames[i])) continue;
+            StateImage image;
+            if (child->HasAttribute("like"))
+                image = images[static_cast<size_t>(
+                    MValueEnum<MImageState>::FromName(child->GetCachedAttribute()))];
+            image.Load(*child);
+            images[i] = std::move(image);
+        }
+    }
+}
+
+bool ControlStyle::IsEmpty() const {
+    return std::ranges::all_of(images, [](const StateImage& image) { return image.IsEmpty(); });
+}
+
+void ControlStyle::Reset() {
+    for (StateImage& image : images) image.Reset();
+}
+
+size_t ControlStyle::FindPicture(MImageState state) const {
+    using enum MImageState;
+    // For each state those that stand in for it, the likest first.
+    static constexpr MImageState Substitutes[][3] = {
+        {Normal, Normal, Normal},       {Normal, Normal, Normal},      {Normal, Normal, Normal},
+        {Focused, Highlighted, Normal}, {Highlighted, Normal, Normal}, {Clicked, Highlighted, Normal},
+        {Normal, Normal, Normal}};
+    const auto index = static_cast<size_t>(state);
+    if (!images[index].IsEmpty()) return index;
+    for (const MImageState other : Substitutes[index])
+        if (!images[static_cast<size_t>(other)].IsEmpty()) return static_cast<size_t>(other);
+    return 0;
+}
+
+void ControlStyle::Paint(MDrawer& drawer, const MRect& rect, uint8_t drawState,
+                         const MImageContext& context) {
+    const MImageState state = MComputeImageState(drawState);
+    const size_t picture = FindPicture(state);
+    // The alpha is that of the picture, unless the state has only that of its own.
+    const uint8_t alpha =
+        state == MImageState::Disabled ? alphas[static_cast<size_t>(state)] : alphas[picture];
+    MImageContext own = context;
+    own.faceBorder = context.scale.GetLine(focusBorder);
+    images[picture].Paint(drawer, rect, own, alpha);
+}
+
+MPoint ControlStyle::GetSize() const {
+    return images[0].GetSize();
+}
+
+MPoint ControlStyle::GetMinimalSize() const {
+    return images[0].GetMinimalSize();
+}

@@ -1,0 +1,131 @@
+#include "ui/style/images/StateImage.h"
+
+#include "foundation/text/MNumberText.h"
+#include "foundation/xml/MXMLItem.h"
+
+#include <algorithm>
+
+namespace {
+
+/// So many sizes of one image are kept: those of the controls that are likely in one window.
+constexpr size_t KeptBitmaps = 12;
+/// No generated bitmap is longer; a larger control gets it stretched.
+constexpr int32_t LongestSide = 1536;
+constexpr int32_t MaximumLayers = 32;
+
+constexpr double Limit = 255;
+
+int32_t ToChange(double value) {
+    return static_cast<int32_t>(std::clamp(value, -Limit, Limit));
+}
+
+struct NamedChange {
+    const char* name;
+    MColor (*change)(MColor color, double value);
+};
+
+constexpr NamedChange Changes[] = {
+    {"changecontrast", [](MColor color, double value) { return color.WithContrast(ToChange(value)); }},
+    {"changebrightness", [](MColor color, double value) { return color.WithBrightness(ToChange(value)); }},
+    {"changesaturation", [](MColor color, double value) { return color.WithSaturation(ToChange(value)); }},
+    {"multiplysaturation",
+     [](MColor color, double value) { return color.WithSaturationTimes(std::clamp(value, 0.0, Limit)); }}};
+
+}  // namespace
+
+void StateImage::Load(MXMLItem& item) {
+    const auto addLayer = [this](MXMLItem& description) {
+        GeneratedImage layer;
+        layer.Load(description);
+        if (!layer.IsEmpty() && layers.size() < MaximumLayers) layers.push_back(layer);
+    };
+    addLayer(item);
+    for (MXMLItem* child : item.GetSubItems()) {
+        if (child->GetName() == "layer") addLayer(*child);
+        if (child->GetName() == "image") picture.Load(*child);
+        for (const NamedChange& named : Changes)
+            if (child->GetName() == named.name)
+                changes.push_back({named.change, MParseDouble(child->GetAttribute("value", MString()))});
+    }
+    Reset();
+}
+
+void StateImage::Reset() {
+    bitmaps.clear();
+    newest = 0;
+    texture.Clear();
+    isTextureLoaded = false;
+}
+
+MPoint StateImage::GetSize() const {
+    MPoint size;
+    for (const GeneratedImage& layer : layers)
+        size = {std::max(size.x, layer.GetSize().x), std::max(size.y, layer.GetSize().y)};
+    return size;
+}
+
+MPoint StateImage::GetMinimalSize() const {
+    MPoint size = picture.GetMinimalSize();
+    for (const GeneratedImage& layer : layers) {
+        const MPoint own = layer.GetMinimalSize();
+        size = {std::max(size.x, own.x), std::max(size.y, own.y)};
+    }
+    return size;
+}
+
+void StateImage::ChangeColors(MBitmap& bitmap) const {
+    for (const ColorChange& change : changes)
+        bitmap.ChangeColors([&](MColor color) { return change.change(color, change.value); });
+}
+
+MBitmap StateImage::Generate(MPoint size, const MImageContext& context) const {
+    MBitmap bitmap(size.x, size.y);
+    for (const GeneratedImage& layer : layers) layer.Draw(bitmap, context);
+    ChangeColors(bitmap);
+    return bitmap;
+}
+
+const MBitmap& StateImage::FindBitmap(MPoint size, const MImageContext& context) {
+    for (const MBitmap& bitmap : bitmaps)
+        if (size == MPoint{bitmap.GetWidth(), bitmap.GetHeight()}) return bitmap;
+    if (bitmaps.size() < KeptBitmaps) {
+        newest = bitmaps.size();
+        bitmaps.emplace_back();
+    } else {
+        newest = (newest + 1) % KeptBitmaps;
+    }
+    bitmaps[newest] = Generate(size, context);
+    return bitmaps[newest];
+}
+
+void StateImage::Paint(MDrawer& drawer, const MRect& rect, const MImageContext& context, uint8_t alpha) {
+    if (rect.IsEmpty() || alpha == 0) return;
+    if (!picture.GetId().IsEmpty()) {
+        if (!isTextureLoaded) {
+            texture = picture.Make(context);
+            ChangeColors(texture);
+            isTextureLoaded = true;
+        }
+        if (!texture.IsEmpty())
+            return picture.Paint(drawer, rect, texture, context.scale, alpha, MDrawMode::Alphablend);
+    }
+    if (layers.empty()) return;
+
+    // A frame is cut once: its corners, and one pixel of what lies between them.
+    int32_t margin = 1;
+    bool dependsOnWidth = false;
+    bool dependsOnHeight = false;
+    for (const GeneratedImage& layer : layers) {
+        margin = std::max(margin, std::min(layer.GetMargin(context), LongestSide / 2 - 1));
+        dependsOnWidth = dependsOnWidth || layer.DependsOnWidth();
+        dependsOnHeight = dependsOnHeight || layer.DependsOnHeight();
+    }
+    const auto getLength = [&](int32_t length, bool isExact) {
+        return std::min(length, isExact ? LongestSide : 2 * margin + 1);
+    };
+    const MPoint size{getLength(rect.GetWidth(), dependsOnWidth),
+                      getLength(rect.GetHeight(), dependsOnHeight)};
+    const MBitmap& bitmap = FindBitmap(size, context);
+    drawer.PaintCornered(rect, bitmap, MRect::FromSize(0, 0, size.x, size.y), {margin, margin}, 0, 0, alpha,
+                         MDrawMode::Alphablend);
+}

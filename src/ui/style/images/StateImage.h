@@ -1,0 +1,47 @@
+#pragma once
+
+#include "ui/style/images/GeneratedImage.h"
+#include "ui/style/images/TexturedImage.h"
+
+#include <cstdint>
+#include <vector>
+
+/// How a part of a control looks in one state: a picture of a file or, where there is none, generated images
+/// one over the other. What was made of them is kept, so that a paint only copies pixels.
+class StateImage {
+public:
+    /// Adds what an element describes: a generated image by its attributes, others by its children "layer",
+    /// a picture by its child "image", and changes of all colours by "changecontrast", "changebrightness",
+    /// "changesaturation" and "multiplysaturation", each with a "value", in their order.
+    /// Raises what `GeneratedImage::Load` raises.
+    void Load(MXMLItem& item);
+
+    [[nodiscard]] bool IsEmpty() const { return layers.empty() && picture.GetId().IsEmpty(); }
+    /// Raises what is wrong with the colours of generated images.
+    void Paint(MDrawer& drawer, const MRect& rect, const MImageContext& context, uint8_t alpha);
+    /// Forgets all pixels: colours or scale have changed.
+    void Reset();
+
+    /// In pixels of 100 percent.
+    [[nodiscard]] MPoint GetSize() const;
+    [[nodiscard]] MPoint GetMinimalSize() const;
+
+private:
+    struct ColorChange {
+        MColor (*change)(MColor color, double value);
+        double value;
+    };
+
+    [[nodiscard]] const MBitmap& FindBitmap(MPoint size, const MImageContext& context);
+    [[nodiscard]] MBitmap Generate(MPoint size, const MImageContext& context) const;
+    void ChangeColors(MBitmap& bitmap) const;
+
+    std::vector<GeneratedImage> layers;
+    TexturedImage picture;
+    std::vector<ColorChange> changes;
+
+    std::vector<MBitmap> bitmaps;  ///< of several sizes, the one made last at `newest`
+    size_t newest = 0;
+    MBitmap texture;
+    bool isTextureLoaded = false;
+};

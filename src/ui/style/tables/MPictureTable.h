@@ -1,0 +1,62 @@
+#pragma once
+
+#include "ui/control/MCursor.h"
+#include "ui/control/kinds/MStdBitmap.h"
+#include "ui/control/kinds/MStdIcon.h"
+#include "ui/style/MStyleScale.h"
+#include "ui/style/colors/MStyleColors.h"
+
+#include <array>
+#include <vector>
+
+class MResourceLibrary;
+class MXMLItem;
+
+/// The icons, the signs of message boxes and the pointers of a style, made when they are asked for.
+///
+/// Icons and signs are coverage masks, the alpha of the items "icon10_left" and "bitmapyes"; they are given in
+/// the colour of icons. Of each there may be several sizes: the definition says by "IconSize10" and the like
+/// which sets there are, "IconSizeBase" being that of 100 percent; larger signs and pointers have a size in
+/// their name, "bitmap96_yes" and "cursor64_arrow". Pointers, "cursorarrow", are colours with alpha.
+class MPictureTable {
+public:
+    /// The library outlives the table, or the next `Load`.
+    void Load(MXMLItem& definition, const MResourceLibrary& resources);
+    /// Forgets all pictures; the next ones have this size and these colours. The colours outlive the table.
+    void Reset(MStyleScale scale, const MStyleColors& colors);
+    void Clear();
+
+    /// Null if there is no such picture. Owned by the table until the next call of another operation.
+    [[nodiscard]] MBitmap* GetIcon(int32_t index);
+    [[nodiscard]] MBitmap* GetBitmap(int32_t index);
+    /// One without a picture is the platform's own.
+    [[nodiscard]] const MCursor& GetCursor(MStdCursor cursor);
+    /// The size that icons have, in pixels.
+    [[nodiscard]] int32_t GetIconSize() const;
+
+private:
+    struct Picture {
+        MBitmap bitmap;
+        bool isMade = false;
+    };
+    static constexpr size_t CursorCount = std::size(MStdCursorNames);
+
+    [[nodiscard]] int32_t GetIconSet() const;
+    [[nodiscard]] MBitmap MakeBitmap(size_t index) const;
+    [[nodiscard]] MBitmap Tint(MBitmap mask, MColor color) const;
+    [[nodiscard]] MColor GetSignColor(size_t index) const;
+    [[nodiscard]] MCursor MakeCursor(MStdCursor kind) const;
+
+    const MResourceLibrary* resources = nullptr;
+    const MStyleColors* colors = nullptr;
+    MStyleScale scale;
+    std::vector<int32_t> iconSets;
+    int32_t baseSet = 10;
+    std::array<Picture, std::size(MStdIconNames)> icons;
+    std::array<Picture, std::size(MStdBitmapNames)> bitmaps;
+    struct Pointer {
+        MCursor cursor;
+        bool isMade = false;
+    };
+    std::array<Pointer, CursorCount> cursors;
+};
