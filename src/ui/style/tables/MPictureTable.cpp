@@ -1,10 +1,11 @@
 #include "ui/style/tables/MPictureTable.h"
 
+#include "foundation/base/MGuard.h"
 #include "foundation/text/MStringFormatter.h"
 #include "foundation/xml/MXMLItem.h"
 #include "streams/resources/MResourceLibrary.h"
 #include "ui/control/kinds/MStdColor.h"
-#include "ui/style/images/MComposite.h"
+#include "ui/image/MAlphaMask.h"
 #include "ui/style/images/TexturedImage.h"
 
 #include <algorithm>
@@ -12,33 +13,44 @@
 
 namespace {
 
-/// The sets of icons that there may be.
-constexpr int32_t IconSets[] = {10, 13, 17, 21, 26, 31, 42};
-/// Larger forms of signs and pointers.
+/// The sets of icons that there may be, in pixels.
+constexpr int32_t IconSets[] = {10, 13, 17, 21, 30};
+/// The forms of signs, in pixels, and of pointers, in percent. The first one has no number in its name.
 constexpr int32_t BitmapSizes[] = {48, 60, 72, 96, 144};
-constexpr int32_t CursorSizes[] = {32, 40, 48, 64, 96};
+constexpr int32_t CursorScales[] = {100, 150, 200, 300};
 
-/// How much a picture may differ from the size that is wanted and still be shown as it is, in percent: its
-/// stems lie on whole pixels, which is worth more than the right size.
-constexpr int32_t Tolerance = 20;
-
-bool IsNear(int32_t size, int32_t wanted) {
-    return std::abs(size - wanted) * 100 <= wanted * Tolerance;
-}
-
-/// The item of a name in the size that is nearest to the one that is wanted; that of 100 percent has none in
-/// its name.
-MString FindSized(const MResourceLibrary& resources, const char* kind, const char* name,
-                  std::span<const int32_t> sizes, int32_t wanted) {
+/// The item of a name in the form that is nearest to the one that is wanted. Nothing is scaled: stems lie on
+/// whole pixels, which is worth more than the right size.
+MString FindForm(const MResourceLibrary& resources, const char* kind, const char* name,
+                 std::span<const int32_t> forms, int32_t wanted) {
     MString best = MFormat("{0}{1}", kind, name);
-    int32_t distance = std::abs(sizes[0] - wanted);
-    for (const int32_t size : sizes) {
-        const MString id = MFormat("{0}{1}_{2}", kind, size, name);
-        if (std::abs(size - wanted) >= distance || !resources.HasResource(id)) continue;
+    int32_t distance = std::abs(forms[0] - wanted);
+    for (const int32_t form : forms) {
+        const MString id = MFormat("{0}{1}_{2}", kind, form, name);
+        if (std::abs(form - wanted) >= distance || !resources.HasResource(id)) continue;
         best = id;
-        distance = std::abs(size - wanted);
+        distance = std::abs(form - wanted);
     }
     return best;
+}
+
+/// A coverage in one colour. It is a stored mask, or the alpha of a picture.
+MBitmap LoadMask(const MResourceLibrary& resources, const MString& id, MColor color) {
+    MBitmap bitmap;
+    if (!resources.HasResource(id)) return bitmap;
+    MAlphaMask mask;
+    if (!MGuard("Load style mask", [&] { mask.Load(resources.GetResource(id).Open()); })) {
+        bitmap = MLoadPicture(resources, id);
+        if (!bitmap.IsEmpty())
+            bitmap.ChangeColors([color](MColor pixel) { return color.WithAlpha(pixel.alpha); });
+        return bitmap;
+    }
+    bitmap.Create(mask.GetWidth(), mask.GetHeight());
+    if (bitmap.IsEmpty()) return bitmap;
+    const uint8_t* const bytes = mask.GetBytes();
+    std::transform(bytes, bytes + int64_t{mask.GetWidth()} * mask.GetHeight(), bitmap.EditPixels(),
+                   [color](uint8_t alpha) { return color.WithAlpha(alpha); });
+    return bitmap;
 }
 
 }  // namespace
@@ -67,7 +79,7 @@ void MPictureTable::Clear() {
     for (Pointer& pointer : cursors) pointer = Pointer();
 }
 
-int32_t MPictureTable::GetIconSet() const {
+int32_t MPictureTable::GetIconSize() const {
     const int32_t wanted = MStyleScale::Scale(baseSet, scale.GetSmaller());
     const auto isNearer = [&](int32_t one, int32_t other) {
         return std::abs(one - wanted) < std::abs(other - wanted);
@@ -77,29 +89,14 @@ int32_t MPictureTable::GetIconSet() const {
     return best == iconSets.rend() ? baseSet : *best;
 }
 
-int32_t MPictureTable::GetIconSize() const {
-    const int32_t wanted = MStyleScale::Scale(baseSet, scale.GetSmaller());
-    const int32_t set = GetIconSet();
-    return IsNear(set, wanted) ? set : wanted;
-}
-
-MBitmap MPictureTable::Tint(MBitmap mask, MColor color) const {
-    mask.ChangeColors([color](MColor pixel) { return color.WithAlpha(pixel.alpha); });
-    return mask;
-}
-
 MBitmap* MPictureTable::GetIcon(int32_t index) {
     if (!resources || index < 0 || index >= static_cast<int32_t>(icons.size())) return nullptr;
     const auto number = static_cast<size_t>(index);
     Picture& icon = icons[number];
     if (!icon.isMade) {
         icon.isMade = true;
-        const int32_t set = GetIconSet();
-        MBitmap mask = MLoadPicture(*resources, MFormat("icon{0}_{1}", set, MStdIconNames[number]));
-        if (!mask.IsEmpty() && set != GetIconSize())
-            mask = MResample(mask,
-                             {mask.GetWidth() * GetIconSize() / set, mask.GetHeight() * GetIconSize() / set});
-        if (!mask.IsEmpty()) icon.bitmap = Tint(mask, colors->Get(MStyleTone::Shape));
+        icon.bitmap = LoadMask(*resources, MFormat("icon{0}_{1}", GetIconSize(), MStdIconNames[number]),
+                               colors->Get(MStyleTone::Shape));
     }
     return icon.bitmap.IsEmpty() ? nullptr : &icon.bitmap;
 }
@@ -114,12 +111,8 @@ MColor MPictureTable::GetSignColor(size_t index) const {
 
 MBitmap MPictureTable::MakeBitmap(size_t index) const {
     const int32_t wanted = MStyleScale::Scale(BitmapSizes[0], scale.GetSmaller());
-    const MString id = FindSized(*resources, "bitmap", MStdBitmapNames[index], BitmapSizes, wanted);
-    MBitmap mask = MLoadPicture(*resources, id);
-    if (mask.IsEmpty()) return mask;
-    if (!IsNear(mask.GetHeight(), wanted))
-        mask = MResample(mask, {mask.GetWidth() * wanted / mask.GetHeight(), wanted});
-    return Tint(mask, GetSignColor(index));
+    const MString id = FindForm(*resources, "bitmap", MStdBitmapNames[index], BitmapSizes, wanted);
+    return LoadMask(*resources, id, GetSignColor(index));
 }
 
 MBitmap* MPictureTable::GetBitmap(int32_t index) {
@@ -137,8 +130,7 @@ MCursor MPictureTable::MakeCursor(MStdCursor kind) const {
     MCursor cursor;
     cursor.kind = kind;
     const char* const name = MStdCursorNames[static_cast<size_t>(kind)];
-    const int32_t wanted = MStyleScale::Scale(CursorSizes[0], scale.GetSmaller());
-    const MString id = FindSized(*resources, "cursor", name, CursorSizes, wanted);
+    const MString id = FindForm(*resources, "cursor", name, CursorScales, scale.GetSmaller());
     cursor.bitmap = MLoadPicture(*resources, id);
     if (cursor.bitmap.IsEmpty()) return cursor;
     const MXMLItem& item = resources->GetResource(id).GetItem();

@@ -14,10 +14,10 @@ class MXMLItem;
 
 /// The icons, the signs of message boxes and the pointers of a style, made when they are asked for.
 ///
-/// Icons and signs are coverage masks, the alpha of the items "icon10_left" and "bitmapyes"; they are given in
-/// the colour of icons. Of each there may be several sizes: the definition says by "IconSize10" and the like
-/// which sets there are, "IconSizeBase" being that of 100 percent; larger signs and pointers have a size in
-/// their name, "bitmap96_yes" and "cursor64_arrow". Pointers, "cursorarrow", are colours with alpha.
+/// Icons and signs are coverage masks, the items "icon10_left" and "bitmapyes", given in the colour of icons.
+/// Of each there may be several sizes: the definition says by "IconSize10" and the like which sets of icons
+/// there are, "IconSizeBase" being that of 100 percent. Larger signs have their size in their name, as
+/// "bitmap96_yes", and pointers, which are pictures with alpha, their scale: "cursorarrow", "cursor200_arrow".
 class MPictureTable {
 public:
     /// The library outlives the table, or the next `Load`.
@@ -41,9 +41,7 @@ private:
     };
     static constexpr size_t CursorCount = std::size(MStdCursorNames);
 
-    [[nodiscard]] int32_t GetIconSet() const;
     [[nodiscard]] MBitmap MakeBitmap(size_t index) const;
-    [[nodiscard]] MBitmap Tint(MBitmap mask, MColor color) const;
     [[nodiscard]] MColor GetSignColor(size_t index) const;
     [[nodiscard]] MCursor MakeCursor(MStdCursor kind) const;
 
