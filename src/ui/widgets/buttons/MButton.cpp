@@ -2,6 +2,7 @@
 
 #include "foundation/xml/MXMLItem.h"
 #include "ui/control/kinds/MStdColor.h"
+#include "ui/control/kinds/MStdFont.h"
 #include "ui/widgets/content/MHelpUsage.h"
 
 #include <algorithm>
@@ -61,7 +62,7 @@ void MButton::SetSwitchedContent(std::unique_ptr<MContent> newContent) {
 
 void MButton::SetDefault(bool isDefault) {
     Set(MControlFlag::DefaultButton, isDefault);
-    Invalidate();
+    OnContentChanged();
 }
 
 void MButton::SetBackgroundShown(bool isShown) {
@@ -98,6 +99,13 @@ MDrawState MButton::GetDrawState() {
     if (isKeyPressed) return state | MDrawClicked;
     return Is(MControlFlag::LeftDown) && isMouseBeside ? static_cast<MDrawState>(state & ~MDrawClicked)
                                                        : state;
+}
+
+MContentLook MButton::GetContentLook() {
+    MContentLook look = MControlContent::GetContentLook();
+    if (Is(MControlFlag::DefaultButton) && look.font == static_cast<int32_t>(MStdFont::Normal))
+        look.font = static_cast<int32_t>(MStdFont::Bold);
+    return look;
 }
 
 bool MButton::Paint(MDrawer& drawer) {
@@ -183,7 +191,8 @@ void MButton::SaveValueState(MXMLItem& item) {
 }
 
 void MButton::LoadValueState(MXMLItem& item) {
-    if (item.HasAttribute("switched")) (void)SetSwitched(item.GetInt32Attribute("switched") != 0);
+    if (item.HasAttribute("switched") && SetSwitched(item.GetInt32Attribute("switched") != 0))
+        ExecuteOnChange();
 }
 
 void MButton::WriteHelpInfo(MXMLItem& item) {

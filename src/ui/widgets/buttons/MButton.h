@@ -62,6 +62,12 @@ public:
     void LoadValueState(MXMLItem& item) override;
     void WriteHelpInfo(MXMLItem& item) override;
 
+protected:
+    /// Whether mouse or keyboard hold it down.
+    [[nodiscard]] bool IsPressed() const { return isKeyPressed || Is(MControlFlag::LeftDown); }
+    /// The text of a default button is bold.
+    [[nodiscard]] MContentLook GetContentLook() override;
+
 private:
     bool ProcessClickKey(bool isDown);
     void ProcessRelease(MPoint point);

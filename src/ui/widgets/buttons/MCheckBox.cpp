@@ -40,13 +40,19 @@ void MCheckBox::Set(MCheckBoxState newState) {
     if (group && IsOn()) group->OnTurnedOn(*this);
 }
 
+void MCheckBox::Change(MCheckBoxState newState) {
+    if (newState == state) return;
+    Set(newState);
+    ExecuteOnChange();
+}
+
 void MCheckBox::Toggle() {
     if (isRadioButton)
-        Set(MCheckBoxState::On);
+        Change(MCheckBoxState::On);
     else if (hasThreeStates)
-        Set(static_cast<MCheckBoxState>((static_cast<int32_t>(state) + 1) % 3));
+        Change(static_cast<MCheckBoxState>((static_cast<int32_t>(state) + 1) % 3));
     else
-        Set(state == MCheckBoxState::Off ? MCheckBoxState::On : MCheckBoxState::Off);
+        Change(state == MCheckBoxState::Off ? MCheckBoxState::On : MCheckBoxState::Off);
 }
 
 void MCheckBox::SetRadioButton(bool newIsRadioButton) {
@@ -58,9 +64,7 @@ void MCheckBox::SetRadioButton(bool newIsRadioButton) {
 void MCheckBox::ResetToDefault() {
     const MControlRef self(this);
     MControlContent::ResetToDefault();
-    if (!self || state == defaultState) return;
-    Set(defaultState);
-    ExecuteOnChange();
+    if (self) Change(defaultState);
 }
 
 void MCheckBox::LoadFromXml(MXMLItem& item) {
@@ -121,13 +125,22 @@ bool MCheckBox::ProcessEvent(const MSystemEvent& event) {
     const bool isKey = event.type == MEventType::KeyDown || event.type == MEventType::KeyUp;
     const bool isToggleKey = isKey && (event.key == MKeyEnter || event.key == MKeySpace);
     if (event.type == MEventType::LeftDown || (isToggleKey && event.type == MEventType::KeyDown)) {
-        const MCheckBoxState before = state;
         Toggle();
-        if (state != before) ExecuteOnChange();
         return true;
     }
     if (isToggleKey || event.type == MEventType::LeftUp) return true;
+    if (group && event.type == MEventType::KeyDown) {
+        if (event.key == MKeyUp || event.key == MKeyLeft) return GoTo(group->FindNext(*this, -1));
+        if (event.key == MKeyDown || event.key == MKeyRight) return GoTo(group->FindNext(*this, 1));
+    }
     return MControlContent::ProcessEvent(event);
+}
+
+bool MCheckBox::GoTo(MCheckBox& box) {
+    const MControlRef next(&box);
+    SetFocus(&box);
+    if (next) box.Toggle();
+    return true;
 }
 
 void MCheckBox::SaveValueState(MXMLItem& item) {
@@ -135,7 +148,7 @@ void MCheckBox::SaveValueState(MXMLItem& item) {
 }
 
 void MCheckBox::LoadValueState(MXMLItem& item) {
-    if (item.HasAttribute("check")) Set(ParseState(item.GetCachedAttribute()));
+    if (item.HasAttribute("check")) Change(ParseState(item.GetCachedAttribute()));
 }
 
 void MCheckBox::WriteHelpInfo(MXMLItem& item) {

@@ -29,7 +29,7 @@ public:
     /// others of a group go off.
     void Set(MCheckBoxState newState);
     using MControlContent::Set;
-    /// To the next state: of two, or of three.
+    /// As the user does: to the next state, of two or of three. Raises `OnChange()` if it is another one.
     void Toggle();
     void SetThreeState(bool newHasThreeStates) { hasThreeStates = newHasThreeStates; }
     /// What `ResetToDefault` brings back.
@@ -54,6 +54,9 @@ public:
 private:
     friend class MCheckBoxGroup;
 
+    void Change(MCheckBoxState newState);
+    /// Moves the focus within the group, and chooses what gets it.
+    bool GoTo(MCheckBox& box);
     /// Of the mark, and of it with its distance to the text.
     [[nodiscard]] MPoint GetMarkSize();
     [[nodiscard]] MPoint GetMarkRoom();

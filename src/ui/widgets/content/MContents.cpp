@@ -36,9 +36,11 @@ MPoint MContentText::GetSize(MDrawer& drawer, const MContentLook& look) {
 void MContentText::Paint(MDrawer& drawer, const MRect& rect, const MContentLook& look) {
     MColor color;
     MFont* const font = GetFont(drawer, look, color);
-    if (font)
-        drawer.DrawText(rect, *font, MShortenText(*font, text, rect.GetWidth()), color,
-                        ToTextAlignment(look.alignment));
+    if (!font) return;
+    const MString shown = MShortenText(*font, text, rect.GetWidth());
+    MClipScope clip(drawer);
+    if (!shown.IsExactly(text) && clip.Intersect(rect)) return;
+    drawer.DrawText(rect, *font, shown, color, ToTextAlignment(look.alignment));
 }
 
 MPoint MContentPicture::GetSize(MDrawer& drawer, const MContentLook&) {

@@ -37,18 +37,18 @@ bool MControlValueVerticalDragging::IsDragged() const {
 void MControlValueVerticalDragging::Begin(Drag newDrag, MPoint point) {
     drag = newDrag;
     lastPoint = point;
-    startPosition = GetActiveValue().GetNormalized();
-    position = newDrag == Drag::Plain ? GetGrabbedPosition(point) : startPosition;
-    if (position != startPosition)
-        Modify([this](MValue& active) { active.SetNormalized(position); }, Change::Intermediate);
+    startValue = GetActiveValue().GetNormalized();
+    draggedValue = newDrag == Drag::Plain ? GetGrabbedPosition(point) : startValue;
+    if (draggedValue != startValue)
+        Modify([this](MValue& active) { active.SetNormalized(draggedValue); }, Change::Intermediate);
 }
 
 void MControlValueVerticalDragging::MoveTo(MPoint point) {
     constexpr int32_t AccurateSlowness = 10;
     if (point == lastPoint) return;
-    position = drag == Drag::Plain ? GetDraggedPosition(point) : GetVertically(point, AccurateSlowness);
+    draggedValue = drag == Drag::Plain ? GetDraggedPosition(point) : GetVertically(point, AccurateSlowness);
     lastPoint = point;
-    Modify([this](MValue& active) { active.SetNormalized(position); }, Change::Intermediate);
+    Modify([this](MValue& active) { active.SetNormalized(draggedValue); }, Change::Intermediate);
 }
 
 double MControlValueVerticalDragging::GetDraggedPosition(MPoint point) {
@@ -59,17 +59,17 @@ double MControlValueVerticalDragging::GetVertically(MPoint point, int32_t slowne
     constexpr int32_t WholeWay = 200;
     MStyle* const style = GetStyle();
     const int32_t way = std::max(style ? style->ScaleY(WholeWay) : WholeWay, 1) * slowness;
-    return std::clamp(position + static_cast<double>(lastPoint.y - point.y) / way, 0.0, 1.0);
+    return std::clamp(draggedValue + static_cast<double>(lastPoint.y - point.y) / way, 0.0, 1.0);
 }
 
 void MControlValueVerticalDragging::End() {
     drag = Drag::None;
-    if (GetActiveValue().GetNormalized() != startPosition) OnChange(Change::Committed).Fire({this});
+    if (GetActiveValue().GetNormalized() != startValue) OnChange(Change::Committed).Fire({this});
 }
 
 void MControlValueVerticalDragging::Cancel() {
     drag = Drag::None;
-    Modify([this](MValue& active) { active.SetNormalized(startPosition); });
+    Modify([this](MValue& active) { active.SetNormalized(startValue); });
 }
 
 void MControlValueVerticalDragging::OnCaptureLost() {

@@ -30,7 +30,7 @@ private:
     [[nodiscard]] double GetVertically(MPoint point, int32_t slowness);
 
     Drag drag = Drag::None;
-    double startPosition = 0;
-    double position = 0;  ///< of the mouse, which may lie between two values
+    double startValue = 0;
+    double draggedValue = 0;  ///< by the mouse, which may lie between two values
     MPoint lastPoint;
 };

@@ -1,0 +1,93 @@
+#include "foundation/xml/MXMLItem.h"
+#include "tests/ui/widgets/WidgetFixture.h"
+#include "ui/widgets/buttons/MCheckBoxGroup.h"
+
+#include <random>
+
+namespace {
+
+using MCheckBoxTest = WidgetTest;
+using enum MCheckBoxState;
+
+TEST_F(MCheckBoxTest, TogglesWhenItIsPressed) {
+    auto& box = Add<MCheckBox>({10, 10, 89, 33}, "box");
+    Open(root);
+    Press(box);
+    EXPECT_EQ(Take(), "box:change") << "at the press";
+    user.ReleaseButton();
+    EXPECT_EQ(Take(), "box:click");
+    box.SetThreeState(true);
+    std::vector<MCheckBoxState> states;
+    for (const int32_t key : {MKeyEnter, MKeySpace, MKeyEnter}) {
+        user.PressKey(key);
+        states.push_back(box.Get());
+    }
+    EXPECT_EQ(states, (std::vector{Grayed, Off, On}));
+    EXPECT_EQ(Take(), "box:change box:change box:change") << "at the press alone";
+    box.Set(On);
+    EXPECT_EQ(Take(), "");
+    EXPECT_EQ(FailureOf([&] { box.Set(static_cast<MCheckBoxState>(3)); }),
+              "2: Invalid checkbox state to get image to.");
+}
+
+TEST_F(MCheckBoxTest, ReadsAndKeepsItsState) {
+    MXMLItem item("checkbox");
+    item.SetAttribute("threestate", 1);
+    item.SetAttribute("default", "grayed");
+    item.SetAttribute("caption", "Text");
+    auto& box = Add<MCheckBox>({10, 10, 89, 33}, "box");
+    box.LoadFromXml(item);
+    EXPECT_EQ(box.Get(), Grayed);
+    EXPECT_EQ(box.GetCaptionType(), MCaptionType::None) << "the caption is its text";
+    box.Set(MControlFlag::SaveValue);
+    MXMLItem state("state");
+    EXPECT_TRUE(root.SaveState(state));
+    box.Set(On);
+    root.LoadState(state);
+    EXPECT_EQ(box.Get(), Grayed);
+    box.Set(Off);
+    root.ResetToDefault();
+    EXPECT_EQ(box.Get(), Grayed);
+}
+
+TEST_F(MCheckBoxTest, OneOfAGroupIsOn) {
+    auto group = std::make_unique<MCheckBoxGroup>();
+    std::vector<MCheckBox*> boxes;
+    for (int32_t i = 0; i < 4; ++i) {
+        boxes.push_back(&Add<MCheckBox>(MRect::FromSize(10, 10 + 30 * i, 80, 24)));
+        group->Add(*boxes.back());
+    }
+    boxes[2]->SetEnabled(false);
+    Open(root);
+    user.Click(At(*boxes[1]));
+    std::mt19937 random(1);
+    size_t model = 1;
+    for (int32_t round = 0; round < 200; ++round) {
+        const size_t i = random() % 4;
+        switch (random() % 3) {
+        case 0:
+            user.Click(At(*boxes[i]));
+            if (i != 2) model = i;
+            break;
+        case 1:
+            user.PressKey(MKeyDown);
+            model = model == 1 ? 3 : (model + 1) % 4;
+            break;
+        default:
+            user.PressKey(MKeyLeft);
+            model = model == 3 ? 1 : (model + 3) % 4;
+            break;
+        }
+        ASSERT_EQ(group->GetChosen(), boxes[model]) << round;
+        ASSERT_TRUE(boxes[model]->HasFocus());
+        for (size_t k = 0; k < 4; ++k) ASSERT_EQ(boxes[k]->IsOn(), k == model);
+    }
+    delete boxes[model];
+    EXPECT_EQ(group->GetChosen(), nullptr);
+    group.reset();
+    boxes[2]->SetEnabled(true);
+    user.Click(At(*boxes[2]));
+    EXPECT_TRUE(boxes[2]->IsOn());
+}
+
+}  // namespace
