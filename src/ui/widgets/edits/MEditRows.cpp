@@ -38,8 +38,9 @@ void MEditRows::Forget() {
 bool MEditRows::Fits(const MEditLook& otherLook, int32_t count) const {
     int32_t unused = 0;
     for (int32_t start = 0; count > 0; --count) {
-        start = BreakRow(otherLook, start, unused);
-        if (IsLastRow(start)) return true;
+        const int32_t end = BreakRow(otherLook, start, unused);
+        if (IsLastRow(start, end)) return true;
+        start = end;
     }
     return false;
 }
@@ -58,8 +59,9 @@ MEditRows::Changed MEditRows::Update(int32_t start, int32_t removed, int32_t ins
         const int32_t middle = low + (high - low) / 2;
         (getOldStart(middle) <= start ? low : high) = middle;
     }
-    // Its first word may fit into the row before now.
-    if (look.wrapWidth > 0 && low > 0) --low;
+    // Its first word may fit into the row before now, and where that was cut within a word, the first character
+    // may also be the one that did not fit into the row before that.
+    if (look.wrapWidth > 0) low = std::max(0, low - 2);
     // Where the gap lies is told by distances from the end, which the change has not touched behind it.
     while (static_cast<int32_t>(before.size()) > low) {
         behind.push_back({oldLength - before.back().start, before.back().width});
@@ -90,7 +92,7 @@ MEditRows::Changed MEditRows::BreakFrom(int32_t start, int32_t unchangedFrom) {
         before.push_back({start, width});
         widest = std::max(widest, width);
         ++changed.added;
-        if (IsLastRow(end)) {
+        if (IsLastRow(start, end)) {
             while (!behind.empty()) drop();
             break;
         }
@@ -99,8 +101,8 @@ MEditRows::Changed MEditRows::BreakFrom(int32_t start, int32_t unchangedFrom) {
     return changed;
 }
 
-bool MEditRows::IsLastRow(int32_t end) const {
-    return end == text.GetLength() && (end == 0 || text[end - 1] != '\n');
+bool MEditRows::IsLastRow(int32_t start, int32_t end) const {
+    return end == text.GetLength() && (end == start || text[end - 1] != '\n');
 }
 
 int32_t MEditRows::BreakRow(const MEditLook& shown, int32_t start, int32_t& width) const {

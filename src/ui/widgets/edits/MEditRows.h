@@ -85,7 +85,7 @@ private:
 
     /// Where the row that begins at `start` ends. `width` becomes its own.
     [[nodiscard]] int32_t BreakRow(const MEditLook& shown, int32_t start, int32_t& width) const;
-    [[nodiscard]] bool IsLastRow(int32_t end) const;
+    [[nodiscard]] bool IsLastRow(int32_t start, int32_t end) const;
     /// Breaks from a row on, the first one of those behind, which begins at `start`, until rows are as before.
     Changed BreakFrom(int32_t start, int32_t unchangedFrom);
 

@@ -18,6 +18,7 @@ MMultiLineEdit::MMultiLineEdit(MControl* parent, const MString& name) : MEdit(pa
 }
 
 MMultiLineEdit::Needs MMultiLineEdit::GetNeeds(const MRect& rect) {
+    if (!IsMultiLine() || !GetStyle()) return {};
     // The text's border is the same on both sides of each rectangle.
     const MRect text = GetTextRectangle();
     const MPoint border{clientRect.GetWidth() - text.GetWidth(), clientRect.GetHeight() - text.GetHeight()};
@@ -35,7 +36,7 @@ MMultiLineEdit::Needs MMultiLineEdit::GetNeeds(const MRect& rect) {
 
 void MMultiLineEdit::AdjustRectangles(MRect&, MRect& newClientRect) {
     barsRect = newClientRect;
-    shown = IsMultiLine() && GetStyle() ? GetNeeds(barsRect) : Needs();
+    shown = GetNeeds(barsRect);
     const int32_t width = shown.vertical ? vertical.GetThickness() : 0;
     const int32_t height = shown.horizontal ? horizontal.GetThickness() : 0;
     newClientRect.right -= width;
@@ -48,7 +49,7 @@ void MMultiLineEdit::AdjustRectangles(MRect&, MRect& newClientRect) {
 }
 
 void MMultiLineEdit::OnViewChanged() {
-    if (!GetStyle() || barsRect.IsEmpty()) return;
+    if (barsRect.IsEmpty()) return;
     if (GetNeeds(barsRect) == shown) return ShowBars();
     {
         const MEmulatedLockGuard guard(&GetRootState().lock, MERWLock::Write);

@@ -47,7 +47,8 @@ int32_t SkipKindBack(const MEditText& text, int32_t index) {
 }  // namespace
 
 bool MIsAttached(char32_t previous, char32_t character) {
-    if (previous == '\n' || character == '\n' || character == '\t') return false;
+    const auto isLayout = [](char32_t either) { return either == '\n' || either == '\t'; };
+    if (isLayout(previous) || isLayout(character)) return false;
     return MIsCombining(character) || MIsInvisible(character) || previous == Joiner;
 }
 
