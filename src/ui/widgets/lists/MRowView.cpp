@@ -238,11 +238,21 @@ int32_t MRowView::FindRowAt(MPoint point) {
 
 void MRowView::ScrollTo(int64_t place) {
     EnsurePlaces();
-    place = std::clamp<int64_t>(place, 0, GetGreatestPlace());
-    if (place == scrollPlace) return;
-    const int32_t anchor = place < scrollPlace ? places.FindLine(scrollPlace) : -1;
-    scrollPlace = place;
+    // What is seen of the rows that stay in the view goes exactly so far.
+    Scroll(place, place < scrollPlace ? places.FindLine(scrollPlace) : -1);
+}
+
+void MRowView::Scroll(int64_t place, int32_t anchor) {
+    const int64_t before = scrollPlace;
+    const bool isToEnd = place >= GetGreatestPlace();
+    scrollPlace = std::clamp<int64_t>(place, 0, GetGreatestPlace());
+    if (scrollPlace == before) return;
     MeasureView(anchor);
+    // The end is where the last lines prove to end.
+    while (isToEnd && scrollPlace < GetGreatestPlace()) {
+        scrollPlace = GetGreatestPlace();
+        MeasureView(-1);
+    }
     UpdateScrollBar();
     Invalidate();
 }
@@ -256,7 +266,7 @@ void MRowView::ScrollToRow(int32_t row) {
     const int64_t bottom = places.GetTop(line + 1);
     const int32_t height = viewRect.GetHeight();
     if (top < scrollPlace || bottom - top > height)
-        ScrollTo(top);
+        Scroll(top, -1);
     else if (bottom > scrollPlace + height)
-        ScrollTo(bottom - height);
+        Scroll(bottom - height, line);
 }

@@ -112,6 +112,8 @@ private:
     void MeasureView(int32_t anchor);
     /// That the view can be scrolled to.
     [[nodiscard]] int64_t GetGreatestPlace();
+    /// The lines above `anchor` keep their distance to it when they prove to be higher.
+    void Scroll(int64_t place, int32_t anchor);
     void UpdateScrollBar();
     void OnScrolled(const MOnNotifyParams& params);
     /// The row that the user can choose about a page further on.

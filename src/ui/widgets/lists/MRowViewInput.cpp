@@ -66,6 +66,7 @@ bool MRowView::ProcessMove(int32_t key, MKeyModifiers modifiers) {
 
 bool MRowView::ProcessCharacter(char16_t unit, MKeyModifiers modifiers) {
     if (MChar(unit).IsControl() || modifiers & (MModifierControl | MModifierAlt)) return false;
+    if (unit == ' ' && !IsTyping()) return false;
     const int32_t row = typeAhead.Type(unit, GetTime(), focusedRow, GetRowCount(), [this](int32_t other) {
         MListBoxItemBaseWithFeatures& item = GetRow(other);
         return item.IsSelectable() ? item.GetPlainText() : MString();
