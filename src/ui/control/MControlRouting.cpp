@@ -13,8 +13,8 @@
 //                                here unless a child has consumed it, a key only on the last control of its
 //                                path
 //     5. hot keys                if nobody has consumed the key
-//     6. ProcessGlobalEvent      on the root: first of the overlay windows, for Enter of the default button,
-//                                then its own
+//     6. ProcessGlobalEvent      on the root: first of the overlay windows, for Enter of the default button
+//                                and for other keys of the menu bar, then its own
 //     7. help                    on the root
 //
 // Each of these may end any control, so nothing is touched after a call but through an `MControlRef`.
@@ -34,13 +34,22 @@ bool IsEnter(const MSystemEvent& event) {
     return (event.type == MEventType::KeyDown || event.type == MEventType::KeyUp) && event.key == MKeyEnter;
 }
 
-/// The first default button that the user could press, or null.
-MControl* FindDefaultButton(MControl& control) {
+/// The first control that the user could use and that is looked for, or null.
+template <class IsWanted>
+MControl* FindUsable(MControl& control, IsWanted isWanted) {
     if (!control.Is(MControlFlag::Visible) || !control.IsEnabled()) return nullptr;
-    if (control.Is(MControlFlag::DefaultButton)) return &control;
+    if (isWanted(control)) return &control;
     for (MControl* child : control.GetChildren())
-        if (MControl* const found = FindDefaultButton(*child)) return found;
+        if (MControl* const found = FindUsable(*child, isWanted)) return found;
     return nullptr;
+}
+
+/// Who in a window hears of what nobody has consumed, or null.
+MControl* FindGlobalReceiver(MControl& root, const MSystemEvent& event) {
+    if (IsEnter(event))
+        return FindUsable(root, [](const MControl& on) { return on.Is(MControlFlag::DefaultButton); });
+    if (!event.IsKeyboard()) return nullptr;
+    return FindUsable(root, [](const MControl& on) { return on.GetControlType() == MControlType::MenuBar; });
 }
 
 }  // namespace
@@ -154,8 +163,8 @@ bool MControl::ProcessGlobally(const MSystemEvent& event) {
                 event.point + system->GetFrame(*this).GetTopLeft() - system->GetFrame(overlay).GetTopLeft();
         if (overlay.ProcessGlobalEvent(own)) return true;
     }
-    MControl* const button = self && IsEnter(event) ? FindDefaultButton(*this) : nullptr;
-    if (button && button->ProcessGlobalEvent(event)) return true;
+    MControl* const receiver = self ? FindGlobalReceiver(*this, event) : nullptr;
+    if (receiver && receiver->ProcessGlobalEvent(event)) return true;
     return !self || ProcessGlobalEvent(event);
 }
 
