@@ -36,6 +36,8 @@ void MClassLook::Load(MXMLItem* item, MXMLItem& root) {
     captions = {};
     element = item;
     if (!item) return;
+    if (item->HasAttribute("like"))
+        if (MXMLItem* const other = root.FindSubItem(item->GetCachedAttribute())) element = item = other;
     for (MXMLItem* child : item->GetSubItems()) {
         for (size_t i = 0; i < pieces.size(); ++i) {
             if (!(child->GetName() == MStylePieceNames[i])) continue;

@@ -11,6 +11,7 @@ enum class MStyleClass : uint8_t {
     Window,
     Panel,
     Control,
+    Static,
     Edit,
     Menu,
     Button,
@@ -32,10 +33,10 @@ enum class MStyleClass : uint8_t {
 };
 
 inline constexpr const char* MStyleClassNames[] = {
-    "window",        "panel",       "control",    "edit",    "menu",        "button",
-    "captionbutton", "radiobutton", "checkbox",   "tracker", "progressbar", "rotator",
-    "knob",          "hscrollbar",  "vscrollbar", "tabset",  "menubar",     "controlcheckbox",
-    "listcontrol",   "treecontrol", "splitter"};
+    "window",          "panel",         "control",     "static",     "edit",    "menu",
+    "button",          "captionbutton", "radiobutton", "checkbox",   "tracker", "progressbar",
+    "rotator",         "knob",          "hscrollbar",  "vscrollbar", "tabset",  "menubar",
+    "controlcheckbox", "listcontrol",   "treecontrol", "splitter"};
 template <>
 inline constexpr std::span<const char* const> MEnumNames<MStyleClass> = MStyleClassNames;
 

@@ -17,8 +17,8 @@ namespace {
 std::optional<MStyleClass> GetStyleClass(MControlType type) {
     switch (type) {
     case MControlType::Empty:
-    case MControlType::NoBackground:
-    case MControlType::Static: return std::nullopt;
+    case MControlType::NoBackground: return std::nullopt;
+    case MControlType::Static: return MStyleClass::Static;
     case MControlType::Window: return MStyleClass::Window;
     case MControlType::Panel: return MStyleClass::Panel;
     case MControlType::Control: return MStyleClass::Control;

@@ -42,9 +42,9 @@ void MTexturedStyle::PaintCaption(MControl& control, MDrawer& drawer) {
         MRect rect = control.windowRect;
         rect.bottom = rect.top + GetCaptionHeight(control) - 1;
         caption->image.Paint(drawer, rect, control.GetDrawState(), GetContext());
-        rect.left += scale.GetX(caption->contentLeftBorder);
+        rect.left += scale.GetX(caption->contentLeftBorder + caption->textOffset);
         rect.right -= scale.GetX(caption->contentRightBorder);
-        rect.top += scale.GetY(caption->topBorder + caption->textOffset);
+        rect.top += scale.GetY(caption->topBorder);
         MColor color;
         MFont* const font = GetFont(caption->font, 0, IsInverted(control), control.GetDrawState(), color);
         if (!font) return;

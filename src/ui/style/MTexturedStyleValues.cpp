@@ -93,7 +93,7 @@ void MTexturedStyle::PaintDial(MStyleClass styleClass, MDrawer& drawer, const MR
     };
     const double position = Cut(value.value);
     const MStyleColors& colors = GetColors();
-    paintArc(0, 1, colors.Get(MStyleTone::Sunk));
+    paintArc(0, 1, colors.Get(MStyleTone::Groove));
     paintArc(value.maxValue ? position : Cut(value.origin), value.maxValue ? Cut(*value.maxValue) : position,
              colors.Get(MStyleTone::Accent));
 

@@ -45,7 +45,7 @@ int32_t MContrast::GetLuminance(MColor color) {
 int32_t MContrast::GetRatio(MColor one, MColor other) {
     // A twentieth of white is what the surroundings reflect.
     constexpr int32_t Flare = 65535 / 20;
-    const auto [low, high] = std::minmax(GetLuminance(one), GetLuminance(other));
+    const auto [low, high] = std::minmax({GetLuminance(one), GetLuminance(other)});
     return static_cast<int32_t>(int64_t{Unit} * (high + Flare) / (low + Flare));
 }
 

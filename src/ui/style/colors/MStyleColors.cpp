@@ -34,12 +34,12 @@ struct DefaultTone {
 };
 
 constexpr DefaultTone DefaultTones[] = {{0, 93, 255}, {0, 78, 255}, {0, 71, 255}, {0, 18, 255}, {0, 21, 255},
-                                        {0, 27, 255}, {0, 32, 255}, {0, 24, 255}, {0, 13, 255}, {0, 93, 33},
-                                        {0, 54, 255}, {0, 100, 23}, {0, 0, 87},   {3, 58, 255}, {3, 49, 255},
-                                        {3, 6, 255},  {3, 66, 255}, {3, 58, 44}};
+                                        {0, 27, 255}, {0, 32, 255}, {0, 24, 255}, {0, 13, 255}, {0, 12, 255},
+                                        {0, 93, 33},  {0, 54, 255}, {0, 100, 23}, {0, 0, 87},   {3, 58, 255},
+                                        {3, 49, 255}, {3, 6, 255},  {3, 66, 255}, {3, 58, 44}};
 
-constexpr MStyleTone Surfaces[] = {MStyleTone::Ground, MStyleTone::Panel, MStyleTone::Control,
-                                   MStyleTone::Sunk};
+/// What coloured text stands on.
+constexpr MStyleTone Surfaces[] = {MStyleTone::Ground, MStyleTone::Panel, MStyleTone::Sunk};
 
 }  // namespace
 
@@ -141,7 +141,9 @@ void MStyleColors::Resolve() {
         const auto tone = static_cast<MStyleTone>(i);
         const bool isPlain = i <= static_cast<size_t>(MStdColor::Shape);
         const Entry* const entry = Find(MStdColorNames[i]);
-        const MColor color = isPlain ? Get(tone) : entry ? entry->color : Get(MStyleTone::Text);
+        // The lightness of a colour that has no inverted form follows what it stands on.
+        const MColor color =
+            isPlain || !entry ? Get(isPlain ? tone : MStyleTone::Text) : Resolve(*entry, !entry->hasInverted);
         stdColors[0][i] = isPlain ? color : MContrast::GetReadable(color, surfaces, MContrast::Text);
         stdColors[1][i] =
             isPlain ? Get(MStyleTone::AccentText) : MContrast::GetReadable(color, accents, MContrast::Text);

@@ -23,6 +23,7 @@ enum class MStyleTone : uint8_t {
     Hover,
     Press,
     Sunk,
+    Groove,  ///< what a value moves along
     Line,
     EntryLine,  ///< around what can be filled in
     Light,      ///< on an upper edge
@@ -35,9 +36,10 @@ enum class MStyleTone : uint8_t {
     Count,
 };
 
-inline constexpr const char* MStyleToneNames[] = {
-    "text", "shape",     "soft",  "ground", "panel",  "control",    "hover",      "press", "sunk",
-    "line", "entryline", "light", "shade",  "accent", "accentdeep", "accenttext", "ring",  "selection"};
+inline constexpr const char* MStyleToneNames[] = {"text",       "shape",      "soft",  "ground",   "panel",
+                                                  "control",    "hover",      "press", "sunk",     "groove",
+                                                  "line",       "entryline",  "light", "shade",    "accent",
+                                                  "accentdeep", "accenttext", "ring",  "selection"};
 template <>
 inline constexpr std::span<const char* const> MEnumNames<MStyleTone> = MStyleToneNames;
 

@@ -42,6 +42,7 @@ void GeneratedImage::Load(MXMLItem& item) {
     shape = MValueEnum<MGeneratedShape>::FromName(item.GetAttribute("type", MString()));
     cornerType = MValueEnum<MCornerType>::FromName(item.GetAttribute("cornertype", MString()));
     corners = MValueEnum<MCornerSide>::FromName(item.GetAttribute("corners", MString()));
+    edge = MValueEnum<MCornerSide>::FromName(item.GetAttribute("edge", MString()));
     alpha = static_cast<uint8_t>(std::clamp(item.GetInt32Attribute("alpha", 255), 0, 255));
     operation = MParseColorOp(item.GetAttribute("op", MString()));
     color = item.GetAttribute("color", MString());
@@ -135,9 +136,9 @@ GeneratedImage::Outlines GeneratedImage::GetOutlines(const MRect& rect, int32_t 
                         : Outlines{MOutlines::GetCircle(center, length / 2.0)};
     }
     case MGeneratedShape::Check:
-        return place({{1.8, 8.2}, {3.6, 6.4}, {6.4, 9.2}, {12.4, 3.2}, {14.2, 5}, {6.4, 12.8}});
+        return place({{1, 8.4}, {3.2, 6.2}, {6.4, 9.4}, {12.8, 3}, {15, 5.2}, {6.4, 13.8}});
     case MGeneratedShape::Dash: {
-        const int32_t thickness = std::max(length / 6, 1);
+        const int32_t thickness = std::max((length + 2) / 5, 1);
         const int32_t inset = length / 8;
         const int32_t y = top + (length - thickness) / 2;
         return {MOutlines::GetRectangle(left - 0.5 + inset, y - 0.5, left - 0.5 + length - inset,
@@ -156,7 +157,7 @@ GeneratedImage::Outlines GeneratedImage::GetOutlines(const MRect& rect, int32_t 
         outlines[0] = MOutlines::GetReversed(outlines[0]);
         outlines.push_back(
             MOutlines::GetRectangle(rect.left - 0.5, rect.top - 0.5, rect.right + 0.5, rect.bottom + 0.5));
-    } else if (line > 0) {
+    } else if (line > 0 && edge == MCornerSide::All) {
         outlines.push_back(MOutlines::GetReversed(GetCutRectangle(rect, corner, line)));
     }
     return outlines;
@@ -172,7 +173,25 @@ void GeneratedImage::Fill(MBitmap& bitmap, const MRect& rect, const Outlines& ou
                                     MDrawMode::Overlay);
     else
         drawer.FillOutlines(outlines, from, MDrawMode::Overlay);
+    if (edge != MCornerSide::All) KeepEdge(layer, context.scale.GetLine(lineWidth));
     MComposite(bitmap, layer, operation);
+}
+
+void GeneratedImage::KeepEdge(MBitmap& layer, int32_t line) const {
+    const MPoint inward = edge == MCornerSide::Top      ? MPoint{0, -line}
+                          : edge == MCornerSide::Bottom ? MPoint{0, line}
+                          : edge == MCornerSide::Left   ? MPoint{-line, 0}
+                                                        : MPoint{line, 0};
+    const MBitmap whole = layer;
+    const MRect all = MRect::FromSize(0, 0, layer.GetWidth(), layer.GetHeight());
+    for (int32_t y = 0; y < layer.GetHeight(); ++y) {
+        MColor* const row = layer.EditRow(y);
+        for (int32_t x = 0; x < layer.GetWidth(); ++x) {
+            const MPoint other = MPoint{x, y} + inward;
+            const int32_t inside = all.Contains(other) ? whole.GetPixel(other.x, other.y).alpha : 0;
+            row[x].alpha = static_cast<uint8_t>(std::max(row[x].alpha - inside, 0));
+        }
+    }
 }
 
 void GeneratedImage::Draw(MBitmap& bitmap, const MImageContext& context) const {

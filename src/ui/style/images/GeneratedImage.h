@@ -39,7 +39,7 @@ inline constexpr const char* MCornerTypeNames[] = {"Round", "Round exterior", "T
 template <>
 inline constexpr std::span<const char* const> MEnumNames<MCornerType> = MCornerTypeNames;
 
-/// Which corners are cut; the others are right angles.
+/// Which corners are cut, the others being right angles; or which edges have a line.
 enum class MCornerSide : uint8_t { All, Top, Bottom, Left, Right };
 
 inline constexpr const char* MCornerSideNames[] = {"all", "top", "bottom", "left", "right"};
@@ -74,6 +74,8 @@ private:
 
     [[nodiscard]] Outlines GetOutlines(const MRect& rect, int32_t corner, int32_t line) const;
     [[nodiscard]] MOutlines::Outline GetCutRectangle(const MRect& rect, int32_t corner, int32_t inset) const;
+    /// Leaves of a layer, which is filled in one colour, what lies at one edge.
+    void KeepEdge(MBitmap& layer, int32_t line) const;
     void Fill(MBitmap& bitmap, const MRect& rect, const Outlines& outlines, const MString& text,
               const MColorTransfer& transfer, bool hasGradient, const MImageContext& context) const;
     [[nodiscard]] MColor GetColor(const MString& text, const MColorTransfer& transfer,
@@ -87,6 +89,7 @@ private:
     MGeneratedShape shape = MGeneratedShape::Rectangle;
     MCornerType cornerType = MCornerType::Round;
     MCornerSide corners = MCornerSide::All;
+    MCornerSide edge = MCornerSide::All;  ///< the only one that a line is drawn at
     uint8_t alpha = 255;
     MColorOp operation = MColorOp::None;
     MString color;
