@@ -1,10 +1,10 @@
-# Version information and manifest of the Windows programs.
+# Version information, manifest and icon of the Windows programs.
 
 if(WIN32)
     enable_language(RC)
 endif()
 
-# Gives a target its manifest and version information. Without a manifest that says asInvoker, Windows takes
+# Gives a target its manifest, version information and icon. Without a manifest that says asInvoker, Windows takes
 # every 32-bit program with "setup" in its name for an installer and asks for an administrator.
 function(corvanth_add_windows_resources target description)
     if(NOT WIN32)
@@ -18,5 +18,5 @@ function(corvanth_add_windows_resources target description)
     configure_file("${CMAKE_SOURCE_DIR}/cmake/windows/Program.rc.in" "${folder}/Program.rc" @ONLY)
     target_sources(${target} PRIVATE "${folder}/Program.rc")
     set_source_files_properties("${folder}/Program.rc" TARGET_DIRECTORY ${target}
-        PROPERTIES OBJECT_DEPENDS "${folder}/Program.manifest" INCLUDE_DIRECTORIES "${folder}")
+        PROPERTIES OBJECT_DEPENDS "${folder}/Program.manifest;${CMAKE_SOURCE_DIR}/data/icons/program.ico" INCLUDE_DIRECTORIES "${folder}")
 endfunction()

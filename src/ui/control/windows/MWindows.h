@@ -60,6 +60,11 @@ public:
     /// What the window system calls when one of them may have changed.
     void UpdateDesktop();
 
+    /// What the window manager shows for windows that are made from now on, one picture in several sizes.
+    /// Programs for Windows have theirs in their resources.
+    void SetIcons(const MList<MBitmap>& pictures) { icons = pictures; }
+    [[nodiscard]] const MList<MBitmap>& GetIcons() const { return icons; }
+
     // Registration, by the roots and invalidators themselves.
     void AddRoot(MControl& root);
     void RemoveRoot(MControl& root);
@@ -108,6 +113,7 @@ private:
     [[nodiscard]] Desktop ReadDesktop() const;
 
     std::unique_ptr<MWindowSystem> system;
+    MList<MBitmap> icons;
     Desktop desktop;
     MEvent<MOnNotifyParams> onDesktop;
     std::unique_ptr<MStyle> style;

@@ -4,6 +4,7 @@
 #include "foundation/base/MGuard.h"
 #include "foundation/text/MUnicode.h"
 #include "ui/control/MControlRoot.h"
+#include "ui/control/windows/MWindows.h"
 #include "ui/window/MNativeWindowSystem.h"
 #include "ui/window/x11/MXWindow.h"
 #include "ui/window/x11/display/MXMonitors.h"
@@ -63,6 +64,7 @@ void MWindowSystemX11::CreateWindow(MControl& root, const MString& caption, MPoi
         std::make_unique<MXWindow>(platform->display, MRect::FromSize(position.x, position.y, size.x, size.y),
                                    static_cast<xcb_window_t>(parent), isInTaskbar);
     window->SetCaption(caption);
+    window->SetIcons(owner->GetIcons());
     if (acceleration) {
         const MXDisplay& display = platform->display;
         std::shared_ptr<MWindowPainter> painter = acceleration->CreatePainter(

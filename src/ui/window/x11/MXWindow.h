@@ -35,6 +35,7 @@ public:
     [[nodiscard]] bool IsManaged() const { return !isUnmanaged && !isEmbedded; }
 
     void SetCaption(const MString& caption);
+    void SetIcons(const MList<MBitmap>& pictures) const;
     void SetOwner(xcb_window_t owner);
     /// Puts it into another program's window, or with `XCB_WINDOW_NONE` back on the screen.
     void Embed(xcb_window_t parent);

@@ -73,6 +73,17 @@ void MXWindow::TellSizes(const MControl& root) const {
     connection.SetWords(id, MXAtom::WMNormalHints, XCB_ATOM_WM_SIZE_HINTS, ToWords(hints));
 }
 
+void MXWindow::SetIcons(const MList<MBitmap>& pictures) const {
+    std::basic_string<uint32_t> words;
+    for (const MBitmap& picture : pictures) {
+        const MBitmap direct = picture.ToDirect();
+        words += {static_cast<uint32_t>(direct.GetWidth()), static_cast<uint32_t>(direct.GetHeight())};
+        for (int32_t y = 0; y < direct.GetHeight(); ++y)
+            for (int32_t x = 0; x < direct.GetWidth(); ++x) words += direct.GetRow(y)[x].GetWord();
+    }
+    if (!words.empty()) connection.SetWords(id, MXAtom::NetWMIcon, XCB_ATOM_CARDINAL, words);
+}
+
 void MXWindow::TellManager(const MControl& root) const {
     TellSizes(root);
     constexpr uint32_t Normal = 1;

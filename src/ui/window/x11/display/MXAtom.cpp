@@ -19,6 +19,7 @@ constexpr const char* Texts[] = {
     "_NET_ACTIVE_WINDOW",
     "_NET_CLIENT_LIST",
     "_NET_SUPPORTED",
+    "_NET_WM_ICON",
     "_NET_WM_NAME",
     "_NET_WM_PID",
     "_NET_WM_PING",

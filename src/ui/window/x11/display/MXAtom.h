@@ -18,6 +18,7 @@ enum class MXAtom {
     NetActiveWindow,
     NetClientList,
     NetSupported,
+    NetWMIcon,
     NetWMName,
     NetWMPid,
     NetWMPing,
