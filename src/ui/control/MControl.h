@@ -104,6 +104,9 @@ public:
     virtual void OnMouseEnter();
     virtual void OnMouseLeave();
     [[nodiscard]] virtual MStdCursor GetCursorAt(MPoint point);
+    /// Has what scrolls this control show a rectangle of it, in own coordinates. What the keyboard goes to is
+    /// shown so.
+    virtual void Reveal(const MRect& rect);
     virtual void OnHidden() {}
     /// Shows a root over `parent`, or null, and returns when it was closed: `Cancel` for one that has no
     /// window, runs already or has ended meanwhile. Then the parent is active again, unless the user has gone

@@ -45,8 +45,14 @@ bool MControl::MoveFocus(MControl* MControl::*direction) {
     MControl* control = start->*direction;
     while (control != start && !control->CanFocus()) control = control->*direction;
     if (control == focused || !control->CanFocus()) return false;
+    const MControlRef got(control);
     SetFocus(control);
+    if (got) got->Reveal(got->contentRect);
     return true;
+}
+
+void MControl::Reveal(const MRect& rect) {
+    if (parent) parent->Reveal(rect.Shifted(windowOffset - parent->windowOffset));
 }
 
 void MControl::RebuildTabOrder() {
