@@ -1,7 +1,7 @@
 #include "ui/widgets/edits/MEdit.h"
 
-#include "foundation/base/MException.h"
 #include "foundation/xml/MXMLItem.h"
+#include "ui/widgets/content/MHelpUsage.h"
 
 namespace {
 
@@ -95,20 +95,18 @@ void MEdit::LoadFromXml(MXMLItem& item) {
 
 void MEdit::WriteHelpInfo(MXMLItem& item) {
     MControl::WriteHelpInfo(item);
-    item.GetOrAddSubItem("control")->SetValue(MTranslate("Edit shows a text that you can change."));
-    for (
-        const char* text :
-        {"<control>Shift+arrows/home/end</control> modifies selection.",
-         "<control>Ctrl+C</control> copies selected text to clipboard.",
-         "<control>Ctrl+V</control> pastes text from clipboard replacing selected text or inserting it into "
-         "current cursor position.",
-         "<control>Ctrl+A</control> selects the whole text.",
-         "<control>Ctrl+Tab</control> inserts a tabulator character. This combination is provided because tab "
-         "key alone moves keyboard focus to the next control.",
-         "<control>Ctrl+X</control> moves selected text to clipboard.",
-         "<control>Ctrl+Z</control> takes the last change back, <control>Ctrl+Y</control> makes it again.",
-         "<control>Ctrl+left/right arrows</control> move the cursor by words, <control>double-click</control> "
-         "selects a word.",
-         "<control>Right mouse button</control> or the <control>menu key</control> shows a menu."})
-        item.AddSubItem("controlitem")->SetValue(MTranslate(text));
+    constexpr const char* Entries[] = {
+        "<control>Shift+arrows/home/end</control> modifies selection.",
+        "<control>Ctrl+C</control> copies selected text to clipboard.",
+        "<control>Ctrl+V</control> pastes text from clipboard replacing selected text or inserting it into "
+        "current cursor position.",
+        "<control>Ctrl+A</control> selects the whole text.",
+        "<control>Ctrl+Tab</control> inserts a tabulator character. This combination is provided because tab "
+        "key alone moves keyboard focus to the next control.",
+        "<control>Ctrl+X</control> moves selected text to clipboard.",
+        "<control>Ctrl+Z</control> takes the last change back, <control>Ctrl+Y</control> makes it again.",
+        "<control>Ctrl+left/right arrows</control> move the cursor by words, <control>double-click</control> "
+        "selects a word.",
+        "<control>Right mouse button</control> or the <control>menu key</control> shows a menu."};
+    MWriteUsage(item, "Edit shows a text that you can change.", Entries);
 }

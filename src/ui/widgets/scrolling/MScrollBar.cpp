@@ -1,8 +1,8 @@
 #include "ui/widgets/scrolling/MScrollBar.h"
 
-#include "foundation/base/MException.h"
 #include "foundation/text/MNumberText.h"
 #include "foundation/xml/MXMLItem.h"
+#include "ui/widgets/content/MHelpUsage.h"
 
 #include <algorithm>
 #include <array>
@@ -279,14 +279,11 @@ void MScrollBar::SetHovered(Place place) {
 
 void MScrollBar::WriteHelpInfo(MXMLItem& item) {
     MControl::WriteHelpInfo(item);
-    item.GetOrAddSubItem("control")->SetValue(
-        MTranslate("Scroll bar shows which part of something larger is visible, and moves it."));
-    for (
-        const char* text :
-        {"<control>Left mouse button drag</control> of the thumb moves the view.",
-         "<control>Left mouse button</control> on the track moves the view by a page, on an arrow by a step.",
-         "<control>Mouse-wheel</control> and <control>arrow keys</control> move the view by steps, "
-         "<control>page-up</control> and <control>page-down</control> by pages.",
-         "<control>Home</control> key moves to the beginning, <control>End</control> to the end."})
-        item.AddSubItem("controlitem")->SetValue(MTranslate(text));
+    constexpr const char* Entries[] = {
+        "<control>Left mouse button drag</control> of the thumb moves the view.",
+        "<control>Left mouse button</control> on the track moves the view by a page, on an arrow by a step.",
+        "<control>Mouse-wheel</control> and <control>arrow keys</control> move the view by steps, "
+        "<control>page-up</control> and <control>page-down</control> by pages.",
+        "<control>Home</control> key moves to the beginning, <control>End</control> to the end."};
+    MWriteUsage(item, "Scroll bar shows which part of something larger is visible, and moves it.", Entries);
 }
