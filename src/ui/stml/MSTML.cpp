@@ -87,6 +87,16 @@ int32_t MSTML::GetOptimalWidth(MDrawer& drawer, int32_t width) {
 
 void MSTML::Paint(MDrawer& drawer, const MRect& rect, bool isInverted) {
     MSTMLContext context = MakeContext(drawer);
+    PaintInside(context, rect, isInverted);
+}
+
+void MSTML::Observe(MDrawer& drawer, const MRect& rect, MSTMLTextObserver& observer) {
+    MSTMLContext context = MakeContext(drawer);
+    context.observer = &observer;
+    PaintInside(context, rect, false);
+}
+
+void MSTML::PaintInside(MSTMLContext& context, const MRect& rect, bool isInverted) {
     int32_t unused = 0;
     // Heights in percent share what there is; where that is too little, nothing is pressed together.
     const int32_t needed = ComputeSize(context, rect.GetWidth(), unused);

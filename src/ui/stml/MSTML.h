@@ -41,6 +41,9 @@ public:
     /// Paints the document into a rectangle, for its width; what does not fit into its height goes beyond.
     void Paint(MDrawer& drawer, const MRect& rect, bool isInverted);
 
+    /// Tells where the characters would be painted.
+    void Observe(MDrawer& drawer, const MRect& rect, MSTMLTextObserver& observer);
+
     [[nodiscard]] MSTML* Clone() const override { return new MSTML(*this); }
 
 private:
@@ -52,6 +55,7 @@ private:
     using Signature = std::array<uint32_t, 40>;
 
     [[nodiscard]] MSTMLContext MakeContext(MDrawer& drawer);
+    void PaintInside(MSTMLContext& context, const MRect& rect, bool isInverted);
 
     MSTMLDefaults defaults;
     uint8_t defaultFlags = 0;

@@ -13,6 +13,15 @@ struct MSTMLDefaults {
     uint8_t drawState = 0;  ///< of the control that shows the document, as for `MDrawer::GetFont`
 };
 
+/// Hears of the characters of a document in their order.
+class MSTMLTextObserver {
+public:
+    virtual ~MSTMLTextObserver() = default;
+    /// `cell` is as wide as the character and as high as its line. A blank at which a line was broken and a
+    /// line feed, which each line ends with that was not broken, have none.
+    virtual void TakeCharacter(char32_t character, const MRect& cell) = 0;
+};
+
 /// What measuring and painting of a document run through, for one call. Drawer and images outlive it.
 class MSTMLContext {
 public:
@@ -29,6 +38,7 @@ public:
     MDrawer& drawer;
     const ImageList& images;
     const uint32_t mark;
+    MSTMLTextObserver* observer = nullptr;  ///< hears of what is painted, inside the clip or not
 
 private:
     const MSTMLDefaults defaults;

@@ -116,7 +116,8 @@ void MSTMLParagraph::Paint(MSTMLContext& context, const MRect& rect, bool isInve
         top += room;
     else if (flags & Middle)
         top += room / 2;
-    const MRect clip = context.drawer.GetClip();
+    const MRect clip =
+        context.observer ? MRect{0, -MSTMLUnlimited, 0, MSTMLUnlimited} : context.drawer.GetClip();
     MSTMLCursor cursor(context, runs, isInverted);
     for (const MSTMLBrokenLine& line : lines) {
         // Letters may reach out of their line.
@@ -125,6 +126,9 @@ void MSTMLParagraph::Paint(MSTMLContext& context, const MRect& rect, bool isInve
         const int32_t bottom = MAddPixels(top, lineHeight);
         if (bottom + lineHeight >= clip.top)
             PaintLine(context, cursor, line, {rect.left, top, rect.right, bottom - 1});
+        if (context.observer &&
+            (line.isEnded || (!cursor.AtEnd() && cursor.IsText() && cursor.NextChar() <= ' ')))
+            context.observer->TakeCharacter(line.isEnded ? '\n' : ' ', {});
         top = bottom;
     }
 }
@@ -188,6 +192,9 @@ void MSTMLParagraph::PaintLine(MSTMLContext& context, MSTMLCursor& cursor, const
             isMark = MIsCombining(character);
             if (!isMark) left += std::exchange(gap, 0);
             const MPoint origin = {left + pen.GetOrigin(), rect.top + line.ascent + font.GetVerticalShift()};
+            if (context.observer)
+                context.observer->TakeCharacter(character, MRect::FromSize(left + pen.GetOrigin(), rect.top,
+                                                                           glyph->advance, line.GetHeight()));
             if (glyph->mask)
                 context.drawer.PaintGlyph({glyph->mask.get(), origin + MPoint{glyph->left, -glyph->top}},
                                           color);
