@@ -1,20 +1,11 @@
 #pragma once
 
 #include "ui/widgets/edits/MEditText.h"
+#include "ui/widgets/edits/MTextRange.h"
 
 // Where a cursor can stand in a text: between characters, of which a surrogate pair is one, with the marks and
 // joiners that follow it. Words are runs of letters and digits, of other signs, or of ideographs and whatever
 // lies beyond ASCII; a line break is by itself.
-
-/// A part of a text: from its first unit to the one behind its last.
-struct MTextRange {
-    int32_t start = 0;
-    int32_t end = 0;
-
-    [[nodiscard]] bool IsEmpty() const { return end <= start; }
-    [[nodiscard]] int32_t GetLength() const { return end - start; }
-    friend bool operator==(const MTextRange&, const MTextRange&) = default;
-};
 
 /// Whether a character belongs to the one before it.
 [[nodiscard]] bool MIsAttached(char32_t previous, char32_t character);
