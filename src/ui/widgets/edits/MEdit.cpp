@@ -2,6 +2,8 @@
 
 #include "foundation/xml/MXMLItem.h"
 #include "ui/widgets/content/MHelpUsage.h"
+#include "ui/widgets/edits/MKeyboardControl.h"
+#include "ui/widgets/menus/MMenu.h"
 
 namespace {
 
@@ -30,6 +32,8 @@ MEdit::MEdit(MControl* parent, const MString& name) : MControl(parent, name) {
     layoutRatio.y = 0;
     document.onReplaced = [this](const MEditChange& change) { OnReplaced(change); };
 }
+
+MEdit::~MEdit() = default;
 
 void MEdit::SetText(const MString& text) {
     document.SetText(text);

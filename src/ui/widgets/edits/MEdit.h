@@ -7,6 +7,10 @@
 
 #include <memory>
 
+class MKeyboardWindow;
+class MMenu;
+class MMenuItem;
+
 /// A text that the user changes: one line, unless it is told otherwise. What the text can be, and where a cursor
 /// stands in it, is told at `MEditDocument`; indices are in units of UTF-16.
 ///
@@ -15,6 +19,7 @@
 class MEdit : public MControl, public MTimer {
 public:
     explicit MEdit(MControl* parent = nullptr, const MString& name = MString());
+    ~MEdit() override;
 
     /// Raises nothing, and cannot be undone.
     void SetText(const MString& text);
@@ -74,8 +79,6 @@ protected:
     virtual void OnViewChanged() {}
     /// What the user did has changed the text. Handlers that end the control have done so on return.
     virtual void RaiseChange();
-    /// The key that opens a menu, or a click of the right button there, in own coordinates.
-    virtual void OpenMenu(MPoint point);
 
     /// How the text looks in a rectangle of a width.
     [[nodiscard]] MEditLook GetLook(int32_t width);
@@ -123,6 +126,8 @@ private:
     void MoveCursor(int32_t index, Anchor anchor);
     void MoveByRows(int32_t count, Anchor anchor);
     void DragTo(MPoint point);
+    void OpenMenu(MPoint point);
+    void OnMenuItem(const MOnItemParams<MMenuItem>& params);
 
     MEditDocument document;
     MEditRows rows{document.GetText()};
@@ -137,6 +142,8 @@ private:
     bool isFocusKept = false;  ///< it was the window that lost the focus
     bool isDragging = false;
     MPoint dragPoint;
-    MTextRange dragWord;   ///< where a drag by words began
+    MTextRange dragWord;          ///< where a drag by words began
+    std::unique_ptr<MMenu> menu;  ///< null until it is needed, and so the other one
+    std::unique_ptr<MKeyboardWindow> keyboard;
     int32_t wantedX = -1;  ///< in a row, that the cursor keeps on its way up and down; below 0 for its own
 };

@@ -2,10 +2,18 @@
 
 #include "ui/control/windows/MWindows.h"
 #include "ui/widgets/edits/MEdit.h"
+#include "ui/widgets/edits/MKeyboardControl.h"
 #include "ui/widgets/edits/MTextClipboard.h"
+#include "ui/widgets/menus/MMenu.h"
 
 #include <algorithm>
 #include <utility>
+
+namespace {
+
+enum MenuItem : int32_t { CopyItem, PasteItem, ClearItem, KeyboardItem };
+
+}  // namespace
 
 template <class Action>
 void MEdit::Edit(Action action) {
@@ -300,4 +308,29 @@ bool MEdit::ProcessMove(const MSystemEvent& event) {
     return true;
 }
 
-void MEdit::OpenMenu(MPoint) {}
+void MEdit::OpenMenu(MPoint point) {
+    if (!menu) {
+        menu = std::make_unique<MMenu>();
+        menu->OnItem().Connect(this, &MEdit::OnMenuItem);
+    }
+    menu->Clear();
+    const auto add = [&](const char* text, MenuItem item, MStdIcon icon, bool isEnabled) {
+        menu->AddItem(MTranslate(text), item, icon).isEnabled = isEnabled;
+    };
+    add("Copy", CopyItem, MStdIcon::ClipboardCopy, !showChar && !GetSelection().IsEmpty());
+    add("Paste", PasteItem, MStdIcon::ClipboardPaste, !isReadOnly && MHasClipboardText());
+    add("Clear", ClearItem, MStdIcon::Delete, !isReadOnly && GetLength() > 0);
+    add("Keyboard", KeyboardItem, MStdIcon::Keyboard, !isReadOnly);
+    menu->OpenAt(*this, point);
+}
+
+void MEdit::OnMenuItem(const MOnItemParams<MMenuItem>& params) {
+    switch (params.item->id) {
+    case CopyItem: Copy(); break;
+    case PasteItem: Paste(); break;
+    case ClearItem: Clear(); break;
+    default:
+        if (!keyboard) keyboard = std::make_unique<MKeyboardWindow>();
+        keyboard->ShowFor(*this);
+    }
+}
