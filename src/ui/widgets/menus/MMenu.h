@@ -55,13 +55,7 @@ public:
         LoadItems(item);
         MMenuBase::LoadFromXml(item);
     }
-
-protected:
-    void RaiseItem(MMenuItemBaseWithFeatures& item) override {
-        itemEvent.Fire({this, static_cast<T*>(&item)});
-    }
-
-private:
+    /// As above, without anything about the menu itself.
     void LoadItems(MXMLItem& source) {
         for (MXMLItem* sub : source.GetSubItems()) {
             if (sub->GetName() == "items") LoadItems(*sub);
@@ -75,6 +69,12 @@ private:
         }
     }
 
+protected:
+    void RaiseItem(MMenuItemBaseWithFeatures& item) override {
+        itemEvent.Fire({this, static_cast<T*>(&item)});
+    }
+
+private:
     MList<T, MListOwning> items;
     MEvent<MOnItemParams<T>> itemEvent;
 };

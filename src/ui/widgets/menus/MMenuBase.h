@@ -11,10 +11,12 @@ class MMenuRows;
 /// Hears of a menu that it has opened, so that the keyboard can walk along a row of them.
 class MMenuNeighbours {
 public:
-    virtual ~MMenuNeighbours() = default;
     /// Opens the menu before (-1) or after (1) the one that is open. Returns whether there is one.
     virtual bool OpenNeighbour(int32_t step) = 0;
     virtual void OnMenuClosed() = 0;
+
+protected:
+    ~MMenuNeighbours() = default;
 };
 
 /// A popup with rows to choose from, in a window of its own. It stands over the window that has opened it, which
