@@ -207,6 +207,18 @@ TEST_F(MControlValueTest, GoesThroughNames) {
     EXPECT_EQ(click(switcher, 1), "two w:change w:commit");
     user.PressKey(MKeyDown);
     EXPECT_EQ(Text(list.GetText()), "one");
+
+    // The menu of all names, by a click and by the keyboard.
+    Take();
+    user.Click(switcher.GetScreenPoint({20, 12}));
+    system.AdvanceTime(1000);
+    for (const int32_t key : {MKeyEnd, MKeyEnter}) user.PressKey(key);
+    EXPECT_EQ(Text(list.GetText()) + " " + Take(), "three w:change w:commit");
+    EXPECT_TRUE(switcher.HasFocus());
+    user.PressKey(MKeySpace);
+    for (const int32_t key : {MKeyHome, MKeyEnter}) user.PressKey(key);
+    EXPECT_EQ(Text(list.GetText()), "one");
+    EXPECT_EQ(asked, "") << "as text where there is no menu";
 }
 
 TEST_F(MControlValueTest, IsAsWideAsItsWidestText) {

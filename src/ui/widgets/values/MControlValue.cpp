@@ -131,7 +131,26 @@ MString MControlValue::GetEditCaption() const {
 }
 
 bool MControlValue::ShowMenu() {
-    return false;
+    MValue& active = GetActiveValue();
+    if (!HasMenu(active)) return false;
+    if (!menu) {
+        menu = std::make_unique<MMenu>();
+        menu->OnItem().Connect(this, &MControlValue::OnMenuItem);
+    }
+    menu->Clear();
+    const int32_t count = active.GetDiscreteCount();
+    for (int32_t i = 0; i < count; ++i) {
+        MMenuItem& item = menu->AddItem(active.GetTextAt(static_cast<double>(i) / (count - 1)), i);
+        if (i == active.GetDiscreteIndex()) item.check = 1;
+    }
+    menu->minimalWidth = size.x;
+    menu->Open(*this, windowRect.Shifted(GetScreenPoint({})));
+    return true;
+}
+
+void MControlValue::OnMenuItem(const MOnItemParams<MMenuItem>& params) {
+    const int32_t index = params.item->id;
+    Modify([index](MValue& active) { active.SetDiscreteIndex(index); });
 }
 
 void MControlValue::LoadFromXml(MXMLItem& item) {

@@ -2,6 +2,7 @@
 
 #include "foundation/values/MValue.h"
 #include "ui/widgets/content/MControlContent.h"
+#include "ui/widgets/menus/MMenu.h"
 
 #include <functional>
 #include <memory>
@@ -51,9 +52,11 @@ protected:
 private:
     bool ProcessKey(const MSystemEvent& event);
     void EditText();
+    void OnMenuItem(const MOnItemParams<MMenuItem>& params);
 
     std::unique_ptr<MValue> ownValue;
     MValue* value;
     MContentText valueText;
+    std::unique_ptr<MMenu> menu;
     bool editsAtRelease = false;  ///< of the left button, since windows that open before would not get it
 };
