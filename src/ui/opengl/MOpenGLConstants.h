@@ -36,7 +36,6 @@ inline constexpr uint32_t TEXTURE1 = 0x84C1;
 inline constexpr uint32_t TEXTURE_MAG_FILTER = 0x2800;
 inline constexpr uint32_t TEXTURE_MIN_FILTER = 0x2801;
 inline constexpr int32_t NEAREST = 0x2600;
-inline constexpr uint32_t UNPACK_ROW_LENGTH = 0x0CF2;
 inline constexpr uint32_t UNPACK_ALIGNMENT = 0x0CF5;
 inline constexpr uint32_t PACK_ALIGNMENT = 0x0D05;
 inline constexpr uint32_t ALPHA = 0x1906;

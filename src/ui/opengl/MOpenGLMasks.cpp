@@ -2,8 +2,10 @@
 
 #include "ui/image/MAlphaMask.h"
 #include "ui/opengl/MOpenGLDevice.h"
+#include "ui/opengl/MOpenGLTexture.h"
 
 #include <algorithm>
+#include <vector>
 
 namespace {
 
@@ -43,7 +45,9 @@ std::optional<MPoint> MOpenGLMasks::Find(const MAlphaMask& mask) {
     const MPoint wanted{mask.GetWidth(), mask.GetHeight()};
     const std::optional<MPoint> point = Reserve(wanted);
     if (!point) return point;
-    Upload(*point, wanted, mask.GetBytes());
+    std::vector<uint8_t> shares(mask.GetBytes(), mask.GetBytes() + wanted.x * wanted.y);
+    std::ranges::transform(shares, shares.begin(), MGetTextureAlpha);
+    Upload(*point, wanted, shares.data());
     auto place = std::make_unique<Place>();
     place->owner = device.GetNames();
     place->generation = generation;

@@ -17,18 +17,29 @@ MOpenGLSegments::MOpenGLSegments(const MAxisMap& map, int32_t first, int32_t las
     }
 }
 
+// OpenGL computes in floats where a pixel's centre falls. All centres of a segment are moved together so that
+// none comes near the edge of a pixel of the picture; where that cannot be, another segment begins.
 void MOpenGLSegments::AddScaled(const MAxisMap& map, int32_t first, int32_t last, int32_t tileSize) {
-    constexpr double Unit = 0x10000;
-    // Positions are whole numbers of this unit. Half of one keeps what falls on the edge of a pixel from
-    // being rounded into the one before.
-    constexpr double Nudge = 0.5;
-    const double halfStep = map.GetStep() / 2.0;
+    constexpr int64_t Unit = 0x10000;
+    constexpr int64_t Margin = Unit / 512;
     for (int32_t x = first, end; x <= last; x = end) {
         const int32_t tile = map.GetSource(x) / tileSize;
-        for (end = x + 1; end <= last && map.GetSource(end) / tileSize == tile;) ++end;
-        segments.push_back({x, end - 1, tile,
-                            (static_cast<double>(map.GetPosition(x)) - halfStep + Nudge) / Unit,
-                            (static_cast<double>(map.GetPosition(end - 1)) + halfStep + Nudge) / Unit});
+        int64_t least = Unit;
+        int64_t most = 0;
+        for (end = x; end <= last && map.GetSource(end) / tileSize == tile; ++end) {
+            const int64_t fraction = map.GetPosition(end) % Unit;
+            const int64_t newLeast = std::min(least, fraction);
+            const int64_t newMost = std::max(most, fraction);
+            if (end > x && newMost - newLeast > Unit - 2 * Margin) break;
+            least = newLeast;
+            most = newMost;
+        }
+        const double center = (Unit - 1 - least - most) / 2.0;
+        const double halfStep = map.GetStep() / 2.0;
+        const auto toPlace = [&](int32_t pixel, double offset) {
+            return (static_cast<double>(map.GetPosition(pixel)) + center + offset) / Unit;
+        };
+        segments.push_back({x, end - 1, tile, toPlace(x, -halfStep), toPlace(end - 1, halfStep)});
     }
 }
 

@@ -35,24 +35,34 @@ void MOpenGLTexture::Create(MOpenGLDevice& device, int32_t format) {
     name = device.CreateTexture(format, size);
 }
 
-void MOpenGLTexture::Upload(MOpenGLDevice& device, int32_t rowLength, uint32_t format, const void* pixels) {
+void MOpenGLTexture::Upload(MOpenGLDevice& device, uint32_t format, const void* pixels) {
     const MOpenGLFunctions& gl = device.gl;
     valid = false;
     gl.BindTexture(MGL::TEXTURE_2D, name);
-    gl.PixelStorei(MGL::UNPACK_ROW_LENGTH, rowLength);
     gl.TexSubImage2D(MGL::TEXTURE_2D, 0, 0, 0, source.GetWidth(), source.GetHeight(), format,
                      MGL::UNSIGNED_BYTE, pixels);
-    gl.PixelStorei(MGL::UNPACK_ROW_LENGTH, 0);
     device.CheckTexture();
     valid = true;
 }
 
 void MOpenGLTexture::Update(MOpenGLDevice& device, const MBitmap& bitmap) {
-    Upload(device, bitmap.GetWidth(), MGL::BGRA, bitmap.GetRow(source.top) + source.left);
+    std::vector<MColor> pixels;
+    for (int32_t y = source.top; y <= source.bottom; ++y) {
+        const MColor* const row = bitmap.GetRow(y);
+        pixels.insert(pixels.end(), row + source.left, row + source.right + 1);
+    }
+    for (MColor& pixel : pixels) pixel.alpha = MGetTextureAlpha(pixel.alpha);
+    Upload(device, MGL::BGRA, pixels.data());
 }
 
 void MOpenGLTexture::Update(MOpenGLDevice& device, const MAlphaMask& mask) {
-    Upload(device, mask.GetWidth(), MGL::ALPHA, mask.GetRow(source.top) + source.left);
+    std::vector<uint8_t> shares;
+    for (int32_t y = source.top; y <= source.bottom; ++y) {
+        const uint8_t* const row = mask.GetRow(y);
+        shares.insert(shares.end(), row + source.left, row + source.right + 1);
+    }
+    std::ranges::transform(shares, shares.begin(), MGetTextureAlpha);
+    Upload(device, MGL::ALPHA, shares.data());
 }
 
 const MOpenGLDescriptor* MOpenGLDescriptor::Get(MOpenGLDevice& device, const MBitmap& bitmap) {

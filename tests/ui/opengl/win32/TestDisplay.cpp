@@ -1,0 +1,5 @@
+#include "tests/ui/opengl/OpenGLFixture.h"
+
+MString MGetTestDisplay() {
+    return {};
+}
