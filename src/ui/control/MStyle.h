@@ -67,6 +67,8 @@ public:
                                                    uint8_t drawState) = 0;
     [[nodiscard]] virtual MColor GetColor(int32_t index, bool isInverted) = 0;
     [[nodiscard]] virtual MColor GetCaptionColor(MControl& control) = 0;
+    /// The caption of a control, or a text in its place, as it is shown: in upper case where the user wants that.
+    [[nodiscard]] virtual MString TransformCaption(MControl&, const MString& text) { return text; }
     /// One of `MStyleMetric`, scaled.
     [[nodiscard]] virtual int32_t GetMetric(int32_t index) = 0;
     [[nodiscard]] virtual int32_t GetDrawFlags(MControl& control) = 0;

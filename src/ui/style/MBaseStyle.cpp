@@ -36,6 +36,7 @@ MBaseStyle::MBaseStyle(MWindows* owner, const MString& name, MResourceLibrary* b
       noResources(std::make_unique<MResourceLibrary>()),
       fonts(builtIn, fontSource) {
     SetResources(builtIn);
+    if (owner) owner->OnDesktop().Connect(this, &MBaseStyle::OnDesktop);
 }
 
 void MBaseStyle::SetResources(const MResourceLibrary* library) {
@@ -83,6 +84,21 @@ void MBaseStyle::SaveToSettings(MXMLItem& item) {
 void MBaseStyle::SetSettings(const MStyleSettings& newSettings) {
     settings = newSettings;
     ApplySettings();
+    RefreshWindows();
+}
+
+void MBaseStyle::OnDesktop(const MOnNotifyParams&) {
+    ApplySettings();
+    RefreshWindows();
+}
+
+void MBaseStyle::RefreshWindows() {
+    if (!owner) return;
+    for (int32_t i = 0; i < owner->GetRoots().GetCount(); ++i) {
+        MControl& window = *owner->GetRoots()[i];
+        window.TouchSizes();
+        window.UpdateLayout();
+    }
 }
 
 void MBaseStyle::LoadDefinition(MXMLItem& definition) {
@@ -126,7 +142,8 @@ void MBaseStyle::ApplySettings() {
     scale = {GetPercent(settings.resizeX, definitionScale.x, mostScale.x),
              GetPercent(settings.resizeY, definitionScale.y, mostScale.y)};
     colors.SetMainColors(settings.setDefaultColors ? colors.GetDefaultColors() : settings.mainColors);
-    colors.SetInverted(settings.invertColors.value_or(false));
+    const bool isLightDesktop = owner && owner->GetSystem().PrefersDark() == std::optional(false);
+    colors.SetInverted(settings.invertColors.value_or(isLightDesktop));
     fonts.SetScale(scale);
     sizes.SetScale(scale);
     pictures.Reset(scale, colors);
@@ -156,6 +173,15 @@ const MCursor& MBaseStyle::GetCursor(MStdCursor cursor, MControl&, uint8_t) {
 
 MColor MBaseStyle::GetColor(int32_t index, bool isInverted) {
     return colors.GetStdColor(index, isInverted);
+}
+
+MString MBaseStyle::TransformCaption(MControl& control, const MString& text) {
+    const MControlType type = control.GetControlType();
+    if (!settings.enableUpperCase || type == MControlType::Edit) return text;
+    MString shown;
+    shown.Reserve(text.GetLength());
+    for (int32_t i = 0; i < text.GetLength(); ++i) shown.Append(text[i].ToUpper());
+    return shown;
 }
 
 MColor MBaseStyle::GetCaptionColor(MControl& control) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "foundation/events/MOnNotifyParams.h"
 #include "ui/control/MStyle.h"
 #include "ui/style/MStyleScale.h"
 #include "ui/style/colors/MStyleColors.h"
@@ -52,7 +53,7 @@ public:
     void Unload() override;
 
     [[nodiscard]] const MStyleSettings& GetSettings() const { return settings; }
-    /// Takes effect at once for what is painted; the caller lets all windows lay themselves out again.
+    /// Takes effect at once: all windows are laid out and painted again.
     void SetSettings(const MStyleSettings& newSettings);
     [[nodiscard]] MStyleScale GetScale() const { return scale; }
     [[nodiscard]] const MStyleColors& GetColors() const { return colors; }
@@ -65,6 +66,7 @@ public:
     [[nodiscard]] const MCursor& GetCursor(MStdCursor cursor, MControl& control, uint8_t drawState) override;
     [[nodiscard]] MColor GetColor(int32_t index, bool isInverted) override;
     [[nodiscard]] MColor GetCaptionColor(MControl& control) override;
+    [[nodiscard]] MString TransformCaption(MControl& control, const MString& text) override;
     [[nodiscard]] int32_t GetMetric(int32_t index) override { return sizes.GetMetric(index); }
     /// The alpha of the shadow of text on a control.
     [[nodiscard]] int32_t GetDrawFlags(MControl& control) override;
@@ -103,6 +105,8 @@ protected:
     MStyleSettings settings;
 
 private:
+    void OnDesktop(const MOnNotifyParams& params);
+    void RefreshWindows();
     [[nodiscard]] int32_t GetPercent(const std::optional<int32_t>& chosen, int32_t given, int32_t most) const;
     [[nodiscard]] uint8_t GetStateAlpha(uint8_t drawState) const;
 

@@ -7,6 +7,8 @@
 #include "foundation/xml/MXMLItem.h"
 #include "streams/resources/MResourceLibrary.h"
 #include "ui/control/MControl.h"
+#include "ui/control/kinds/MStyleMetric.h"
+#include "ui/style/captions/ControlCaptionInstance.h"
 #include "ui/style/images/MImageContext.h"
 
 #include <algorithm>
@@ -45,6 +47,11 @@ std::optional<MStyleClass> GetStyleClass(MControlType type) {
 /// Those that hold other controls: what is in them keeps its own room for the mark of the focus.
 bool IsContainer(MControlType type) {
     return type == MControlType::Window || type == MControlType::Panel || type == MControlType::Menu;
+}
+
+/// Those that are painted by their value alone, at the place that they give it.
+bool IsDial(MControlType type) {
+    return type == MControlType::Knob || type == MControlType::Rotator;
 }
 
 }  // namespace
@@ -153,7 +160,7 @@ MClassLook* MTexturedStyle::FindLook(MControl& control) {
 
 ControlStyle* MTexturedStyle::FindStyle(MControl& control) {
     MClassLook* const look = FindLook(control);
-    if (!look) return nullptr;
+    if (!look || IsDial(control.GetControlType())) return nullptr;
     ControlStyle* special = nullptr;
     if (control.IsEnabled() && control.Is(MControlFlag::DefaultButton))
         special = look->Find(MStylePiece::Default);
@@ -179,10 +186,10 @@ MBaseStyle::Frame MTexturedStyle::GetFrame(MControl& control) {
         frame = {x, y, x, y};
     }
     if (MCaptionLook* const caption = FindCaption(control)) {
-        const MStyleScale scale = GetScale();
-        frame.top = std::max(frame.top, GetCaptionHeight(control) + scale.GetY(caption->contentBottomBorder));
-        if (control.GetControlType() == MControlType::Panel)
-            frame.top += scale.GetY(caption->contentTopBorder);
+        const int32_t below = GetScale().GetY(caption->contentTopBorder);
+        const bool isWindow = control.GetControlType() == MControlType::Window;
+        frame.top = GetCaptionHeight(control) + below + (isWindow ? frame.top : 0);
+        frame.bottom = std::max(frame.bottom, GetScale().GetY(caption->contentBottomBorder));
     }
     return frame;
 }
@@ -196,11 +203,25 @@ MPoint MTexturedStyle::GetMinimalSize(MControl& control) {
     if (MCaptionLook* const caption = FindCaption(control)) {
         MColor color;
         MFont* const font = GetFont(caption->font, 0, false, MDrawEnabled, color);
-        const int32_t text = font ? font->GetTextWidth(control.GetCaption()) : 0;
-        const int32_t borders = GetScale().GetX(caption->contentLeftBorder + caption->contentRightBorder);
+        const ControlCaptionInstance* const instance = ControlCaptionInstance::Find(control);
+        const int32_t text =
+            (font ? font->GetTextWidth(TransformCaption(control, control.GetCaption())) : 0) +
+            (instance ? instance->GetWidth() : 0);
+        const int32_t borders =
+            GetScale().GetX(caption->contentLeftBorder + caption->textOffset + caption->contentRightBorder);
         size = {std::max(size.x, text + borders), std::max(size.y, GetCaptionHeight(control))};
     }
     return size;
+}
+
+int32_t MTexturedStyle::GetMetric(int32_t index) {
+    const int32_t value = MBaseStyle::GetMetric(index);
+    const auto metric = static_cast<MStyleMetric>(index);
+    if (metric != MStyleMetric::ListBoxItemCheckBoxSize && metric != MStyleMetric::TreeItemCheckBoxSize)
+        return value;
+    // A mark is at least as large as its picture.
+    ControlStyle* const mark = GetLook(MStyleClass::ControlCheckBox).Find(MStylePiece::Off);
+    return mark ? std::max(value, GetScale().GetX(mark->GetSize().x)) : value;
 }
 
 MPoint MTexturedStyle::GetCollapsedSize(MControl& control) {

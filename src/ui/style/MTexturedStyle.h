@@ -36,6 +36,7 @@ public:
     void Unload() override;
 
     [[nodiscard]] MColor GetCaptionColor(MControl& control) override;
+    [[nodiscard]] int32_t GetMetric(int32_t index) override;
     [[nodiscard]] bool HitCaption(MControl& control, MPoint point) override;
     [[nodiscard]] MPoint GetMinimalSize(MControl& control) override;
     [[nodiscard]] MPoint GetCollapsedSize(MControl& control) override;
@@ -46,7 +47,9 @@ public:
     [[nodiscard]] bool IsInverted(MControl& control) override;
 
     void AttachControl(MControl& control) override;
-    void PrePaint(MControl& control) override;
+    void DetachControl(MControl& control) override;
+    void ComputeRectangles(MControl& control, MRect& windowRect, MRect& clientRect) override;
+    [[nodiscard]] bool PreprocessEvent(MControl& control, const MSystemEvent& event) override;
     void PaintControl(MControl& control, MDrawer& drawer) override;
     void PaintCaption(MControl& control, MDrawer& drawer) override;
     [[nodiscard]] MControl* GetCaptionPanel(MControl& control) override;
@@ -84,6 +87,8 @@ private:
     /// Null for a control without a caption of its own.
     [[nodiscard]] MCaptionLook* FindCaption(MControl& control);
     [[nodiscard]] int32_t GetCaptionHeight(MControl& control);
+    /// Where title and buttons stand.
+    [[nodiscard]] MRect GetCaptionRect(MControl& control);
     [[nodiscard]] MImageContext GetContext() const;
     void PaintPiece(MClassLook& look, MStylePiece piece, MDrawer& drawer, const MRect& rect,
                     uint8_t drawState);

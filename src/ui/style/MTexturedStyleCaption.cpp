@@ -2,22 +2,33 @@
 
 #include "foundation/base/MGuard.h"
 #include "ui/control/MControl.h"
+#include "ui/drawing/MClipScope.h"
 #include "ui/style/MTexturedStyle.h"
+#include "ui/style/captions/ControlCaptionInstance.h"
+#include "ui/style/captions/MCaptionPanel.h"
 #include "ui/style/images/MImageContext.h"
 
-#include <algorithm>
+namespace {
+
+/// Of the title of a window that the user does not work with.
+constexpr int32_t InactiveAlpha = 168;
+
+}  // namespace
 
 MCaptionLook* MTexturedStyle::FindCaption(MControl& control) {
-    const MControlType type = control.GetControlType();
-    if (type != MControlType::Window && type != MControlType::Panel) return nullptr;
-    MCaptionType size = control.GetCaptionType();
-    if (size == MCaptionType::Unset)
-        size = control.GetCaption().IsEmpty() ? MCaptionType::None : MCaptionType::Normal;
-    if (size == MCaptionType::None || control.GetCaption().IsEmpty()) return nullptr;
     MClassLook* const look = FindLook(control);
-    MCaptionLook& caption =
-        look->GetCaption(static_cast<size_t>(size) - static_cast<size_t>(MCaptionType::Small));
-    return caption.height > 0 ? &caption : nullptr;
+    MCaptionType size = control.GetCaptionType();
+    if (!look || size == MCaptionType::None || control.GetCaption().IsEmpty()) return nullptr;
+    if (size == MCaptionType::Unset) {
+        const MControlType type = control.GetControlType();
+        if (type != MControlType::Window && type != MControlType::Panel) return nullptr;
+        size = MCaptionType::Normal;
+    }
+    const auto index = static_cast<size_t>(size) - static_cast<size_t>(MCaptionType::Small);
+    // A class without captions has them as panels do.
+    for (MClassLook* const from : {look, &GetLook(MStyleClass::Panel)})
+        if (from->GetCaption(index).height > 0) return &from->GetCaption(index);
+    return nullptr;
 }
 
 int32_t MTexturedStyle::GetCaptionHeight(MControl& control) {
@@ -38,22 +49,67 @@ void MTexturedStyle::PaintCaption(MControl& control, MDrawer& drawer) {
     MGuard("PaintCaption", [&] {
         MCaptionLook* const caption = FindCaption(control);
         if (!caption) return;
-        const MStyleScale scale = GetScale();
-        MRect rect = control.windowRect;
-        rect.bottom = rect.top + GetCaptionHeight(control) - 1;
-        caption->image.Paint(drawer, rect, control.GetDrawState(), GetContext());
-        rect.left += scale.GetX(caption->contentLeftBorder + caption->textOffset);
-        rect.right -= scale.GetX(caption->contentRightBorder);
-        rect.top += scale.GetY(caption->topBorder);
+        MRect strip = control.windowRect;
+        strip.bottom = strip.top + GetCaptionHeight(control) - 1;
+        caption->image.Paint(drawer, strip, control.GetDrawState(), GetContext());
+
         MColor color;
         MFont* const font = GetFont(caption->font, 0, IsInverted(control), control.GetDrawState(), color);
         if (!font) return;
+        const bool isActive = !control.IsRoot() || control.Is(MControlFlag::Active);
+        color = GetCaptionColor(control).WithAlpha(
+            static_cast<uint8_t>(isActive ? color.alpha : color.alpha * InactiveAlpha / 255));
+        MRect rect = GetCaptionRect(control);
+        if (const ControlCaptionInstance* const instance = ControlCaptionInstance::Find(control))
+            rect.right -= instance->GetWidth();
+        MClipScope clip(drawer);
+        if (clip.Intersect(rect)) return;
         const MTextAlignment alignment = (caption->isCentered ? MTextCenter : MTextLeft) | MTextMiddle;
-        drawer.DrawText(rect, *font, control.GetCaption(), GetCaptionColor(control).WithAlpha(color.alpha),
-                        alignment);
+        drawer.DrawText(rect, *font, TransformCaption(control, control.GetCaption()), color, alignment);
     });
 }
 
-MControl* MTexturedStyle::GetCaptionPanel(MControl&) {
-    return nullptr;
+MControl* MTexturedStyle::GetCaptionPanel(MControl& control) {
+    const ControlCaptionInstance* const instance = ControlCaptionInstance::Find(control);
+    return instance ? instance->GetPanel() : nullptr;
+}
+
+void MTexturedStyle::AttachControl(MControl& control) {
+    // Corners are round and frames thin, so what lies behind shows through all but windows.
+    const MControlType type = control.GetControlType();
+    if (type != MControlType::Window && type != MControlType::Menu) control.Set(MControlFlag::Transparent);
+
+    if (!FindCaption(control)) return control.SetProperty(ControlCaptionInstance::Tag, nullptr);
+    if (!ControlCaptionInstance::Find(control))
+        control.SetProperty(ControlCaptionInstance::Tag, std::make_unique<ControlCaptionInstance>(control));
+    ControlCaptionInstance::Find(control)->Update(*this);
+}
+
+void MTexturedStyle::DetachControl(MControl& control) {
+    control.SetProperty(ControlCaptionInstance::Tag, nullptr);
+}
+
+MRect MTexturedStyle::GetCaptionRect(MControl& control) {
+    const MCaptionLook* const caption = FindCaption(control);
+    if (!caption) return {};
+    const MStyleScale scale = GetScale();
+    MRect rect = control.windowRect;
+    rect.bottom = rect.top + GetCaptionHeight(control) - 1;
+    rect.left += scale.GetX(caption->contentLeftBorder + caption->textOffset);
+    rect.right -= scale.GetX(caption->contentRightBorder);
+    rect.top += scale.GetY(caption->topBorder);
+    return rect;
+}
+
+void MTexturedStyle::ComputeRectangles(MControl& control, MRect& windowRect, MRect& clientRect) {
+    MBaseStyle::ComputeRectangles(control, windowRect, clientRect);
+    if (ControlCaptionInstance* const instance = ControlCaptionInstance::Find(control))
+        instance->Arrange(GetCaptionRect(control));
+}
+
+bool MTexturedStyle::PreprocessEvent(MControl& control, const MSystemEvent& event) {
+    // The title of an active window is brighter.
+    if (event.type == MEventType::Activation && control.IsRoot())
+        control.InvalidateRect({0, 0, control.GetShownSize().x - 1, GetCaptionHeight(control) - 1});
+    return false;
 }

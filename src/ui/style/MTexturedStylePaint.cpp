@@ -6,14 +6,6 @@
 
 #include <algorithm>
 
-void MTexturedStyle::AttachControl(MControl& control) {
-    // Corners are round and frames thin, so what lies behind shows through all but windows.
-    const MControlType type = control.GetControlType();
-    if (type != MControlType::Window && type != MControlType::Menu) control.Set(MControlFlag::Transparent);
-}
-
-void MTexturedStyle::PrePaint(MControl&) {}
-
 void MTexturedStyle::PaintControl(MControl& control, MDrawer& drawer) {
     drawer.textShadowAlpha = static_cast<uint8_t>(GetDrawFlags(control));
     if (ControlStyle* const style = FindStyle(control)) {

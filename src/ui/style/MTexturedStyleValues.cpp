@@ -44,7 +44,7 @@ struct Track {
 
 Track GetTrack(const MRect& rect, MClassLook& look, MStyleScale scale) {
     const ControlStyle* const selector = look.Find(MStylePiece::Selector);
-    const int32_t border = scale.GetLine(look.GetImage().focusBorder);
+    const int32_t border = selector ? scale.GetLine(selector->focusBorder) : 0;
     Track track;
     track.rect = rect.Shrunk(border, border);
     track.isVertical = rect.GetHeight() > rect.GetWidth();
@@ -157,7 +157,8 @@ void MTexturedStyle::PaintTracker(MControl&, MDrawer& drawer, const MRect& rect,
                    value.drawState);
     const auto paintThumb = [&](double at) {
         const MRect thumb = track.GetThumb(at);
-        const int32_t inset = scale.GetLine(look.GetImage().focusBorder);
+        const ControlStyle* const selector = look.Find(MStylePiece::Selector);
+        const int32_t inset = selector ? scale.GetLine(selector->focusBorder) : 0;
         // A round thumb stays round whatever room the control has.
         const int32_t across = track.isVertical ? thumb.GetWidth() : thumb.GetHeight();
         const int32_t spare = std::max((across - track.thumb) / 2, 0);
@@ -169,15 +170,10 @@ void MTexturedStyle::PaintTracker(MControl&, MDrawer& drawer, const MRect& rect,
 }
 
 void MTexturedStyle::PaintProgress(MControl&, MDrawer& drawer, const MRect& rect, const MValueLook& value) {
-    MClassLook& look = GetLook(MStyleClass::ProgressBar);
-    const MStyleScale scale = GetScale();
-    const ControlStyle& trough = look.GetImage();
-    const int32_t focus = scale.GetLine(trough.focusBorder);
-    const MRect inner =
-        rect.Shrunk(focus + scale.GetLine(trough.border.x), focus + scale.GetLine(trough.border.y));
-    const int32_t length = Round(Cut(value.value) * inner.GetWidth());
+    const int32_t length = Round(Cut(value.value) * rect.GetWidth());
     if (length < 1) return;
-    MRect done = inner;
+    MRect done = rect;
     done.right = done.left + length - 1;
+    MClassLook& look = GetLook(MStyleClass::ProgressBar);
     PaintPiece(look, MStylePiece::Locator, drawer, done, value.drawState);
 }

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "ui/control/MContainers.h"
+#include "ui/style/captions/MCaptionButton.h"
+
+/// Marks the controls of caption buttons among the properties of controls.
+inline constexpr uint32_t SpecialCaptionButtonTag = 0x42504143;  // "CAPB"
+
+/// Shows a caption button. It is worked by the mouse alone: what it does can be done by keys without it.
+class MCaptionButtonControl final : public MControl {
+public:
+    /// The button outlives the control. `owner` has the caption.
+    MCaptionButtonControl(MControl& panel, MControl& owner, MCaptionButton& button);
+
+    [[nodiscard]] MCaptionButton& GetButton() const { return button; }
+    void GetMinimalContentSize(int32_t& x, int32_t& y) override;
+    void PaintContent(MDrawer& drawer) override;
+
+private:
+    void OnButtonClick(const MOnClickParams& params);
+
+    MControl& owner;
+    MCaptionButton& button;
+};
+
+/// The buttons of a caption, side by side.
+class MCaptionPanel final : public MPanel {
+public:
+    explicit MCaptionPanel(MControl& owner);
+};
