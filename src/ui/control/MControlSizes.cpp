@@ -127,7 +127,9 @@ MFlexibility MControl::GetFlexibility() {
 
 void MControl::ComputeSizes() {
     MControlRoot& state = GetRootState();
-    root->ComputeMinimalSize();
+    MStyle* const style = GetStyle();
+    do root->ComputeMinimalSize();
+    while (style && style->FitWindow(*root));
     // From then on present sizes are what the window has made of them.
     if (!std::exchange(state.hasFirstSizes, true)) root->ComputeCurrentSize();
     state.flexibility = root->GetFlexibility();

@@ -94,6 +94,9 @@ public:
     [[nodiscard]] virtual int32_t ScaleX(int32_t value) = 0;
     [[nodiscard]] virtual int32_t ScaleY(int32_t value) = 0;
     virtual void AdjustSize(MControl& control, int32_t& x, int32_t& y) = 0;
+    /// Whether the style has become smaller, because a window at its minimal size does not fit the screen: then
+    /// all of it is measured again.
+    [[nodiscard]] virtual bool FitWindow(MControl&) { return false; }
     /// The minimal size that was found for a control that keeps it in the style.
     virtual void StoreMinimalSize(MControl&, MPoint) {}
 
