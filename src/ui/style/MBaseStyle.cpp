@@ -4,6 +4,7 @@
 #include "foundation/files/MFile.h"
 #include "foundation/module/MModule.h"
 #include "foundation/text/MNumberText.h"
+#include "foundation/text/MStringFormatter.h"
 #include "foundation/xml/MXMLItem.h"
 #include "streams/resources/MResourceLibrary.h"
 #include "ui/control/MControl.h"
@@ -83,11 +84,13 @@ void MBaseStyle::SaveToSettings(MXMLItem& item) {
 
 void MBaseStyle::SetSettings(const MStyleSettings& newSettings) {
     settings = newSettings;
+    fittedPercent = 100;
     ApplySettings();
     RefreshWindows();
 }
 
 void MBaseStyle::OnDesktop(const MOnNotifyParams&) {
+    fittedPercent = 100;
     ApplySettings();
     RefreshWindows();
 }
@@ -103,6 +106,7 @@ void MBaseStyle::RefreshWindows() {
 
 void MBaseStyle::LoadDefinition(MXMLItem& definition) {
     colors.Load(definition);
+    LoadColorSchemes(definition);
     sizes.Load(definition);
     fonts.Load(definition);
     pictures.Load(definition, *resources);
@@ -127,6 +131,46 @@ void MBaseStyle::LoadDefinition(MXMLItem& definition) {
     ApplySettings();
 }
 
+void MBaseStyle::LoadColorSchemes(MXMLItem& definition) {
+    colorSchemes.clear();
+    MXMLItem* const schemes = definition.FindSubItem("colorschemes");
+    if (!schemes) return;
+    for (MXMLItem* item : schemes->GetSubItems()) {
+        ColorScheme scheme{item->GetAttribute("name", MString()), colors.GetDefaultColors()};
+        for (size_t i = 0; i < scheme.colors.size(); ++i) {
+            const MString key = MFormat("MainColor{0}", i);
+            if (item->HasAttribute(key)) scheme.colors[i] = MColor::Parse(item->GetCachedAttribute());
+        }
+        colorSchemes.push_back(scheme);
+    }
+}
+
+MStyleColors::MainColors MBaseStyle::GetChosenColors() const {
+    if (settings.setDefaultColors) return colors.GetDefaultColors();
+    for (const ColorScheme& scheme : colorSchemes)
+        if (scheme.name == settings.colorScheme) return scheme.colors;
+    return settings.mainColors;
+}
+
+bool MBaseStyle::FitWindow(MControl& window) {
+    if (!owner || window.GetControlType() != MControlType::Window) return false;
+    const MRect room = owner->GetSystem().GetWorkArea(std::nullopt);
+    const MPoint needed = window.minimalSize;
+    constexpr int32_t Least = 50;
+    if (room.IsEmpty() || fittedPercent <= Least) return false;
+    if (needed.x <= room.GetWidth() && needed.y <= room.GetHeight()) return false;
+    const auto getPart = [](int32_t available, int32_t wanted) {
+        return static_cast<int32_t>(int64_t{available} * 100 / std::max(wanted, 1));
+    };
+    // A step at least, since not all gets smaller as the scale does.
+    const int32_t part =
+        std::min({getPart(room.GetWidth(), needed.x), getPart(room.GetHeight(), needed.y), 95});
+    fittedPercent = std::max(fittedPercent * part / 100, Least);
+    ApplySettings();
+    for (MControl* other : owner->GetRoots()) other->TouchSizes();
+    return true;
+}
+
 void MBaseStyle::Unload() {
     fonts.Clear();
     pictures.Clear();
@@ -134,14 +178,14 @@ void MBaseStyle::Unload() {
 
 int32_t MBaseStyle::GetPercent(const std::optional<int32_t>& chosen, int32_t given, int32_t most) const {
     const int32_t desktop = owner ? owner->GetSystem().GetScalePercent() : 100;
-    const int32_t percent = chosen.value_or(MStyleScale::Scale(given, desktop));
-    return std::clamp(percent, MStyleScale::Least, most);
+    const int32_t percent = std::min(chosen.value_or(MStyleScale::Scale(given, desktop)), most);
+    return std::max(MStyleScale::Scale(percent, fittedPercent), MStyleScale::Least);
 }
 
 void MBaseStyle::ApplySettings() {
     scale = {GetPercent(settings.resizeX, definitionScale.x, mostScale.x),
              GetPercent(settings.resizeY, definitionScale.y, mostScale.y)};
-    colors.SetMainColors(settings.setDefaultColors ? colors.GetDefaultColors() : settings.mainColors);
+    colors.SetMainColors(GetChosenColors());
     const bool isLightDesktop = owner && owner->GetSystem().PrefersDark() == std::optional(false);
     colors.SetInverted(settings.invertColors.value_or(isLightDesktop));
     fonts.SetScale(scale);

@@ -10,6 +10,8 @@
 
 #include <array>
 #include <memory>
+#include <optional>
+#include <vector>
 
 class MResourceLibrary;
 
@@ -52,6 +54,14 @@ public:
     void LoadDefinition(MXMLItem& definition) override;
     void Unload() override;
 
+    /// Main colours that go together.
+    struct ColorScheme {
+        MString name;
+        MStyleColors::MainColors colors;
+    };
+    /// Those of the definition.
+    [[nodiscard]] const std::vector<ColorScheme>& GetColorSchemes() const { return colorSchemes; }
+
     [[nodiscard]] const MStyleSettings& GetSettings() const { return settings; }
     /// Takes effect at once: all windows are laid out and painted again.
     void SetSettings(const MStyleSettings& newSettings);
@@ -81,6 +91,7 @@ public:
     [[nodiscard]] int32_t ScaleX(int32_t value) override { return scale.GetX(value); }
     [[nodiscard]] int32_t ScaleY(int32_t value) override { return scale.GetY(value); }
     void AdjustSize(MControl&, int32_t&, int32_t&) override {}
+    [[nodiscard]] bool FitWindow(MControl& window) override;
     /// The control's flag or its parent's, not both.
     [[nodiscard]] bool IsInverted(MControl& control) override;
 
@@ -107,6 +118,8 @@ protected:
 private:
     void OnDesktop(const MOnNotifyParams& params);
     void RefreshWindows();
+    void LoadColorSchemes(MXMLItem& definition);
+    [[nodiscard]] MStyleColors::MainColors GetChosenColors() const;
     [[nodiscard]] int32_t GetPercent(const std::optional<int32_t>& chosen, int32_t given, int32_t most) const;
     [[nodiscard]] uint8_t GetStateAlpha(uint8_t drawState) const;
 
@@ -114,6 +127,7 @@ private:
     const std::unique_ptr<MResourceLibrary> noResources;
     const MResourceLibrary* resources = nullptr;
     MStyleColors colors;
+    std::vector<ColorScheme> colorSchemes;
     MStyleScale scale;
     MFontTable fonts;
     MPictureTable pictures;
@@ -121,6 +135,7 @@ private:
 
     MStyleScale definitionScale;
     MStyleScale mostScale;
+    int32_t fittedPercent = 100;  ///< what windows that are too large for the screen leave of the scale
     double minAlpha = 0;
     double disabledAlpha = 1;
     double focusedAlpha = 1;

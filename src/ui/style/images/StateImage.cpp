@@ -126,6 +126,9 @@ void StateImage::Paint(MDrawer& drawer, const MRect& rect, const MImageContext& 
     const MPoint size{getLength(rect.GetWidth(), dependsOnWidth),
                       getLength(rect.GetHeight(), dependsOnHeight)};
     const MBitmap& bitmap = FindBitmap(size, context);
-    drawer.PaintCornered(rect, bitmap, MRect::FromSize(0, 0, size.x, size.y), {margin, margin}, 0, 0, alpha,
-                         MDrawMode::Alphablend);
+    // Of a mere frame nothing is painted within.
+    const bool isHollow =
+        bitmap.GetPixel(size.x / 2, size.y / 2).alpha == 0 && !dependsOnWidth && !dependsOnHeight;
+    drawer.PaintCornered(rect, bitmap, MRect::FromSize(0, 0, size.x, size.y), {margin, margin}, 0,
+                         isHollow ? MDrawer::PartKept : 0, alpha, MDrawMode::Alphablend);
 }
