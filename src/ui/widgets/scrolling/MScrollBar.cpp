@@ -38,6 +38,10 @@ void MScrollBar::SetVertical(bool newIsVertical) {
     std::swap(layoutRatio.x, layoutRatio.y);
 }
 
+double MScrollBar::LimitPage(double page) const {
+    return std::max(0.0, page);
+}
+
 double MScrollBar::GetLastPosition() const {
     return std::max(minimum, maximum - pageSize);
 }
@@ -62,7 +66,7 @@ void MScrollBar::SetPosition(double newPosition) {
 }
 
 void MScrollBar::SetView(double newPageSize, double newPosition) {
-    const double oldPage = std::exchange(pageSize, std::max(0.0, Finite(newPageSize)));
+    const double oldPage = std::exchange(pageSize, LimitPage(Finite(newPageSize)));
     const double oldPosition = std::exchange(scrollPosition, minimum);
     scrollPosition = std::clamp(Finite(newPosition), minimum, GetLastPosition());
     if (pageSize == oldPage && scrollPosition == oldPosition) return;
@@ -75,7 +79,7 @@ void MScrollBar::Show(double newMinimum, double newMaximum, double newPageSize, 
     const auto before = getAll();
     minimum = Finite(newMinimum);
     maximum = std::max(minimum, Finite(newMaximum));
-    pageSize = std::max(0.0, Finite(newPageSize));
+    pageSize = LimitPage(Finite(newPageSize));
     scrollPosition = std::clamp(Finite(newPosition), minimum, GetLastPosition());
     if (getAll() != before) Invalidate();
 }

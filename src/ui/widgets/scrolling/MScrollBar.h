@@ -55,6 +55,8 @@ protected:
 
     /// Where track and arrows are.
     [[nodiscard]] virtual MRect GetBarRectangle() { return clientRect; }
+    /// What a page can be.
+    [[nodiscard]] virtual double LimitPage(double page) const;
     /// Takes the page size and the position, and raises what they have changed.
     void SetView(double newPageSize, double newPosition);
     [[nodiscard]] MScrollBarParts GetParts();

@@ -1,4 +1,4 @@
-#include "tests/ui/widgets/EditFixture.h"
+#include "tests/ui/widgets/edits/EditFixture.h"
 
 #include <random>
 #include <set>
