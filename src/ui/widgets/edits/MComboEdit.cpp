@@ -60,9 +60,13 @@ void MComboEdit::OnItem(const MOnItemParams<MenuItem>& params) {
     SetFocus();
     if (!self) return;
     SelectAll();
-    if (!IsReadOnly()) return Insert(text);
-    SetText(text);
-    RaiseChange();
+    if (IsReadOnly()) {
+        SetText(text);
+        RaiseChange();
+    } else {
+        Insert(text);
+    }
+    if (self) SelectAll();
 }
 
 void MComboEdit::WriteHelpInfo(MXMLItem& item) {

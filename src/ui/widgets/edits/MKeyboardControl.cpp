@@ -1,7 +1,10 @@
 #include "ui/widgets/edits/MKeyboardControl.h"
 
 #include "foundation/base/MException.h"
+#include "ui/control/windows/MWindows.h"
 #include "ui/layout/MLayoutClient.h"
+
+#include <utility>
 
 namespace {
 
@@ -112,10 +115,20 @@ MKeyboardWindow::MKeyboardWindow() : MWindow("KeyboardWindow", MTranslate("Keybo
     Set(MControlFlag::KeepsApplicationAlive);
 }
 
-void MKeyboardWindow::ShowFor(MControl& target) {
-    keyboard.SetTarget(&target);
-    if (!Is(MControlFlag::HasWindow)) CreateWindow(&target.GetRoot());
-    const MPoint place = target.GetScreenPoint({0, target.GetShownSize().y});
-    ShowModeless(&target.GetRoot());
+void MKeyboardWindow::ShowFor(MControl& newTarget) {
+    target.Set(&newTarget);
+    keyboard.SetTarget(&newTarget);
+    if (!Is(MControlFlag::HasWindow)) CreateWindow(&newTarget.GetRoot());
+    const MPoint place = newTarget.GetScreenPoint({0, newTarget.GetShownSize().y});
+    ShowModeless(&newTarget.GetRoot());
     SetPosition(place);
+}
+
+void MKeyboardWindow::OnClosed() {
+    wasActive = MWindows::GetInstance()->GetSystem().GetActiveRoot() == this;
+}
+
+void MKeyboardWindow::OnHidden() {
+    if (std::exchange(wasActive, false) && target)
+        MWindows::GetInstance()->GetSystem().Activate(target->GetRoot());
 }

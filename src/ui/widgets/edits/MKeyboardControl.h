@@ -50,8 +50,12 @@ public:
     MKeyboardWindow();
 
     /// Shows it below a control, which gets what is typed.
-    void ShowFor(MControl& target);
+    void ShowFor(MControl& newTarget);
+    void OnClosed() override;
+    void OnHidden() override;
 
 private:
+    MControlRef target;
+    bool wasActive = false;  ///< until it was closed, so that the user goes back to the target
     MKeyboardControl keyboard{this, "keyboard"};
 };
