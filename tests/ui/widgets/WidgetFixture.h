@@ -19,11 +19,13 @@ protected:
     template <class Widget>
     Widget& Add(const MRect& rect, const char* name = "") {
         auto& widget = *new Widget(&root, name);
-        Place(widget, rect);
+        Listen(Place(widget, rect));
+        return widget;
+    }
+    void Listen(MControl& widget) {
         widget.OnClick(MControl::Click::Left).Connect(this, &WidgetTest::HearClick);
         widget.OnChange().Connect(this, &WidgetTest::HearChange);
         widget.OnChange(MControl::Change::Committed).Connect(this, &WidgetTest::HearCommit);
-        return widget;
     }
     /// A point of a control on the screen: of its middle by default.
     static MPoint At(MControl& control, MPoint fromMiddle = {}) {

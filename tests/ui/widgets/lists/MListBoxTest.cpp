@@ -28,14 +28,14 @@ class MListBoxTest : public WidgetTest {
 protected:
     ~MListBoxTest() noexcept override = default;
 
-    /// Fills the window, whose client area is 298 by 198, with a list of items "0", "1", and so on.
+    /// Fills the root, whose client area is 298 by 198, with a list of items "0", "1", and so on.
     template <class List = MListBox>
     List& Show(int32_t count) {
-        auto* const list = new List(&window, "list");
+        auto* const list = new List(&root, "list");
         for (int32_t i = 0; i < count; ++i) list->AddItem(MNumberToText(i), i);
-        window.SetClientControl(list);
+        root.SetClientControl(list);
         Listen(*list);
-        Open(window);
+        Open(root);
         list->SetFocus();
         return *list;
     }
@@ -49,8 +49,6 @@ protected:
             order += Text(list.GetItem(i)->text) + (list.GetItem(i)->isSelected ? "* " : " ");
         return order;
     }
-
-    MWindow window;
 };
 
 /// What the user sees of a list of 30 rows, of which every seventh is disabled.
@@ -224,7 +222,7 @@ TEST_F(MListBoxTest, KeepsWhatIsSeenInItsPlace) {
             EXPECT_EQ(list.GetRowRect(row + 1).top, top - delta);
         }
         // Neighbours touch.
-        window.RedrawNow();
+        root.RedrawNow();
         for (int32_t i = list.FindRowAt({20, 1}); list.GetRowRect(i).top < 180; ++i)
             ASSERT_EQ(list.GetRowRect(i).bottom + 1, list.GetRowRect(i + 1).top);
     }
@@ -239,21 +237,21 @@ TEST_F(MListBoxTest, KeepsWhatIsSeenInItsPlace) {
 
 TEST_F(MListBoxTest, LooksAtTheRowsThatAreSeenAlone) {
     auto& list = Show<UnevenList>(100000);
-    window.RedrawNow();
+    root.RedrawNow();
     EXPECT_LT(list.asked, 50);
     for (int32_t i = 0; i < 100; ++i) {
         list.ScrollTo(list.GetScrollPlace() + 20000);
         list.painted = 0;
         list.asked = 0;
-        window.RedrawNow();
+        root.RedrawNow();
         EXPECT_LT(list.painted + list.asked, 60);
     }
     // Another row with the keyboard repaints two.
     list.SelectRow(list.FindRowAt({20, 100}));
-    window.RedrawNow();
+    root.RedrawNow();
     list.painted = 0;
     user.PressKey(MKeyUp);
-    window.RedrawNow();
+    root.RedrawNow();
     EXPECT_EQ(list.painted, 2);
 }
 
@@ -266,7 +264,7 @@ TEST_F(MListBoxTest, FillsColumnsOneAfterTheOther) {
     item.SetAttribute("row0", 0);
     item.SetAttribute("row1", 50);
     list.LoadFromXml(item);
-    window.RedrawNow();
+    root.RedrawNow();
     // Four lines, of which the second is 50 high; 40 pixels and two halves of the rest.
     EXPECT_EQ(list.GetRowRect(5), (MRect::FromSize(41, list.GetRowRect(0).bottom + 1, 128, 50)));
     EXPECT_EQ(list.FindRowAt({250, list.GetRowRect(1).top}), 9);
@@ -283,12 +281,12 @@ TEST_F(MListBoxTest, WrapsRichTextAndFindsItByItsLetters) {
     const MString words = "<b>Violin</b> of wood that sounds far and wide and needs several lines in a list";
     list.AddItem(std::make_unique<MSTMLListBoxItem>(words));
     list.AddItem(std::make_unique<MSTMLListBoxItem>(words, MStdIcon::OK));
-    window.RedrawNow();
+    root.RedrawNow();
     const int32_t plain = list.GetRowRect(0).GetHeight();
     EXPECT_GT(list.GetRowRect(1).GetHeight(), plain);
     const int32_t before = list.GetRowRect(1).GetHeight();
-    window.SetSize({150, 200});
-    window.RedrawNow();
+    root.SetSize({150, 200});
+    root.RedrawNow();
     EXPECT_GT(list.GetRowRect(1).GetHeight(), before);
     user.Type("vio");
     EXPECT_EQ(list.GetSelectedRow(), 1);

@@ -15,7 +15,7 @@ protected:
         }
         bar.SetItemEnabled(1, false);
         bar.OnItem().Connect(this, &MMenuBarTest::OnItem);
-        Open(window);
+        Open(root);
         content.SetFocus();
         Take();
     }
@@ -27,9 +27,8 @@ protected:
         return bar.GetScreenPoint({(rect.left + rect.right) / 2, rect.top + 5});
     }
 
-    MWindow window;
-    MMenuBar bar{&window, "bar"};
-    Probe content{&window, "content", log};
+    MMenuBar bar{&root, "bar"};
+    Probe content{&root, "content", log};
 };
 
 TEST_F(MMenuBarTest, IsUsedByKeys) {
@@ -51,7 +50,7 @@ TEST_F(MMenuBarTest, IsUsedByKeys) {
         EXPECT_EQ(bar.GetOpenItem(), test.openItem);
         if (test.openItem >= 0) bar.GetMenu(test.openItem).Close();
         EXPECT_TRUE(content.HasFocus());
-        EXPECT_EQ(system.GetActiveRoot(), &window);
+        EXPECT_EQ(system.GetActiveRoot(), &root);
         std::string told = Take();
         EXPECT_EQ(told.find(test.chosen) != std::string::npos, true) << told;
     }
@@ -60,10 +59,10 @@ TEST_F(MMenuBarTest, IsUsedByKeys) {
     user.PressKey('V');
     EXPECT_EQ(bar.GetOpenItem(), 2);
     bar.GetMenu(2).Close();
-    system.GetMessages().OnKey(window, MEventType::KeyDown, MKeyAlt);
+    system.GetMessages().OnKey(root, MEventType::KeyDown, MKeyAlt);
     user.PressKey('X');
     user.HoldKeys(MModifierNone);
-    system.GetMessages().OnKey(window, MEventType::KeyUp, MKeyAlt);
+    system.GetMessages().OnKey(root, MEventType::KeyUp, MKeyAlt);
     EXPECT_FALSE(bar.HasFocus());
 }
 

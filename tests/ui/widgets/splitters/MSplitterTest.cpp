@@ -16,17 +16,15 @@ protected:
         };
         return length(0) + " " + length(1);
     }
-
-    MWindow window;
 };
 
 TEST_F(MSplitterTest, MovesItsBarWithinWhatThePanelsNeed) {
     for (const bool isVertical : {true, false}) {
-        auto* const splitter = new MSplitter(&window, "splitter", isVertical);
+        auto* const splitter = new MSplitter(&root, "splitter", isVertical);
         splitter->GetPanel(0).minClientSize = {40, 40};
         splitter->GetPanel(1).minClientSize = {50, 50};
-        window.SetClientControl(splitter);
-        Open(window, {100, 100}, {302, 302});
+        root.SetClientControl(splitter);
+        Open(root, {100, 100}, {302, 302});
         // 300 pixels less a bar of 16; panels have a frame of 1.
         EXPECT_EQ(GetLengths(*splitter), "142 142");
         const auto drag = [&](int32_t from, int32_t to) {
@@ -54,9 +52,9 @@ TEST_F(MSplitterTest, MovesItsBarWithinWhatThePanelsNeed) {
         user.PressKey(isVertical ? MKeyLeft : MKeyUp);
         EXPECT_EQ(GetLengths(*splitter), "224 60");
 
-        // The ratio stays with the size of the window, and with its state.
+        // The ratio stays with the size of the root, and with its state.
         splitter->SetRatio(1, 3);
-        window.SetSize({502, 502});
+        root.SetSize({502, 502});
         EXPECT_EQ(GetLengths(*splitter), "121 363");
         MXMLItem state("state");
         splitter->SaveState(state);
