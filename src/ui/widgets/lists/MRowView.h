@@ -90,6 +90,8 @@ protected:
     [[nodiscard]] virtual MRect GetTextRect(int32_t row, const MRect& rect);
     /// Of a row's check box, empty without one.
     [[nodiscard]] virtual MRect GetCheckBoxRect(int32_t row, const MRect& rect);
+    /// How far what is in a row is moved to the right.
+    [[nodiscard]] virtual int32_t GetIndent(int32_t) { return 0; }
     /// Between the edge of a row and what is in it.
     [[nodiscard]] virtual MPoint GetRowBorder();
     [[nodiscard]] int32_t GetMetric(MStyleMetric metric);

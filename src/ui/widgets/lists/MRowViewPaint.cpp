@@ -6,15 +6,6 @@
 
 #include <algorithm>
 
-namespace {
-
-/// So much of the left edge of a rectangle, in its middle.
-MRect GetLeftPart(const MRect& rect, MPoint size) {
-    return MAlignInside(rect, size, MAlignLeft);
-}
-
-}  // namespace
-
 uint8_t MRowView::GetRowState(int32_t row) {
     uint8_t state = IsEnabled() && GetRow(row).isEnabled ? MDrawEnabled : MDrawDisabled;
     if (row == focusedRow && HasFocus()) state |= MDrawFocused;
@@ -38,7 +29,9 @@ MPoint MRowView::GetRowBorder() {
 MRect MRowView::GetCheckBoxRect(int32_t row, const MRect& rect) {
     if (!GetRow(row).hasCheckBox) return {};
     const int32_t size = GetMetric(MStyleMetric::ListBoxItemCheckBoxSize);
-    return GetLeftPart(rect.Shrunk(GetRowBorder().x, 0), {size, size});
+    MRect inside = rect.Shrunk(GetRowBorder().x, 0);
+    inside.left += GetIndent(row);
+    return MAlignInside(inside, {size, size}, MAlignLeft);
 }
 
 MRect MRowView::GetTextRect(int32_t row, const MRect& rect) {
@@ -46,6 +39,7 @@ MRect MRowView::GetTextRect(int32_t row, const MRect& rect) {
     const int32_t space = GetMetric(MStyleMetric::XSpaceInMContent);
     const MRect check = GetCheckBoxRect(row, rect);
     MRect text = rect.Shrunk(border.x, border.y);
+    text.left += GetIndent(row);
     if (!check.IsEmpty()) text.left = check.right + 1 + space;
     if (GetRow(row).icon) text.left += GetMetric(MStyleMetric::MaxStdIconSizeX) + space;
     return text;
