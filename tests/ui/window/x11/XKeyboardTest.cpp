@@ -6,11 +6,6 @@
 
 #include <vector>
 
-/// That library copies parts of blocks that have no end of text, which is its right.
-extern "C" const char* __asan_default_suppressions() {  // NOLINT(bugprone-reserved-identifier)
-    return "interceptor_via_lib:libxkbcommon-x11\n";
-}
-
 namespace {
 
 /// The numbers of a few keys of a PC, by what they have on an American keyboard.
