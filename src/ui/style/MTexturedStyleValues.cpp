@@ -1,6 +1,7 @@
 // Knobs, rotators, trackers and progress bars: what they show of a value.
 
 #include "ui/control/MControl.h"
+#include "ui/drawing/MClipScope.h"
 #include "ui/style/MTexturedStyle.h"
 #include "ui/style/images/MArc.h"
 #include "ui/style/images/MImageContext.h"
@@ -66,6 +67,8 @@ void MTexturedStyle::PaintValue(MControl& control, MDrawer& drawer, const MRect&
 
 void MTexturedStyle::PaintDial(MStyleClass styleClass, MDrawer& drawer, const MRect& rect,
                                const MValueLook& value) {
+    MClipScope clip(drawer);
+    if (clip.Intersect(rect)) return;
     MClassLook& look = GetLook(styleClass);
     ControlStyle& dial = look.GetImage();
     const MStyleScale scale = GetScale();
@@ -129,6 +132,8 @@ MRect MTexturedStyle::GetTrackerRect(MControl& control, double value) {
 }
 
 void MTexturedStyle::PaintTracker(MControl&, MDrawer& drawer, const MRect& rect, const MValueLook& value) {
+    MClipScope clip(drawer);
+    if (clip.Intersect(rect)) return;
     MClassLook& look = GetLook(MStyleClass::Tracker);
     const MStyleScale scale = GetScale();
     const Track track = GetTrack(rect, look, scale);

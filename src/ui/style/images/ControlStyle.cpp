@@ -50,9 +50,12 @@ void ControlStyle::Load(MXMLItem& item, MXMLItem& root) {
         for (size_t i = 0; i < StateCount; ++i) {
             if (!(child->GetName() == MImageStateNames[i])) continue;
             StateImage image;
-            if (child->HasAttribute("like"))
-                image = images[static_cast<size_t>(
-                    MValueEnum<MImageState>::FromName(child->GetCachedAttribute()))];
+            if (child->HasAttribute("like")) {
+                const auto other =
+                    static_cast<size_t>(MValueEnum<MImageState>::FromName(child->GetCachedAttribute()));
+                image = images[other];
+                image.FixAlpha(alphas[other]);
+            }
             image.Load(*child);
             images[i] = std::move(image);
         }

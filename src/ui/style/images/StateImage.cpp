@@ -50,6 +50,11 @@ void StateImage::Load(MXMLItem& item) {
     Reset();
 }
 
+void StateImage::FixAlpha(uint8_t alpha) {
+    fixedLayers = layers.size();
+    fixedAlpha = alpha;
+}
+
 void StateImage::Reset() {
     bitmaps.clear();
     newest = 0;
@@ -80,7 +85,13 @@ void StateImage::ChangeColors(MBitmap& bitmap) const {
 
 MBitmap StateImage::Generate(MPoint size, const MImageContext& context) const {
     MBitmap bitmap(size.x, size.y);
-    for (const GeneratedImage& layer : layers) layer.Draw(bitmap, context);
+    for (size_t i = 0; i < layers.size(); ++i) {
+        layers[i].Draw(bitmap, context);
+        if (i + 1 == fixedLayers && fixedAlpha != 255)
+            bitmap.ChangeColors([this](MColor color) {
+                return color.WithAlpha(static_cast<uint8_t>(color.alpha * fixedAlpha / 255));
+            });
+    }
     ChangeColors(bitmap);
     return bitmap;
 }

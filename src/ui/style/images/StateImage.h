@@ -16,6 +16,9 @@ public:
     /// Raises what `GeneratedImage::Load` raises.
     void Load(MXMLItem& item);
 
+    /// What was loaded so far counts with an alpha, and what will be is laid over it with its own.
+    void FixAlpha(uint8_t alpha);
+
     [[nodiscard]] bool IsEmpty() const { return layers.empty() && picture.GetId().IsEmpty(); }
     /// Raises what is wrong with the colours of generated images.
     void Paint(MDrawer& drawer, const MRect& rect, const MImageContext& context, uint8_t alpha);
@@ -37,6 +40,8 @@ private:
     void ChangeColors(MBitmap& bitmap) const;
 
     std::vector<GeneratedImage> layers;
+    size_t fixedLayers = 0;  ///< those at the bottom that have an alpha together
+    uint8_t fixedAlpha = 255;
     TexturedImage picture;
     std::vector<ColorChange> changes;
 

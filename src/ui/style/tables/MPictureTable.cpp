@@ -105,7 +105,7 @@ MColor MPictureTable::GetSignColor(size_t index) const {
     switch (static_cast<MStdBitmap>(index)) {
     case MStdBitmap::Yes: return colors->GetStdColor(static_cast<int32_t>(MStdColor::Green), false);
     case MStdBitmap::No: return colors->GetStdColor(static_cast<int32_t>(MStdColor::Red), false);
-    default: return colors->Get(MStyleTone::Accent);
+    default: return colors->Get(MStyleTone::Ring);
     }
 }
 
