@@ -11,7 +11,9 @@ MFindBar::MFindBar(MControl& parent, const MString& name) : MPanel(&parent, name
     row->Add(edit);
     counter.SetControlType(MControlType::Static);
     counter.Set(MControlFlag::TabStop, false);
-    counter.layoutRatio = {0, 0};
+    counter.layoutRatio.x = 0;
+    // Enough for most counts, so that the entry keeps its width while something is typed.
+    counter.minClientSize.x = 72;
     row->Add(counter);
     const struct {
         MButton& button;
@@ -21,6 +23,7 @@ MFindBar::MFindBar(MControl& parent, const MString& name) : MPanel(&parent, name
                    {next, MStdIcon::Down, "Goes to the next place"},
                    {close, MStdIcon::Close, "Closes the search"}};
     for (const auto& [button, icon, info] : buttons) {
+        button.SetBackgroundShown(false);
         button.SetIcon(icon);
         button.infoText = MTranslate(info);
         button.layoutRatio = {0, 0};
@@ -31,9 +34,9 @@ MFindBar::MFindBar(MControl& parent, const MString& name) : MPanel(&parent, name
 }
 
 void MFindBar::ShowCount(int32_t count, int32_t current) {
+    if (edit.GetLength() == 0) return counter.SetText({});
     counter.SetText(count == 0 ? MTranslate("Nothing found")
                                : MFormat(MTranslate("{0} of {1}"), current + 1, count));
-    counter.SetVisible(!edit.GetText().IsEmpty());
 }
 
 void MFindBar::OnButton(const MOnClickParams& params) {

@@ -103,6 +103,7 @@ bool MZoomer::ProcessEvent(const MSystemEvent& event) {
     const MPoint point = GetOwnPoint(event.point);
     switch (event.type) {
     case MEventType::LeftDown:
+    case MEventType::LeftDoubleClick:
         dragged = GetEndAt(point);
         if (dragged != End::None) return true;
         break;
