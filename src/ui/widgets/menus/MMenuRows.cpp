@@ -54,7 +54,7 @@ void MMenuRows::UpdateMargins() {
         const MMenuItemBaseWithFeatures& item = GetRow(row);
         if (item.icon || item.check != 0) margins.mark = std::max(margins.mark, icon);
         if (item.hasCheckBox)
-            margins.mark = std::max(margins.mark, GetMetric(MStyleMetric::ListBoxItemCheckBoxSize));
+            margins.mark = std::max(margins.mark, GetStyle()->GetPartSize(*this, MStylePart::CheckMark).x);
         if (item.subMenu) margins.arrow = icon;
         margins.shortcut =
             std::max(margins.shortcut, MContentText(item.shortcut).GetSize(drawer, GetLook(MDrawEnabled)).x);
@@ -117,10 +117,10 @@ void MMenuRows::PaintItem(MDrawer& drawer, int32_t row, const MRect& rect, uint8
     MRect behind =
         MRect::FromSize(inside.right - margins.arrow + 1, rect.top, margins.arrow, rect.GetHeight());
     look.alignment = MAlignCenter;
-    const int32_t box = GetMetric(MStyleMetric::ListBoxItemCheckBoxSize);
+    const MPoint box = style.GetPartSize(*this, MStylePart::CheckMark);
     if (item.hasCheckBox)
-        style.PaintCheckMark(*this, drawer, MAlignInside(mark, {box, box}, MAlignCenter),
-                             MCheckMarkShape::CheckBox, item.check, drawState);
+        style.PaintCheckMark(*this, drawer, MAlignInside(mark, box, MAlignCenter), MCheckMarkShape::CheckBox,
+                             item.check, drawState);
     else if (item.icon || item.check != 0)
         MContentIcon(item.check != 0 ? MStdIcon::OK : *item.icon).Paint(drawer, mark, look);
     if (item.subMenu) MContentIcon(MStdIcon::RightTriangle).Paint(drawer, behind, look);

@@ -31,6 +31,7 @@ MSplitter::MSplitter(MControl* parent, const MString& name, bool isVertical) : M
     panels[0] = new MPanel(this, "Panel1");
     bar = new MSplitterBar(*this);
     panels[1] = new MPanel(this, "Panel2");
+    for (MPanel* panel : panels) panel->SetControlType(MControlType::Empty);
     for (MControl* control :
          {static_cast<MControl*>(panels[0]), static_cast<MControl*>(bar), static_cast<MControl*>(panels[1])})
         layout->Attach(*control);

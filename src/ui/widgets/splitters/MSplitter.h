@@ -18,7 +18,8 @@ public:
     /// `isVertical`: the bar is; the panels stand side by side.
     explicit MSplitter(MControl* parent = nullptr, const MString& name = MString(), bool isVertical = true);
 
-    /// 0 for the one at the left or the top, 1 for the other.
+    /// 0 for the one at the left or the top, 1 for the other. They have no look of their own unless they are given a
+    /// class that has.
     [[nodiscard]] MPanel& GetPanel(int32_t index) const { return *panels[static_cast<size_t>(index)]; }
     void SetVertical(bool newIsVertical);
     [[nodiscard]] bool IsVertical() const { return axis == MAxis::X; }

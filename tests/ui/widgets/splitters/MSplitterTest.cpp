@@ -21,11 +21,11 @@ protected:
 TEST_F(MSplitterTest, MovesItsBarWithinWhatThePanelsNeed) {
     for (const bool isVertical : {true, false}) {
         auto* const splitter = new MSplitter(&root, "splitter", isVertical);
-        splitter->GetPanel(0).minClientSize = {40, 40};
-        splitter->GetPanel(1).minClientSize = {50, 50};
+        splitter->GetPanel(0).minClientSize = {42, 42};
+        splitter->GetPanel(1).minClientSize = {52, 52};
         root.SetClientControl(splitter);
         Open(root, {100, 100}, {302, 302});
-        // 300 pixels less a bar of 16; panels have a frame of 1.
+        // 300 pixels less a bar of 16.
         EXPECT_EQ(GetLengths(*splitter), "142 142");
         const auto drag = [&](int32_t from, int32_t to) {
             const MPoint start = splitter->GetScreenPoint(isVertical ? MPoint{from, 50} : MPoint{50, from});
