@@ -4,7 +4,6 @@
 #include "ui/control/windows/MWindows.h"
 #include "ui/widgets/menus/MMenuRows.h"
 
-#include <algorithm>
 #include <utility>
 
 MMenuBase::MMenuBase(const MString& name) : MControl(nullptr, name), rows(new MMenuRows(*this)) {
@@ -20,7 +19,7 @@ MMenuBase::MMenuBase(const MString& name) : MControl(nullptr, name), rows(new MM
 }
 
 void MMenuBase::Open(MControl& newOwner, const MRect& anchorOnScreen) {
-    OpenOnSide(newOwner, anchorOnScreen, Side::Below);
+    OpenOnSide(newOwner, anchorOnScreen, MPopupSide::Below);
 }
 
 void MMenuBase::OpenAt(MControl& newOwner, MPoint point) {
@@ -28,7 +27,7 @@ void MMenuBase::OpenAt(MControl& newOwner, MPoint point) {
     Open(newOwner, {place.x, place.y, place.x, place.y - 1});
 }
 
-void MMenuBase::OpenOnSide(MControl& newOwner, const MRect& newAnchor, Side newSide) {
+void MMenuBase::OpenOnSide(MControl& newOwner, const MRect& newAnchor, MPopupSide newSide) {
     const MControlRef self(this);
     owner.Set(&newOwner);
     Close();
@@ -50,26 +49,8 @@ void MMenuBase::OpenOnSide(MControl& newOwner, const MRect& newAnchor, Side newS
     ShowModeless(owner.Get());
 }
 
-MRect MMenuBase::GetRoom() const {
-    return MWindows::GetInstance()->GetSystem().GetWorkArea(anchor.GetTopLeft());
-}
-
 void MMenuBase::OnPrepared() {
-    const MRect room = GetRoom();
-    // Where it fits: on the first side, else on the second, else inside the room whatever it covers.
-    const auto place = [&](MAxis axis, int32_t first, int32_t second) {
-        const int32_t low = room.GetLow(axis);
-        const int32_t last = room.GetHigh(axis) - size[axis] + 1;
-        if (first >= low && first <= last) return first;
-        if (second >= low && second <= last) return second;
-        return std::max(std::min(first, last), low);
-    };
-    if (side == Side::Below)
-        SetPosition({place(MAxis::X, anchor.left, anchor.right - size.x + 1),
-                     place(MAxis::Y, anchor.bottom + 1, anchor.top - size.y)});
-    else
-        SetPosition({place(MAxis::X, anchor.right + 1, anchor.left - size.x),
-                     place(MAxis::Y, anchor.top, anchor.bottom - size.y + 1)});
+    SetPosition(MPlacePopup(size, anchor, side));
 }
 
 void MMenuBase::Close() {
@@ -151,7 +132,8 @@ void MMenuBase::OpenSubMenu(int32_t row) {
     item.subMenu->parentMenu = this;
     const MRect rect = rows->GetRowRect(row);
     const int32_t top = rows->GetScreenPoint(rect.GetTopLeft()).y;
-    item.subMenu->OpenOnSide(*rows, MRect::FromSize(position.x, top, size.x, rect.GetHeight()), Side::Beside);
+    item.subMenu->OpenOnSide(*rows, MRect::FromSize(position.x, top, size.x, rect.GetHeight()),
+                             MPopupSide::Beside);
 }
 
 void MMenuBase::CloseSubMenu() {

@@ -3,6 +3,7 @@
 #include "ui/control/MControl.h"
 #include "ui/control/windows/MTimer.h"
 #include "ui/widgets/menus/MMenuItemBaseWithFeatures.h"
+#include "ui/widgets/menus/MPopupPlace.h"
 
 #include <cstdint>
 
@@ -63,14 +64,12 @@ protected:
 private:
     friend class MMenuRows;
 
-    enum class Side { Below, Beside };
-
-    void OpenOnSide(MControl& newOwner, const MRect& newAnchor, Side newSide);
+    void OpenOnSide(MControl& newOwner, const MRect& newAnchor, MPopupSide newSide);
     [[nodiscard]] MMenuBase& GetTopMenu();
     /// Whether a root is one of the menus that are open together with this one, or was opened over one.
     [[nodiscard]] bool IsAmongMenus(MControl* other);
     /// The part of the screen that the menu opens in.
-    [[nodiscard]] MRect GetRoom() const;
+    [[nodiscard]] MRect GetRoom() const { return MGetPopupRoom(anchor); }
 
     // What the rows find.
     void OpenSubMenu(int32_t row);
@@ -86,7 +85,7 @@ private:
     MMenuRows* const rows;  ///< a child
     MControlRef owner;
     MRect anchor;  ///< on the screen
-    Side side = Side::Below;
+    MPopupSide side = MPopupSide::Below;
     MMenuBase* parentMenu = nullptr;  ///< whose item this is a sub-menu of
     int32_t openRow = -1;             ///< whose sub-menu is open
     bool isOpen = false;

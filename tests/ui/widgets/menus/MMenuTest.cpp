@@ -1,4 +1,5 @@
 #include "ui/widgets/menus/MMenu.h"
+#include "ui/widgets/menus/MWindowMenu.h"
 #include "tests/ui/control/ControlFixture.h"
 #include "ui/control/MContainers.h"
 
@@ -183,6 +184,21 @@ TEST_F(MMenuTest, SurvivesWhatHandlersDo) {
     Keys({MKeyDown, MKeyRight, MKeyEnter});
     EXPECT_EQ(destroyer.menu, nullptr);
     EXPECT_EQ(system.GetActiveRoot(), &window);
+}
+
+TEST_F(MMenuTest, HoldsControlsInsteadOfItems) {
+    MWindowMenu popup("popup", MWindowMenu::OK | MWindowMenu::Cancel);
+    new Probe(&popup.GetContainer(), "inside", log);
+    const auto run = [&](const std::function<void()>& act) {
+        system.AdvanceTime(200);
+        system.Post(act);
+        return popup.RunAt(window, {150, 150, 160, 160});
+    };
+    EXPECT_EQ(run([&] { user.PressKey(MKeyEnter); }), MModalValue::Ok);
+    EXPECT_EQ(run([&] { user.PressKey(MKeyEscape); }), MModalValue::Cancel);
+    EXPECT_EQ(run([&] { user.Click({110, 110}); }), MModalValue::Cancel);
+    EXPECT_EQ(run([&] { system.ActivateOtherProgram("Editor"); }), MModalValue::Cancel);
+    EXPECT_EQ(system.GetFrame(popup).top, 161);
 }
 
 }  // namespace
