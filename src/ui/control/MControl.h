@@ -49,6 +49,7 @@ class MControl : public MPresetBaseT<MEventTarget> {
 public:
     static constexpr int32_t Unlimited = std::numeric_limits<int32_t>::max();
     using ControlList = MList<MControl, MListPointers>;
+    class MXmlLoader;
 
     /// Becomes the last child of `parent`, which owns it from then on if it stands in memory of its own, and
     /// loses it if it ends first; without one, a root. Without a name it gets a number of its own.
@@ -59,6 +60,8 @@ public:
 
     // ---- What a kind of control can do in its own way, in the order of a control's life.
 
+    /// Takes the attributes of an element, and what stands below it (MXmlLoader.h). A class reads its own ones
+    /// and calls its base then.
     virtual void LoadFromXml(MXMLItem& item);
     virtual void DetachFromStyle();
     /// Called before each measuring and each arranging.

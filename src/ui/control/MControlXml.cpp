@@ -1,5 +1,5 @@
 #include "foundation/xml/MXMLItem.h"
-#include "ui/control/MControl.h"
+#include "ui/control/MXmlLoader.h"
 #include "ui/control/kinds/MStdFont.h"
 #include "ui/control/windows/MWindows.h"
 
@@ -59,4 +59,5 @@ void MControl::LoadFromXml(MXMLItem& item) {
     if (item.HasAttribute("captiontype"))
         SetCaption(caption, MValueEnum<MCaptionType>::FromName(item.GetCachedAttribute()));
     help = item.GetAttribute("help", help);
+    MXmlLoader::Get().Load(item, *this);
 }

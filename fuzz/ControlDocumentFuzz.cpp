@@ -1,0 +1,47 @@
+// A document of controls: it is loaded into a window, which is measured, arranged and painted in two sizes.
+
+#include "examples/windows/MPlainStyle.h"
+#include "foundation/base/MException.h"
+#include "streams/basic/MMemoryStream.h"
+#include "ui/control/windows/MWindows.h"
+#include "ui/loader/MStandardCreators.h"
+#include "ui/window/headless/MWindowSystemHeadless.h"
+
+#include <cstddef>
+#include <cstdint>
+
+namespace {
+
+MWindows& GetWindows() {
+    static MWindows windows(std::make_unique<MWindowSystemHeadless>());
+    if (!windows.GetStyle()) {
+        windows.SetStyle(std::make_unique<MPlainStyle>(&windows, "/usr/share/fonts/truetype"));
+        MControl::MXmlLoader::SetFiller(&MAddStandardCreators);
+    }
+    return windows;
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+    MWindows& windows = GetWindows();
+    MMemoryStream stream(data, static_cast<int32_t>(size));
+    MXMLItem document;
+    MControl root(nullptr, "root");
+    root.SetControlType(MControlType::Window);
+    try {
+        document.Load(stream);
+        root.LoadFromXml(document);
+    } catch (const MException&) {}
+    // Whatever the document wants, the picture has to fit into the memory.
+    root.Set(MControlFlag::AdaptSize, false);
+    root.Set(MControlFlag::FullScreen, false);
+    root.minimalSize = {};
+    root.size = {200, 150};
+    root.CreateWindow(nullptr);
+    root.ShowModeless(nullptr);
+    root.RedrawNow();
+    windows.GetSystem().Resize(root, {90, 60});
+    root.RedrawNow();
+    return 0;
+}
