@@ -24,28 +24,28 @@ public:
     /// Makes what the elements of a name stand for.
     class Creator : public MObject {
     public:
-        /// Below `parent`, which owns it. Returns the control, null if it is none. Raises what is raised by
+        /// Below `owner`. Returns the control, null if it is none. Raises what is raised by
         /// `LoadFromXml` of what is made; that stays where it is.
-        virtual MControl* Create(MControl& parent, MXMLItem& item, MXmlLoader& loader) const = 0;
+        virtual MControl* Create(MControl& owner, MXMLItem& item, MXmlLoader& loader) const = 0;
     };
 
     /// A control of a class, with the attribute "id" as its name.
     template <class T>
     class Control final : public Creator {
     public:
-        MControl* Create(MControl& parent, MXMLItem& item, MXmlLoader&) const override {
-            auto* const control = new T(&parent, item.GetAttribute("id", MString()));
+        MControl* Create(MControl& owner, MXMLItem& item, MXmlLoader&) const override {
+            auto* const control = new T(&owner, item.GetAttribute("id", MString()));
             control->LoadFromXml(item);
             return control;
         }
     };
 
-    /// A layout of a class on the parent, and the controls below it.
+    /// A layout of a class on the owner, and the controls that it places.
     template <class T>
     class Layout final : public Creator {
     public:
-        MControl* Create(MControl& parent, MXMLItem& item, MXmlLoader& loader) const override {
-            loader.LoadLayout(*new T(parent), parent, item);
+        MControl* Create(MControl& owner, MXMLItem& item, MXmlLoader& loader) const override {
+            loader.LoadLayout(*new T(owner), owner, item);
             return nullptr;
         }
     };

@@ -33,6 +33,8 @@
 #include "ui/widgets/menus/MMenuBar.h"
 #include "ui/widgets/scrolling/MScrollBar.h"
 #include "ui/widgets/splitters/MSplitter.h"
+#include "ui/widgets/tabs/MTabSet.h"
+#include "ui/widgets/trees/MTreeControl.h"
 #include "ui/widgets/values/MKnob.h"
 #include "ui/widgets/values/MProgressBar.h"
 #include "ui/widgets/values/MSwitcher.h"
@@ -49,8 +51,8 @@ using Loader = MControl::MXmlLoader;
 template <class T>
 class ValueControl final : public Loader::Creator {
 public:
-    MControl* Create(MControl& parent, MXMLItem& item, Loader& loader) const override {
-        auto* const control = new T(&parent, item.GetAttribute("id", MString()));
+    MControl* Create(MControl& owner, MXMLItem& item, Loader& loader) const override {
+        auto* const control = new T(&owner, item.GetAttribute("id", MString()));
         MXMLItem* const definition = item.FindSubItem("value");
         if (std::unique_ptr<MValue> value = definition ? loader.LoadValue(*definition) : nullptr)
             control->SetValue(std::move(value));
@@ -92,7 +94,9 @@ constexpr std::pair<const char*, std::unique_ptr<Loader::Creator> (*)()> Creator
     {"comboedit", &MakeControl<MComboEdit>},
     {"edit", &MakeControl<MEdit>},
     {"multilineedit", &MakeControl<MMultiLineEdit>},
+    {"tabset", &MakeControl<MTabSet>},
     {"listbox", &MakeControl<MListBox>},
+    {"treecontrol", &MakeControl<MTreeControl>},
     {"menubar", &MakeControl<MMenuBar>},
     {"progressbar", &MakeControl<MProgressBar>},
     {"scrollbar", &MakeControl<MScrollBar>},

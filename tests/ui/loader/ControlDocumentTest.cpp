@@ -2,6 +2,8 @@
 #include "tests/ui/control/ControlFixture.h"
 #include "ui/layout/MLayoutGrid.h"
 #include "ui/loader/MStandardCreators.h"
+#include "ui/widgets/splitters/MSplitter.h"
+#include "ui/widgets/tabs/MTabSet.h"
 #include "ui/widgets/values/MKnob.h"
 
 #include <array>
@@ -161,9 +163,15 @@ TEST_F(ControlDocumentTest, BuildsTheTreeAndPassesOverWhatItDoesNotKnow) {
     EXPECT_EQ(GetTree(root), "a(b(c)) d e");
     EXPECT_EQ(Text(GetChild(0).GetCaption()), "Upper");
     EXPECT_EQ(Text(GetChild(2).GetCaption()), "none");
+    // What stands in the items of tabs and of splitters lies in their pages.
+    Load("<tabset><item text=\"x\"><static id=\"t\"/></item><items><item><edit id=\"u\"/></item></items></tabset>"
+         "<splitter><item layoutratiox=\"3\"><static id=\"v\"/></item><item><edit id=\"w\"/></item></splitter>");
+    EXPECT_EQ(Text(dynamic_cast<MTabSet&>(GetChild(3)).GetPage(1).GetChildren()[0]->GetName()), "u");
+    EXPECT_EQ(Text(dynamic_cast<MSplitter&>(GetChild(4)).GetPanel(0).GetChildren()[0]->GetName()), "v");
+    EXPECT_EQ(Text(dynamic_cast<MSplitter&>(GetChild(4)).GetPanel(1).GetChildren()[0]->GetName()), "w");
     // Without "id" a control has the next number.
     Load("<panel/><panel/>");
-    EXPECT_EQ(std::stoi(Text(GetChild(3).GetName())) + 1, std::stoi(Text(GetChild(4).GetName())));
+    EXPECT_EQ(std::stoi(Text(GetChild(5).GetName())) + 1, std::stoi(Text(GetChild(6).GetName())));
 }
 
 TEST_F(ControlDocumentTest, LayoutsPlaceTheirControlsInTheOrderOfTheDocument) {

@@ -78,6 +78,9 @@ void MSplitter::SetFirstLength(int32_t length) {
 void MSplitter::LoadFromXml(MXMLItem& item) {
     SetVertical(item.GetInt32Attribute("vertical", IsVertical()) != 0);
     LoadValueState(item);
+    size_t index = 0;
+    for (MXMLItem* sub : item.GetSubItems())
+        if (sub->GetName() == "item" && index < panels.size()) panels[index++]->LoadFromXml(*sub);
     MControl::LoadFromXml(item);
 }
 

@@ -29,7 +29,7 @@ public:
     void SetFirstLength(int32_t length);
     [[nodiscard]] int32_t GetFirstLength() const { return panels[0]->size[axis]; }
 
-    /// "vertical", "ratio".
+    /// "vertical", "ratio", and up to two items "item" for the panels.
     void LoadFromXml(MXMLItem& item) override;
     void SaveValueState(MXMLItem& item) override;
     void LoadValueState(MXMLItem& item) override;

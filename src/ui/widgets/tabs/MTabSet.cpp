@@ -1,7 +1,7 @@
 #include "ui/widgets/tabs/MTabSet.h"
 
 #include "foundation/text/MStringFormatter.h"
-#include "foundation/xml/MXMLItem.h"
+#include "ui/control/MXmlLoader.h"
 #include "ui/layout/MLayoutSide.h"
 
 #include <algorithm>
@@ -109,7 +109,8 @@ void MTabSet::LoadTabs(MXMLItem& group) {
         if (sub->GetName() != "item") continue;
         std::optional<MStdIcon> icon;
         if (sub->HasAttribute("icon")) icon = MValueEnum<MStdIcon>::FromName(sub->GetCachedAttribute());
-        AddTab(sub->GetAttribute("text", ""), icon, std::clamp(sub->GetInt32Attribute("size", 0), 0, 10000));
+        const int32_t size = std::clamp(sub->GetInt32Attribute("size", 0), 0, 10000);
+        MXmlLoader::Get().Load(*sub, AddTab(sub->GetAttribute("text", ""), icon, size));
         SetTabEnabled(GetTabCount() - 1, sub->GetInt32Attribute("enabled", 1) != 0);
     }
 }

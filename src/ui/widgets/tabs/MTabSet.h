@@ -45,7 +45,7 @@ public:
     void ChooseTab(int32_t index);
 
     /// "fitallbuttons", "selected", and the items "item", which may stand in "items", with "text", "icon", "size"
-    /// and "enabled".
+    /// and "enabled", and the elements of their pages.
     void LoadFromXml(MXMLItem& item) override;
     void SaveValueState(MXMLItem& item) override;
     void LoadValueState(MXMLItem& item) override;
