@@ -39,8 +39,8 @@ MRect MControlContent::GetContentRectangle() {
 
 MContent* MControlContent::GetContent() {
     if (content) return content.get();
-    const bool isInStrip = GetCaptionType() != MCaptionType::None && GetCaptionType() != MCaptionType::Unset;
-    if (isInStrip || GetCaption().IsEmpty()) return nullptr;
+    const bool canHaveStrip = GetControlType() == MControlType::Panel;
+    if ((canHaveStrip && GetCaptionType() != MCaptionType::None) || GetCaption().IsEmpty()) return nullptr;
     captionText.text = GetCaption();
     return &captionText;
 }
@@ -78,8 +78,7 @@ void MControlContent::SetContentColor(int32_t color) {
 
 void MControlContent::LoadFromXml(MXMLItem& item) {
     MControl::LoadFromXml(item);
-    if (item.HasAttribute("caption") && !item.HasAttribute("captiontype"))
-        SetText(MString(GetCaption()));
+    if (item.HasAttribute("caption") && !item.HasAttribute("captiontype")) SetText(MString(GetCaption()));
     if (!item.HasAttribute("icon")) return;
     const MStdIcon icon = MValueEnum<MStdIcon>::FromName(item.GetCachedAttribute());
     if (GetCaption().IsEmpty() || GetCaptionType() != MCaptionType::None)

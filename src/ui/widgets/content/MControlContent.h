@@ -6,8 +6,8 @@
 
 #include <memory>
 
-/// A control that shows something: a content of its own, or else its caption as text. A caption of another
-/// type than `None` stands in a strip, which the style paints, and is not shown a second time.
+/// A control that shows something: a content of its own, or else its caption as text. The caption of a panel,
+/// unless it is of the type `None`, stands in a strip, which the style paints.
 ///
 /// Attributes: "icon", shown beside the caption. A "caption" without "captiontype" is text.
 class MControlContent : public MControl {

@@ -54,7 +54,7 @@ void MTracker::PaintContent(MDrawer& drawer) {
     if (!style) return;
     MValueLook look = MGetValueLook(GetValue(), GetDrawState());
     if (maxValue) look.maxValue = maxValue->GetNormalized();
-    style->PaintValue(*this, drawer, clientRect, look);
+    style->PaintValue(*this, drawer, windowRect, look);
 }
 
 double MTracker::GetPosition(MPoint point) {
