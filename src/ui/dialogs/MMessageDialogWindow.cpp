@@ -1,0 +1,82 @@
+#include "ui/dialogs/MMessageDialogWindow.h"
+
+#include "ui/control/MDrawerUsingStyle.h"
+#include "ui/control/windows/MWindows.h"
+#include "ui/layout/MLayoutClient.h"
+#include "ui/widgets/content/MStaticMultiLine.h"
+
+#include <algorithm>
+
+namespace {
+
+/// As wide as is pleasant to read, wider if it would not fit onto the desktop.
+class InfoText final : public MStaticMultiLine {
+public:
+    InfoText(MControl* parent, const MString& text) : MStaticMultiLine(parent, "Info") {
+        Set(MControlFlag::Plastic, false);
+        SetContentAlignment(MAlignLeft);
+        MString paragraphs = text;
+        paragraphs.ReplaceChar('\n', "<p>");
+        SetText(paragraphs);
+    }
+
+    void GetMinimalContentSize(int32_t& x, int32_t& y) override {
+        constexpr int32_t PleasantWidth = 400;
+        MStyle* const style = GetStyle();
+        MWindows* const windows = MWindows::GetInstance();
+        if (!style || !windows) return;
+        MDrawerUsingStyle<MDrawer> drawer(*style, *this);
+        MSTML& text = static_cast<MContentSTML*>(GetContent())->GetDocument(GetContentLook());
+        const MRect desktop = windows->GetSystem().GetWorkArea(std::nullopt);
+        const MPoint most{desktop.GetWidth() * 2 / 3, desktop.GetHeight() * 2 / 3};
+        int32_t width = std::min(style->ScaleX(PleasantWidth), most.x);
+        if (text.Measure(drawer, width) > most.y) width = most.x;
+        x = text.GetOptimalWidth(drawer, width);
+        y = std::min(text.Measure(drawer, x), most.y);
+    }
+};
+
+const char* GetCaptionOf(MStdBitmap bitmap) {
+    switch (bitmap) {
+    case MStdBitmap::Question: return "Question";
+    case MStdBitmap::Exclamation:
+    case MStdBitmap::No: return "Error";
+    default: return "Information";
+    }
+}
+
+}  // namespace
+
+MMessageDialogWindow::MMessageDialogWindow(const MString& name, const MString& text, MMessageButtons buttons,
+                                           MStdBitmap bitmap, MModalValue safe)
+    : MDialogWindow(name, MTranslate(GetCaptionOf(bitmap))) {
+    MControl& container = GetContainer();
+    auto& row = *new MLayoutHorizontal(container);
+    auto& image = *new MStatic(&container, "Image");
+    image.SetContent(std::make_unique<MContentStdBitmap>(bitmap));
+    image.SetContentAlignment(MAlignTop);
+    image.layoutRatio.x = 0;
+    auto& info = *new InfoText(&container, text);
+    row.Add(image);
+    row.Add(info);
+
+    const auto add = [&](const char* id, const char* caption, MModalValue value) {
+        MButton& button = AddButton(id, MTranslate(caption), value);
+        if (value == safe || buttons == MMessageButtons::Close) SetDefaultButton(button, &button);
+    };
+    switch (buttons) {
+    case MMessageButtons::Close: add("closebutton", "Close", MModalValue::Ok); return;
+    case MMessageButtons::YesNoIgnore: add("closebutton", "Ignore", MModalValue::Ok); break;
+    case MMessageButtons::YesNoCancel: add("closebutton", "Cancel", MModalValue::Cancel); break;
+    case MMessageButtons::YesNo: break;
+    }
+    add("cancelbutton", "No", MModalValue::No);
+    add("okbutton", "Yes", MModalValue::Yes);
+}
+
+MModalValue MMessageDialogWindow::MessageBox(const MString& text, MMessageButtons buttons, MStdBitmap bitmap,
+                                             MControl* owner, MModalValue safe) {
+    if (!MWindows::GetInstance()) return MModalValue::Cancel;
+    MMessageDialogWindow window(GetCaptionOf(bitmap), text, buttons, bitmap, safe);
+    return window.RunModal(owner);
+}

@@ -1,0 +1,182 @@
+#include "ui/dialogs/MProgressWindow.h"
+
+#include "foundation/events/MLockGuard.h"
+#include "foundation/text/MMeasureText.h"
+#include "foundation/text/MStringFormatter.h"
+#include "ui/control/windows/MWindows.h"
+#include "ui/dialogs/MMessageDialogWindow.h"
+#include "ui/layout/MLayoutClient.h"
+#include "ui/layout/MLayoutSide.h"
+#include "ui/widgets/content/MPanelGradient.h"
+#include "ui/widgets/content/MStatic.h"
+#include "ui/widgets/values/MProgressBar.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr int32_t RefreshTime = 100;  ///< in milliseconds
+
+/// What stops the worker.
+class Cancelled final : public MException {
+public:
+    Cancelled() : MException(MString(), MTranslate("Processing has been cancelled."), MExceptionGeneral) {}
+};
+
+template <class Control>
+Control& AddBelow(MControl& parent, const char* name) {
+    auto& control = *new Control(&parent, name);
+    control.layoutRatio.y = 0;
+    (new MLayoutTop(parent))->Add(control);
+    return control;
+}
+
+}  // namespace
+
+/// Runs the worker, and keeps what it raises.
+class MProgressWindow::WorkerThread final : public MThread {
+public:
+    WorkerThread(MProgressWindow& window, Worker& worker) : window(window), worker(worker) {}
+    ~WorkerThread() override {
+        RequestStop();
+        Wait();
+    }
+
+    std::exception_ptr failure;
+
+protected:
+    int32_t Execute() override {
+        try {
+            worker(window);
+        } catch (...) {
+            failure = std::current_exception();
+        }
+        return 0;
+    }
+
+private:
+    MProgressWindow& window;
+    Worker& worker;
+};
+
+MProgressWindow::MProgressWindow(const MString& caption)
+    : MDialogWindow("ProgressWindow", MTranslate(caption)) {
+    MControl& gradient = AddBelow<MPanelGradient>(GetContainer(), "gradient");
+    MControl& container = AddBelow<MControlContainer>(gradient, "StatisticsContainer");
+    auto& row = *new MLayoutHorizontal(container);
+    image = new MStatic(&container, "image");
+    image->layoutRatio.x = 0;
+    statistics = new MStatic(&container, "Statistics");
+    customStatistics = new MStatic(&container, "CustomStatistics");
+    for (MControl* control : {image, statistics, customStatistics}) row.Add(*control);
+    info = &AddBelow<MStatic>(GetContainer(), "info");
+    bar = &AddBelow<MProgressBar>(GetContainer(), "progress");
+    SetImage(MStdBitmap::Notice);
+    cancelButton = &AddButton("Cancel", MTranslate("Cancel"), MModalValue::None);
+    cancelButton->OnClick(Click::Left).Connect(this, &MProgressWindow::OnCancel);
+    SetDefaultButton(*cancelButton, cancelButton);
+}
+
+void MProgressWindow::SetImage(MStdBitmap bitmap) {
+    image->SetContent(std::make_unique<MContentStdBitmap>(bitmap));
+}
+
+MModalValue MProgressWindow::Run(MControl* owner, Worker worker) {
+    MWindows* const windows = MWindows::GetInstance();
+    isCancelled = false;
+    WorkerThread thread(*this, worker);
+    if (windows) {
+        startTime = windows->GetSystem().GetTime();
+        thread.SetTarget(windows);
+        thread.OnFinish.Connect(this, &MProgressWindow::OnFinished);
+        thread.Start();
+        OnTimer();
+        StartTimer(RefreshTime);
+        (void)RunModal(owner);
+        StopTimer();
+        // The window may have been closed together with its owner.
+        if (thread.GetResult() == MThread::NotFinished) isCancelled = true;
+    } else {
+        thread.Start();
+    }
+    thread.Wait();
+    if (!thread.failure) return MModalValue::Ok;
+    try {
+        std::rethrow_exception(thread.failure);
+    } catch (const Cancelled&) {
+        return MModalValue::Cancel;
+    }
+}
+
+void MProgressWindow::OnFinished(const MOnThreadNotifyParams&) {
+    CloseWindow(MModalValue::Ok);
+}
+
+void MProgressWindow::CheckCancelled() const {
+    if (isCancelled) throw Cancelled();
+}
+
+void MProgressWindow::SetProgress(double percent) {
+    CheckCancelled();
+    const MLockGuard guard(&lock);
+    state.percent = percent;
+}
+
+void MProgressWindow::SetInfo(const MString& text) {
+    CheckCancelled();
+    const MLockGuard guard(&lock);
+    state.info = text;
+}
+
+void MProgressWindow::SetCustomStatistics(const MString& text) {
+    CheckCancelled();
+    const MLockGuard guard(&lock);
+    state.customStatistics = text;
+}
+
+void MProgressWindow::OnTimer() {
+    State now;
+    {
+        const MLockGuard guard(&lock);
+        now = state;
+    }
+    bar->SetPercent(now.percent);
+    const auto show = [](MStatic& control, const MString& text) {
+        if (!control.GetCaption().IsExactly(text)) control.SetText(text);
+    };
+    show(*info, now.info);
+    show(*customStatistics, now.customStatistics);
+    show(*statistics, GetStatistics(now.percent));
+}
+
+MString MProgressWindow::GetStatistics(double percent) const {
+    const int64_t elapsed = (MWindows::GetInstance()->GetSystem().GetTime() - startTime) / 1000;
+    const bool isKnown = percent > 0;
+    const auto estimated = isKnown ? static_cast<int64_t>(static_cast<double>(elapsed) * 100 / percent) : 0;
+    const auto toText = [isKnown](int64_t seconds) {
+        return isKnown ? MDurationText(seconds) : MString("-");
+    };
+    return MFormat(MTranslate("Elapsed: {0}\nEstimated: {1}\nRemaining: {2}"), MDurationText(elapsed),
+                   toText(estimated), toText(std::max<int64_t>(estimated - elapsed, 0)));
+}
+
+/// The window closes when the worker has stopped.
+bool MProgressWindow::CanClose() {
+    if (isCancelled) return false;
+    const MControlRef self(this);
+    const bool isSure = !asksBeforeCancel || MMessageDialogWindow::MessageBox(
+                                                 MTranslate("Are you sure you want to cancel the operation?"),
+                                                 MMessageButtons::YesNo, MStdBitmap::Question, this,
+                                                 MModalValue::No) == MModalValue::Yes;
+    if (!self || !isSure) return false;
+    isCancelled = true;
+    cancelButton->SetEnabled(false);
+    return false;
+}
+
+void MProgressWindow::GetMinimalContentSize(int32_t& x, int32_t& y) {
+    constexpr int32_t Width = 380;
+    MStyle* const style = GetStyle();
+    x = style ? style->ScaleX(Width) : Width;
+    y = 0;
+}
