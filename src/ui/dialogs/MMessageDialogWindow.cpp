@@ -31,8 +31,10 @@ public:
         const MPoint most{desktop.GetWidth() * 2 / 3, desktop.GetHeight() * 2 / 3};
         int32_t width = std::min(style->ScaleX(PleasantWidth), most.x);
         if (text.Measure(drawer, width) > most.y) width = most.x;
-        x = text.GetOptimalWidth(drawer, width);
-        y = std::min(text.Measure(drawer, x), most.y);
+        const int32_t optimal = text.GetOptimalWidth(drawer, width);
+        const MPoint border = GetContentBorder();
+        x = optimal + 2 * border.x;
+        y = std::min(text.Measure(drawer, optimal) + 2 * border.y, most.y);
     }
 };
 

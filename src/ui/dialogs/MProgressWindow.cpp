@@ -74,7 +74,6 @@ MProgressWindow::MProgressWindow(const MString& caption)
     SetImage(MStdBitmap::Notice);
     cancelButton = &AddButton("Cancel", MTranslate("Cancel"), MModalValue::None);
     cancelButton->OnClick(Click::Left).Connect(this, &MProgressWindow::OnCancel);
-    SetDefaultButton(*cancelButton, cancelButton);
 }
 
 void MProgressWindow::SetImage(MStdBitmap bitmap) {

@@ -1,5 +1,6 @@
 #include "ui/dialogs/MWizardWindow.h"
 
+#include "ui/control/MControlRoot.h"
 #include "ui/dialogs/MTimeLine.h"
 #include "ui/layout/MLayoutSide.h"
 #include "ui/layout/MLayoutSwitch.h"
@@ -8,6 +9,7 @@
 
 MWizardWindow::MWizardWindow(const MString& name, const MString& caption)
     : MWindow(name, caption), pages(*new MContainer(this, "Pages")), pageSwitch(*new MLayoutSwitch(pages)) {
+    pages.SetControlType(MControlType::Empty);
     // The strip comes below the buttons, so it takes its place first.
     timeLine = new MTimeLine(this, "TimeLine");
     timeLine->layoutRatio.y = 0;
@@ -37,10 +39,24 @@ MButton& MWizardWindow::AddButton(MLayout& row, const char* name) {
 
 MContainer& MWizardWindow::AddPage(const MString& name) {
     auto& page = *new MContainer(&pages, name);
+    page.SetControlType(MControlType::Empty);
     pageSwitch.Add(page);
     pageList.Add(&page);
     RefreshButtons();
     return page;
+}
+
+void MWizardWindow::PrepareContent() {
+    constexpr int32_t Margin = 16;
+    if (MStyle* const style = GetStyle()) pages.layoutBorder = {style->ScaleX(Margin), style->ScaleY(Margin)};
+}
+
+/// What comes next has the focus, unless there is something to do on the page.
+void MWizardWindow::OnPrepared() {
+    MWindow::OnPrepared();
+    if (GetRootState().focusedControl) return;
+    FocusNext();
+    if (previousButton->HasFocus()) nextButton->SetFocus();
 }
 
 void MWizardWindow::SetPage(int32_t index) {

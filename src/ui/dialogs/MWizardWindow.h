@@ -22,6 +22,9 @@ public:
     /// To be called when what `CanGoBack` and `CanGoNext` say may have changed.
     void RefreshButtons();
 
+    void PrepareContent() override;
+    void OnPrepared() override;
+
     /// Whether the user can leave the present page.
     [[nodiscard]] virtual bool CanGoBack() { return true; }
     [[nodiscard]] virtual bool CanGoNext() { return true; }

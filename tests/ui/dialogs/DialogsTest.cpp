@@ -183,6 +183,7 @@ TEST_F(DialogsTest, LeadsThroughPages) {
             if (wizard.GetPage(i).IsShown()) text += Text(wizard.GetPage(i).GetName()) + " ";
         return text + (previous.IsEnabled() ? "<" : "-") + (next.IsEnabled() ? Text(next.GetCaption()) : "-");
     };
+    wizard.minClientSize = {300, 200};
     wizard.Set(MControlFlag::KeepsApplicationAlive);
     wizard.CreateWindow(&root);
     system.Post([&] {

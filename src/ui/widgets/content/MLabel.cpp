@@ -6,6 +6,7 @@
 
 MLabel::MLabel(MControl* parent, const MString& name) : MStatic(parent, name) {
     layoutRatio.x = 0;
+    layoutPlacement = MAlignLeft;
 }
 
 void MLabel::LinkTo(MControl& control) {

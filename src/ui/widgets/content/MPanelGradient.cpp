@@ -4,31 +4,47 @@
 
 namespace {
 
-MColor GetTextColor(MControl& control, bool isInverted) {
-    MStyle* const style = control.GetStyle();
-    return style ? style->GetColor(static_cast<int32_t>(MStdColor::Text), isInverted) : MColor();
-}
+/// Paints in the colours of a target, the dark ones among them made light.
+class DrawerOnBlack final : public MDrawer {
+public:
+    using MDrawer::MDrawer;
+
+    [[nodiscard]] MFont* GetFont(int32_t fontIndex, int32_t colorIndex, bool isInverted, uint8_t drawState,
+                                 MColor& color) override {
+        MFont* const font = MDrawer::GetFont(fontIndex, colorIndex, isInverted, drawState, color);
+        color = GetLight(color);
+        return font;
+    }
+    [[nodiscard]] MColor GetTextColor(int32_t index, bool isInverted) override {
+        return GetLight(MDrawer::GetTextColor(index, isInverted));
+    }
+
+private:
+    static MColor GetLight(MColor color) {
+        constexpr uint8_t Middle = 128;
+        return color.GetLuminance() < Middle ? color.Inverted() : color;
+    }
+};
 
 }  // namespace
 
 MPanelGradient::MPanelGradient(MControl* parent, const MString& name) : MControlContent(parent, name) {
-    SetControlType(MControlType::Panel);
+    SetControlType(MControlType::NoBackground);
     SetContentAlignment(MAlignLeft | MAlignBottom);
     Set(MControlFlag::TabStop, false);
 }
 
 void MPanelGradient::PaintContent(MDrawer& drawer) {
     constexpr uint8_t LightAlpha = 28;
-    const MColor ground = GetGround();
-    if (ground.alpha != 0) drawer.FillRectangle(windowRect, ground, MDrawMode::Copy);
-    const MColor light = GetTextColor(*this, GetContentLook().isInverted);
+    const MColor light =
+        drawer.GetTextColor(static_cast<int32_t>(MStdColor::Text), GetContentLook().isInverted);
     drawer.FillRectangleGradient(windowRect, light.WithAlpha(0), light.WithAlpha(LightAlpha), direction,
                                  MDrawMode::Alphablend);
     MControlContent::PaintContent(drawer);
 }
 
-MContentLook MPanelGradientBlack::GetContentLook() {
-    MContentLook look = MPanelGradient::GetContentLook();
-    look.isInverted = GetTextColor(*this, true).GetLuminance() > GetTextColor(*this, false).GetLuminance();
-    return look;
+void MPanelGradientBlack::PaintContent(MDrawer& drawer) {
+    drawer.FillRectangle(windowRect, GetBackgroundColor(), MDrawMode::Copy);
+    DrawerOnBlack onBlack(&drawer);
+    MPanelGradient::PaintContent(onBlack);
 }

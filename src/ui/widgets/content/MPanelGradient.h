@@ -12,10 +12,6 @@ public:
     void PaintContent(MDrawer& drawer) override;
 
     MGradientDirection direction = MGradientDirection::Vertical;
-
-protected:
-    /// What lies below the gradient, or a transparent colour for what the style has painted.
-    [[nodiscard]] virtual MColor GetGround() { return MColor().WithAlpha(0); }
 };
 
 /// The same on black, whatever the style's colours are; text on it is in the lighter ones.
@@ -23,9 +19,6 @@ class MPanelGradientBlack : public MPanelGradient {
 public:
     using MPanelGradient::MPanelGradient;
 
-    [[nodiscard]] MColor GetBackgroundColor() override { return GetGround(); }
-
-protected:
-    [[nodiscard]] MColor GetGround() override { return {}; }
-    [[nodiscard]] MContentLook GetContentLook() override;
+    [[nodiscard]] MColor GetBackgroundColor() override { return {}; }
+    void PaintContent(MDrawer& drawer) override;
 };

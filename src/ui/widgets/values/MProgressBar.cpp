@@ -45,7 +45,7 @@ void MProgressBar::PaintContent(MDrawer& drawer) {
     MValueLook look;
     look.value = percent / 100;
     look.drawState = GetDrawState();
-    if (MStyle* const style = GetStyle()) style->PaintValue(*this, drawer, windowRect, look);
+    if (MStyle* const style = GetStyle()) style->PaintValue(*this, drawer, clientRect, look);
 }
 
 void MProgressBar::WriteHelpInfo(MXMLItem& item) {
