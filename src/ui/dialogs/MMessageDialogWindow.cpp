@@ -4,8 +4,10 @@
 #include "ui/control/windows/MWindows.h"
 #include "ui/layout/MLayoutClient.h"
 #include "ui/widgets/content/MStaticMultiLine.h"
+#include "ui/widgets/scrolling/MViewer.h"
 
 #include <algorithm>
+#include <memory>
 
 namespace {
 
@@ -15,28 +17,41 @@ public:
     InfoText(MControl* parent, const MString& text) : MStaticMultiLine(parent, "Info") {
         Set(MControlFlag::Plastic, false);
         SetContentAlignment(MAlignLeft);
-        MString paragraphs = text;
-        paragraphs.ReplaceChar('\n', "<p>");
-        SetText(paragraphs);
+        SetText(text);
     }
 
+    /// What there may be of it on the desktop, in pixels.
+    static MPoint GetRoom() {
+        const MRect desktop = MWindows::GetInstance()->GetSystem().GetWorkArea(std::nullopt);
+        return {desktop.GetWidth() * 2 / 3, desktop.GetHeight() * 2 / 3};
+    }
     void GetMinimalContentSize(int32_t& x, int32_t& y) override {
         constexpr int32_t PleasantWidth = 400;
         MStyle* const style = GetStyle();
-        MWindows* const windows = MWindows::GetInstance();
-        if (!style || !windows) return;
+        if (!style) return;
         MDrawerUsingStyle<MDrawer> drawer(*style, *this);
         MSTML& text = static_cast<MContentSTML*>(GetContent())->GetDocument(GetContentLook());
-        const MRect desktop = windows->GetSystem().GetWorkArea(std::nullopt);
-        const MPoint most{desktop.GetWidth() * 2 / 3, desktop.GetHeight() * 2 / 3};
-        int32_t width = std::min(style->ScaleX(PleasantWidth), most.x);
-        if (text.Measure(drawer, width) > most.y) width = most.x;
+        int32_t width = std::min(style->ScaleX(PleasantWidth), GetRoom().x);
+        if (text.Measure(drawer, width) > GetRoom().y) width = GetRoom().x;
         const int32_t optimal = text.GetOptimalWidth(drawer, width);
         const MPoint border = GetContentBorder();
         x = optimal + 2 * border.x;
-        y = std::min(text.Measure(drawer, optimal) + 2 * border.y, most.y);
+        y = text.Measure(drawer, optimal) + 2 * border.y;
     }
 };
+
+/// The text itself, or a view of it where it is higher than the desktop.
+MControl& AddInfo(MControl& container, const MString& text) {
+    auto info = std::make_unique<InfoText>(&container, text);
+    MPoint size;
+    info->GetMinimalContentSize(size.x, size.y);
+    if (size.y <= InfoText::GetRoom().y) return *info.release();
+    info.reset();
+    auto& viewer = *new MViewer(&container, "Info");
+    viewer.SetText(text);
+    viewer.minClientSize = {480, 320};
+    return viewer;
+}
 
 const char* GetCaptionOf(MStdBitmap bitmap) {
     switch (bitmap) {
@@ -58,9 +73,10 @@ MMessageDialogWindow::MMessageDialogWindow(const MString& name, const MString& t
     image.SetContent(std::make_unique<MContentStdBitmap>(bitmap));
     image.SetContentAlignment(MAlignTop);
     image.layoutRatio.x = 0;
-    auto& info = *new InfoText(&container, text);
+    MString paragraphs = text;
+    paragraphs.ReplaceChar('\n', "<p>");
     row.Add(image);
-    row.Add(info);
+    row.Add(AddInfo(container, paragraphs));
 
     const auto add = [&](const char* id, const char* caption, MModalValue value) {
         MButton& button = AddButton(id, MTranslate(caption), value);

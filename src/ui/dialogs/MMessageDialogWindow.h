@@ -10,7 +10,7 @@ enum class MMessageButtons : uint8_t { Close, YesNo, YesNoIgnore, YesNoCancel };
 /// Shows a text beside a large sign, and waits for an answer.
 class MMessageDialogWindow : public MDialogWindow {
 public:
-    /// `text` has mark-up; a line feed begins a paragraph. `safe` is the answer that Enter gives. `name` is that
+    /// There are windows. `text` has mark-up; a line feed begins a paragraph. `safe` is the answer that Enter gives. `name` is that
     /// of the window.
     MMessageDialogWindow(const MString& name, const MString& text, MMessageButtons buttons, MStdBitmap bitmap,
                          MModalValue safe);

@@ -1,8 +1,12 @@
+#include "tests/support/MScratch.h"
+#include "tests/support/MTestModule.h"
 #include "tests/ui/widgets/WidgetFixture.h"
+#include "ui/dialogs/MDialogs.h"
 #include "ui/dialogs/MEditTextDialog.h"
 #include "ui/dialogs/MMessageDialogWindow.h"
 #include "ui/dialogs/MProgressWindow.h"
 #include "ui/dialogs/MWizardWindow.h"
+#include "ui/widgets/content/MStaticMultiLine.h"
 #include "ui/widgets/values/MProgressBar.h"
 
 #include <chrono>
@@ -61,19 +65,50 @@ TEST_F(DialogsTest, AsksByAMessage) {
 
 TEST_F(DialogsTest, GivesEveryTextItsRoom) {
     const MRect desktop = system.GetWorkArea(std::nullopt);
-    int32_t last = 0;
     for (const int32_t words : {1, 10, 100, 1000, 10'000}) {
         MString text;
         for (int32_t i = 0; i < words; ++i) text += "word ";
         system.Post([&] {
             EXPECT_TRUE(desktop.Intersected(system.GetFrame(Dialog())) == system.GetFrame(Dialog())) << words;
-            EXPECT_GE(Dialog().size.x * Dialog().size.y, last);
-            last = Dialog().size.x * Dialog().size.y;
             EXPECT_TRUE(Find(Dialog(), "okbutton")->IsShown());
+            MControl& info = *Find(Dialog(), "Info");
+            const bool isPlain = dynamic_cast<MStaticMultiLine*>(&info) != nullptr;
+            EXPECT_EQ(isPlain, words < 10'000) << "what is too long can be scrolled";
+            EXPECT_TRUE(!isPlain || info.ComputePlasticSize(1, info.clientRect.GetWidth()) <=
+                                        info.clientRect.GetHeight());
             user.PressKey(MKeyEscape);
         });
         (void)MMessageDialogWindow::MessageBox(text, MMessageButtons::YesNo, MStdBitmap::Question, &root);
     }
+}
+
+/// A control with help, of which the mouse stands over.
+TEST_F(DialogsTest, ShowsHelpThatABrowserCanShow) {
+    const MScratch scratch;
+    const MScratchFolders folders(scratch);
+    const MTestModule module(scratch.Join("program"));
+    MDialogs dialogs;
+    windows.dialogs = &dialogs;
+    auto& button = Add<MButton>({10, 10, 89, 33}, "button");
+    root.UpdateLayout();
+    button.help = "What <b>it</b> does.";
+    user.MoveMouse(At(button));
+    const MString page = scratch.Join("page.html");
+    system.Post([&] {
+        EXPECT_TRUE(Find(Dialog(), "viewer")->IsShown());
+        static_cast<MButton*>(Find(Dialog(), "generatebutton"))->SetFocus();
+        system.Post([&] {
+            user.Type(page);
+            user.PressKey(MKeyEnter);
+        });
+        user.PressKey(MKeySpace);
+        EXPECT_NE(scratch.ReadFile("page.html").find("<span class=\"b \">it</span> does."),
+                  std::string::npos);
+        user.PressKey(MKeyEscape);
+    });
+    user.PressKey(MKeyF1);
+    EXPECT_EQ(system.GetActiveRoot(), &root);
+    button.help = {};
 }
 
 TEST_F(DialogsTest, EditsAText) {

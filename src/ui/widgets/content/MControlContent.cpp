@@ -41,7 +41,8 @@ MContent* MControlContent::GetContent() {
     if (content) return content.get();
     const bool canHaveStrip = GetControlType() == MControlType::Panel;
     if ((canHaveStrip && GetCaptionType() != MCaptionType::None) || GetCaption().IsEmpty()) return nullptr;
-    captionText.text = GetCaption();
+    MStyle* const style = GetStyle();
+    captionText.text = style ? style->TransformCaption(*this, GetCaption()) : GetCaption();
     return &captionText;
 }
 

@@ -41,7 +41,7 @@ public:
 protected:
     [[nodiscard]] virtual MContentLook GetContentLook();
     /// Between the client area and the content, on each side.
-    [[nodiscard]] MPoint GetContentBorder();
+    [[nodiscard]] virtual MPoint GetContentBorder();
     /// What a content, or null, needs with the border.
     [[nodiscard]] MPoint GetNeededSize(MContent* shown);
 

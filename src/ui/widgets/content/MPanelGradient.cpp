@@ -34,6 +34,13 @@ MPanelGradient::MPanelGradient(MControl* parent, const MString& name) : MControl
     Set(MControlFlag::TabStop, false);
 }
 
+MPoint MPanelGradient::GetContentBorder() {
+    constexpr MPoint TextBorder{16, 8};
+    MStyle* const style = GetStyle();
+    if (!style || !dynamic_cast<MContentText*>(GetContent())) return {};
+    return {style->ScaleX(TextBorder.x), style->ScaleY(TextBorder.y)};
+}
+
 void MPanelGradient::PaintContent(MDrawer& drawer) {
     constexpr uint8_t LightAlpha = 28;
     const MColor light =

@@ -12,6 +12,10 @@ public:
     void PaintContent(MDrawer& drawer) override;
 
     MGradientDirection direction = MGradientDirection::Vertical;
+
+protected:
+    /// A picture goes to the edges, a text does not.
+    [[nodiscard]] MPoint GetContentBorder() override;
 };
 
 /// The same on black, whatever the style's colours are; text on it is in the lighter ones.
