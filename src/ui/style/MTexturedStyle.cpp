@@ -3,6 +3,7 @@
 #include "foundation/base/MGuard.h"
 #include "foundation/base/MRaise.h"
 #include "foundation/files/MFile.h"
+#include "foundation/files/MSafeName.h"
 #include "foundation/text/MStringFormatter.h"
 #include "foundation/xml/MXMLItem.h"
 #include "streams/resources/MResourceLibrary.h"
@@ -84,11 +85,11 @@ void MTexturedStyle::LoadFromSettings(MXMLItem& item) {
         ChooseStyle();
 }
 
-std::unique_ptr<MResourceLibrary> MTexturedStyle::OpenLibrary(const MString& name) const {
-    auto* const self = const_cast<MTexturedStyle*>(this);
-    const MString file = MFile::Join(self->GetStyleDirectory(), name + ".mstyle");
+std::unique_ptr<MResourceLibrary> MTexturedStyle::OpenLibrary(const MString& name) {
+    const MString file = name + ".mstyle";
+    if (!MIsSafeFileName(file)) MRaise(MExceptionGeneral, "Invalid name of a style ({0}).", name);
     auto opened = std::make_unique<MResourceLibrary>();
-    opened->LoadFile(file);
+    opened->LoadFile(MFile::Join(GetStyleDirectory(), file));
     return opened;
 }
 

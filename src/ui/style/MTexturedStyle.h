@@ -76,7 +76,7 @@ protected:
     void ResetImages() override;
 
 private:
-    [[nodiscard]] std::unique_ptr<MResourceLibrary> OpenLibrary(const MString& name) const;
+    [[nodiscard]] std::unique_ptr<MResourceLibrary> OpenLibrary(const MString& name);
     [[nodiscard]] bool TryStyle(const MString& name);
     void ChooseStyle();
 

@@ -9,7 +9,7 @@
 void MTexturedStyle::PaintControl(MControl& control, MDrawer& drawer) {
     drawer.textShadowAlpha = static_cast<uint8_t>(GetDrawFlags(control));
     if (ControlStyle* const style = FindStyle(control)) {
-        if (control.IsRoot())
+        if (control.GetControlType() == MControlType::Window)
             drawer.FillRectangle(control.windowRect, GetColors().Get(MStyleTone::Ground), MDrawMode::Copy);
         style->Paint(drawer, control.windowRect, control.GetDrawState(), GetContext());
     }

@@ -33,6 +33,11 @@ void MCaptionButtonControl::PaintContent(MDrawer& drawer) {
     drawer.BitBltWhole(*icon, place, isOn ? 255 : style->GetDisabledAlpha(*this), MDrawMode::Alphablend);
 }
 
+bool MCaptionButtonControl::ProcessEvent(const MSystemEvent& event) {
+    return event.type == MEventType::LeftDown || event.type == MEventType::LeftUp ||
+           MControl::ProcessEvent(event);
+}
+
 MCaptionPanel::MCaptionPanel(MControl& owner) : MPanel(&owner, "CaptionPanel") {
     SetControlType(MControlType::Empty);
     Set(MControlFlag::OverlayControl);

@@ -15,6 +15,8 @@ public:
     [[nodiscard]] MCaptionButton& GetButton() const { return button; }
     void GetMinimalContentSize(int32_t& x, int32_t& y) override;
     void PaintContent(MDrawer& drawer) override;
+    /// What is done on the button does not reach the window, which would be moved by it.
+    bool ProcessEvent(const MSystemEvent& event) override;
 
 private:
     void OnButtonClick(const MOnClickParams& params);
