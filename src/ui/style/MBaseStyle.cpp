@@ -105,10 +105,11 @@ void MBaseStyle::RefreshWindows() {
 }
 
 void MBaseStyle::LoadDefinition(MXMLItem& definition) {
+    // Fonts come first: without them no other definition would do either.
+    fonts.Load(definition);
     colors.Load(definition);
     LoadColorSchemes(definition);
     sizes.Load(definition);
-    fonts.Load(definition);
     pictures.Load(definition, *resources);
     definitionScale = {GetPercentAttribute(definition, "ResizeX", 100),
                        GetPercentAttribute(definition, "ResizeY", 100)};

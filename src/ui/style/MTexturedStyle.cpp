@@ -113,9 +113,9 @@ void MTexturedStyle::ChooseStyle() {
     if (!(wanted == DefaultName) && TryStyle(DefaultName)) return;
     for (const MString& name : ListStyles())
         if (TryStyle(name)) return;
+    const bool hasFonts = !GetBuiltIn() || GetFontTable()->Get(0);
     Unload();
-    // Without a font no style can be shown.
-    if (GetBuiltIn()) LoadDefinition(GetBuiltIn()->GetRoot());
+    if (!hasFonts) MRaise(MExceptionGeneral, "No fonts are available on the system.");
     MRaise(MExceptionGeneral, "No styles are available. Please reinstall the software.");
 }
 

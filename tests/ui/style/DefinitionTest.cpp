@@ -26,8 +26,7 @@ std::unique_ptr<MResourceLibrary> MakeLibrary(const std::string& classes, const 
                                                    : "<resources><resource" + pictures + " id=\"" + pictures +
                                                          "\" offset=\"0\" size=\"" +
                                                          std::to_string(data.GetSize()) + "\"/></resources>";
-    const std::string text =
-        Quoted("<mstyle " + head + ">" + resources + colors + classes + "</mstyle>");
+    const std::string text = Quoted("<mstyle " + head + ">" + resources + colors + classes + "</mstyle>");
     MMemoryStream document(text.data(), static_cast<int32_t>(text.size()));
     MXMLItem root;
     root.Load(document);
@@ -233,7 +232,16 @@ TEST_F(StyleFilesTest, TheChosenStyleIsTakenElseTheDefaultElseAny) {
     EXPECT_EQ(choose("Style='Mine'", &program), "none Mine 5");
     for (const char* bad : {"Style='Damaged'", "Style='Colorless'", "Style='Missing'", "", "Style='../Mine'"})
         EXPECT_EQ(choose(bad, &program), "none Default 1") << bad;
-    EXPECT_EQ(choose("Style='Missing'", nullptr), "none Mine 5");
+    MMemoryStream face;
+    program.GetResource("face_regular").Open().CopyAllTo(face);
+    MXMLItem faces("faces");
+    MXMLItem& item = *faces.AddSubItem("resources")->AddSubItem("resourceface_regular");
+    item.SetAttribute("id", "face_regular");
+    item.SetAttribute("offset", 0);
+    item.SetAttribute("size", face.GetSize());
+    MResourceLibrary noDefinition;
+    noDefinition.Assign(faces, face.GetBuffer());
+    EXPECT_EQ(choose("Style='Missing'", &noDefinition), "none Mine 5");
 
     MTexturedStyle style(nullptr, &program, Source::Traveling);
     MString names;

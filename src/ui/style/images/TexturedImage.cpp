@@ -55,17 +55,16 @@ void TexturedImage::Load(MXMLItem& item) {
 }
 
 MBitmap TexturedImage::Make(const MImageContext& context) const {
-    const auto& [resources, colors, scale, faceBorder] = context;
-    MBitmap bitmap = MLoadPicture(resources, id);
+    MBitmap bitmap = MLoadPicture(context.resources, id);
     if (bitmap.IsEmpty()) return bitmap;
-    const bool isInverted = colors.IsInverted() && !keepsLightness;
+    const bool isInverted = context.colors.IsInverted() && !keepsLightness;
     if (isInverted || !transfer.IsNone())
         bitmap.ChangeColors([&](MColor color) {
-            const MColor changed = transfer.Apply(color, colors.GetMainColors());
+            const MColor changed = transfer.Apply(color, context.colors.GetMainColors());
             return isInverted ? changed.WithLightnessOf(changed.Inverted()) : changed;
         });
-    return MResample(bitmap, {std::clamp(scale.GetX(bitmap.GetWidth()), 1, LongestSide),
-                              std::clamp(scale.GetY(bitmap.GetHeight()), 1, LongestSide)});
+    const MPoint size = context.scale.Get({bitmap.GetWidth(), bitmap.GetHeight()});
+    return MResample(bitmap, {std::clamp(size.x, 1, LongestSide), std::clamp(size.y, 1, LongestSide)});
 }
 
 void TexturedImage::Paint(MDrawer& drawer, const MRect& rect, const MBitmap& bitmap, MStyleScale scale,
