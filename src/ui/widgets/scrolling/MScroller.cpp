@@ -24,6 +24,7 @@ void MScroller::SetContent(MControl& newContent) {
     }
     // What the content needs is no matter of those that the view lies in.
     view.Set(MControlFlag::AutoDetectMinimalSize, false);
+    view.Set(MControlFlag::AdaptSize, false);
     view.SetClientControl(content);
     SetClientControl(&view);
     for (const int32_t key : {MKeyPageUp, MKeyPageDown})

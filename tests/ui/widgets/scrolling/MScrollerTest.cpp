@@ -57,6 +57,19 @@ TEST_F(MScrollerTest, ShowsBarsAsNeededAndAllOfTheContent) {
     }
 }
 
+TEST_F(MScrollerTest, DoesNotMakeItsWindowLarger) {
+    MControl window;
+    window.SetControlType(MControlType::Window);
+    auto* const scroller = new MScroller(&window, "scroller");
+    window.SetClientControl(scroller);
+    auto* const child = new MControl(&scroller->GetContainer(), "child");
+    child->minClientSize = {700, 400};
+    scroller->GetContainer().SetClientControl(child);
+    window.CreateWindow(nullptr);
+    EXPECT_LT(window.size.x, 300);
+    EXPECT_LT(window.size.y, 300);
+}
+
 TEST_F(MScrollerTest, FollowsTheKeyboardAndTheWheel) {
     auto& scroller = Add<MScroller>({10, 10, 109, 109});
     auto* const inner = new MScroller(&scroller.GetContainer(), "inner");
