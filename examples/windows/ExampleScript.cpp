@@ -6,9 +6,7 @@
 #include "foundation/text/MNumberText.h"
 #include "streams/basic/MStdFileStream.h"
 
-void ExampleScript::SavePicture(const MString& path) {
-    MBitmap picture;
-    static_cast<void>(system.CaptureToBitmap(root, picture));
+void ExampleSavePicture(const MBitmap& picture, const MString& path) {
     MStdFileStream file;
     file.Open(MFile::Normalize(path), MOpenWrite | MOpenCreate);
     picture.SavePNG(file);
@@ -45,7 +43,7 @@ void ExampleScript::RunLine(const MString& line) {
     } else if (word == "wheel") {
         user.TurnWheel(x * 120);
     } else if (word == "picture") {
-        SavePicture(rest);
+        ExampleSavePicture(system.GetPicture(root), rest);
     } else if (word != "wait") {
         MRaise(MExceptionInvalidArgument, "\"{0}\" in the script is not understood.", line);
     }

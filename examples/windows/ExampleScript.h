@@ -4,6 +4,9 @@
 #include "ui/control/MControl.h"
 #include "ui/window/headless/MWindowSystemHeadless.h"
 
+/// Writes a picture as a PNG file. Raises what opening and writing raise.
+void ExampleSavePicture(const MBitmap& picture, const MString& path);
+
 /// What a user does, line by line, in a window in memory; points are in the window, where it was
 /// when no button was held:
 ///
@@ -23,7 +26,6 @@ public:
 
 private:
     void RunLine(const MString& line);
-    void SavePicture(const MString& path);
 
     MWindowSystemHeadless& system;
     MControl& root;

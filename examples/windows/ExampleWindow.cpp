@@ -1,9 +1,8 @@
 #include "examples/windows/ExampleWindow.h"
 
+#include "examples/windows/ExampleScript.h"
 #include "examples/windows/MPlainStyle.h"
-#include "foundation/files/MFile.h"
 #include "foundation/text/MStringFormatter.h"
-#include "streams/basic/MStdFileStream.h"
 #include "ui/control/windows/MWindows.h"
 #include "ui/layout/MLayoutClient.h"
 #include "ui/layout/MLayoutOccupyBorder.h"
@@ -102,10 +101,7 @@ void ExampleWindow::OpenDialog() {
 void ExampleWindow::Capture(const MOnKeyboardShortcutParams&) {
     MBitmap picture;
     if (!MWindows::GetInstance()->GetSystem().CaptureToBitmap(*this, picture)) return;
-    MStdFileStream file;
-    file.Open(MFile::Normalize("capture.png"), MOpenWrite | MOpenCreate);
-    picture.SavePNG(file);
-    file.Close();
+    ExampleSavePicture(picture, "capture.png");
     log("captured");
 }
 

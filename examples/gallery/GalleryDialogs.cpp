@@ -1,0 +1,110 @@
+#include "examples/gallery/GalleryDialogs.h"
+
+#include "foundation/events/MSemaphore.h"
+#include "foundation/text/MStringFormatter.h"
+#include "ui/control/kinds/MStdFont.h"
+#include "ui/dialogs/MEditTextDialog.h"
+#include "ui/dialogs/MMessageDialogWindow.h"
+#include "ui/dialogs/MProgressWindow.h"
+#include "ui/dialogs/MWizardWindow.h"
+#include "ui/widgets/content/MStatic.h"
+
+#include <chrono>
+#include <thread>
+
+namespace {
+
+template <MMessageButtons Buttons, MStdBitmap Bitmap>
+MString Ask(MControl& owner, const char* text) {
+    return MValueEnum<MModalValue>::ToName(
+        MMessageDialogWindow::MessageBox(text, Buttons, Bitmap, &owner, MModalValue::No));
+}
+
+MString ShowInformation(MControl& owner) {
+    return Ask<MMessageButtons::Close, MStdBitmap::Notice>(
+        owner, "The plug-ins have been installed. Start your host, and let it look for new ones.");
+}
+
+MString ShowError(MControl& owner) {
+    return Ask<MMessageButtons::Close, MStdBitmap::No>(
+        owner, "The file <b>Reverb.vst3</b> cannot be written.\nClose all hosts and try it again.");
+}
+
+MString AskQuestion(MControl& owner) {
+    return Ask<MMessageButtons::YesNo, MStdBitmap::Question>(
+        owner, "Are you sure you want to cancel the installation?");
+}
+
+MString AskOrIgnore(MControl& owner) {
+    return Ask<MMessageButtons::YesNoIgnore, MStdBitmap::Exclamation>(
+        owner, "A file of a newer version is there. Shall it be replaced?");
+}
+
+MString AskOrCancel(MControl& owner) {
+    return Ask<MMessageButtons::YesNoCancel, MStdBitmap::Question>(
+        owner, "Do you want to keep the presets that you have changed?");
+}
+
+MString EditLine(MControl& owner) {
+    return MEditTextDialog::EditText("Enter new value", "-12.5", MEditTextDialog::Lines::One, &owner)
+        .value_or("none");
+}
+
+MString EditLines(MControl& owner) {
+    return MEditTextDialog::EditText("Notes", "One line.\nAnother one.", MEditTextDialog::Lines::Several,
+                                     &owner)
+        .value_or("none");
+}
+
+/// Released once the worker has told what it is at.
+MSemaphore& GetProgressTold() {
+    static MSemaphore told(true);
+    return told;
+}
+
+MString ShowProgress(MControl& owner) {
+    constexpr std::chrono::milliseconds Step(50);
+    MProgressWindow window;
+    const MModalValue result = window.Run(&owner, [&](MProgressWindow& progress) {
+        for (int32_t percent = 37; percent <= 100; ++percent) {
+            progress.SetInfo(MFormat("Reverb/Presets/Bank {0}.xml", percent));
+            progress.SetProgress(percent);
+            if (percent == 37) GetProgressTold().Unlock();
+            std::this_thread::sleep_for(Step);
+        }
+    });
+    return MValueEnum<MModalValue>::ToName(result);
+}
+
+MString ShowWizard(MControl& owner) {
+    MWizardWindow window("Wizard", "Reverb 8.1");
+    window.minClientSize = {560, 300};
+    for (const char* page : {"Welcome", "Licence", "Components", "Ready"}) {
+        MContainer& container = window.AddPage(page);
+        auto* const text = new MStatic(&container, "text");
+        text->SetText(page);
+        text->SetFont(static_cast<int32_t>(MStdFont::Large3));
+        text->SetContentAlignment(MAlignCenter);
+        container.SetClientControl(text);
+    }
+    window.CreateWindow(&owner);
+    return MValueEnum<MModalValue>::ToName(window.RunModal(&owner));
+}
+
+constexpr GalleryDialog Dialogs[] = {
+    {"information", "Information", ShowInformation},
+    {"error", "Error", ShowError},
+    {"question", "Question", AskQuestion},
+    {"question-ignore", "Question with Ignore", AskOrIgnore},
+    {"question-cancel", "Question with Cancel", AskOrCancel},
+    {"text", "Text", EditLine},
+    {"text-lines", "Text of several lines", EditLines},
+    {"progress", "Progress", ShowProgress, [] { (void)GetProgressTold().Lock(-1); }},
+    {"wizard", "Wizard", ShowWizard},
+};
+
+}  // namespace
+
+std::span<const GalleryDialog> GalleryGetDialogs() {
+    return Dialogs;
+}
