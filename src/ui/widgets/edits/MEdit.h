@@ -113,9 +113,9 @@ private:
     void ShowCaret();
     void ScrollToCursor();
 
-    // Of what the user does (MEditInput.cpp).
-    template <class Action>
-    void Edit(Action action);
+    // Of what the user does (MEditInput.cpp, MEditKeys.cpp).
+    /// `action` returns whether it has changed the text.
+    void Edit(const std::function<bool()>& action);
     bool ProcessMouse(const MSystemEvent& event);
     bool ProcessKey(const MSystemEvent& event);
     bool ProcessControlKey(const MSystemEvent& event);

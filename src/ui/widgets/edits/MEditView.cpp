@@ -170,7 +170,13 @@ void MEdit::PaintContent(MDrawer& drawer) {
     PrepareRows();
     if (!rows.GetLook().font) return;
     const MRect clip = drawer.GetClip();
-    const MRect area = GetTextRectangle().Intersected(clip);
+    MRect area = GetTextRectangle();
+    // A single line is seen whole, also in an edit that is lower than its frame wants.
+    if (!IsMultiLine()) {
+        area.top = windowRect.top;
+        area.bottom = windowRect.bottom;
+    }
+    area = area.Intersected(clip);
     if (area.IsEmpty()) return;
     drawer.SetClip(area);
     const int32_t height = GetRowHeight();

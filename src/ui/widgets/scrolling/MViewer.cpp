@@ -39,9 +39,21 @@ MPoint MViewer::GetNeededSize(int32_t width) {
     MStyle* const style = GetStyle();
     if (!style) return {};
     MDrawerUsingStyle<MDrawer> drawer(*style, GetContainer());
+    const MPoint border = GetBorder();
     MPoint size;
-    size.y = document.GetHeightForWidth(drawer, width, size.x);
-    return size;
+    size.y = document.GetHeightForWidth(drawer, std::max(0, width - 2 * border.x), size.x);
+    return size + border + border;
+}
+
+MPoint MViewer::GetBorder() {
+    constexpr MPoint Border = {8, 6};
+    MStyle* const style = GetStyle();
+    return style ? MPoint{style->ScaleX(Border.x), style->ScaleY(Border.y)} : MPoint();
+}
+
+MRect MViewer::GetTextRectangle() {
+    const MPoint border = GetBorder();
+    return GetContainer().clientRect.Shrunk(border.x, border.y);
 }
 
 void MViewer::AdjustRectangles(MRect& newWindowRect, MRect& newClientRect) {
@@ -63,7 +75,7 @@ MViewer::Page::Page(MControl& parent, MViewer& viewer) : MControl(&parent, "text
 }
 
 void MViewer::Page::PaintContent(MDrawer& drawer) {
-    viewer.document.Paint(drawer, clientRect, drawer.inverted);
+    viewer.document.Paint(drawer, viewer.GetTextRectangle(), drawer.inverted);
     const MSTMLTextMap& map = viewer.GetMap();
     const MRect clip = drawer.GetClip();
     const MColor linkColor = drawer.GetTextColor(static_cast<int32_t>(MStdColor::Blue), drawer.inverted);
@@ -102,7 +114,7 @@ const MSTMLTextMap& MViewer::GetMap() {
     map = std::make_unique<MSTMLTextMap>();
     if (MStyle* const style = GetStyle()) {
         MDrawerUsingStyle<MDrawer> drawer(*style, GetContainer());
-        document.Observe(drawer, GetContainer().clientRect, *map);
+        document.Observe(drawer, GetTextRectangle(), *map);
         map->Finish();
     }
     return *map;

@@ -48,6 +48,10 @@ private:
         MViewer& viewer;
     };
 
+    /// Between the edge of the view and the text.
+    [[nodiscard]] MPoint GetBorder();
+    /// In coordinates of the page.
+    [[nodiscard]] MRect GetTextRectangle();
     /// Of the text in its present size.
     [[nodiscard]] const MSTMLTextMap& GetMap();
     void ForgetMap();
