@@ -111,7 +111,7 @@ void MTreeControlBase::SetItemOpen(MTreeItemBase& item, bool isOpen) {
     const MControlRef self(this);
     if (isOpen) {
         OnOpening(item);
-        if (!self) return;
+        if (!self || item.isOpen) return;
     }
     const int32_t row = FindRow(item);
     if (!isOpen && row >= 0) {

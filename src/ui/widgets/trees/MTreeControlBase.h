@@ -33,7 +33,8 @@ public:
     void WriteHelpInfo(MXMLItem& item) override;
 
 protected:
-    /// An item is about to be opened by somebody. May end the control.
+    /// An item is about to be opened by somebody, who may add items to it, or open it at once. May end the control,
+    /// but not the item alone.
     virtual void OnOpening(MTreeItemBase& item) = 0;
 
     /// The parent, an item of this tree, owns the item. At the end for an index of -1.

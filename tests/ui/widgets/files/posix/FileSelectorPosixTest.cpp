@@ -1,0 +1,41 @@
+#include "tests/ui/widgets/files/FileSelectorFixture.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+TEST_F(FileSelectorTest, IsNotLedAroundInCircles) {
+    ASSERT_EQ(symlink(".", Text(scratch.Join("a/loop")).c_str()), 0);
+    Go("a/loop/loop/inner");
+    EXPECT_EQ(GetFiles(), "deep.txt ");
+    EXPECT_EQ(GetFolders(), "a inner loop inner loop inner* loop b ");
+    // Deleting a link leaves what it leads to.
+    Go("a");
+    Choose("loop");
+    user.PressKey(MKeyDelete);
+    WaitUntil([&] { return !MFile::Exists(scratch.Join("a/loop")); });
+    EXPECT_EQ(scratch.ReadFile("a/inner/deep.txt"), "1");
+}
+
+TEST_F(FileSelectorTest, DoesNotWaitForSettingsThatNeverCome) {
+    // Reading a pipe would take for ever, and writing through a link would change something else.
+    ASSERT_EQ(mkfifo(Text(scratch.Join("a/.dirsettings")).c_str(), 0600), 0);
+    Go("a");
+    EXPECT_EQ(GetFiles(), "inner ");
+    ASSERT_EQ(symlink("../one.txt", Text(scratch.Join("b/.dirsettings")).c_str()), 0);
+    Go("b");
+    list.SetOrder(MFolderSettings::Order::Time);
+    WaitForFolders();
+    MPlatform::Sleep(20);
+    EXPECT_EQ(scratch.ReadFile("one.txt"), "12345");
+}
+
+TEST(FolderReaderTest, IsNotHeldUpByAFolderThatDoesNotAnswer) {
+    // What a volume that has gone away does: the thread waits for ever.
+    const MBackgroundTask task([] { MPlatform::Sleep(3000); });
+    EXPECT_FALSE(task.WaitFor(5));
+}
+
+}  // namespace
