@@ -10,8 +10,8 @@ MControl::MXmlLoader& MControl::MXmlLoader::Get() {
     return loader;
 }
 
-void MControl::MXmlLoader::Add(const char* name, std::unique_ptr<Creator> creator) {
-    creators.try_emplace(name, std::move(creator));
+void MControl::MXmlLoader::Add(const char* element, std::unique_ptr<Creator> creator) {
+    creators.try_emplace(element, std::move(creator));
 }
 
 void MControl::MXmlLoader::AddValue(const char* type, std::unique_ptr<ValueCreator> creator) {

@@ -75,8 +75,8 @@ public:
     MXmlLoader(const MXmlLoader&) = delete;
     MXmlLoader& operator=(const MXmlLoader&) = delete;
 
-    /// The first one of a name counts.
-    void Add(const char* name, std::unique_ptr<Creator> creator);
+    /// The first one of a name, of an element or of a type, counts.
+    void Add(const char* element, std::unique_ptr<Creator> creator);
     void AddValue(const char* type, std::unique_ptr<ValueCreator> creator);
 
     /// Makes what the sub-items stand for, below `owner`. Raises as `Creator::Create`.

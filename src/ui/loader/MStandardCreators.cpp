@@ -31,7 +31,7 @@
 #include "ui/widgets/edits/MMultiLineEdit.h"
 #include "ui/widgets/lists/MListBox.h"
 #include "ui/widgets/menus/MMenuBar.h"
-#include "ui/widgets/scrolling/MScrollBar.h"
+#include "ui/widgets/scrolling/MZoomer.h"
 #include "ui/widgets/splitters/MSplitter.h"
 #include "ui/widgets/tabs/MTabSet.h"
 #include "ui/widgets/trees/MTreeControl.h"
@@ -104,6 +104,7 @@ constexpr std::pair<const char*, std::unique_ptr<Loader::Creator> (*)()> Creator
     {"rotator", &MakeValueControl<MRotator>},
     {"knob", &MakeValueControl<MKnob>},
     {"valuebutton", &MakeValueControl<MValueButton>},
+    {"zoomer", &MakeControl<MZoomer>},
     {"splitter", &MakeControl<MSplitter>},
     {"switcher", &MakeValueControl<MSwitcher>},
     {"coloreditor", &MakeControl<MColorEditor>},

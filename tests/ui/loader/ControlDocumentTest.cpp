@@ -164,8 +164,9 @@ TEST_F(ControlDocumentTest, BuildsTheTreeAndPassesOverWhatItDoesNotKnow) {
     EXPECT_EQ(Text(GetChild(0).GetCaption()), "Upper");
     EXPECT_EQ(Text(GetChild(2).GetCaption()), "none");
     // What stands in the items of tabs and of splitters lies in their pages.
-    Load("<tabset><item text=\"x\"><static id=\"t\"/></item><items><item><edit id=\"u\"/></item></items></tabset>"
-         "<splitter><item layoutratiox=\"3\"><static id=\"v\"/></item><item><edit id=\"w\"/></item></splitter>");
+    Load(
+        "<tabset><item text=\"x\"><static id=\"t\"/></item><items><item><edit id=\"u\"/></item></items></tabset>"
+        "<splitter><item layoutratiox=\"3\"><static id=\"v\"/></item><item><edit id=\"w\"/></item></splitter>");
     EXPECT_EQ(Text(dynamic_cast<MTabSet&>(GetChild(3)).GetPage(1).GetChildren()[0]->GetName()), "u");
     EXPECT_EQ(Text(dynamic_cast<MSplitter&>(GetChild(4)).GetPanel(0).GetChildren()[0]->GetName()), "v");
     EXPECT_EQ(Text(dynamic_cast<MSplitter&>(GetChild(4)).GetPanel(1).GetChildren()[0]->GetName()), "w");
