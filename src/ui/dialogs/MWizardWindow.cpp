@@ -24,7 +24,6 @@ MWizardWindow::MWizardWindow(const MString& name, const MString& caption)
     nextButton->OnClick(Click::Left).Connect(this, &MWizardWindow::OnNext);
     nextButton->SetDefault(true);
     SetClientControl(&pages);
-    RefreshButtons();
 }
 
 MButton& MWizardWindow::AddButton(MLayout& row, const char* name) {

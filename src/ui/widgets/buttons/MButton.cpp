@@ -161,8 +161,10 @@ bool MButton::ProcessEvent(const MSystemEvent& event) {
 
 /// Handlers may open windows, which have to get the mouse.
 void MButton::ProcessRelease(MPoint point) {
+    const MControlRef self(this);
     Set(MControlFlag::LeftDown, false);
     ReleaseCapture();
+    if (!self) return;
     Invalidate();
     OnMouseReleased(point);
 }

@@ -12,8 +12,11 @@ MLabel::MLabel(MControl* parent, const MString& name) : MStatic(parent, name) {
 void MLabel::LinkTo(MControl& control) {
     target.Set(&control);
     control.linkedControl.Set(this);
-    SetVisible(control.Is(MControlFlag::Visible));
-    SetEnabled(control.Is(MControlFlag::Enabled));
+    // A label is linked while it is measured, when no handler may run.
+    for (const MControlFlag flag : {MControlFlag::Visible, MControlFlag::Enabled})
+        Set(flag, control.Is(flag));
+    TouchSizes();
+    Invalidate();
 }
 
 void MLabel::LoadFromXml(MXMLItem& item) {

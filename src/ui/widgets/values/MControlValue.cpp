@@ -80,9 +80,7 @@ bool MControlValue::ProcessEvent(const MSystemEvent& event) {
         return true;
     case MEventType::LeftUp:
         if (!std::exchange(editsAtRelease, false)) return true;
-        Set(MControlFlag::LeftDown, false);
-        ReleaseCapture();
-        EditValue();
+        LetMouseGo([this] { EditValue(); });
         return true;
     case MEventType::RightDown: Modify([](MValue& active) { active.ResetToDefault(); }); return true;
     case MEventType::Wheel:
@@ -94,6 +92,13 @@ bool MControlValue::ProcessEvent(const MSystemEvent& event) {
     default: break;
     }
     return MControlContent::ProcessEvent(event);
+}
+
+void MControlValue::LetMouseGo(const std::function<void()>& open) {
+    const MControlRef self(this);
+    Set(MControlFlag::LeftDown, false);
+    ReleaseCapture();
+    if (self) open();
 }
 
 bool MControlValue::ProcessKey(const MSystemEvent& event) {

@@ -44,6 +44,8 @@ protected:
     /// Changes the active value and raises the events if it is another one then. The control may have ended
     /// after that.
     void Modify(const std::function<void(MValue&)>& change, Change kind = Change::Committed);
+    /// For a press that opens a window, which has to get the mouse.
+    void LetMouseGo(const std::function<void()>& open);
     /// As text in a window, or by a menu of all values where these are few.
     void EditValue();
     /// False if the value is continuous, or has too many values for a menu.

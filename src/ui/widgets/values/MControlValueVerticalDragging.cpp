@@ -19,6 +19,7 @@ bool MControlValueVerticalDragging::ProcessEvent(const MSystemEvent& event) {
         End();
         return true;
     case MEventType::RightDown:
+    case MEventType::Wheel:
         if (IsDragged()) return true;
         break;
     case MEventType::KeyDown:

@@ -42,7 +42,12 @@ void MSelector::OnValueChanged() {
         if (!buttons[i]->GetCaption().IsExactly(text)) buttons[i]->SetText(text);
     }
     Invalidate();
-    if (hadFocus && index < count) buttons[static_cast<size_t>(index)]->SetFocus();
+    if (hadFocus) FocusChosen();
+}
+
+void MSelector::FocusChosen() {
+    const auto chosen = static_cast<size_t>(index);
+    if (chosen < buttons.size()) buttons[chosen]->SetFocus();
 }
 
 void MSelector::Choose(const MOnNotifyParams&) {
@@ -50,7 +55,7 @@ void MSelector::Choose(const MOnNotifyParams&) {
     index = GetValue().GetDiscreteIndex();
     const MControlRef self(this);
     Modify([chosen](MValue& active) { active.SetDiscreteIndex(chosen); });
-    if (self) buttons[static_cast<size_t>(index)]->SetFocus();
+    if (self) FocusChosen();
 }
 
 /// The button that has the focus would let arrows go on to its neighbours.

@@ -21,6 +21,7 @@ public:
 
 private:
     void MakeButtons(int32_t count);
+    void FocusChosen();
     void Choose(const MOnNotifyParams& params);
 
     std::vector<MButton*> buttons;  ///< by index; children

@@ -80,9 +80,7 @@ void MSwitcher::GetMinimalContentSize(int32_t& x, int32_t& y) {
 bool MSwitcher::ProcessEvent(const MSystemEvent& event) {
     const bool isPlainPress = event.type == MEventType::LeftDown && !event.Has(MModifierShift);
     if (isPlainPress) {
-        Set(MControlFlag::LeftDown, false);
-        ReleaseCapture();
-        (void)ShowMenu();
+        LetMouseGo([this] { (void)ShowMenu(); });
         return true;
     }
     return MControlValue::ProcessEvent(event);
