@@ -25,7 +25,10 @@ void LoadCaption(MCaptionLook& caption, MXMLItem& item, MXMLItem& root) {
     caption.textOffset =
         std::clamp(item.GetInt32Attribute("captiontextoffset", 0), -LongestLength, LongestLength);
     caption.isCentered = item.GetInt32Attribute("centertext", 0) != 0;
-    caption.isUnderBackground = item.GetInt32Attribute("backgroundundercaption", 0) != 0;
+    caption.imageHeight = getLength("captionimageheight");
+    caption.isOnBackground = item.GetInt32Attribute("backgroundundercaption", 1) != 0;
+    caption.isBlackOrWhite = item.GetInt32Attribute("captiontextcolorbw", 0) != 0;
+    caption.isHighlighted = item.GetInt32Attribute("painthighcaption", 0) != 0;
 }
 
 }  // namespace

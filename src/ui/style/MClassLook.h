@@ -78,8 +78,11 @@ struct MCaptionLook {
     int32_t contentLeftBorder = 0;
     int32_t contentRightBorder = 0;
     int32_t textOffset = 0;
+    int32_t imageHeight = 0;  ///< of its picture, from the top; 0 for all of it
     bool isCentered = false;
-    bool isUnderBackground = false;  ///< whether the class's own picture lies behind the caption as well
+    bool isOnBackground = true;   ///< whether the class's own picture lies behind the caption as well
+    bool isBlackOrWhite = false;  ///< whether the title is, whichever can be read on a panel
+    bool isHighlighted = false;   ///< whether the strip shows that the mouse is over the control
 };
 
 /// All that a definition says of one class. Lengths are those of 100 percent.

@@ -6,6 +6,7 @@
 #include "ui/style/MTexturedStyle.h"
 #include "ui/style/captions/ControlCaptionInstance.h"
 #include "ui/style/captions/MCaptionPanel.h"
+#include "ui/style/colors/MContrast.h"
 #include "ui/style/images/MImageContext.h"
 
 namespace {
@@ -42,7 +43,12 @@ bool MTexturedStyle::HitCaption(MControl& control, MPoint point) {
 }
 
 MColor MTexturedStyle::GetCaptionColor(MControl& control) {
-    return MBaseStyle::GetCaptionColor(control);
+    const MCaptionLook* const caption = FindCaption(control);
+    if (!caption || !caption->isBlackOrWhite) return MBaseStyle::GetCaptionColor(control);
+    constexpr MColor Black = MColor::FromRGB(0, 0, 0);
+    constexpr MColor White = MColor::FromRGB(255, 255, 255);
+    const MColor behind = GetColors().Get(MStyleTone::Panel);
+    return MContrast::GetRatio(White, behind) > MContrast::GetRatio(Black, behind) ? White : Black;
 }
 
 void MTexturedStyle::PaintCaption(MControl& control, MDrawer& drawer) {
@@ -50,11 +56,15 @@ void MTexturedStyle::PaintCaption(MControl& control, MDrawer& drawer) {
         MCaptionLook* const caption = FindCaption(control);
         if (!caption) return;
         MRect strip = control.windowRect;
-        strip.bottom = strip.top + GetCaptionHeight(control) - 1;
-        caption->image.Paint(drawer, strip, control.GetDrawState(), GetContext());
+        strip.bottom =
+            strip.top - 1 +
+            (caption->imageHeight > 0 ? GetScale().GetY(caption->imageHeight) : GetCaptionHeight(control));
+        const int32_t hidden = caption->isHighlighted ? 0 : MDrawHighlighted;
+        const auto state = static_cast<uint8_t>(control.GetDrawState() & ~hidden);
+        caption->image.Paint(drawer, strip, state, GetContext());
 
         MColor color;
-        MFont* const font = GetFont(caption->font, 0, IsInverted(control), control.GetDrawState(), color);
+        MFont* const font = GetFont(caption->font, 0, IsInverted(control), state, color);
         if (!font) return;
         const bool isActive = !control.IsRoot() || control.Is(MControlFlag::Active);
         color = GetCaptionColor(control).WithAlpha(

@@ -11,7 +11,10 @@ void MTexturedStyle::PaintControl(MControl& control, MDrawer& drawer) {
     if (ControlStyle* const style = FindStyle(control)) {
         if (control.GetControlType() == MControlType::Window)
             drawer.FillRectangle(control.windowRect, GetColors().Get(MStyleTone::Ground), MDrawMode::Copy);
-        style->Paint(drawer, control.windowRect, control.GetDrawState(), GetContext());
+        MRect rect = control.windowRect;
+        if (const MCaptionLook* const caption = FindCaption(control); caption && !caption->isOnBackground)
+            rect.top += GetCaptionHeight(control);
+        style->Paint(drawer, rect, control.GetDrawState(), GetContext());
     }
     PaintCaption(control, drawer);
 }
@@ -59,15 +62,19 @@ void MTexturedStyle::PaintListItem(MControl& control, MDrawer& drawer, const MRe
 }
 
 void MTexturedStyle::PaintTreeLines(MControl&, MDrawer& drawer, const MRect& rect, int32_t lines) {
+    MClassLook& look = GetLook(MStyleClass::TreeControl);
     const int32_t width = GetScale().GetLine(1);
-    const MColor color = GetColors().Get(MStyleTone::Line);
+    const MColor given = GetColors().Get(MStyleTone::Line);
+    const MColor color = look.GetNumber("invertlinecolor", 0) ? given.Inverted() : given;
     const int32_t x = rect.left + (rect.GetWidth() - width) / 2;
     const int32_t y = rect.top + (rect.GetHeight() - width) / 2;
     const auto fill = [&](const MRect& line) { drawer.FillRectangle(line, color, MDrawMode::Alphablend); };
     if (lines & MTreeLineUp) fill({x, rect.top, x + width - 1, y - 1});
     if (lines & MTreeLineDown) fill({x, y + width, x + width - 1, rect.bottom});
+    // The line ends so far before what it leads to.
+    const int32_t gap = GetScale().GetX(look.GetNumber("parentcrossoffset", 0));
     if (lines & MTreeLineRight)
-        fill({x, y, rect.right, y + width - 1});
+        fill({x, y, rect.right - gap, y + width - 1});
     else if (lines)
         fill({x, y, x + width - 1, y + width - 1});
 }

@@ -34,14 +34,14 @@ constexpr NamedChange Changes[] = {
 }  // namespace
 
 void StateImage::Load(MXMLItem& item) {
-    const auto addLayer = [this](MXMLItem& description) {
-        GeneratedImage layer;
-        layer.Load(description);
-        if (!layer.IsEmpty() && layers.size() < MaximumLayers) layers.push_back(layer);
+    const auto addLayer = [this](MXMLItem& description, bool isGround) {
+        Layer layer{GeneratedImage(), isGround};
+        layer.image.Load(description);
+        if (!layer.image.IsEmpty() && layers.size() < MaximumLayers) layers.push_back(layer);
     };
-    addLayer(item);
+    addLayer(item, true);
     for (MXMLItem* child : item.GetSubItems()) {
-        if (child->GetName() == "layer") addLayer(*child);
+        if (child->GetName() == "layer") addLayer(*child, false);
         if (child->GetName() == "image") picture.Load(*child);
         for (const NamedChange& named : Changes)
             if (child->GetName() == named.name)
@@ -64,15 +64,15 @@ void StateImage::Reset() {
 
 MPoint StateImage::GetSize() const {
     MPoint size;
-    for (const GeneratedImage& layer : layers)
-        size = {std::max(size.x, layer.GetSize().x), std::max(size.y, layer.GetSize().y)};
+    for (const Layer& layer : layers)
+        size = {std::max(size.x, layer.image.GetSize().x), std::max(size.y, layer.image.GetSize().y)};
     return size;
 }
 
 MPoint StateImage::GetMinimalSize() const {
     MPoint size = picture.GetMinimalSize();
-    for (const GeneratedImage& layer : layers) {
-        const MPoint own = layer.GetMinimalSize();
+    for (const Layer& layer : layers) {
+        const MPoint own = layer.image.GetMinimalSize();
         size = {std::max(size.x, own.x), std::max(size.y, own.y)};
     }
     return size;
@@ -86,7 +86,7 @@ void StateImage::ChangeColors(MBitmap& bitmap) const {
 MBitmap StateImage::Generate(MPoint size, const MImageContext& context) const {
     MBitmap bitmap(size.x, size.y);
     for (size_t i = 0; i < layers.size(); ++i) {
-        layers[i].Draw(bitmap, context);
+        if (Counts(layers[i])) layers[i].image.Draw(bitmap, context);
         if (i + 1 == fixedLayers && fixedAlpha != 255)
             bitmap.ChangeColors([this](MColor color) {
                 return color.WithAlpha(static_cast<uint8_t>(color.alpha * fixedAlpha / 255));
@@ -117,19 +117,25 @@ void StateImage::Paint(MDrawer& drawer, const MRect& rect, const MImageContext& 
             ChangeColors(texture);
             isTextureLoaded = true;
         }
+        const int32_t border = context.faceBorder;
         if (!texture.IsEmpty())
-            return picture.Paint(drawer, rect, texture, context.scale, alpha, MDrawMode::Alphablend);
+            picture.Paint(drawer, rect.Shrunk(border, border), texture, context.scale, alpha,
+                          MDrawMode::Alphablend);
     }
-    if (layers.empty()) return;
+    if (std::ranges::any_of(layers, [this](const Layer& layer) { return Counts(layer); }))
+        PaintLayers(drawer, rect, context, alpha);
+}
 
+void StateImage::PaintLayers(MDrawer& drawer, const MRect& rect, const MImageContext& context,
+                             uint8_t alpha) {
     // A frame is cut once: its corners, and one pixel of what lies between them.
     int32_t margin = 1;
     bool dependsOnWidth = false;
     bool dependsOnHeight = false;
-    for (const GeneratedImage& layer : layers) {
-        margin = std::max(margin, std::min(layer.GetMargin(context), LongestSide / 2 - 1));
-        dependsOnWidth = dependsOnWidth || layer.DependsOnWidth();
-        dependsOnHeight = dependsOnHeight || layer.DependsOnHeight();
+    for (const auto& [image, isGround] : layers) {
+        margin = std::max(margin, std::min(image.GetMargin(context), LongestSide / 2 - 1));
+        dependsOnWidth = dependsOnWidth || image.DependsOnWidth();
+        dependsOnHeight = dependsOnHeight || image.DependsOnHeight();
     }
     const auto getLength = [&](int32_t length, bool isExact) {
         return std::min(length, isExact ? LongestSide : 2 * margin + 1);

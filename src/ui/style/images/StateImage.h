@@ -6,8 +6,8 @@
 #include <cstdint>
 #include <vector>
 
-/// How a part of a control looks in one state: a picture of a file or, where there is none, generated images
-/// one over the other. What was made of them is kept, so that a paint only copies pixels.
+/// How a part of a control looks in one state: a picture of a file or, where there is none, a generated image,
+/// and further generated images over that. What was made of them is kept, so that a paint only copies pixels.
 class StateImage {
 public:
     /// Adds what an element describes: a generated image by its attributes, others by its children "layer",
@@ -35,11 +35,19 @@ private:
         double value;
     };
 
+    void PaintLayers(MDrawer& drawer, const MRect& rect, const MImageContext& context, uint8_t alpha);
     [[nodiscard]] const MBitmap& FindBitmap(MPoint size, const MImageContext& context);
     [[nodiscard]] MBitmap Generate(MPoint size, const MImageContext& context) const;
     void ChangeColors(MBitmap& bitmap) const;
 
-    std::vector<GeneratedImage> layers;
+    struct Layer {
+        GeneratedImage image;
+        bool isGround = false;  ///< stands for the picture
+    };
+    /// Whether a layer is painted.
+    [[nodiscard]] bool Counts(const Layer& layer) const { return texture.IsEmpty() || !layer.isGround; }
+
+    std::vector<Layer> layers;
     size_t fixedLayers = 0;  ///< those at the bottom that have an alpha together
     uint8_t fixedAlpha = 255;
     TexturedImage picture;
