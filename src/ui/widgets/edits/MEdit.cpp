@@ -85,7 +85,7 @@ void MEdit::LoadFromXml(MXMLItem& item) {
     SetCenterText(getFlag("centertext", isCentered));
     if (item.HasAttribute("maxlength")) SetMaximumLength(item.GetInt32Attribute("maxlength"));
     if (item.HasAttribute("showchar")) {
-        const MString shown = item.GetCachedAttribute();
+        const MString& shown = item.GetCachedAttribute();
         SetShowChar(shown.IsEmpty() ? u'\0' : char16_t{shown[0]});
     }
     if (item.HasAttribute("filter")) SetFilter(FindFilter(item.GetCachedAttribute()));

@@ -41,7 +41,7 @@ public:
     void Clear();
     void Undo();
     void Redo();
-    void Copy();
+    void Copy() const;
     void Cut();
     void Paste();
 

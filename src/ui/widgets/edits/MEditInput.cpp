@@ -56,7 +56,7 @@ void MEdit::Redo() {
     Edit([&] { return document.Redo(); });
 }
 
-void MEdit::Copy() {
+void MEdit::Copy() const {
     if (!showChar && !GetSelection().IsEmpty()) (void)MCopyToClipboard(GetSelectedText());
 }
 

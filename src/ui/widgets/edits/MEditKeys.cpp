@@ -100,24 +100,26 @@ bool MEdit::ProcessMove(const MSystemEvent& event) {
     const int32_t cursor = GetCursor();
     const MTextRange selection = GetSelection();
     const bool isLeaving = anchor == Anchor::Moves && !selection.IsEmpty() && !isControl;
-    int32_t target = cursor;
+    const auto move = [&](int32_t target) {
+        wantedX = -1;
+        MoveCursor(target, anchor);
+        return true;
+    };
     PrepareRows();
     const int32_t row = rows.GetRowOf(cursor);
     switch (event.key) {
     case MKeyLeft:
-        target = isLeaving   ? selection.start
-                 : isByWords ? MGetPreviousWord(text, cursor)
-                 : isControl ? 0
-                             : MGetPreviousStop(text, cursor);
-        break;
+        return move(isLeaving   ? selection.start
+                    : isByWords ? MGetPreviousWord(text, cursor)
+                    : isControl ? 0
+                                : MGetPreviousStop(text, cursor));
     case MKeyRight:
-        target = isLeaving   ? selection.end
-                 : isByWords ? MGetNextWord(text, cursor)
-                 : isControl ? GetLength()
-                             : MGetNextStop(text, cursor);
-        break;
-    case MKeyHome: target = isControl ? 0 : rows.GetStart(row); break;
-    case MKeyEnd: target = isControl ? GetLength() : rows.GetLastStop(row); break;
+        return move(isLeaving   ? selection.end
+                    : isByWords ? MGetNextWord(text, cursor)
+                    : isControl ? GetLength()
+                                : MGetNextStop(text, cursor));
+    case MKeyHome: return move(isControl ? 0 : rows.GetStart(row));
+    case MKeyEnd: return move(isControl ? GetLength() : rows.GetLastStop(row));
     case MKeyUp:
     case MKeyDown:
     case MKeyPageUp:
@@ -134,7 +136,4 @@ bool MEdit::ProcessMove(const MSystemEvent& event) {
     }
     default: return false;
     }
-    wantedX = -1;
-    MoveCursor(target, anchor);
-    return true;
 }

@@ -31,8 +31,7 @@ void MEditText::Replace(int32_t start, int32_t count, const MString& text) {
     }
     MoveGap(start);
     gapLength += count;
-    for (int32_t i = 0; i < inserted; ++i) units[static_cast<size_t>(gapStart + i)] = text[i];
-    gapStart += inserted;
+    for (int32_t i = 0; i < inserted; ++i) units[static_cast<size_t>(gapStart++)] = text[i];
     gapLength -= inserted;
 }
 
