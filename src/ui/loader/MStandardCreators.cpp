@@ -29,6 +29,7 @@
 #include "ui/widgets/content/MStaticMultiLine.h"
 #include "ui/widgets/edits/MComboEdit.h"
 #include "ui/widgets/edits/MMultiLineEdit.h"
+#include "ui/widgets/files/MDirectoryTreeControl.h"
 #include "ui/widgets/lists/MListBox.h"
 #include "ui/widgets/menus/MMenuBar.h"
 #include "ui/widgets/scrolling/MZoomer.h"
@@ -107,6 +108,7 @@ constexpr std::pair<const char*, std::unique_ptr<Loader::Creator> (*)()> Creator
     {"zoomer", &MakeControl<MZoomer>},
     {"splitter", &MakeControl<MSplitter>},
     {"switcher", &MakeValueControl<MSwitcher>},
+    {"directorytree", &MakeControl<MDirectoryTreeControl>},
     {"coloreditor", &MakeControl<MColorEditor>},
     {"colorselectbutton", &MakeControl<MColorSelectButton>},
     {"grapheditor", &MakeControl<MControlContainer>},

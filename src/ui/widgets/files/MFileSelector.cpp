@@ -4,6 +4,7 @@
 #include "foundation/files/MFile.h"
 #include "foundation/files/MSafeName.h"
 #include "foundation/text/MStringFormatter.h"
+#include "foundation/xml/MEntities.h"
 #include "foundation/xml/MXMLItem.h"
 #include "ui/control/windows/MWindows.h"
 
@@ -17,6 +18,13 @@ constexpr int32_t KeyF2 = MKeyF1 + 1;
 constexpr int32_t Keys[] = {MKeyMenu, KeyF2, MKeyDelete, MKeyBackspace};
 /// Between two looks whether something is deleted, in milliseconds.
 constexpr int32_t DeletionInterval = 50;
+
+/// A text as dialogs show it, which take mark-up.
+MString Escape(const MString& text) {
+    MString escaped;
+    MEntities::Escape(text, escaped);
+    return escaped;
+}
 
 /// The name that the user gives something, none if that is left or is no name of a file.
 std::optional<MString> AskName(MControl& control, const MString& caption, const MString& name) {
@@ -172,7 +180,7 @@ void MFileSelector::ShowChange(const MString& directory, const MString& failure)
     const MControlRef self(this);
     const MWindows* const windows = MWindows::GetInstance();
     if (!failure.IsEmpty() && windows && windows->dialogs)
-        windows->dialogs->ShowInformation(GetRoot(), failure);
+        windows->dialogs->ShowInformation(GetRoot(), Escape(failure));
     if (self) tree->Refresh(directory);
     if (self && directory.IsExactly(path)) list->Refresh();
 }
@@ -209,7 +217,7 @@ void MFileSelector::DeleteTarget(const Target& target) {
         target.isDirectory ? "Are you sure you want to delete directory \"{0}\" and all subdirectories?"
                            : "Are you sure you want to delete file \"{0}\"?";
     const MControlRef self(this);
-    const MString text = MFormat(MTranslate(question), MFile::GetFileName(target.path));
+    const MString text = MFormat(MTranslate(question), Escape(MFile::GetFileName(target.path)));
     if (!windows->dialogs->AskYesNo(GetRoot(), text) || !self) return;
     // What is shown of it goes first.
     if (target.isDirectory && target.path.IsExactly(path)) SetPath(directory);
