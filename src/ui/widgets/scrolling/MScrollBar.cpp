@@ -286,8 +286,8 @@ void MScrollBar::WriteHelpInfo(MXMLItem& item) {
     constexpr const char* Entries[] = {
         "<control>Left mouse button drag</control> of the thumb moves the view.",
         "<control>Left mouse button</control> on the track moves the view by a page, on an arrow by a step.",
-        "<control>Mouse-wheel</control> and <control>arrow keys</control> move the view by steps, "
-        "<control>page-up</control> and <control>page-down</control> by pages.",
+        ("<control>Mouse-wheel</control> and <control>arrow keys</control> move the view by steps, "
+         "<control>page-up</control> and <control>page-down</control> by pages."),
         "<control>Home</control> key moves to the beginning, <control>End</control> to the end."};
     MWriteUsage(item, "Scroll bar shows which part of something larger is visible, and moves it.", Entries);
 }

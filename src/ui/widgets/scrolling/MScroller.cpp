@@ -87,16 +87,16 @@ void MScroller::AdjustRectangles(MRect&, MRect& newClientRect) {
 
 void MScroller::View::AdjustRectangles(MRect&, MRect& newClientRect) {
     const MPoint room{newClientRect.GetWidth(), newClientRect.GetHeight()};
-    MPoint& scroll = scroller.scroll;
-    const MPoint& needed = scroller.needed;
-    scroll.x = std::clamp(scroll.x, 0, std::max(0, needed.x - room.x));
-    scroll.y = std::clamp(scroll.y, 0, std::max(0, needed.y - room.y));
+    MPoint& shift = scroller.scroll;
+    const MPoint& wanted = scroller.needed;
+    shift.x = std::clamp(shift.x, 0, std::max(0, wanted.x - room.x));
+    shift.y = std::clamp(shift.y, 0, std::max(0, wanted.y - room.y));
     newClientRect =
-        MRect::FromSize(-scroll.x, -scroll.y, std::max(needed.x, room.x), std::max(needed.y, room.y));
+        MRect::FromSize(-shift.x, -shift.y, std::max(wanted.x, room.x), std::max(wanted.y, room.y));
     scroller.horizontal.SetIncrease(scroller.GetStep());
-    scroller.horizontal.Show(0, needed.x, room.x, scroll.x);
+    scroller.horizontal.Show(0, wanted.x, room.x, shift.x);
     scroller.vertical.SetIncrease(scroller.GetStep());
-    scroller.vertical.Show(0, needed.y, room.y, scroll.y);
+    scroller.vertical.Show(0, wanted.y, room.y, shift.y);
 }
 
 void MScroller::ScrollTo(MPoint newScroll) {

@@ -76,16 +76,16 @@ MViewer::Page::Page(MControl& parent, MViewer& viewer) : MControl(&parent, "text
 
 void MViewer::Page::PaintContent(MDrawer& drawer) {
     viewer.document.Paint(drawer, viewer.GetTextRectangle(), drawer.inverted);
-    const MSTMLTextMap& map = viewer.GetMap();
+    const MSTMLTextMap& texts = viewer.GetMap();
     const MRect clip = drawer.GetClip();
     const MColor linkColor = drawer.GetTextColor(static_cast<int32_t>(MStdColor::Blue), drawer.inverted);
-    for (const MTextRange& link : map.GetLinks())
-        for (MRect rect : map.GetRectangles(link)) {
+    for (const MTextRange& link : texts.GetLinks())
+        for (MRect rect : texts.GetRectangles(link)) {
             rect.top = rect.bottom - std::max(1, drawer.ScaleY(1)) + 1;
             drawer.FillRectangle(rect, linkColor, MDrawMode::Overlay);
         }
     for (size_t i = 0; i < viewer.found.size(); ++i)
-        for (const MRect& rect : map.GetRectangles(viewer.found[i]))
+        for (const MRect& rect : texts.GetRectangles(viewer.found[i]))
             if (!rect.Intersected(clip).IsEmpty())
                 GetStyle()->PaintHighlight(
                     *this, drawer, rect,

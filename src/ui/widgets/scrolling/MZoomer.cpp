@@ -144,7 +144,7 @@ void MZoomer::WriteHelpInfo(MXMLItem& item) {
     constexpr const char* Entries[] = {
         "<control>Plus (+) button</control> zooms-in.", "<control>Minus (-) button</control> zooms-out.",
         "<control>Slash (/) button</control> zooms to default ratio, which typically means full zoom-out.",
-        "<control>Left mouse button drag</control> of an end of the thumb and <control>Ctrl + mouse-wheel</control> "
-        "zoom as well."};
+        ("<control>Left mouse button drag</control> of an end of the thumb and <control>Ctrl + mouse-wheel</control> "
+         "zoom as well.")};
     MWriteUsage(item, "", Entries);
 }

@@ -268,8 +268,8 @@ bool MTabStrip::ProcessEvent(const MSystemEvent& event) {
 void MTabStrip::WriteHelpInfo(MXMLItem& item) {
     constexpr const char* Entries[] = {
         "<control>Left mouse button</control> selects a tab.",
-        "<control>Ctrl + Left mouse button or Right mouse button</control> displays the whole tab in a popup "
-        "window. This comes handy when you want to have multiple tabs visible at the same time.",
+        ("<control>Ctrl + Left mouse button or Right mouse button</control> displays the whole tab in a popup "
+         "window. This comes handy when you want to have multiple tabs visible at the same time."),
         "<control>Left and right arrows</control> select neighboring tab.",
         "Click on one of the buttons on the border to scroll in the control and show currently invisible tabs."};
     MWriteUsage(item, "", Entries);

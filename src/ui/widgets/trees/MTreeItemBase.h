@@ -15,7 +15,7 @@ public:
 
     [[nodiscard]] MTreeItemBase* GetParentItem() const { return parent; }
     [[nodiscard]] int32_t GetChildCount() const { return children.GetCount(); }
-    [[nodiscard]] MTreeItemBase& GetChildItem(int32_t index) const { return *children[index]; }
+    [[nodiscard]] MTreeItemBase& GetChildItem(int32_t at) const { return *children[at]; }
     /// Where it stands among those of its parent.
     [[nodiscard]] int32_t GetIndex() const { return index; }
     [[nodiscard]] bool IsOpen() const { return isOpen; }
