@@ -66,6 +66,37 @@ void PaintBackground(MControl& control, MDrawer& drawer, const MRect& rect) {
     drawer.BitBlt(source, *GetBitmap(behind), rect.GetTopLeft(), 255, MDrawMode::Copy);
 }
 
+int64_t GetArea(const MRect& rect) {
+    return rect.IsEmpty() ? 0 : int64_t{rect.GetWidth()} * rect.GetHeight();
+}
+
+/// What the largest child covers of a part of a control: it will be shown with that child, whatever lies
+/// behind.
+MRect FindCovered(const MControl& control, const MRect& rect) {
+    MRect covered;
+    for (const MControl* child : control.GetChildren()) {
+        if (!child->Is(MControlFlag::Visible)) continue;
+        const MRect part =
+            child->contentRect.Shifted(child->windowOffset - control.windowOffset).Intersected(rect);
+        if (GetArea(part) > GetArea(covered)) covered = part;
+    }
+    return covered;
+}
+
+/// Shows a part of a picture in the window, but for what is covered.
+void Show(MDrawer& window, const MBitmap& picture, const MRect& part, const MRect& covered, MPoint place) {
+    const auto show = [&](const MRect& piece) {
+        if (!piece.IsEmpty())
+            window.BitBlt(piece, picture, place + (piece.GetTopLeft() - part.GetTopLeft()), 255,
+                          MDrawMode::Copy);
+    };
+    if (covered.IsEmpty()) return show(part);
+    show({part.left, part.top, part.right, covered.top - 1});
+    show({part.left, covered.top, covered.left - 1, covered.bottom});
+    show({covered.right + 1, covered.top, part.right, covered.bottom});
+    show({part.left, covered.bottom + 1, part.right, part.bottom});
+}
+
 }  // namespace
 
 bool MRenderer_MBitmap::InvalidateRect(MControl& control, const MRect& rect) {
@@ -84,10 +115,12 @@ void MRenderer_MBitmap::Render(MControl& control, const MRect& rect) {
     if (!window || !drawer) return;
     drawer->SetClip(painted);
     if (&owner == &control && IsTransparent(control)) PaintBackground(control, *drawer, painted);
-    const MRect source = rect.Shifted(control.windowOffset - owner.windowOffset);
+    const MPoint offset = control.windowOffset - owner.windowOffset;
+    const MRect covered = FindCovered(control, rect);
     const MPoint place = rect.Shifted(control.windowOffset).GetTopLeft();
     control.PaintWith(*drawer);
-    window->BitBlt(source, *bitmap, place, 255, MDrawMode::Copy);
+    Show(*window, *bitmap, rect.Shifted(offset), covered.IsEmpty() ? covered : covered.Shifted(offset),
+         place);
 }
 
 std::unique_ptr<MDrawer> MRenderer_MBitmap::CreateDrawer(MControl& control) {
