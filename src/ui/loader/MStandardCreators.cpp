@@ -30,6 +30,8 @@
 #include "ui/widgets/edits/MComboEdit.h"
 #include "ui/widgets/edits/MMultiLineEdit.h"
 #include "ui/widgets/files/MDirectoryTreeControl.h"
+#include "ui/widgets/files/MFileListBox.h"
+#include "ui/widgets/files/MFileSelector.h"
 #include "ui/widgets/lists/MListBox.h"
 #include "ui/widgets/menus/MMenuBar.h"
 #include "ui/widgets/scrolling/MZoomer.h"
@@ -111,6 +113,8 @@ constexpr std::pair<const char*, std::unique_ptr<Loader::Creator> (*)()> Creator
     {"directorytree", &MakeControl<MDirectoryTreeControl>},
     {"coloreditor", &MakeControl<MColorEditor>},
     {"colorselectbutton", &MakeControl<MColorSelectButton>},
+    {"filelistbox", &MakeControl<MFileListBox>},
+    {"fileselector", &MakeControl<MFileSelector>},
     {"grapheditor", &MakeControl<MControlContainer>},
     {"signalgeneratoreditor", &MakeControl<MControlContainer>},
     {"vector2deditor", &MakeControl<MControlContainer>},
