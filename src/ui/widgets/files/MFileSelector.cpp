@@ -48,7 +48,7 @@ MFileSelector::MFileSelector(MControl* parent, const MString& name)
     SetClientControl(splitter);
     splitter->GetPanel(0).SetClientControl(tree);
     splitter->GetPanel(1).SetClientControl(list);
-    splitter->SetRatio(1, 2);
+    splitter->SetRatio(2, 3);
     tree->OnItem().Connect(this, &MFileSelector::OnTreeItem);
     list->OnItem().Connect(this, &MFileSelector::OnListItem);
     list->OnItemActivated().Connect(this, &MFileSelector::AcceptFiles);

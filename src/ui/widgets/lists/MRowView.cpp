@@ -176,6 +176,7 @@ void MRowView::EnsurePlaces() {
     }
     scrollPlace = std::clamp<int64_t>(scrollPlace, 0, GetGreatestPlace());
     MeasureView(-1);
+    if (std::exchange(isFocusWanted, false)) ScrollToRow(focusedRow);
 }
 
 int32_t MRowView::MeasureLine(int32_t line) {
@@ -259,7 +260,8 @@ void MRowView::Scroll(int64_t place, int32_t anchor) {
 
 void MRowView::ScrollToRow(int32_t row) {
     EnsurePlaces();
-    if (row < 0 || places.GetCount() == 0) return;
+    isFocusWanted = viewRect.IsEmpty() && row == focusedRow;
+    if (row < 0 || places.GetCount() == 0 || viewRect.IsEmpty()) return;
     const int32_t line = row % places.GetCount();
     if (!places.IsMeasured(line)) places.SetHeight(line, MeasureLine(line));
     const int64_t top = places.GetTop(line);

@@ -131,4 +131,5 @@ private:
     int32_t focusedRow = -1;
     int32_t hoveredRow = -1;
     bool hasScrollBar = false;
+    bool isFocusWanted = false;  ///< is to be scrolled to as soon as there is a view
 };

@@ -255,6 +255,16 @@ TEST_F(MListBoxTest, LooksAtTheRowsThatAreSeenAlone) {
     EXPECT_EQ(list.painted, 2);
 }
 
+TEST_F(MListBoxTest, ShowsWhatWasSelectedBeforeItWasShown) {
+    auto* const list = new MListBox(&root, "list");
+    for (int32_t i = 0; i < 100; ++i) list->AddItem(MNumberToText(i), i);
+    root.SetClientControl(list);
+    list->SelectRow(70);
+    list->AddItem(std::make_unique<MListBoxItem>("first"), 0);
+    Open(root);
+    EXPECT_EQ(list->GetRowRect(71).Intersected(list->GetViewRect()), list->GetRowRect(71));
+}
+
 TEST_F(MListBoxTest, FillsColumnsOneAfterTheOther) {
     MListBox& list = Show(10);
     MXMLItem item("listbox");
