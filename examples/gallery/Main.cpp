@@ -1,9 +1,9 @@
-// Usage: gallery DOCUMENT [--scale PERCENT] [--dark | --light] [--screens FOLDER | SCRIPT]
+// Usage: gallery DOCUMENT [--scale PERCENT] [--dark | --light] [--gpu] [--screens FOLDER | SCRIPT]
 //
 // Shows every control in its states, page by page, in the look and the face that travel with the programs, and prints
-// what is done with them. Without options the desktop says how large and how dark. With --screens it draws pictures of
-// everything into a folder; with SCRIPT the window is in memory, and the script's lines are what its user does (see
-// ExampleScript.h).
+// what is done with them. Without options the desktop says how large and how dark, and the user's settings whether the
+// graphics card paints. With --screens it draws pictures of everything into a folder; with SCRIPT the window is in
+// memory, and the script's lines are what its user does (see ExampleScript.h).
 
 #include "embedded/MProgramBlocks.h"
 #include "examples/gallery/GalleryScreens.h"
@@ -17,6 +17,8 @@
 #include "ui/control/windows/MWindows.h"
 #include "ui/control/windows/MWindowsModule.h"
 #include "ui/loader/MStandardCreators.h"
+#include "ui/opengl/MGPUSettings.h"
+#include "ui/opengl/MOpenGLAcceleration.h"
 #include "ui/style/MTexturedStyle.h"
 #include "ui/window/MNativeWindowSystem.h"
 
@@ -31,6 +33,7 @@ struct Options {
     MString screens;
     std::optional<int32_t> scale;
     std::optional<bool> isLight;
+    bool isOnGPU = false;
 };
 
 Options ReadOptions(int count, char** arguments) {
@@ -42,6 +45,8 @@ Options ReadOptions(int count, char** arguments) {
             options.scale = static_cast<int32_t>(MParseInt64(next()));
         else if (word == "--dark" || word == "--light")
             options.isLight = word == "--light";
+        else if (word == "--gpu")
+            options.isOnGPU = true;
         else if (word == "--screens")
             options.screens = MFile::Normalize(next());
         else
@@ -84,7 +89,10 @@ void Run(const Options& options) {
             std::make_unique<MWindowSystemHeadless>(options.script.IsEmpty() ? LargeSize : DisplaySize);
     MWindowSystemHeadless* const memory = headless.get();
     MControl::MXmlLoader::SetFiller(&MAddStandardCreators);
-    MWindows windows(memory ? std::move(headless) : MCreateNativeWindowSystem());
+    auto acceleration = std::make_unique<MOpenGLAcceleration>(
+        options.isOnGPU ? MGPUMode::On : MGPUSettings::Load(), [](const MString& text) { Print(text); });
+    MWindows windows(memory ? std::move(headless)
+                            : MCreateNativeWindowSystem(MString(), std::move(acceleration)));
     windows.SetStyle(MakeStyle(windows, module.GetResources(), options));
 
     MXMLItem document;
@@ -111,9 +119,9 @@ void Run(const Options& options) {
 
 int main(int count, char** arguments) {
     if (count < 2) {
-        std::fputs(
-            "Usage: gallery DOCUMENT [--scale PERCENT] [--dark | --light] [--screens FOLDER | SCRIPT]\n",
-            stderr);
+        std::fputs("Usage: gallery DOCUMENT [--scale PERCENT] [--dark | --light] [--gpu] "
+                   "[--screens FOLDER | SCRIPT]\n",
+                   stderr);
         return 2;
     }
     try {

@@ -26,6 +26,9 @@ void MDrawerOpenGL::Initialize(const MNativeWindow& window, MGPUMode mode) {
         context = device->CreateContext(window);
         if (!context->MakeCurrent()) MRaise(MExceptionGeneral, "Error creating OpenGL context. ");
         Start(mode);
+        // Drivers look for the size of a window when they have shown it, and the one that it has now is not its
+        // last.
+        context->Swap();
         context->Release();
     } catch (const MException&) {
         context.reset();

@@ -1,7 +1,12 @@
+#include "tests/ui/opengl/x11/TestDisplay.h"
+
 #include "tests/ui/opengl/OpenGLFixture.h"
-#include "tests/ui/window/x11/MTestXServer.h"
+
+const MTestXServer& GetTestServer() {
+    static const MTestXServer server("800x600x24");
+    return server;
+}
 
 MString MGetTestDisplay() {
-    static const MTestXServer server("800x600x24");
-    return Heap(server.GetName().c_str());
+    return Heap(GetTestServer().GetName().c_str());
 }
