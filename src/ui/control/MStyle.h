@@ -136,7 +136,8 @@ public:
     virtual void PaintHighlight(MControl& control, MDrawer& drawer, const MRect& rect, uint8_t drawState) = 0;
     virtual void PaintTreeExpander(MControl& control, MDrawer& drawer, const MRect& rect, bool isOpen,
                                    uint8_t drawState) = 0;
-    /// What a control of the classes knob, rotator, tracker or progress bar shows, by its class.
+    /// What a control of the classes knob, rotator, tracker or progress bar shows, by its class. The rectangle is
+    /// that of the dial, or the whole of a tracker or a bar.
     virtual void PaintValue(MControl& control, MDrawer& drawer, const MRect& rect,
                             const MValueLook& look) = 0;
     /// The button of a tab; without what is in it.

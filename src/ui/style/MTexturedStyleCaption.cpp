@@ -14,17 +14,30 @@ namespace {
 /// Of the title of a window that the user does not work with.
 constexpr int32_t InactiveAlpha = 168;
 
+/// What the caption of a class is: text that the control shows, a title that it has whenever there is one, or a
+/// title for those who ask for it.
+enum class CaptionKind { Text, Title, TitleOnDemand };
+
+CaptionKind GetCaptionKind(MControlType type) {
+    switch (type) {
+    case MControlType::Window:
+    case MControlType::Panel: return CaptionKind::Title;
+    case MControlType::ListBox:
+    case MControlType::TreeControl:
+    case MControlType::TabSet: return CaptionKind::TitleOnDemand;
+    default: return CaptionKind::Text;
+    }
+}
+
 }  // namespace
 
 MCaptionLook* MTexturedStyle::FindCaption(MControl& control) {
     MClassLook* const look = FindLook(control);
     MCaptionType size = control.GetCaptionType();
-    if (!look || size == MCaptionType::None || control.GetCaption().IsEmpty()) return nullptr;
-    if (size == MCaptionType::Unset) {
-        const MControlType type = control.GetControlType();
-        if (type != MControlType::Window && type != MControlType::Panel) return nullptr;
-        size = MCaptionType::Normal;
-    }
+    const CaptionKind kind = GetCaptionKind(control.GetControlType());
+    if (!look || kind == CaptionKind::Text || control.GetCaption().IsEmpty()) return nullptr;
+    if (size == MCaptionType::Unset && kind == CaptionKind::Title) size = MCaptionType::Normal;
+    if (size == MCaptionType::None || size == MCaptionType::Unset) return nullptr;
     const auto index = static_cast<size_t>(size) - static_cast<size_t>(MCaptionType::Small);
     // A class without captions has them as panels do.
     for (MClassLook* const from : {look, &GetLook(MStyleClass::Panel)})
