@@ -137,7 +137,7 @@ public:
     virtual void PaintTreeExpander(MControl& control, MDrawer& drawer, const MRect& rect, bool isOpen,
                                    uint8_t drawState) = 0;
     /// What a control of the classes knob, rotator, tracker or progress bar shows, by its class. The rectangle is
-    /// that of the dial, or the whole of a tracker or a bar.
+    /// that of the dial, the whole of a tracker, or what the frame of a bar leaves.
     virtual void PaintValue(MControl& control, MDrawer& drawer, const MRect& rect,
                             const MValueLook& look) = 0;
     /// The button of a tab; without what is in it.

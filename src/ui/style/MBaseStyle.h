@@ -106,6 +106,8 @@ protected:
     [[nodiscard]] virtual Frame GetFrame(MControl& control) = 0;
     /// Colours or scale have changed: whatever was made of them has to be made again.
     virtual void ResetImages() = 0;
+    /// Lays all windows out again, and paints them.
+    void RefreshWindows();
     /// Brings scale and colours up to what settings, definition and desktop say.
     void ApplySettings();
     [[nodiscard]] MResourceLibrary* GetBuiltIn() const { return builtIn; }
@@ -117,7 +119,6 @@ protected:
 
 private:
     void OnDesktop(const MOnNotifyParams& params);
-    void RefreshWindows();
     void LoadColorSchemes(MXMLItem& definition);
     [[nodiscard]] MStyleColors::MainColors GetChosenColors() const;
     [[nodiscard]] int32_t GetPercent(const std::optional<int32_t>& chosen, int32_t given, int32_t most) const;

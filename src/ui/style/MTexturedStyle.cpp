@@ -83,6 +83,7 @@ void MTexturedStyle::LoadFromSettings(MXMLItem& item) {
         ApplySettings();
     else
         ChooseStyle();
+    RefreshWindows();
 }
 
 std::unique_ptr<MResourceLibrary> MTexturedStyle::OpenLibrary(const MString& name) {
@@ -200,6 +201,14 @@ MPoint MTexturedStyle::GetMinimalSize(MControl& control) {
     if (ControlStyle* const style = FindStyle(control)) {
         const MPoint corners = GetScale().Get(style->GetMinimalSize());
         size = {std::max(size.x, corners.x), std::max(size.y, corners.y)};
+    }
+    if (control.GetControlType() == MControlType::Tracker) {
+        // The thumb is whole, and can be moved.
+        if (const ControlStyle* const thumb = GetLook(MStyleClass::Tracker).Find(MStylePiece::Selector)) {
+            const int32_t length =
+                GetScale().GetX(thumb->GetSize().x) + 2 * GetScale().GetLine(thumb->focusBorder);
+            size = {std::max(size.x, length), std::max(size.y, length)};
+        }
     }
     if (MCaptionLook* const caption = FindCaption(control)) {
         MColor color;

@@ -176,11 +176,8 @@ void MTexturedStyle::PaintTracker(MControl&, MDrawer& drawer, const MRect& rect,
 
 void MTexturedStyle::PaintProgress(MControl&, MDrawer& drawer, const MRect& rect, const MValueLook& value) {
     MClassLook& look = GetLook(MStyleClass::ProgressBar);
-    const ControlStyle& trough = look.GetImage();
-    const MStyleScale scale = GetScale();
-    const int32_t focus = scale.GetLine(trough.focusBorder);
-    MRect done = rect.Shrunk(focus + scale.GetLine(trough.border.x), focus + scale.GetLine(trough.border.y));
-    const int32_t length = Round(Cut(value.value) * done.GetWidth());
+    MRect done = rect;
+    const int32_t length = Round(Cut(value.value) * rect.GetWidth());
     if (length < 1) return;
     done.right = done.left + length - 1;
     PaintPiece(look, MStylePiece::Locator, drawer, done, value.drawState);
