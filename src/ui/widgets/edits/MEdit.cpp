@@ -97,6 +97,16 @@ void MEdit::LoadFromXml(MXMLItem& item) {
     MControl::LoadFromXml(item);
 }
 
+void MEdit::SaveValueState(MXMLItem& item) {
+    if (!showChar) item.SetAttribute("text", GetText());
+}
+
+void MEdit::LoadValueState(MXMLItem& item) {
+    if (showChar || !item.HasAttribute("text") || item.GetCachedAttribute().IsExactly(GetText())) return;
+    SetText(item.GetCachedAttribute());
+    RaiseChange();
+}
+
 void MEdit::WriteHelpInfo(MXMLItem& item) {
     MControl::WriteHelpInfo(item);
     constexpr const char* Entries[] = {

@@ -70,6 +70,9 @@ public:
     [[nodiscard]] MStdCursor GetCursorAt(MPoint point) override;
     void OnCaptureLost() override;
     void OnTimer() override;
+    /// "text", unless that is a secret.
+    void SaveValueState(MXMLItem& item) override;
+    void LoadValueState(MXMLItem& item) override;
     void WriteHelpInfo(MXMLItem& item) override;
 
 protected:

@@ -23,6 +23,7 @@ void MEdit::Edit(const std::function<bool()>& action) {
     InvalidateSelection(before);
     if (!isChanged) return;
     ScrollToCursor();
+    Reveal(GetCaret());
     ShowCaret();
     RaiseChange();
 }
@@ -170,6 +171,8 @@ void MEdit::MoveCursor(int32_t index, Anchor anchor) {
     InvalidateRect(caret);
     InvalidateSelection(before);
     ScrollToCursor();
+    // Under a mouse that is held down nothing moves.
+    if (!isDragging) Reveal(GetCaret());
     ShowCaret();
 }
 

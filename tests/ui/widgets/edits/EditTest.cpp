@@ -140,6 +140,15 @@ TEST_F(EditTest, KeepsPasswordsSecret) {
     Press(MKeyHome);
     Press(MKeyRight, MModifierControl);
     EXPECT_EQ(edit.GetCursor(), 9) << "not where a word ends";
+    edit.Set(MControlFlag::SaveValue);
+    MXMLItem state("state");
+    (void)edit.SaveState(state);
+    EXPECT_FALSE(state.HasAttribute("text"));
+    edit.SetShowChar(0);
+    (void)edit.SaveState(state);
+    edit.SetText({});
+    edit.LoadState(state);
+    EXPECT_EQ(Text(edit.GetText()), "two words");
     EXPECT_TRUE(IsPaintedWhole(window.root));
 }
 

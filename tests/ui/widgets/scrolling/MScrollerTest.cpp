@@ -107,6 +107,21 @@ TEST_F(MScrollerTest, FollowsTheKeyboardAndTheWheel) {
     EXPECT_EQ(scroller.GetScroll().y, GetView(scroller).GetHeight()) << "also from a control in it";
 }
 
+TEST_F(MScrollerTest, FollowsACaret) {
+    auto& scroller = Add<MScroller>({10, 10, 109, 109});
+    auto* const edit = new MEdit(&scroller.GetContainer(), "edit");
+    Place(*edit, {0, 150, 399, 173});
+    Open(root);
+    edit->SetFocus();
+    for (const char* text : {"a", "a text that is longer than the view is"}) {
+        scroller.ScrollTo({});
+        user.Type(text);
+        EXPECT_GE(edit->GetWindowContentRect().top, GetView(scroller).top);
+        EXPECT_LE(edit->GetWindowContentRect().top + 18, GetView(scroller).bottom);
+    }
+    EXPECT_GT(scroller.GetScroll().x, 0);
+}
+
 class MViewerTest : public MScrollerTest {
 protected:
     ~MViewerTest() noexcept override = default;
