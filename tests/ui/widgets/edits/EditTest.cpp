@@ -47,7 +47,7 @@ TEST_F(EditTest, TypesWithinItsLimitsAndTells) {
     EXPECT_EQ(Text(edit.GetText()), "1.5-7");
     edit.SetReadOnly(true);
     user.Type("1");
-    for (const int32_t key : {'V', 'X', 'Z'}) Press(key, MModifierControl);
+    for (const int32_t key : {int32_t{'V'}, int32_t{'X'}, int32_t{'Z'}}) Press(key, MModifierControl);
     for (const int32_t key : {MKeyBackspace, MKeyDelete}) Press(key);
     EXPECT_EQ(Text(edit.GetText()), "1.5-7");
     // The third signs of keys come with Ctrl and Alt, commands with Ctrl alone.
@@ -77,7 +77,7 @@ TEST_F(EditTest, MovesAndSelectsByWordsRowsAndMouse) {
     MEdit& edit = window.edit;
     Open(window.root);
     edit.SetText("one, two_3  four\n\nlast");
-    const auto expectStops = [&](int32_t key, std::vector<int32_t> stops) {
+    const auto expectStops = [&](int32_t key, const std::vector<int32_t>& stops) {
         for (const int32_t stop : stops) {
             Press(key, MModifierControl);
             EXPECT_EQ(edit.GetCursor(), stop);
