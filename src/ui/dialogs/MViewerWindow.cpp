@@ -6,7 +6,7 @@
 #include "foundation/module/MModule.h"
 #include "foundation/text/MUnicode.h"
 #include "streams/basic/MOutputFile.h"
-#include "ui/dialogs/MEditTextDialog.h"
+#include "ui/dialogs/MFileDialog.h"
 #include "ui/dialogs/MMessageDialogWindow.h"
 #include "ui/layout/MLayoutClient.h"
 #include "ui/stml/MSTMLHTMLWriter.h"
@@ -73,10 +73,10 @@ void MViewerWindow::OnBrowse(const MOnClickParams&) {
 }
 
 void MViewerWindow::OnGenerate(const MOnClickParams&) {
-    const MString proposed = MFile::Join(MFile::GetSpecialPath(MSpecialFolderUserDocuments), PageName);
-    const std::optional<MString> path =
-        MEditTextDialog::EditText(MTranslate("Filename"), proposed, MEditTextDialog::Lines::One, this);
-    if (path) TryOver(*this, [&] { WritePage(MFile::Normalize(*path)); });
+    MFileDialog dialog(MFileDialog::Mode::Save);
+    dialog.AddFilter("HTML", "*.html");
+    dialog.SetFileName(PageName);
+    if (dialog.RunModal(this) == MModalValue::Ok) TryOver(*this, [&] { WritePage(dialog.GetFilePath()); });
 }
 
 void MViewerWindow::WriteHelpInfo(MXMLItem& item) {
