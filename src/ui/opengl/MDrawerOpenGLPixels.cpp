@@ -2,6 +2,7 @@
 
 #include "ui/image/MAlphaMask.h"
 #include "ui/opengl/MDrawerOpenGL.h"
+#include "ui/opengl/MOpenGLColors.h"
 #include "ui/opengl/MOpenGLSegments.h"
 #include "ui/opengl/MOpenGLTexture.h"
 
@@ -15,6 +16,15 @@ void MDrawerOpenGL::SetPixel(MPoint point, MColor color) {
     });
 }
 
+namespace {
+
+/// A colour that a texture, or the way of combining, makes something else of.
+MColor ToPlain(MColor color, MDrawMode mode) {
+    return mode == MDrawMode::Copy ? color : MOpenGLColors::GetWeakened(color);
+}
+
+}  // namespace
+
 /// Fills pixels that all may be painted.
 void MDrawerOpenGL::DrawSpot(const MRect& visible, MColor color, MDrawMode mode) {
     const bool isNothing = mode == MDrawMode::None || (color.alpha == 0 && mode != MDrawMode::Copy);
@@ -22,7 +32,9 @@ void MDrawerOpenGL::DrawSpot(const MRect& visible, MColor color, MDrawMode mode)
     MOpenGLMasks& masks = device->masks;
     device->batch.Begin(masks.GetTexture(), mode);
     const float spot = MOpenGLMasks::WholeSpot / static_cast<float>(masks.GetSize());
-    device->batch.Add(visible, {spot, spot, spot, spot}, color);
+    device->batch.Add(visible, {spot, spot, spot, spot},
+                      MOpenGLColors::IsBlending(mode) ? MOpenGLColors::GetBlended(color)
+                                                      : ToPlain(color, mode));
 }
 
 void MDrawerOpenGL::FillPart(const MRect& rect, MColor color, MDrawMode mode) {
@@ -126,8 +138,12 @@ void MDrawerOpenGL::PaintPicture(const MBitmap& source, const MAxisMap& columns,
                                  uint8_t alpha, MDrawMode mode) {
     const bool isNothing = mode == MDrawMode::None || (alpha == 0 && mode != MDrawMode::Copy);
     if (isNothing) return;
-    if (const MOpenGLDescriptor* const picture = MOpenGLDescriptor::Get(*device, source))
-        DrawTiles(*picture, source.GetRect(), columns, rows, MColor::FromRGB(255, 255, 255, alpha), mode);
+    // What is made weaker as a whole is blended with other alphas than it has.
+    const bool isBlended = MOpenGLColors::IsBlending(mode) && alpha == 255;
+    const auto form = isBlended ? MOpenGLTexture::Form::Blended : MOpenGLTexture::Form::Plain;
+    const MColor whole = MColor::FromRGB(255, 255, 255, alpha);
+    if (const MOpenGLDescriptor* const picture = MOpenGLDescriptor::Get(*device, source, form))
+        DrawTiles(*picture, source.GetRect(), columns, rows, isBlended ? whole : ToPlain(whole, mode), mode);
 }
 
 void MDrawerOpenGL::PaintMask(const MRect& part, const MAlphaMask& mask, MPoint point, MColor color,
@@ -138,7 +154,7 @@ void MDrawerOpenGL::PaintMask(const MRect& part, const MAlphaMask& mask, MPoint 
     if (std::max(mask.GetWidth(), mask.GetHeight()) > MOpenGLMasks::LargestMask) {
         if (const MOpenGLDescriptor* const picture = MOpenGLDescriptor::Get(*device, mask))
             DrawTiles(*picture, mask.GetRect(), MAxisMap::Straight(point.x, part.left, part.GetWidth()),
-                      MAxisMap::Straight(point.y, part.top, part.GetHeight()), color, mode);
+                      MAxisMap::Straight(point.y, part.top, part.GetHeight()), ToPlain(color, mode), mode);
         return;
     }
     MOpenGLMasks& masks = device->masks;
@@ -157,5 +173,5 @@ void MDrawerOpenGL::PaintMask(const MRect& part, const MAlphaMask& mask, MPoint 
                       {static_cast<float>(shown.left) * unit, static_cast<float>(shown.top) * unit,
                        static_cast<float>(shown.right + 1) * unit,
                        static_cast<float>(shown.bottom + 1) * unit},
-                      color);
+                      ToPlain(color, mode));
 }

@@ -75,13 +75,8 @@ void MOpenGLBatch::Add(const MRect& rect, const MTexturePart& part, MColor color
     const auto top = static_cast<float>(rect.top);
     const auto right = static_cast<float>(rect.right + 1);
     const auto bottom = static_cast<float>(rect.bottom + 1);
-    // The pixel operators divide by 256 and cut, so what they blend comes out darker by up to one.
-    const auto weaken = [&](uint8_t channel) {
-        return static_cast<uint8_t>(channel > 0 && mode != MDrawMode::Copy ? channel - 1 : channel);
-    };
     const auto add = [&](float x, float y, float u, float v) {
-        vertices.push_back(
-            {x, y, u, v, weaken(color.red), weaken(color.green), weaken(color.blue), color.alpha});
+        vertices.push_back({x, y, u, v, color.red, color.green, color.blue, color.alpha});
     };
     add(left, top, part.left, part.top);
     add(right, top, part.right, part.top);

@@ -1,8 +1,8 @@
 #include "ui/opengl/MOpenGLMasks.h"
 
 #include "ui/image/MAlphaMask.h"
+#include "ui/opengl/MOpenGLColors.h"
 #include "ui/opengl/MOpenGLDevice.h"
-#include "ui/opengl/MOpenGLTexture.h"
 
 #include <algorithm>
 #include <vector>
@@ -46,7 +46,7 @@ std::optional<MPoint> MOpenGLMasks::Find(const MAlphaMask& mask) {
     const std::optional<MPoint> point = Reserve(wanted);
     if (!point) return point;
     std::vector<uint8_t> shares(mask.GetBytes(), mask.GetBytes() + wanted.x * wanted.y);
-    std::ranges::transform(shares, shares.begin(), MGetTextureAlpha);
+    std::ranges::transform(shares, shares.begin(), MOpenGLColors::GetMaskAlpha);
     Upload(*point, wanted, shares.data());
     auto place = std::make_unique<Place>();
     place->owner = device.GetNames();

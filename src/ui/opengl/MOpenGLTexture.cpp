@@ -4,21 +4,22 @@
 #include "foundation/base/MRaise.h"
 #include "ui/image/MAlphaMask.h"
 #include "ui/image/MBitmap.h"
+#include "ui/opengl/MOpenGLColors.h"
 #include "ui/opengl/MOpenGLDevice.h"
 
 #include <algorithm>
 #include <bit>
 
-MOpenGLTexture::MOpenGLTexture(MOpenGLDevice& device, const MBitmap& bitmap, const MRect& source)
+MOpenGLTexture::MOpenGLTexture(MOpenGLDevice& device, const MBitmap& bitmap, const MRect& source, Form form)
     : names(device.GetNames()), source(source) {
     Create(device, MGL::RGBA8);
-    Update(device, bitmap);
+    Update(device, bitmap, form);
 }
 
-MOpenGLTexture::MOpenGLTexture(MOpenGLDevice& device, const MAlphaMask& mask, const MRect& source)
+MOpenGLTexture::MOpenGLTexture(MOpenGLDevice& device, const MAlphaMask& mask, const MRect& source, Form form)
     : names(device.GetNames()), source(source) {
     Create(device, MGL::ALPHA8);
-    Update(device, mask);
+    Update(device, mask, form);
 }
 
 MOpenGLTexture::~MOpenGLTexture() {
@@ -45,47 +46,52 @@ void MOpenGLTexture::Upload(MOpenGLDevice& device, uint32_t format, const void* 
     valid = true;
 }
 
-void MOpenGLTexture::Update(MOpenGLDevice& device, const MBitmap& bitmap) {
+void MOpenGLTexture::Update(MOpenGLDevice& device, const MBitmap& bitmap, Form form) {
     std::vector<MColor> pixels;
     for (int32_t y = source.top; y <= source.bottom; ++y) {
         const MColor* const row = bitmap.GetRow(y);
         pixels.insert(pixels.end(), row + source.left, row + source.right + 1);
     }
-    for (MColor& pixel : pixels) pixel.alpha = MGetTextureAlpha(pixel.alpha);
+    for (MColor& pixel : pixels)
+        pixel = form == Form::Blended ? MOpenGLColors::GetBlended(pixel)
+                                      : pixel.WithAlpha(MOpenGLColors::GetMaskAlpha(pixel.alpha));
     Upload(device, MGL::BGRA, pixels.data());
 }
 
-void MOpenGLTexture::Update(MOpenGLDevice& device, const MAlphaMask& mask) {
+void MOpenGLTexture::Update(MOpenGLDevice& device, const MAlphaMask& mask, Form) {
     std::vector<uint8_t> shares;
     for (int32_t y = source.top; y <= source.bottom; ++y) {
         const uint8_t* const row = mask.GetRow(y);
         shares.insert(shares.end(), row + source.left, row + source.right + 1);
     }
-    std::ranges::transform(shares, shares.begin(), MGetTextureAlpha);
+    std::ranges::transform(shares, shares.begin(), MOpenGLColors::GetMaskAlpha);
     Upload(device, MGL::ALPHA, shares.data());
 }
 
-const MOpenGLDescriptor* MOpenGLDescriptor::Get(MOpenGLDevice& device, const MBitmap& bitmap) {
-    return GetOf(device, bitmap);
+const MOpenGLDescriptor* MOpenGLDescriptor::Get(MOpenGLDevice& device, const MBitmap& bitmap,
+                                                MOpenGLTexture::Form form) {
+    return GetOf(device, bitmap, form);
 }
 
 const MOpenGLDescriptor* MOpenGLDescriptor::Get(MOpenGLDevice& device, const MAlphaMask& mask) {
-    return GetOf(device, mask);
+    return GetOf(device, mask, MOpenGLTexture::Form::Plain);
 }
 
 template <class Picture>
-const MOpenGLDescriptor* MOpenGLDescriptor::GetOf(MOpenGLDevice& device, const Picture& picture) {
+const MOpenGLDescriptor* MOpenGLDescriptor::GetOf(MOpenGLDevice& device, const Picture& picture,
+                                                  MOpenGLTexture::Form form) {
     const MOpenGLDescriptor* found = nullptr;
     MGuard("MOpenGLTexture::Get", [&] {
         auto* descriptor = dynamic_cast<MOpenGLDescriptor*>(picture.GetTexture());
         // A picture may have been painted by another device before, or by a drawer of another kind.
         if (!descriptor || descriptor->names != device.GetNames())
             descriptor = &CreateDescriptor(device, picture);
-        const bool isLoaded = !descriptor->tiles.empty() && descriptor->mark == picture.GetModificationMark();
+        const bool isLoaded = !descriptor->tiles.empty() && descriptor->form == form &&
+                              descriptor->mark == picture.GetModificationMark();
         // Those that are loaded anew may be waiting to be drawn as they were.
         if (!isLoaded) device.batch.Flush();
         if (isLoaded ||
-            MGuard("MOpenGLTexture::Get (create texture)", [&] { descriptor->Load(device, picture); }))
+            MGuard("MOpenGLTexture::Get (create texture)", [&] { descriptor->Load(device, picture, form); }))
             found = descriptor;
         else
             picture.SetTexture(nullptr);
@@ -102,11 +108,12 @@ MOpenGLDescriptor& MOpenGLDescriptor::CreateDescriptor(MOpenGLDevice& device, co
 }
 
 template <class Picture>
-void MOpenGLDescriptor::Load(MOpenGLDevice& device, const Picture& picture) {
+void MOpenGLDescriptor::Load(MOpenGLDevice& device, const Picture& picture, MOpenGLTexture::Form newForm) {
     const MPoint newSize{picture.GetWidth(), picture.GetHeight()};
     mark = picture.GetModificationMark();
+    form = newForm;
     if (!tiles.empty() && size == newSize) {
-        for (const auto& tile : tiles) tile->Update(device, picture);
+        for (const auto& tile : tiles) tile->Update(device, picture, form);
         return;
     }
     tiles.clear();
@@ -117,5 +124,5 @@ void MOpenGLDescriptor::Load(MOpenGLDevice& device, const Picture& picture) {
         for (int32_t x = 0; x < size.x; x += tileSize)
             tiles.push_back(std::make_unique<MOpenGLTexture>(
                 device, picture,
-                MRect{x, y, std::min(x + tileSize, size.x) - 1, std::min(y + tileSize, size.y) - 1}));
+                MRect{x, y, std::min(x + tileSize, size.x) - 1, std::min(y + tileSize, size.y) - 1}, form));
 }

@@ -13,24 +13,20 @@ class MAlphaMask;
 class MOpenGLDevice;
 class MOpenGLNames;
 
-/// The alpha of a pixel as it stands in textures. The pixel operators cut what they divide, so they blend
-/// weak pixels a little stronger than OpenGL, which rounds; without this, a bright ground below a weak dark
-/// pixel would come out brighter by three.
-[[nodiscard]] constexpr uint8_t MGetTextureAlpha(uint8_t alpha) {
-    return alpha > 0 && alpha < 128 ? static_cast<uint8_t>(alpha + 1) : alpha;
-}
-
 /// A part of a picture on the graphics card: all of it, or a tile of one that is larger than a texture can
 /// be.
 class MOpenGLTexture final : public MObject {
 public:
     /// Whether a texture has the size of what it shows, or the next powers of two.
     enum class SizeClass { Exact, PowersOfTwo };
+    /// Whether pixels are those of the picture, with alphas as those of masks, or as `GetBlended` of
+    /// MOpenGLColors.h has them.
+    enum class Form { Plain, Blended };
 
     /// Makes a texture with the pixels of a part of a picture, direct and not empty, or of a mask. Raises
     /// "Error loading OpenGL texture: {0}" (0) with the error's number.
-    MOpenGLTexture(MOpenGLDevice& device, const MBitmap& bitmap, const MRect& source);
-    MOpenGLTexture(MOpenGLDevice& device, const MAlphaMask& mask, const MRect& source);
+    MOpenGLTexture(MOpenGLDevice& device, const MBitmap& bitmap, const MRect& source, Form form);
+    MOpenGLTexture(MOpenGLDevice& device, const MAlphaMask& mask, const MRect& source, Form);
     MOpenGLTexture(const MOpenGLTexture&) = delete;
     MOpenGLTexture& operator=(const MOpenGLTexture&) = delete;
     ~MOpenGLTexture() override;
@@ -43,8 +39,8 @@ public:
     [[nodiscard]] SizeClass GetSizeClass() const { return sizeClass; }
 
     /// Replaces the pixels by those that the picture has now.
-    void Update(MOpenGLDevice& device, const MBitmap& bitmap);
-    void Update(MOpenGLDevice& device, const MAlphaMask& mask);
+    void Update(MOpenGLDevice& device, const MBitmap& bitmap, Form form);
+    void Update(MOpenGLDevice& device, const MAlphaMask& mask, Form);
 
 private:
     void Create(MOpenGLDevice& device, int32_t format);
@@ -62,9 +58,10 @@ private:
 /// when the picture has changed.
 class MOpenGLDescriptor final : public MObject {
 public:
-    /// Those of a direct picture that is not empty, or of a mask; loaded as far as that is needed. Null if
-    /// that fails. Valid until the picture changes.
-    [[nodiscard]] static const MOpenGLDescriptor* Get(MOpenGLDevice& device, const MBitmap& bitmap);
+    /// Those of a direct picture that is not empty, in a form, or of a mask; loaded as far as that is needed.
+    /// Null if that fails. Valid until the picture changes.
+    [[nodiscard]] static const MOpenGLDescriptor* Get(MOpenGLDevice& device, const MBitmap& bitmap,
+                                                      MOpenGLTexture::Form form);
     [[nodiscard]] static const MOpenGLDescriptor* Get(MOpenGLDevice& device, const MAlphaMask& mask);
 
     explicit MOpenGLDescriptor(std::shared_ptr<MOpenGLNames> names) : names(std::move(names)) {}
@@ -76,16 +73,18 @@ public:
 
 private:
     template <class Picture>
-    static const MOpenGLDescriptor* GetOf(MOpenGLDevice& device, const Picture& picture);
+    static const MOpenGLDescriptor* GetOf(MOpenGLDevice& device, const Picture& picture,
+                                          MOpenGLTexture::Form form);
     template <class Picture>
     static MOpenGLDescriptor& CreateDescriptor(MOpenGLDevice& device, const Picture& picture);
     template <class Picture>
-    void Load(MOpenGLDevice& device, const Picture& picture);
+    void Load(MOpenGLDevice& device, const Picture& picture, MOpenGLTexture::Form newForm);
 
     const std::shared_ptr<MOpenGLNames> names;  ///< those of the device that it was made for
     std::vector<std::unique_ptr<MOpenGLTexture>> tiles;
     MPoint size;  ///< of the picture
     int32_t tileSize = 0;
     int32_t columns = 0;
+    MOpenGLTexture::Form form = MOpenGLTexture::Form::Plain;
     uint32_t mark = 0;  ///< the picture's modification mark when it was loaded
 };

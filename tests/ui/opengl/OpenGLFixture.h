@@ -3,6 +3,8 @@
 #include "examples/windows/MPlainStyle.h"
 #include "tests/support/MTestText.h"
 #include "tests/ui/drawing/RandomPrimitives.h"
+#include "ui/control/MControlRoot.h"
+#include "ui/control/MRenderer.h"
 #include "ui/control/windows/MWindows.h"
 #include "ui/opengl/MOpenGLAcceleration.h"
 #include "ui/window/MNativeWindowSystem.h"
@@ -77,7 +79,10 @@ protected:
         for (const MControlFlag flag : {MControlFlag::AdaptSize, MControlFlag::MoveToScreenCenter})
             window->Set(flag, false);
         window->SetControlType(MControlType::Window);
+        window->SetCaption("A window", MCaptionType::Normal);
         window->size = {LargestWidth, LargestHeight};
+        // What the style paints reaches the window's drawer, not a bitmap first.
+        window->GetRootState().renderer = std::make_unique<MRenderer_ToWindow>();
         window->CreateWindow(nullptr);
         window->ShowModeless(nullptr);
     }
