@@ -39,7 +39,7 @@ public:
     void Close();
 
     /// Whether what was painted in a size is still there.
-    [[nodiscard]] bool HasFrame(MPoint size) const { return frame.Has(size); }
+    [[nodiscard]] bool HasFrame(MPoint wanted) const { return frame.Has(wanted); }
     /// Makes the context current. Raises "Error creating OpenGL context. " (0) if that cannot be.
     void BeginPaint(MPoint newSize);
     /// Shows the window.

@@ -22,10 +22,16 @@ void MOpenGLPainter::EndPaint() {
 }
 
 bool MOpenGLPainter::TakePicture(MControl& root, MBitmap& bitmap) {
+    if (memory) return memory->TakePicture(root, bitmap);
     wantedPicture = &bitmap;
     const MPoint size = root.GetShownSize();
     (void)PaintWindow(root, MRect::FromSize(0, 0, size.x, size.y));
-    if (memory) return memory->TakePicture(root, bitmap);
+    if (memory) {
+        // OpenGL has failed meanwhile; the platform has yet to show what was painted in its place.
+        wantedPicture = nullptr;
+        root.Invalidate();
+        return memory->TakePicture(root, bitmap);
+    }
     return std::exchange(wantedPicture, nullptr) == nullptr;
 }
 
