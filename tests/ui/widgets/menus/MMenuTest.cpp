@@ -1,7 +1,7 @@
 #include "ui/widgets/menus/MMenu.h"
-#include "ui/widgets/menus/MWindowMenu.h"
 #include "tests/ui/control/ControlFixture.h"
 #include "ui/control/MContainers.h"
+#include "ui/widgets/menus/MWindowMenu.h"
 
 namespace {
 
