@@ -38,6 +38,13 @@ int32_t CountWheelSteps(int32_t delta) {
     return delta < 0 ? -1 : 1;
 }
 
+/// It shows whether the window is the active one.
+void InvalidateCaption(MControl& root) {
+    const MRect& whole = root.windowRect;
+    const MRect caption{whole.left, whole.top, whole.right, root.clientRect.top - 1};
+    if (!caption.IsEmpty()) root.InvalidateRect(caption);
+}
+
 }  // namespace
 
 void MWindowMessages::EnableEvents(bool mouse, bool keyboard) {
@@ -157,6 +164,7 @@ bool MWindowMessages::OnFilesDropped(MControl& root, const MList<MString>& paths
 void MWindowMessages::OnActivated(MControl& root) {
     MGuard(MessagesLabel, [&] {
         root.Set(MControlFlag::Active);
+        InvalidateCaption(root);
         if (!root.GetRootState().focusedControl || IsBlocked(root)) return;
         MSystemEvent event;
         event.type = MEventType::Activation;
@@ -181,6 +189,7 @@ void MWindowMessages::OnDeactivated(MControl& root, MControl* other, const MStri
         const MControlRef below(root.GetRootState().windowParent.Get());
         const bool wasOpen = root.GetRootState().modalResult == MModalValue::None;
         root.DispatchEvent(event);
+        if (alive) InvalidateCaption(root);
         const bool isClosed = wasOpen && alive && root.GetRootState().modalResult != MModalValue::None;
         // The popups that this one was opened over are left as well, and had lost the focus before.
         if (isClosed && below && below.Get() != other && below->Is(MControlFlag::CloseOnDeactivate))
