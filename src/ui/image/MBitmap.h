@@ -107,8 +107,8 @@ public:
     /// if the pixels end early.
     void LoadTGA(MStream& stream);
 
-    /// Writes direct pixels with alpha, the same bytes for the same picture on every platform. Raises "Empty
-    /// image cannot be saved to PNG." (0), and what the stream raises.
+    /// Writes direct pixels, with alpha unless all are opaque; the same bytes for the same picture on every
+    /// platform. Raises "Empty image cannot be saved to PNG." (0), and what the stream raises.
     void SavePNG(MStream& stream) const;
 
 private:

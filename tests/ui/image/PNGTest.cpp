@@ -18,7 +18,10 @@ TEST(PNGTest, SavedPictureLoadsAsTheSame) {
     paletted.CreatePaletted(2, 2);
     paletted.EditPalette()[3] = MColor::FromRGB(1, 2, 3, 4);
     paletted.EditIndices()[2] = 3;
-    for (const MBitmap& picture : {MMakePicture(1, 1), MMakePicture(7, 3), MMakePicture(300, 2),
+    MBitmap opaque;
+    opaque.CreateOpaque(5, 3);
+    opaque.EditPixels()[7] = MColor::FromRGB(1, 2, 3);
+    for (const MBitmap& picture : {opaque, MMakePicture(1, 1), MMakePicture(7, 3), MMakePicture(300, 2),
                                    MMakePicture(3, 200), MMakePicture(64, 64), paletted})
         EXPECT_EQ(MPixelText(MLoadImage(&MBitmap::LoadPNG, Saved(picture))), MPixelText(picture));
     // The file that each platform writes; a new zlib or libpng may change it.

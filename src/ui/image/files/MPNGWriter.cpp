@@ -4,6 +4,7 @@
 #include "streams/basic/MStream.h"
 #include "ui/image/MBitmap.h"
 
+#include <algorithm>
 #include <exception>
 
 #include <png.h>
@@ -60,7 +61,7 @@ public:
 
     [[nodiscard]] bool Write(const MBitmap& bitmap) {
         if (setjmp(png_jmpbuf(png))) return false;
-        WriteHeader(static_cast<uint32_t>(bitmap.GetWidth()), static_cast<uint32_t>(bitmap.GetHeight()));
+        WriteHeader(bitmap);
         for (int32_t y = 0; y < bitmap.GetHeight(); ++y)
             png_write_row(png, reinterpret_cast<png_const_bytep>(bitmap.GetRow(y)));
         png_write_end(png, nullptr);
@@ -69,14 +70,21 @@ public:
 
 private:
     // Level and filters are fixed, so the bytes do not follow a change of libpng's own choice.
-    void WriteHeader(uint32_t width, uint32_t height) {
+    void WriteHeader(const MBitmap& bitmap) {
+        const auto width = static_cast<uint32_t>(bitmap.GetWidth());
+        const auto height = static_cast<uint32_t>(bitmap.GetHeight());
+        const MColor* const pixels = bitmap.GetPixels();
+        const bool isOpaque = std::all_of(pixels, pixels + int64_t{bitmap.GetWidth()} * bitmap.GetHeight(),
+                                          [](MColor pixel) { return pixel.alpha == 255; });
+        const int colors = isOpaque ? PNG_COLOR_TYPE_RGB : PNG_COLOR_TYPE_RGB_ALPHA;
         png_set_user_limits(png, width, height);
         png_set_compression_level(png, CompressionLevel);
         png_set_filter(png, PNG_FILTER_TYPE_BASE, PNG_ALL_FILTERS);
-        png_set_IHDR(png, info, width, height, 8, PNG_COLOR_TYPE_RGB_ALPHA, PNG_INTERLACE_NONE,
-                     PNG_COMPRESSION_TYPE_BASE, PNG_FILTER_TYPE_BASE);
+        png_set_IHDR(png, info, width, height, 8, colors, PNG_INTERLACE_NONE, PNG_COMPRESSION_TYPE_BASE,
+                     PNG_FILTER_TYPE_BASE);
         png_write_info(png, info);
         png_set_bgr(png);
+        if (isOpaque) png_set_filler(png, 0, PNG_FILLER_AFTER);
     }
 
     png_structp png = nullptr;
