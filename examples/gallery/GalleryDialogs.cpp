@@ -3,9 +3,12 @@
 #include "foundation/events/MSemaphore.h"
 #include "foundation/text/MStringFormatter.h"
 #include "ui/control/kinds/MStdFont.h"
+#include "ui/dialogs/MDirectoryDialog.h"
 #include "ui/dialogs/MEditTextDialog.h"
+#include "ui/dialogs/MFileDialog.h"
 #include "ui/dialogs/MMessageDialogWindow.h"
 #include "ui/dialogs/MProgressWindow.h"
+#include "ui/dialogs/MViewerWindow.h"
 #include "ui/dialogs/MWizardWindow.h"
 #include "ui/widgets/content/MStatic.h"
 
@@ -91,6 +94,27 @@ MString ShowWizard(MControl& owner) {
     return MValueEnum<MModalValue>::ToName(window.RunModal(&owner));
 }
 
+template <MFileDialog::Mode Mode>
+MString AskFile(MControl& owner) {
+    MFileDialog dialog(Mode);
+    dialog.AddFilter("Presets", "*.xml");
+    dialog.AddFilter("All files", "*");
+    return dialog.RunModal(&owner) == MModalValue::Ok ? dialog.GetFilePath() : MString("none");
+}
+
+MString AskDirectory(MControl& owner) {
+    MDirectoryDialog dialog;
+    return dialog.RunModal(&owner) == MModalValue::Ok ? dialog.GetPath() : MString("none");
+}
+
+MString ShowHelp(MControl& owner) {
+    MViewerWindow window(
+        "Help", "<header1>Presets</header1><p>A preset keeps all values of a plug-in. <b>Save</b> writes "
+                "it to a file, and <b>Load</b> brings it back.</p><header2>Banks</header2><li>Presets of "
+                "one bank lie in one file.</li><li>A newer version adds its own to yours.</li>");
+    return MValueEnum<MModalValue>::ToName(window.RunModal(&owner));
+}
+
 constexpr GalleryDialog Dialogs[] = {
     {"information", "Information", ShowInformation},
     {"error", "Error", ShowError},
@@ -99,8 +123,12 @@ constexpr GalleryDialog Dialogs[] = {
     {"question-cancel", "Question with Cancel", AskOrCancel},
     {"text", "Text", EditLine},
     {"text-lines", "Text of several lines", EditLines},
-    {"progress", "Progress", ShowProgress, [] { (void)GetProgressTold().Lock(-1); }},
+    {"progress", "Progress", ShowProgress, true, [] { (void)GetProgressTold().Lock(-1); }},
     {"wizard", "Wizard", ShowWizard},
+    {"help", "Help", ShowHelp},
+    {"file-open", "Open a file", AskFile<MFileDialog::Mode::Open>, false},
+    {"file-save", "Save a file", AskFile<MFileDialog::Mode::Save>, false},
+    {"directory", "Choose a folder", AskDirectory, false},
 };
 
 }  // namespace

@@ -102,10 +102,9 @@ void CompleteTexts(MControl& page) {
 }
 
 void CompleteLists(MControl& page) {
-    constexpr const char* Effects[] = {"Autopan",   "Bass",      "Chorus",     "Delay",   "Exciter",
-                                       "Flanger",   "Gate",      "Hall",       "Impulse", "Limiter",
-                                       "Modulator", "Noise",     "Oscillator", "Phaser",  "Quantizer",
-                                       "Reverb",    "Saturator", "Tremolo",    "Vibrato"};
+    constexpr const char* Effects[] = {"Autopan", "Bass",   "Chorus", "Delay",   "Exciter",
+                                       "Flanger", "Gate",   "Hall",   "Impulse", "Limiter",
+                                       "Noise",   "Phaser", "Reverb", "Tremolo"};
     for (const char* list : {"list", "checks", "columns"}) {
         auto& box = Find<MListBox>(page, list);
         for (int32_t i = 0; const char* effect : Effects) {

@@ -17,6 +17,7 @@ void GalleryDrawScreens(MWindowSystemHeadless& system, GalleryWindow& window, co
         save(window, tabs.GetPage(index).GetName());
     }
     for (const GalleryDialog& dialog : GalleryGetDialogs()) {
+        if (!dialog.hasPicture) continue;
         system.Post([&] {
             if (dialog.settle) dialog.settle();
         });

@@ -11,9 +11,8 @@
 
 GalleryWindow::GalleryWindow(MXMLItem& document, Log log)
     : MWindow("Gallery", "Gallery"), log(std::move(log)) {
-    for (const MControlFlag flag :
-         {MControlFlag::InTaskbar, MControlFlag::Resizable, MControlFlag::WindowMovable,
-          MControlFlag::MaximizeAllowed, MControlFlag::CloseOnEscape})
+    for (const MControlFlag flag : {MControlFlag::InTaskbar, MControlFlag::Resizable,
+                                    MControlFlag::WindowMovable, MControlFlag::MaximizeAllowed})
         Set(flag);
     minClientSize = {880, 580};
     auto* const margins = new MLayoutOccupyBorder(*this);

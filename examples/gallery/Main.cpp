@@ -16,6 +16,7 @@
 #include "ui/control/MXmlLoader.h"
 #include "ui/control/windows/MWindows.h"
 #include "ui/control/windows/MWindowsModule.h"
+#include "ui/dialogs/MDialogs.h"
 #include "ui/loader/MStandardCreators.h"
 #include "ui/opengl/MGPUSettings.h"
 #include "ui/opengl/MOpenGLAcceleration.h"
@@ -93,6 +94,8 @@ void Run(const Options& options) {
         options.isOnGPU ? MGPUMode::On : MGPUSettings::Load(), [](const MString& text) { Print(text); });
     MWindows windows(memory ? std::move(headless)
                             : MCreateNativeWindowSystem(MString(), std::move(acceleration)));
+    MDialogs dialogs;
+    windows.dialogs = &dialogs;
     windows.SetStyle(MakeStyle(windows, module.GetResources(), options));
 
     MXMLItem document;
