@@ -11,7 +11,8 @@ void GalleryDrawScreens(MWindowSystemHeadless& system, GalleryWindow& window, co
         ExampleSavePicture(system.GetPicture(root), MFile::Join(folder, name.ToLower() + suffix + ".png"));
     };
     MTabSet& tabs = window.GetTabs();
-    for (int32_t index = 0; index < tabs.GetTabCount(); ++index) {
+    // The last page has nothing but the buttons that open the dialogs.
+    for (int32_t index = 0; index < tabs.GetTabCount() - 1; ++index) {
         tabs.SelectTab(index);
         system.AdvanceTime(Settled);
         save(window, tabs.GetPage(index).GetName());

@@ -79,7 +79,8 @@ private:
         const int colors = isOpaque ? PNG_COLOR_TYPE_RGB : PNG_COLOR_TYPE_RGB_ALPHA;
         png_set_user_limits(png, width, height);
         png_set_compression_level(png, CompressionLevel);
-        png_set_filter(png, PNG_FILTER_TYPE_BASE, PNG_ALL_FILTERS);
+        // What is opaque is a picture of windows, whose plain areas become smallest as they are.
+        png_set_filter(png, PNG_FILTER_TYPE_BASE, isOpaque ? PNG_FILTER_NONE : PNG_ALL_FILTERS);
         png_set_IHDR(png, info, width, height, 8, colors, PNG_INTERLACE_NONE, PNG_COMPRESSION_TYPE_BASE,
                      PNG_FILTER_TYPE_BASE);
         png_write_info(png, info);
