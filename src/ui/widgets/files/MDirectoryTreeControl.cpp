@@ -162,7 +162,8 @@ void MDirectoryTreeControl::Advance() {
             const MString rest = pathToSelect.Substring(start);
             const int32_t end = rest.FindChar('/');
             const MString name = end == MString::NotFound ? rest : rest.Substring(0, end);
-            if (name.IsEmpty()) {
+            // The way leads down only.
+            if (name.IsEmpty() || name.IsExactly(".") || name.IsExactly("..")) {
                 pathToSelect = MString();
                 return;
             }

@@ -23,7 +23,7 @@ public:
     [[nodiscard]] const MString& GetRootPath() { return GetRootItem().path; }
     void SetHiddenShown(bool isShown);
     /// Selects a folder, opening all above it as they are read. Nobody is told. Nothing happens for one that is not
-    /// below the root.
+    /// below the root, and for one with "." or ".." in it.
     void SelectPath(const MString& path);
     /// Empty for none, and for the drives.
     [[nodiscard]] MString GetSelectedPath();

@@ -26,6 +26,19 @@ MString Escape(const MString& text) {
     return escaped;
 }
 
+/// A path whose components lead down only: "." is left out, and ".." with what it leads out of.
+MString WithoutDots(const MString& path) {
+    MString clean;
+    for (const MString& component : path.Split('/')) {
+        if (component.IsExactly(".")) continue;
+        if (!component.IsExactly(".."))
+            clean += (clean.IsEmpty() && !path.StartsWith("/") ? MString() : MString("/")) + component;
+        else
+            clean.Cut(std::max(clean.FindCharBackward('/'), 0));
+    }
+    return clean.IsEmpty() && path.StartsWith("/") ? MString("/") : clean;
+}
+
 /// The name that the user gives something, none if that is left or is no name of a file.
 std::optional<MString> AskName(MControl& control, const MString& caption, const MString& name) {
     const MWindows* const windows = MWindows::GetInstance();
@@ -74,7 +87,7 @@ void MFileSelector::SetRootPath(const MString& newPath) {
 }
 
 void MFileSelector::SetPath(const MString& newPath) {
-    list->SetDirectory(newPath);
+    list->SetDirectory(WithoutDots(newPath));
 }
 
 /// A folder counts as entered when its list could be read.

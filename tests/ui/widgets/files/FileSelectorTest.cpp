@@ -1,8 +1,6 @@
 #include "tests/ui/widgets/files/FileSelectorFixture.h"
 #include "ui/widgets/files/MNamePatterns.h"
 
-#include <cstdio>
-
 namespace {
 
 TEST(NamePatternsTest, MatchNames) {
@@ -74,8 +72,9 @@ TEST_F(FileSelectorTest, GoesThroughFoldersInBothOfItsParts) {
     Go("missing");
     EXPECT_EQ(Take(), "refused:missing");
     EXPECT_TRUE(selector.GetPath().IsExactly(scratch.Join("b")));
-    Go(".hidden-folder/../a");
-    EXPECT_EQ(Take(), "refused:a");
+    Go("a/./missing/../inner");
+    EXPECT_TRUE(selector.GetPath().IsExactly(scratch.Join("a/inner")));
+    EXPECT_EQ(GetFolders(), "a inner* b ");
 }
 
 TEST_F(FileSelectorTest, CreatesRenamesAndDeletes) {
@@ -135,20 +134,6 @@ TEST_F(FileSelectorTest, KeepsTheOrderOfAFolderInIt) {
         EXPECT_EQ(list.GetOrder(), MFolderSettings::Order::Name);
         EXPECT_EQ(list.GetItemCount(), 5);
     }
-}
-
-TEST_F(FileSelectorTest, ShowsManyFilesAtOnce) {
-    MFile::CreateDirectory(scratch.Join("many"));
-    for (int32_t i = 0; i < 20000; ++i) {
-        std::FILE* const file =
-            std::fopen((Text(scratch.Join("many")) + "/f" + std::to_string(i)).c_str(), "w");
-        ASSERT_NE(file, nullptr);
-        std::fclose(file);
-    }
-    Go("many");
-    EXPECT_EQ(list.GetItemCount(), 20000);
-    Choose("f19999");
-    EXPECT_EQ(list.GetSelectedPath().Substring(scratch.GetPath().GetLength()), "/many/f19999");
 }
 
 }  // namespace

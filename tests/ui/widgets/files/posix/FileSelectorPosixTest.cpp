@@ -1,5 +1,6 @@
 #include "tests/ui/widgets/files/FileSelectorFixture.h"
 
+#include <cstdio>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -30,6 +31,20 @@ TEST_F(FileSelectorTest, DoesNotWaitForSettingsThatNeverCome) {
     WaitForFolders();
     MPlatform::Sleep(20);
     EXPECT_EQ(scratch.ReadFile("one.txt"), "12345");
+}
+
+TEST_F(FileSelectorTest, ShowsManyFilesAtOnce) {
+    MFile::CreateDirectory(scratch.Join("many"));
+    for (int32_t i = 0; i < 20000; ++i) {
+        std::FILE* const file =
+            std::fopen((Text(scratch.Join("many")) + "/f" + std::to_string(i)).c_str(), "w");
+        ASSERT_NE(file, nullptr);
+        std::fclose(file);
+    }
+    Go("many");
+    EXPECT_EQ(list.GetItemCount(), 20000);
+    Choose("f19999");
+    EXPECT_EQ(list.GetSelectedPath().Substring(scratch.GetPath().GetLength()), "/many/f19999");
 }
 
 TEST(FolderReaderTest, IsNotHeldUpByAFolderThatDoesNotAnswer) {
