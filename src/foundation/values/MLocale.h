@@ -4,8 +4,8 @@
 
 #include <cstdint>
 
-/// Where a user lives and which language he speaks. A value is the place of its name in the table; the first one
-/// stands for all that have no name here.
+/// Where a user lives and which language he speaks. A value is the place of its name in the table; the first
+/// one stands for all that have no name here.
 struct MLocale final {
     enum class Language : int32_t {};
     enum class Country : int32_t {};

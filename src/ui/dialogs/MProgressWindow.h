@@ -18,12 +18,13 @@ public:
 
     explicit MProgressWindow(const MString& caption = "Wait please...");
 
-    /// Runs a worker until it is done (`Ok`) or, asked for by the user, has stopped (`Cancel`). Raises what the
-    /// worker raises otherwise, and what making a thread raises. Without windows it runs the worker alone.
+    /// Runs a worker until it is done (`Ok`) or, asked for by the user, has stopped (`Cancel`). Raises what
+    /// the worker raises otherwise, and what making a thread raises. Without windows it runs the worker
+    /// alone.
     MModalValue Run(MControl* owner, Worker worker);
 
-    // What the worker calls, from its thread. Once the user has cancelled, each of these raises "Processing has
-    // been cancelled." (0), which the worker lets pass.
+    // What the worker calls, from its thread. Once the user has cancelled, each of these raises "Processing
+    // has been cancelled." (0), which the worker lets pass.
     /// 0 to 100.
     void SetProgress(double percent);
     void SetInfo(const MString& text);

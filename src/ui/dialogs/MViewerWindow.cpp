@@ -82,8 +82,8 @@ void MViewerWindow::OnGenerate(const MOnClickParams&) {
 void MViewerWindow::WriteHelpInfo(MXMLItem& item) {
     MDialogWindow::WriteHelpInfo(item);
     constexpr const char* Entries[] = {
-        "<name>Display in web browser button</name> generates the documentation as HTML and opens it in your web "
-        "browser.",
+        "<name>Display in web browser button</name> generates the documentation as HTML and opens it in your "
+        "web browser.",
         "<name>Generate button</name> stores that as a file."};
     MWriteUsage(item, "", Entries);
 }

@@ -9,9 +9,9 @@
 
 class MSTMLAttributes;
 
-/// Writes mark-up (MSTMLParser.h) as a page for a web browser: HTML 5, whose look is in it. Objects in lines are left
-/// out but for lines, and so is what only a style can say. What the page says is escaped, so no text of a document
-/// becomes a tag.
+/// Writes mark-up (MSTMLParser.h) as a page for a web browser: HTML 5, whose look is in it. Objects in lines
+/// are left out but for lines, and so is what only a style can say. What the page says is escaped, so no text
+/// of a document becomes a tag.
 class MSTMLHTMLWriter final : public MMLParser<MAttribute, MAttributeList> {
 public:
     /// What a syntax error leaves unread is not there.

@@ -15,8 +15,8 @@ public:
     MColor color;
 };
 
-/// Lets the user choose a colour: by hue and saturation on a field, by lightness on a strip beside it, or by its
-/// hexadecimal digits, six or, with the alpha, eight. Raises `OnChange()`, and behind it
+/// Lets the user choose a colour: by hue and saturation on a field, by lightness on a strip beside it, or by
+/// its hexadecimal digits, six or, with the alpha, eight. Raises `OnChange()`, and behind it
 /// `Change::Intermediate` or `Change::Committed`.
 ///
 /// Attributes: "value", hexadecimal digits. With `SaveValue` the window's state has "value".

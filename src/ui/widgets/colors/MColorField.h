@@ -5,8 +5,8 @@
 #include "ui/image/MColor.h"
 
 /// A surface of colours, of which the user picks one by the mouse or by the arrow keys, with Ctrl in larger
-/// steps. Raises `OnChange()`, and behind it `Change::Intermediate` while the mouse is down, `Change::Committed`
-/// otherwise.
+/// steps. Raises `OnChange()`, and behind it `Change::Intermediate` while the mouse is down,
+/// `Change::Committed` otherwise.
 class MColorField : public MControl {
 public:
     enum class Kind {
@@ -27,7 +27,8 @@ public:
     void WriteHelpInfo(MXMLItem& item) override;
 
 private:
-    /// The colour at a place of the surface, from 0 to 1 in both directions, and the place of the present one.
+    /// The colour at a place of the surface, from 0 to 1 in both directions, and the place of the present
+    /// one.
     [[nodiscard]] MHSL GetColorAt(MPointF place) const;
     [[nodiscard]] MPointF GetPlace() const;
     [[nodiscard]] MPointF GetPlaceOf(MPoint point) const;

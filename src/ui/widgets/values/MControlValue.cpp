@@ -190,8 +190,8 @@ void MControlValue::WriteHelpInfo(MXMLItem& item) {
         "<control>Mouse wheel</control>, <control>arrow keys</control> and vertical drag using "
         "<control>middle mouse button</control> or using <control>left mouse button while holding "
         "Ctrl</control> modifies the value more accurately.",
-        "<control>Home key</control> configures minimal possible value, conversely <control>end key</control> "
-        "setups a maximal one.",
+        "<control>Home key</control> configures minimal possible value, conversely <control>end "
+        "key</control> setups a maximal one.",
         "<control>Esc or Backspace keys</control> restore the original value when hit during dragging.",
         "<control>Shift + left mouse button</control> or <control>double-click using left mouse "
         "button</control> lets you edit the value as text. In some cases this shows a menu with all possible "

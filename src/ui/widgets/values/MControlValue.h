@@ -7,10 +7,10 @@
 #include <functional>
 #include <memory>
 
-/// A control that shows a value and lets the user change it, by mouse and keyboard as its help tells. Whenever
-/// the user does, `OnChange()` is raised, and behind it `Change::Intermediate` while the mouse drags, or
-/// `Change::Committed`; that comes again at the end of a drag. When the program changes the value it calls
-/// `OnValueChanged`.
+/// A control that shows a value and lets the user change it, by mouse and keyboard as its help tells.
+/// Whenever the user does, `OnChange()` is raised, and behind it `Change::Intermediate` while the mouse
+/// drags, or `Change::Committed`; that comes again at the end of a drag. When the program changes the value
+/// it calls `OnValueChanged`.
 ///
 /// Attributes: "value", a text of the value. With `SaveValue` the window's state has "value".
 class MControlValue : public MControlContent {
