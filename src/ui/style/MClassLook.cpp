@@ -8,7 +8,7 @@ namespace {
 
 constexpr int32_t LongestLength = 1024;
 
-constexpr const char* CaptionNames[] = {"smallcaption", "normalcaption", "largecaption"};
+constexpr std::array CaptionNames = {"smallcaption", "normalcaption", "largecaption"};
 
 void LoadCaption(MCaptionLook& caption, MXMLItem& item, MXMLItem& root) {
     const auto getLength = [&](const char* attribute) {
@@ -37,11 +37,12 @@ void MClassLook::Load(MXMLItem* item, MXMLItem& root) {
     image = ControlStyle();
     for (auto& piece : pieces) piece.reset();
     captions = {};
-    element = item;
-    if (!item) return;
-    if (item->HasAttribute("like"))
-        if (MXMLItem* const other = root.FindSubItem(item->GetCachedAttribute())) element = item = other;
-    for (MXMLItem* child : item->GetSubItems()) {
+    MXMLItem* const other =
+        item && item->HasAttribute("like") ? root.FindSubItem(item->GetCachedAttribute()) : nullptr;
+    MXMLItem* const source = other ? other : item;
+    element = source;
+    if (!source) return;
+    for (MXMLItem* child : source->GetSubItems()) {
         for (size_t i = 0; i < pieces.size(); ++i) {
             if (!(child->GetName() == MStylePieceNames[i])) continue;
             if (i == static_cast<size_t>(MStylePiece::Image)) {
@@ -51,7 +52,7 @@ void MClassLook::Load(MXMLItem* item, MXMLItem& root) {
             pieces[i] = std::make_unique<ControlStyle>();
             pieces[i]->Load(*child, root);
         }
-        for (size_t i = 0; i < captions.size(); ++i)
+        for (size_t i = 0; i < CaptionSizes; ++i)
             if (child->GetName() == CaptionNames[i]) LoadCaption(captions[i], *child, root);
     }
 }

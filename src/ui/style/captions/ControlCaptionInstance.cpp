@@ -72,7 +72,7 @@ void ControlCaptionInstance::Update(MStyle& style) {
     shown->size = shown->minimalSize = size;
 }
 
-void ControlCaptionInstance::Arrange(const MRect& caption) {
+void ControlCaptionInstance::Arrange(const MRect& caption) const {
     MCaptionPanel* const shown = GetPanel();
     if (!shown) return;
     shown->position = {caption.right - shown->size.x + 1,

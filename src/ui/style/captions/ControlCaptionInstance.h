@@ -33,7 +33,7 @@ public:
     /// then lies at the top left, so that it does not keep the control from becoming smaller.
     void Update(MStyle& style);
     /// Puts the panel at the right end of the caption.
-    void Arrange(const MRect& caption);
+    void Arrange(const MRect& caption) const;
 
     /// Null once it has ended.
     [[nodiscard]] MCaptionPanel* GetPanel() const;
