@@ -143,7 +143,8 @@ void MProgressWindow::OnTimer() {
     const auto show = [](MStatic& control, const MString& text) {
         if (!control.GetCaption().IsExactly(text)) control.SetText(text);
     };
-    show(*info, now.info);
+    // Without text there is a blank, so that the line has its room from the beginning.
+    show(*info, now.info.IsEmpty() ? MString(" ") : now.info);
     show(*customStatistics, now.customStatistics);
     show(*statistics, GetStatistics(now.percent));
 }
