@@ -10,6 +10,8 @@
 #include "ui/dialogs/MProgressWindow.h"
 #include "ui/dialogs/MViewerWindow.h"
 #include "ui/dialogs/MWizardWindow.h"
+#include "ui/dialogs/configuration/MTexturedStyleConfiguration.h"
+#include "ui/style/MTexturedStyle.h"
 #include "ui/widgets/content/MStatic.h"
 
 #include <chrono>
@@ -39,7 +41,7 @@ MString AskQuestion(MControl& owner) {
 }
 
 MString AskOrIgnore(MControl& owner) {
-    return Ask<MMessageButtons::YesNoIgnore, MStdBitmap::Exclamation>(
+    return Ask<MMessageButtons::YesNoIgnore, MStdBitmap::Question>(
         owner, "A file of a newer version is there. Shall it be replaced?");
 }
 
@@ -66,13 +68,19 @@ MSemaphore& GetProgressTold() {
 }
 
 MString ShowProgress(MControl& owner) {
+    constexpr int32_t First = 37;
     constexpr std::chrono::milliseconds Step(50);
+    // While a picture is taken it stays where it is.
+    constexpr std::chrono::seconds FirstStep(3);
     MProgressWindow window;
     const MModalValue result = window.Run(&owner, [&](MProgressWindow& progress) {
-        for (int32_t percent = 37; percent <= 100; ++percent) {
+        for (int32_t percent = First; percent <= 100; ++percent) {
             progress.SetInfo(MFormat("Reverb/Presets/Bank {0}.xml", percent));
             progress.SetProgress(percent);
-            if (percent == 37) GetProgressTold().Unlock();
+            if (percent == First) {
+                GetProgressTold().Unlock();
+                std::this_thread::sleep_for(FirstStep);
+            }
             std::this_thread::sleep_for(Step);
         }
     });
@@ -115,6 +123,22 @@ MString ShowHelp(MControl& owner) {
     return MValueEnum<MModalValue>::ToName(window.RunModal(&owner));
 }
 
+class StyleDialog final : public MDialogWindow {
+public:
+    explicit StyleDialog(MTexturedStyle& style) : MDialogWindow("StyleDialog", "Style") {
+        GetContainer().SetClientControl(
+            new MTexturedStyleConfiguration(style, &GetContainer(), "configuration"));
+        AddButton("closebutton", "Close", MModalValue::Ok);
+    }
+};
+
+MString ConfigureStyle(MControl& owner) {
+    auto* const style = dynamic_cast<MTexturedStyle*>(owner.GetStyle());
+    if (!style) return "none";
+    StyleDialog window(*style);
+    return MValueEnum<MModalValue>::ToName(window.RunModal(&owner));
+}
+
 constexpr GalleryDialog Dialogs[] = {
     {"information", "Information", ShowInformation},
     {"error", "Error", ShowError},
@@ -126,6 +150,7 @@ constexpr GalleryDialog Dialogs[] = {
     {"progress", "Progress", ShowProgress, true, [] { (void)GetProgressTold().Lock(-1); }},
     {"wizard", "Wizard", ShowWizard},
     {"help", "Help", ShowHelp},
+    {"style", "Style", ConfigureStyle},
     {"file-open", "Open a file", AskFile<MFileDialog::Mode::Open>, false},
     {"file-save", "Save a file", AskFile<MFileDialog::Mode::Save>, false},
     {"directory", "Choose a folder", AskDirectory, false},

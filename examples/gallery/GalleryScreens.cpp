@@ -6,7 +6,8 @@
 
 void GalleryDrawScreens(MWindowSystemHeadless& system, GalleryWindow& window, const MString& folder,
                         const MString& suffix) {
-    constexpr int64_t Settled = 100;  // milliseconds after which everything is painted
+    constexpr int64_t Settled = 100;     // milliseconds after which everything is painted
+    constexpr int64_t Refreshed = 2000;  // and after which what a thread tells is shown
     const auto save = [&](MControl& root, const MString& name) {
         ExampleSavePicture(system.GetPicture(root), MFile::Join(folder, name.ToLower() + suffix + ".png"));
     };
@@ -29,7 +30,7 @@ void GalleryDrawScreens(MWindowSystemHeadless& system, GalleryWindow& window, co
                 save(*root, MString("dialog-") + dialog.name);
                 root->CloseWindow(MModalValue::Cancel);
             },
-            Settled);
+            dialog.settle ? Refreshed : Settled);
         (void)dialog.run(window);
     }
 }

@@ -1,8 +1,8 @@
 // Usage: gallery DOCUMENT [--scale PERCENT] [--dark | --light] [--gpu] [--screens FOLDER | SCRIPT]
 //
 // Shows every control in its states, page by page, in the look and the face that travel with the programs, and prints
-// what is done with them. Without options the desktop says how large and how dark, and the user's settings whether the
-// graphics card paints. With --screens it draws pictures of everything into a folder; with SCRIPT the window is in
+// what is done with them. Without options the user's settings and the desktop say how large and how dark, and whether
+// the graphics card paints. With --screens it draws pictures of everything into a folder; with SCRIPT the window is in
 // memory, and the script's lines are what its user does (see ExampleScript.h).
 
 #include "embedded/MProgramBlocks.h"
@@ -67,10 +67,12 @@ std::unique_ptr<MTexturedStyle> MakeStyle(MWindows& windows, MResourceLibrary& r
     auto style =
         std::make_unique<MTexturedStyle>(&windows, &resources, MTexturedStyle::FontSource::Traveling);
     style->LoadStyle();
-    MStyleSettings settings;
-    settings.resizeX = settings.resizeY = options.scale;
-    settings.invertColors = options.isLight;
-    style->SetSettings(settings);
+    if (options.scale || options.isLight) {
+        MStyleSettings settings;
+        settings.resizeX = settings.resizeY = options.scale;
+        settings.invertColors = options.isLight;
+        style->SetSettings(settings);
+    }
     return style;
 }
 
