@@ -3,13 +3,15 @@
 #include "foundation/files/MFile.h"
 #include "foundation/files/posix/MNativePath.h"
 
+#include <cstdio>
 #include <cstdlib>
-#include <fstream>
+#include <memory>
 #include <optional>
 #include <pwd.h>
 #include <string>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <vector>
 
 namespace {
 
@@ -18,6 +20,20 @@ std::string FindHome() {
     if (home && *home == '/') return home;
     const passwd* user = getpwuid(getuid());
     return user && user->pw_dir ? user->pw_dir : "/";
+}
+
+/// The lines of a file, none if it cannot be read. The streams of the C++ library would bring all of its
+/// locales into every program.
+std::vector<std::string> ReadLines(const std::string& path) {
+    std::vector<std::string> lines;
+    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path.c_str(), "re"), &std::fclose);
+    if (!file) return lines;
+    char* line = nullptr;
+    size_t room = 0;
+    for (ssize_t size; (size = getline(&line, &room, file.get())) > 0;)
+        lines.emplace_back(line, line[size - 1] == '\n' ? size - 1 : size);
+    std::free(line);
+    return lines;
 }
 
 /// Takes the value of a line KEY="value", in which the shell's quotes, its backslashes and a leading $HOME
@@ -55,9 +71,9 @@ MString MUserFolders::GetData() const {
 }
 
 MString MUserFolders::GetNamed(const char* key, const char* defaultName) const {
-    std::ifstream file(MNativePath(MFile::Join(GetBase("XDG_CONFIG_HOME", ".config"), "user-dirs.dirs")));
+    const MString path = MFile::Join(GetBase("XDG_CONFIG_HOME", ".config"), "user-dirs.dirs");
     MString result = MFile::Join(home, defaultName);
-    for (std::string line; std::getline(file, line);)
+    for (const std::string& line : ReadLines(MNativePath(path)))
         if (const auto value = ParseUserDirectory(line, key, MNativePath(home)))
             result = MFile::Normalize(MPathFromNative(*value));
     return result;

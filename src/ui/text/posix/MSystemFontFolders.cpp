@@ -6,8 +6,6 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <sstream>
-#include <string>
 
 namespace {
 
@@ -18,10 +16,8 @@ void AddOnce(MList<MString>& folders, const MString& folder) {
 
 /// The data directories of the XDG base directory specification.
 void AddDataDirectories(MList<MString>& folders, const char* directories) {
-    std::istringstream list(directories ? directories : "");
-    for (std::string directory; std::getline(list, directory, ':');)
-        if (directory.starts_with('/'))
-            AddOnce(folders, MFile::Join(MFile::Normalize(MPathFromNative(directory)), "fonts"));
+    for (const MString& directory : MPathFromNative(directories ? directories : "").Split(u':'))
+        if (directory.StartsWith("/")) AddOnce(folders, MFile::Join(MFile::Normalize(directory), "fonts"));
 }
 
 }  // namespace
