@@ -3,7 +3,6 @@
 #include "foundation/base/MGuard.h"
 #include "foundation/text/MStringFormatter.h"
 #include "foundation/xml/MEntities.h"
-#include "streams/basic/MMemoryStream.h"
 #include "ui/stml/MSTMLAttributes.h"
 
 #include <algorithm>
@@ -51,30 +50,10 @@ MString MSTMLHTMLWriter::Write(const MString& title, const MString& markup) {
     writer.html = MFormat("<!DOCTYPE html>\n<html><head><meta charset=\"utf-8\"><title>{0}</title>"
                           "<style>{1}</style></head><body>\n",
                           escaped, Look);
-    MGuard("MSTMLHTMLWriter::Write", [&] {
-        MString stored = MString::Copy(u"\xFEFF", 1);
-        stored.Append(markup);
-        MMemoryStream stream(MEncoding::FindCodec("utf-16").Encode(stored, false));
-        writer.Parse(stream, "utf-16");
-    });
+    MGuard("MSTMLHTMLWriter::Write", [&] { writer.ParseText(markup); });
     writer.CloseParagraph();
     while (!writer.blocks.empty()) writer.CloseBlock();
     return writer.html + "</body></html>\n";
-}
-
-bool MSTMLHTMLWriter::OnElement(const MString& name, MAttributeList& attributes, bool isClosing) {
-    tagSets.CountTag();
-    if (name.IsExactly("tagset")) {
-        if (isClosing)
-            tagSets.EndRecording();
-        else
-            tagSets.BeginRecording(MSTMLAttributes(attributes).GetText("name"));
-    } else if (tagSets.IsRecording()) {
-        tagSets.Record(name, attributes, isClosing);
-    } else {
-        OnTag(name, MSTMLAttributes(attributes), isClosing);
-    }
-    return false;
 }
 
 void MSTMLHTMLWriter::OnTag(const MString& name, const MSTMLAttributes& attributes, bool isClosing) {
@@ -94,9 +73,7 @@ void MSTMLHTMLWriter::OnTag(const MString& name, const MSTMLAttributes& attribut
         if (aligned >= 0) alignment = Alignments[aligned];
         NewParagraph(&attributes);
     } else {
-        tagSets.Replay(name, isClosing, [&](const MSTMLTagSet::Tag& recorded, bool isRecordedClosing) {
-            OnTag(recorded.name, attributes.With(recorded.attributes), isRecordedClosing);
-        });
+        ReplayTagSet(name, attributes, isClosing);
     }
 }
 

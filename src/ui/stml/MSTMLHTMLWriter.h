@@ -1,30 +1,25 @@
 #pragma once
 
-#include "foundation/xml/MAttribute.h"
-#include "foundation/xml/MMLParser.h"
-#include "ui/stml/MSTMLTagSet.h"
+#include "ui/stml/MSTMLReader.h"
 
 #include <cstdint>
 #include <vector>
 
-class MSTMLAttributes;
-
 /// Writes mark-up (MSTMLParser.h) as a page for a web browser: HTML 5, whose look is in it. Objects in lines
 /// are left out but for lines, and so is what only a style can say. What the page says is escaped, so no text
 /// of a document becomes a tag.
-class MSTMLHTMLWriter final : public MMLParser<MAttribute, MAttributeList> {
+class MSTMLHTMLWriter final : public MSTMLReader {
 public:
     /// What a syntax error leaves unread is not there.
     [[nodiscard]] static MString Write(const MString& title, const MString& markup);
 
 protected:
-    bool OnElement(const MString& name, MAttributeList& attributes, bool isClosing) override;
     bool OnText(const MString& text) override;
+    void OnTag(const MString& name, const MSTMLAttributes& attributes, bool isClosing) override;
 
 private:
     enum class Block : uint8_t { Row, Cell, Item };
 
-    void OnTag(const MString& name, const MSTMLAttributes& attributes, bool isClosing);
     void OnBlock(Block block, bool isClosing);
     void NewParagraph(const MSTMLAttributes* attributes);
     void CloseParagraph();
@@ -36,5 +31,4 @@ private:
     std::vector<Block> blocks;
     const char* alignment = "left";
     bool isInParagraph = false;
-    MSTMLTagSets tagSets;
 };

@@ -1,6 +1,5 @@
 #include "ui/stml/MSTMLParser.h"
 
-#include "streams/basic/MMemoryStream.h"
 #include "ui/control/kinds/MStdColor.h"
 #include "ui/control/kinds/MStdFont.h"
 #include "ui/control/kinds/MStdIcon.h"
@@ -91,29 +90,6 @@ MSTMLParser::MSTMLParser(MSTMLContainer& document, uint8_t defaultFlags)
       defaultAlignment(defaultFlags & MSTMLParagraph::AlignmentMask),
       currentContainer(&document) {}
 
-void MSTMLParser::ParseText(const MString& text) {
-    // The encoding in which nothing of a text is lost, behind its signature.
-    MString stored = MString::Copy(u"\xFEFF", 1);
-    stored.Append(text);
-    MMemoryStream stream(MEncoding::FindCodec("utf-16").Encode(stored, false));
-    Parse(stream, "utf-16");
-}
-
-bool MSTMLParser::OnElement(const MString& name, MAttributeList& attributes, bool isClosing) {
-    tagSets.CountTag();
-    if (name.IsExactly("tagset")) {
-        if (isClosing)
-            tagSets.EndRecording();
-        else
-            tagSets.BeginRecording(MSTMLAttributes(attributes).GetText("name"));
-    } else if (tagSets.IsRecording()) {
-        tagSets.Record(name, attributes, isClosing);
-    } else {
-        OnTag(name, MSTMLAttributes(attributes), isClosing);
-    }
-    return false;
-}
-
 bool MSTMLParser::OnText(const MString& text) {
     if (!currentContainer) return false;
     if (!currentParagraph) {
@@ -127,9 +103,7 @@ bool MSTMLParser::OnText(const MString& text) {
 
 void MSTMLParser::OnTag(const MString& name, const MSTMLAttributes& attributes, bool isClosing) {
     if (const int32_t tag = FindTag(name); tag < 0)
-        tagSets.Replay(name, isClosing, [&](const MSTMLTagSet::Tag& recorded, bool isRecordedClosing) {
-            OnTag(recorded.name, attributes.With(recorded.attributes), isRecordedClosing);
-        });
+        ReplayTagSet(name, attributes, isClosing);
     else if (isClosing)
         CloseTag(tag);
     else

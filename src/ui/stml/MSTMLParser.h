@@ -1,17 +1,13 @@
 #pragma once
 
-#include "foundation/xml/MAttribute.h"
-#include "foundation/xml/MMLParser.h"
 #include "ui/stml/MSTMLLook.h"
 #include "ui/stml/MSTMLParagraph.h"
+#include "ui/stml/MSTMLReader.h"
 #include "ui/stml/MSTMLTableRow.h"
-#include "ui/stml/MSTMLTagSet.h"
 
 #include <cstdint>
 #include <memory>
 #include <vector>
-
-class MSTMLAttributes;
 
 /// Reads mark-up into a container. Unknown tags are ignored, and so is a closing tag that has nothing to
 /// close. Names of tags are compared exactly.
@@ -32,7 +28,7 @@ class MSTMLAttributes;
 /// | `tagset`                                 | records the tags that its "name" stands for          |
 ///
 /// Attributes stand with the classes that take them. Paragraphs have those of `MSTMLFill` and "singleline".
-class MSTMLParser final : public MMLParser<MAttribute, MAttributeList> {
+class MSTMLParser final : public MSTMLReader {
 public:
     /// Rows in cells of rows: those that are deeper are ignored with all that is in them.
     static constexpr int32_t MaximumRowDepth = 32;
@@ -40,12 +36,9 @@ public:
     /// The container outlives the parser. `defaultFlags` are those of a paragraph as long as no tag says more.
     MSTMLParser(MSTMLContainer& document, uint8_t defaultFlags);
 
-    /// Raises what `Parse` raises; what was read before stands in the container.
-    void ParseText(const MString& text);
-
 protected:
-    bool OnElement(const MString& name, MAttributeList& attributes, bool isClosing) override;
     bool OnText(const MString& text) override;
+    void OnTag(const MString& name, const MSTMLAttributes& attributes, bool isClosing) override;
 
 private:
     /// A row that is open, null if it is ignored, and the container in which it stands, null for none.
@@ -54,7 +47,6 @@ private:
         MSTMLContainer* container;
     };
 
-    void OnTag(const MString& name, const MSTMLAttributes& attributes, bool isClosing);
     void OpenTag(int32_t tag, const MSTMLAttributes& attributes);
     void CloseTag(int32_t tag);
     [[nodiscard]] MSTMLLook GetLook() const;
@@ -74,5 +66,4 @@ private:
     std::vector<int32_t> colorStack = {-1};
     std::vector<uint8_t> alphaStack = {255};
     int32_t invertDepth = 0;
-    MSTMLTagSets tagSets;
 };
