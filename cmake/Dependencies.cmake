@@ -1,5 +1,5 @@
-# Finds what is linked in. CORVANTH_STATIC_LIBRARIES takes the archives, so that the programs run on machines
-# that lack the libraries.
+# Finds what is linked in. CORVANTH_STATIC_LIBRARIES takes the archives that scripts/linux-dependencies and
+# scripts/windows-dependencies build, so that the programs run on machines that lack the libraries.
 
 set(ZLIB_USE_STATIC_LIBS ${CORVANTH_STATIC_LIBRARIES})
 find_package(ZLIB REQUIRED)
@@ -11,22 +11,18 @@ endif()
 find_package(BZip2 REQUIRED)
 find_package(PNG REQUIRED)
 find_package(JPEG REQUIRED)
-if(WIN32)
-    # The prefix has its own description, which knows what the archive needs.
+if(CORVANTH_STATIC_LIBRARIES)
+    # Has its own description, which knows what the archive needs.
     find_package(freetype CONFIG REQUIRED)
+    set(freetype_library freetype)
 else()
     find_package(Freetype REQUIRED)
-    find_library(BROTLI_DECODER brotlidec REQUIRED)
-    find_library(BROTLI_COMMON brotlicommon REQUIRED)
+    set(freetype_library Freetype::Freetype)
 endif()
 set(CMAKE_FIND_LIBRARY_SUFFIXES ${shared_suffixes})
 
 # In the order in which archives need each other.
-if(WIN32)
-    set(CORVANTH_DRAWING_LIBRARIES freetype PNG::PNG JPEG::JPEG)
-else()
-    set(CORVANTH_DRAWING_LIBRARIES Freetype::Freetype ${BROTLI_DECODER} ${BROTLI_COMMON} PNG::PNG JPEG::JPEG)
-endif()
+set(CORVANTH_DRAWING_LIBRARIES ${freetype_library} PNG::PNG JPEG::JPEG)
 
 find_package(Threads REQUIRED)
 find_package(CLI11 REQUIRED)

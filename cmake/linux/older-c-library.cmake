@@ -1,6 +1,7 @@
-# Compiles and links Linux programs with Debian 11's C library, so that they start on every system since then. All other
-# libraries are the machine's. The C library comes from scripts/linux-sysroot, whose folder is given as
-# CORVANTH_LINUX_PREFIX or else asked for here; empty means the machine's own, where there is no other.
+# Compiles and links Linux programs with Debian 11's C library, so that they start on every system since then. It comes
+# from scripts/linux-sysroot, whose folder is given as CORVANTH_LINUX_PREFIX or else asked for here; empty means the
+# machine's own, where there is no other. The libraries that travel inside the programs come from
+# scripts/linux-dependencies, whose folder is given as CORVANTH_LINUX_LIBRARIES or else asked for here.
 
 if(NOT DEFINED CORVANTH_LINUX_PREFIX)
     execute_process(
@@ -12,7 +13,19 @@ if(NOT DEFINED CORVANTH_LINUX_PREFIX)
     endif()
 endif()
 set(CORVANTH_LINUX_PREFIX "${CORVANTH_LINUX_PREFIX}" CACHE PATH "Where the older C library stands")
-list(APPEND CMAKE_TRY_COMPILE_PLATFORM_VARIABLES CORVANTH_LINUX_PREFIX)
+list(APPEND CMAKE_TRY_COMPILE_PLATFORM_VARIABLES CORVANTH_LINUX_PREFIX CORVANTH_LINUX_LIBRARIES)
+
+if(NOT CORVANTH_LINUX_LIBRARIES)
+    set(sysroot_option)
+    if(CORVANTH_LINUX_PREFIX)
+        set(sysroot_option --sysroot "${CORVANTH_LINUX_PREFIX}/sysroot")
+    endif()
+    execute_process(
+        COMMAND "${CMAKE_CURRENT_LIST_DIR}/../../scripts/linux-dependencies" --print-prefix ${sysroot_option}
+        OUTPUT_VARIABLE CORVANTH_LINUX_LIBRARIES OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
+endif()
+set(CORVANTH_LINUX_LIBRARIES "${CORVANTH_LINUX_LIBRARIES}" CACHE PATH "Where the libraries stand that travel")
+list(PREPEND CMAKE_PREFIX_PATH "${CORVANTH_LINUX_LIBRARIES}")
 
 if(CORVANTH_LINUX_PREFIX)
     if(NOT EXISTS "${CORVANTH_LINUX_PREFIX}/complete")
