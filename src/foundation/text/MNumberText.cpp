@@ -4,7 +4,9 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cstdio>
 #include <limits>
+#include <string>
 #include <string_view>
 #include <system_error>
 
@@ -31,6 +33,16 @@ bool IsTooLarge(std::string_view number, std::chars_format form) {
     (void)MReadTypedInteger(MString::Copy(behind.data(), static_cast<int32_t>(behind.size())), exponent,
                             rest);
     return static_cast<double>(exponent) + places > 0;
+}
+
+/// What printf has written, with "." where the locale of the process has a decimal point of its own. std::to_chars knows
+/// no locale, but brings tables of a hundred kilobytes.
+std::string WithPoint(const std::string& number) {
+    constexpr std::string_view Digits = "0123456789";
+    const size_t point = number.find_first_not_of(Digits, number.find_first_of(Digits));
+    const size_t decimals = number.find_first_of(Digits, point);
+    if (decimals == std::string::npos || number[point] == 'e') return number;
+    return number.substr(0, point) + "." + number.substr(decimals);
 }
 
 }  // namespace
@@ -60,11 +72,10 @@ MString MDoubleToText(double value, int32_t precision, bool plus) {
     constexpr double Noise = 1e-20;
     // The largest double has 309 digits before the point.
     char work[512];
-    char* first = work;
-    if (plus && value > Noise) *first++ = '+';
-    const auto form = precision < ShortestFormFrom ? std::chars_format::fixed : std::chars_format::general;
-    const auto result = std::to_chars(first, std::end(work), value, form, precision);
-    return MString::Copy(work, static_cast<int32_t>(result.ptr - work));
+    const bool isFixed = precision < ShortestFormFrom;
+    std::snprintf(work, sizeof work, isFixed ? "%.*f" : "%.*g", static_cast<int>(precision), value);
+    const MString text = MString::Copy(WithPoint(work).c_str());
+    return plus && value > Noise ? "+" + text : text;
 }
 
 int64_t MParseInt64(const MString& text, int32_t start, int32_t radix, int32_t* consumed) {

@@ -1,6 +1,7 @@
 #include "foundation/module/MPlatform.h"
 
 #include "foundation/files/posix/MNativePath.h"
+#include "foundation/module/MUnhandledException.h"
 
 #include <cerrno>
 #include <climits>
@@ -9,6 +10,7 @@
 #include <cstring>
 #include <ctime>
 #include <dlfcn.h>
+#include <exception>
 #include <fcntl.h>
 #include <string_view>
 #include <sys/stat.h>
@@ -49,6 +51,7 @@ MString MPlatform::TakePathText(const MString& text) {
 }
 
 void MPlatform::PrepareProcess() {
+    std::set_terminate(MEndByUnhandledException);
     for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
         if (fcntl(stream, F_GETFD) < 0 && open("/dev/null", O_RDWR) != stream) _exit(EXIT_FAILURE);
     // A reader who goes away, and a file that may not grow any more.

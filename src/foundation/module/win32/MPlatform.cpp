@@ -2,9 +2,11 @@
 
 #include "foundation/files/MFile.h"
 #include "foundation/files/win32/MNativePath.h"
+#include "foundation/module/MUnhandledException.h"
 #include "foundation/win32/MWindowsHeader.h"
 
 #include <cstdio>
+#include <exception>
 #include <io.h>
 #include <vector>
 #include <winsock2.h>
@@ -47,6 +49,7 @@ MString MPlatform::TakePathText(const MString& text) {
 }
 
 void MPlatform::PrepareProcess() {
+    std::set_terminate(MEndByUnhandledException);
     constexpr intptr_t NoHandle = -1;
     for (std::FILE* stream : {stdin, stdout, stderr})
         if (_fileno(stream) < 0 || _get_osfhandle(_fileno(stream)) <= NoHandle)
