@@ -305,8 +305,8 @@ public:
     float scale = 1;
     MAlignment layoutPlacement = MAlignCenter;
     MPoint layoutRatio{100, 100};
-    MPoint layoutBorder;
-    int32_t layoutSpaceAfter = 0;
+    MPoint layoutBorder;  ///< on each side, in pixels of scale 100
+    int32_t layoutSpaceAfter = 0;  ///< likewise
     uint16_t spanX = 1;
     uint16_t spanY = 1;
     MLayout* parentLayout = nullptr;  ///< the one that holds this control

@@ -76,15 +76,20 @@ MFlexibility MLayout::GetFlexibility() {
 }
 
 int32_t MLayout::GetSpace() const {
-    return MClampLength(int64_t{GetMetric(MStyleMetric::DefLayoutSpace)} + space);
+    return MClampLength(int64_t{GetMetric(MStyleMetric::DefLayoutSpace)} + GetOwnSpace());
 }
 
 int32_t MLayout::GetGridSpace() const {
-    return MClampLength(int64_t{GetMetric(MStyleMetric::DefGridLayoutSpace)} + space);
+    return MClampLength(int64_t{GetMetric(MStyleMetric::DefGridLayoutSpace)} + GetOwnSpace());
 }
 
 int32_t MLayout::GetStyleSpace() const {
     return MClampLength(GetMetric(MStyleMetric::DefLayoutSpace));
+}
+
+int32_t MLayout::GetOwnSpace() const {
+    MStyle* const style = owner->GetStyle();
+    return style ? style->ScaleX(space) : space;
 }
 
 int32_t MLayout::GetMetric(MStyleMetric metric) const {

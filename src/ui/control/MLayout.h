@@ -58,7 +58,7 @@ public:
     [[nodiscard]] const MList<MControl, MListPointers>& GetControls() const { return controls; }
     [[nodiscard]] MControl& GetOwner() const { return *owner; }
 
-    int32_t space = 0;        ///< between neighbours, beside what the style says
+    int32_t space = 0;        ///< between neighbours, beside what the style says; in pixels of scale 100
     int32_t defBorderX = -1;  ///< that controls get when they come; none below 0
     int32_t defBorderY = -1;
 
@@ -81,6 +81,7 @@ protected:
 private:
     friend class MControl;
 
+    [[nodiscard]] int32_t GetOwnSpace() const;
     [[nodiscard]] int32_t GetMetric(MStyleMetric metric) const;
 
     MControl* owner;

@@ -1,6 +1,7 @@
 #include "ui/control/SizeComputer.h"
 
 #include "ui/control/MControl.h"
+#include "ui/control/MStyle.h"
 #include "ui/geometry/MLength.h"
 
 #include <algorithm>
@@ -22,10 +23,20 @@ int32_t GetCurrent(const MControl& control, MAxis axis) {
     return AddBorder(control, axis, isPlastic ? control.minimalSize[axis] : control.GetShownSize()[axis]);
 }
 
+int32_t GetScaled(const MControl& control, MAxis axis, int32_t length) {
+    MStyle* const style = control.GetStyle();
+    if (!style || length <= 0) return MClampLength(length);
+    return MClampLength(axis == MAxis::X ? style->ScaleX(length) : style->ScaleY(length));
+}
+
 }  // namespace
 
 int32_t SizeComputer::GetBorder(const MControl& control, MAxis axis) {
-    return MClampLength(control.layoutBorder[axis]);
+    return GetScaled(control, axis, control.layoutBorder[axis]);
+}
+
+int32_t SizeComputer::GetSpaceAfter(const MControl& control, MAxis axis) {
+    return GetScaled(control, axis, control.layoutSpaceAfter);
 }
 
 int32_t MinimalSizeComputer::GetX(MControl& control) const {

@@ -16,8 +16,10 @@ public:
         return axis == MAxis::X ? GetX(control) : GetY(control);
     }
 
-    /// The border of one side; one below 0 is none.
+    /// The border of one side in the style's scale; one below 0 is none.
     [[nodiscard]] static int32_t GetBorder(const MControl& control, MAxis axis);
+    /// What the control keeps free behind itself, likewise.
+    [[nodiscard]] static int32_t GetSpaceAfter(const MControl& control, MAxis axis);
 };
 
 /// The least that will do: the minimal size; of a control that does not stretch along the axis at least its

@@ -22,6 +22,8 @@ MDialogWindow::MDialogWindow(const MString& name, const MString& caption)
     (new MLayoutBottom(*this))->Add(buttonRow);
     SetClientControl(&container);
     buttonRow.layoutRatio = {100, 0};
+    container.layoutBorder = buttonRow.layoutBorder = {Margin, Margin};
+    buttonLayout.space = ButtonSpace;
     buttonLayout.Add(*new MControlContainer(&buttonRow, "Space"));
 }
 
@@ -43,14 +45,6 @@ void MDialogWindow::SetDefaultButton(MButton& button, MControl* focused) {
 MModalValue MDialogWindow::RunModal(MControl* parent) {
     if (!Is(MControlFlag::HasWindow)) CreateWindow(parent);
     return MWindow::RunModal(parent);
-}
-
-void MDialogWindow::PrepareContent() {
-    MStyle* const style = GetStyle();
-    if (!style) return;
-    container.layoutBorder = {style->ScaleX(Margin), style->ScaleY(Margin)};
-    buttonRow.layoutBorder = container.layoutBorder;
-    buttonLayout.space = style->ScaleX(ButtonSpace);
 }
 
 void MDialogWindow::OnPrepared() {

@@ -16,7 +16,6 @@ public:
 
     /// Makes the window if there is none.
     MModalValue RunModal(MControl* parent) override;
-    void PrepareContent() override;
     void OnPrepared() override;
 
 protected:

@@ -10,6 +10,7 @@
 MWizardWindow::MWizardWindow(const MString& name, const MString& caption)
     : MWindow(name, caption), pages(*new MContainer(this, "Pages")), pageSwitch(*new MLayoutSwitch(pages)) {
     pages.SetControlType(MControlType::Empty);
+    pages.layoutBorder = {16, 16};
     // The strip comes below the buttons, so it takes its place first.
     timeLine = new MTimeLine(this, "TimeLine");
     timeLine->layoutRatio.y = 0;
@@ -43,11 +44,6 @@ MContainer& MWizardWindow::AddPage(const MString& name) {
     pageList.Add(&page);
     RefreshButtons();
     return page;
-}
-
-void MWizardWindow::PrepareContent() {
-    constexpr int32_t Margin = 16;
-    if (MStyle* const style = GetStyle()) pages.layoutBorder = {style->ScaleX(Margin), style->ScaleY(Margin)};
 }
 
 /// What comes next has the focus, unless there is something to do on the page.

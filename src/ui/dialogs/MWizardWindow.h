@@ -22,7 +22,6 @@ public:
     /// To be called when what `CanGoBack` and `CanGoNext` say may have changed.
     void RefreshButtons();
 
-    void PrepareContent() override;
     void OnPrepared() override;
 
     /// Whether the user can leave the present page.

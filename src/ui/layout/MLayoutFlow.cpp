@@ -71,5 +71,5 @@ bool MLayoutFlow::IsFixed(const MControl& control) const {
 }
 
 int32_t MLayoutFlow::GetGapBehind(const MControl& control) const {
-    return MClampLength(int64_t{gap} + std::max(control.layoutSpaceAfter, 0));
+    return MClampLength(int64_t{gap} + SizeComputer::GetSpaceAfter(control, axis));
 }

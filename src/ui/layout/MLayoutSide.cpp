@@ -15,7 +15,7 @@ MRect MLayoutSide::Arrange(MControl& arranged, const MRect& rect) {
 
     if (controls.GetCount() == 1 && controls[0]->Is(MControlFlag::Plastic)) {
         MControl& control = *controls[0];
-        const int64_t inside = int64_t{rect.GetLength(along)} - std::max(control.layoutSpaceAfter, 0) -
+        const int64_t inside = int64_t{rect.GetLength(along)} - SizeComputer::GetSpaceAfter(control, along) -
                                int64_t{2} * SizeComputer::GetBorder(control, along);
         control.minimalSize[across] =
             control.GetPlasticSize(static_cast<int32_t>(across), MClampLength(inside));
