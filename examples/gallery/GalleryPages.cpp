@@ -94,10 +94,10 @@ void CompleteTexts(MControl& page) {
     auto* const viewer = new MViewer(&documents, "viewer");
     viewer->SetText(
         "<header1>A document</header1><p>It scrolls, finds words by Ctrl+F, and opens addresses as "
-        "https://www.corvanth.example when they are clicked.</p><header2>A list</header2><li>One</li><li>Another "
-        "one</li><header2>A table</header2><tr border=1><td width=40%>Name</td><td>Size</td></tr><tr "
-        "border=1><td width=40%>Presets</td><td>12 MB</td></tr><hline><p><alpha value=180>What is below can be "
-        "reached by the wheel.</alpha></p><p>There is even more text.</p><p>And an end of it.</p>");
+        "https://www.corvanth.example when they are clicked.</p><br><header2>A list</header2><li>One</li><li>Another "
+        "one</li><br><header2>A table</header2><tr border=1 borderalpha=60><td width=40%>Name</td><td>Size</td></tr>"
+        "<tr border=1 borderalpha=60><td width=40%>Presets</td><td>12 MB</td></tr><hline><p><alpha value=180>What is "
+        "below can be reached by the wheel.</alpha></p><p>There is even more text.</p><p>And an end of it.</p>");
     documents.SetClientControl(viewer);
 }
 

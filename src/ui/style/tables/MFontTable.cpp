@@ -91,9 +91,10 @@ bool MFontTable::OpenSystemFont(Entry& entry, const MString& face) {
 bool MFontTable::OpenTravelingFont(Entry& entry) {
     if (!traveling) return false;
     return MGuard("Open style font", [&] {
-        const MString bold = "face_bold";
-        const bool isBold = entry.isBold && traveling->HasResource(bold);
-        entry.font->LoadFromStream(traveling->GetResource(isBold ? bold : MString("face_regular")).Open());
+        // No face is both: letters stand out more by their weight.
+        const MString face = entry.isBold ? "face_bold" : entry.isItalic ? "face_italic" : "face_regular";
+        const bool isThere = traveling->HasResource(face);
+        entry.font->LoadFromStream(traveling->GetResource(isThere ? face : MString("face_regular")).Open());
     });
 }
 
