@@ -61,3 +61,9 @@ void MEntities::Escape(const MString& text, MString& target) {
     }
     target.Append(text.Substring(copied));
 }
+
+MString MEntities::Escape(const MString& text) {
+    MString escaped;
+    Escape(text, escaped);
+    return escaped;
+}

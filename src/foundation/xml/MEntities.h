@@ -14,4 +14,5 @@ public:
     static void Decode(std::u16string_view text, std::u16string& target);
     /// Appends the text with the six characters replaced by references.
     static void Escape(const MString& text, MString& target);
+    [[nodiscard]] static MString Escape(const MString& text);
 };

@@ -27,8 +27,6 @@ void MDirectoryDialog::OnAcceptClick(const MOnClickParams&) {
     if (!path.IsEmpty() && MFile::IsValidDirectory(path)) return CloseWindow(MModalValue::Ok);
     const MWindows* const windows = MWindows::GetInstance();
     if (!windows || !windows->dialogs) return;
-    MString escaped;
-    MEntities::Escape(path, escaped);
     windows->dialogs->ShowInformation(
-        *this, MFormat(MTranslate("Sorry, directory {0} is not accessible."), escaped));
+        *this, MFormat(MTranslate("Sorry, directory {0} is not accessible."), MEntities::Escape(path)));
 }

@@ -10,7 +10,8 @@ public:
 
     /// The folder that nothing outside of can be chosen; empty for none.
     void SetRootPath(const MString& path) { tree->SetRootPath(path); }
-    void SetPath(const MString& path) { tree->SelectPath(path); }
+    /// Where a folder is missing, the nearest one above it is selected.
+    void SetPath(const MString& path) { tree->SelectPath(tree->GetNearest(path)); }
     /// The folder that is selected; empty for none.
     [[nodiscard]] MString GetPath() const { return tree->GetSelectedPath(); }
     [[nodiscard]] MDirectoryTreeControl& GetTree() const { return *tree; }

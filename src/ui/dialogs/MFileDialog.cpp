@@ -28,12 +28,6 @@ MControlContainer& AddRow(MControl& owner, MLayout& layout) {
     return row;
 }
 
-MString Escape(const MString& text) {
-    MString escaped;
-    MEntities::Escape(text, escaped);
-    return escaped;
-}
-
 /// What is in the first of the patterns behind "*.", or nothing if that is another pattern.
 MString GetDefaultExtension(const MString& patterns) {
     const MList<MString> all = patterns.Split(';');
@@ -138,10 +132,15 @@ void MFileDialog::OnPath(const MOnStringParams& params) {
 
 void MFileDialog::OnRefused(const MOnStringParams& params) {
     pathEdit->SetText(selector->GetPath());
+    Refuse(params.text);
+}
+
+void MFileDialog::Refuse(const MString& directory) {
     const MWindows* const windows = MWindows::GetInstance();
     if (windows && windows->dialogs)
         windows->dialogs->ShowInformation(
-            *this, MFormat(MTranslate("Sorry, directory {0} is not accessible."), Escape(params.text)));
+            *this,
+            MFormat(MTranslate("Sorry, directory {0} is not accessible."), MEntities::Escape(directory)));
 }
 
 void MFileDialog::OnFile(const MOnStringParams& params) {
@@ -188,10 +187,12 @@ void MFileDialog::Accept(const MString& fileName) {
         mode == Mode::Open ? MFile::IsFile(path) : MIsSafeFileName(MFile::GetFileName(path));
     if (path.IsEmpty() || !isChoice)
         return windows->dialogs->ShowInformation(*this, MTranslate("You have to select a file."));
+    const MString directory = MFile::GetDirectory(path);
+    if (!selector->Holds(path) || !MFile::IsDirectory(directory)) return Refuse(directory);
     const MControlRef self(this);
     if (mode == Mode::Save && MFile::Exists(path)) {
         const MString question = MFormat(MTranslate("Are you sure you want to rewrite file \"{0}\"?"),
-                                         Escape(MFile::GetFileName(path)));
+                                         MEntities::Escape(MFile::GetFileName(path)));
         if (!windows->dialogs->AskYesNo(*this, question) || !self) return;
     }
     filePath = path;

@@ -20,7 +20,8 @@ public:
     void AddFilter(const MString& filterName, const MString& patterns);
     /// The folder that nothing outside of can be chosen; empty for none.
     void SetRootPath(const MString& path);
-    void SetPath(const MString& path) { selector->SetPath(path); }
+    /// Where a folder is missing, the nearest one above it is shown.
+    void SetPath(const MString& path) { selector->SetPath(selector->GetTree().GetNearest(path)); }
     void SetFileName(const MString& fileName) { fileNameEdit->SetText(fileName); }
     /// For controls of the caller's below the name.
     [[nodiscard]] MContainer& GetCustomPanel() const { return *custom; }
@@ -43,6 +44,8 @@ private:
     void SetFilterIndex(int32_t index);
     /// Takes what the name says: closes, goes to a folder, or tells what is wrong with it.
     void Accept(const MString& fileName);
+    /// Tells that a folder cannot be entered.
+    void Refuse(const MString& directory);
     [[nodiscard]] MString GetFullPath(const MString& fileName) const;
     /// Whether nobody has said yet where to begin.
     [[nodiscard]] bool IsNowhere() const;

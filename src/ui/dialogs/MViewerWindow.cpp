@@ -5,6 +5,7 @@
 #include "foundation/files/MSpecialFolders.h"
 #include "foundation/module/MModule.h"
 #include "foundation/text/MUnicode.h"
+#include "foundation/xml/MEntities.h"
 #include "streams/basic/MOutputFile.h"
 #include "ui/dialogs/MFileDialog.h"
 #include "ui/dialogs/MMessageDialogWindow.h"
@@ -23,8 +24,8 @@ void TryOver(MControl& window, Function function) {
     try {
         function();
     } catch (const MException& failure) {
-        (void)MMessageDialogWindow::MessageBox(failure.GetMessage(), MMessageButtons::Close,
-                                               MStdBitmap::Exclamation, &window);
+        (void)MMessageDialogWindow::MessageBox(MEntities::Escape(failure.GetMessage()),
+                                               MMessageButtons::Close, MStdBitmap::Exclamation, &window);
     }
 }
 

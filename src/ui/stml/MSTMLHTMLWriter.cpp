@@ -45,11 +45,9 @@ void Change(std::vector<const char*>& stack, const char* entry, bool isClosing) 
 
 MString MSTMLHTMLWriter::Write(const MString& title, const MString& markup) {
     MSTMLHTMLWriter writer;
-    MString escaped;
-    MEntities::Escape(title, escaped);
     writer.html = MFormat("<!DOCTYPE html>\n<html><head><meta charset=\"utf-8\"><title>{0}</title>"
                           "<style>{1}</style></head><body>\n",
-                          escaped, Look);
+                          MEntities::Escape(title), Look);
     MGuard("MSTMLHTMLWriter::Write", [&] { writer.ParseText(markup); });
     writer.CloseParagraph();
     while (!writer.blocks.empty()) writer.CloseBlock();

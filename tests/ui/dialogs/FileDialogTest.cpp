@@ -84,6 +84,20 @@ TEST_F(FileDialogTest, OpensWhatIsThere) {
                       TypeName(dialog, "../sub/inner.txt");
                   }),
               "sub/inner.txt");
+    // A folder that has gone gives way to the one above it. Nothing outside of the root is chosen.
+    EXPECT_EQ(Run(Open,
+                  [&](MFileDialog& dialog) {
+                      dialog.SetPath(scratch.Join("sub/gone/too"));
+                      Settle(dialog);
+                      EXPECT_TRUE(dialog.GetSelector().GetPath().IsExactly(scratch.Join("sub")));
+                      EXPECT_EQ(shown, "");
+                      const MScratch other;
+                      other.WriteFile("some.txt", "1");
+                      FocusName(dialog);
+                      TypeName(dialog, Text(other.Join("some.txt")).c_str());
+                      EXPECT_EQ(shown, "Sorry, directory " + Text(other.GetPath()) + " is not accessible.");
+                  }),
+              "none");
     EXPECT_EQ(Run(Open, [&](MFileDialog&) { user.PressKey(MKeyEscape); }), "none");
 }
 
@@ -105,6 +119,10 @@ TEST_F(FileDialogTest, StaysWhereItIsWhenAFolderCannotBeEntered) {
         Settle(dialog);
         EXPECT_EQ(shown, "Sorry, directory " + Text(scratch.Join("missing")) + " is not accessible.");
         EXPECT_TRUE(edit.GetText().IsExactly(scratch.GetPath()));
+        const MString outside = MFile::GetDirectory(scratch.GetPath());
+        edit.SetText(scratch.Join("sub") + "/../..");
+        user.PressKey(MKeyEnter);
+        EXPECT_EQ(shown, "Sorry, directory " + Text(outside) + " is not accessible.");
         edit.SetText(scratch.Join("sub"));
         user.PressKey(MKeyEnter);
         Settle(dialog);
@@ -141,6 +159,8 @@ TEST_F(FileDialogTest, RemembersWhatWasChosen) {
 TEST_F(FileDialogTest, AsksForAFolder) {
     MDirectoryDialog dialog;
     dialog.SetRootPath(scratch.GetPath());
+    dialog.SetPath(scratch.Join("gone"));
+    EXPECT_TRUE(dialog.GetPath().IsExactly(scratch.GetPath()));
     system.Post([&] {
         user.PressKey(MKeyHome);
         for (int32_t i = 0; i < 3000 && dialog.GetTree().GetRowCount() < 2; ++i) {

@@ -42,9 +42,9 @@ void MDirectoryTreeControl::SetRootPath(const MString& path) {
     SelectTreeItem(nullptr);
     RemoveItemsBelow(top);
     SetItemOpen(top, false);
-    top.path = path;
-    top.text = path.IsEmpty() ? MTranslate("Drives") : MFile::GetFileName(path);
-    if (top.text.IsEmpty()) top.text = path;
+    top.path = MFile::Normalize(path);
+    top.text = path.IsEmpty() ? MTranslate("Drives") : MFile::GetFileName(top.path);
+    if (top.text.IsEmpty()) top.text = top.path;
     top.icon = MStdIcon::Directory;
     top.isRead = false;
     top.mayHaveChildren = true;
@@ -128,8 +128,18 @@ MDirectoryTreeItem* MDirectoryTreeControl::FindItem(const MString& path) {
     return item;
 }
 
+bool MDirectoryTreeControl::Holds(const MString& path) {
+    return IsBelow(path, GetRootPath());
+}
+
+MString MDirectoryTreeControl::GetNearest(const MString& path) {
+    MString nearest = path;
+    while (!MFile::IsValidDirectory(nearest)) nearest = MFile::GetDirectory(nearest);
+    return Holds(nearest) ? nearest : GetRootPath();
+}
+
 void MDirectoryTreeControl::SelectPath(const MString& path) {
-    if (!IsBelow(path, GetRootPath())) return;
+    if (!Holds(path)) return;
     MDirectoryTreeItem& top = GetRootItem();
     if (IsSamePath(path, top.path)) {
         pathToSelect = MString();

@@ -21,6 +21,10 @@ public:
     /// "Drives", for an empty path, or one folder.
     void SetRootPath(const MString& path);
     [[nodiscard]] const MString& GetRootPath() { return GetRootItem().path; }
+    /// Whether a path without "." and ".." is that of the root or leads below it.
+    [[nodiscard]] bool Holds(const MString& path);
+    /// The folder of a path, or the nearest one above it that is there; the root where that is outside of it.
+    [[nodiscard]] MString GetNearest(const MString& path);
     void SetHiddenShown(bool isShown);
     /// Selects a folder, opening all above it as they are read. Nobody is told. Nothing happens for one that is not
     /// below the root, and for one with "." or ".." in it.

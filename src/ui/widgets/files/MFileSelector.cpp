@@ -19,13 +19,6 @@ constexpr int32_t Keys[] = {MKeyMenu, KeyF2, MKeyDelete, MKeyBackspace};
 /// Between two looks whether something is deleted, in milliseconds.
 constexpr int32_t DeletionInterval = 50;
 
-/// A text as dialogs show it, which take mark-up.
-MString Escape(const MString& text) {
-    MString escaped;
-    MEntities::Escape(text, escaped);
-    return escaped;
-}
-
 /// A path whose components lead down only: "." is left out, and ".." with what it leads out of.
 MString WithoutDots(const MString& path) {
     MString clean;
@@ -83,11 +76,17 @@ void MFileSelector::LoadFromXml(MXMLItem& item) {
 
 void MFileSelector::SetRootPath(const MString& newPath) {
     tree->SetRootPath(newPath);
-    if (path.IsEmpty()) SetPath(newPath);
+    if (list->GetDirectory().IsEmpty() || !Holds(list->GetDirectory())) SetPath(tree->GetRootPath());
+}
+
+bool MFileSelector::Holds(const MString& file) const {
+    return tree->Holds(WithoutDots(file));
 }
 
 void MFileSelector::SetPath(const MString& newPath) {
-    list->SetDirectory(WithoutDots(newPath));
+    const MString clean = WithoutDots(newPath);
+    if (!tree->Holds(clean)) return (void)refusedEvent.Fire({this, clean});
+    list->SetDirectory(clean);
 }
 
 /// A folder counts as entered when its list could be read.
@@ -193,7 +192,7 @@ void MFileSelector::ShowChange(const MString& directory, const MString& failure)
     const MControlRef self(this);
     const MWindows* const windows = MWindows::GetInstance();
     if (!failure.IsEmpty() && windows && windows->dialogs)
-        windows->dialogs->ShowInformation(GetRoot(), Escape(failure));
+        windows->dialogs->ShowInformation(GetRoot(), MEntities::Escape(failure));
     if (self) tree->Refresh(directory);
     if (self && directory.IsExactly(path)) list->Refresh();
 }
@@ -230,7 +229,7 @@ void MFileSelector::DeleteTarget(const Target& target) {
         target.isDirectory ? "Are you sure you want to delete directory \"{0}\" and all subdirectories?"
                            : "Are you sure you want to delete file \"{0}\"?";
     const MControlRef self(this);
-    const MString text = MFormat(MTranslate(question), Escape(MFile::GetFileName(target.path)));
+    const MString text = MFormat(MTranslate(question), MEntities::Escape(MFile::GetFileName(target.path)));
     if (!windows->dialogs->AskYesNo(GetRoot(), text) || !self) return;
     // What is shown of it goes first.
     if (target.isDirectory && target.path.IsExactly(path)) SetPath(directory);

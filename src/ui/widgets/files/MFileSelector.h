@@ -21,7 +21,10 @@ public:
 
     /// The folder that nothing outside of is shown; empty, as in the beginning, for the drives.
     void SetRootPath(const MString& path);
-    /// Goes to a folder. One that cannot be read is told of by `OnRefused`, and the one before stays.
+    /// Whether a file or folder is the root or below it.
+    [[nodiscard]] bool Holds(const MString& file) const;
+    /// Goes to a folder. One that is outside of the root or cannot be read is told of by `OnRefused`, and the one
+    /// before stays.
     void SetPath(const MString& path);
     /// The folder that is shown.
     [[nodiscard]] const MString& GetPath() const { return path; }
