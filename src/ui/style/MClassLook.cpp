@@ -64,8 +64,19 @@ void MClassLook::Reset() {
     for (MCaptionLook& caption : captions) caption.image.Reset();
 }
 
+void MClassLook::Check(const MStyleColors& colors) const {
+    image.Check(colors);
+    for (const auto& piece : pieces)
+        if (piece) piece->Check(colors);
+    for (const MCaptionLook& caption : captions) caption.image.Check(colors);
+}
+
 ControlStyle* MClassLook::Find(MStylePiece piece) {
     return piece == MStylePiece::Image ? &image : pieces[static_cast<size_t>(piece)].get();
+}
+
+MString MClassLook::GetText(const char* attribute) const {
+    return element ? element->GetAttribute(attribute, MString()) : MString();
 }
 
 int32_t MClassLook::GetNumber(const char* attribute, int32_t defaultValue) const {

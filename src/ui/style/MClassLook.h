@@ -57,11 +57,18 @@ enum class MStylePiece : uint8_t {
     Increase,
     VImage,
     HImage,
+    SelectorOverlay,  ///< over the selector
+    Pointer,          ///< where a tracker's value is, behind the selector
+    ValueButton,      ///< in the middle of what shows a value
+    ImageDark,        ///< in the place of the image and the locator, in the dark look
+    LocatorDark,
 };
 
 inline constexpr const char* MStylePieceNames[] = {
-    "image", "default", "checked", "item",     "selecteditem", "selector", "locator", "highlight",
-    "on",    "off",     "grayed",  "decrease", "increase",     "vimage",   "himage"};
+    "image",           "default",  "checked",     "item",      "selecteditem",
+    "selector",        "locator",  "highlight",   "on",        "off",
+    "grayed",          "decrease", "increase",    "vimage",    "himage",
+    "selectoroverlay", "pointer",  "valuebutton", "imagedark", "locatordark"};
 template <>
 inline constexpr std::span<const char* const> MEnumNames<MStylePiece> = MStylePieceNames;
 
@@ -91,6 +98,8 @@ public:
     /// `item` is null for a class that the definition does not have. Raises what `ControlStyle::Load` raises.
     void Load(MXMLItem* item, MXMLItem& root);
     void Reset();
+    /// Raises what is wrong with a colour of any part.
+    void Check(const MStyleColors& colors) const;
 
     /// Null if the class has no such part, but for the image.
     [[nodiscard]] ControlStyle* Find(MStylePiece piece);
@@ -98,6 +107,7 @@ public:
     [[nodiscard]] MCaptionLook& GetCaption(size_t size) { return captions[size]; }
     /// An attribute of the element.
     [[nodiscard]] int32_t GetNumber(const char* attribute, int32_t defaultValue) const;
+    [[nodiscard]] MString GetText(const char* attribute) const;
 
 private:
     static constexpr size_t CaptionSizes = 3;

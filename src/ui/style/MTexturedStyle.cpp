@@ -129,6 +129,8 @@ void MTexturedStyle::LoadDefinition(MXMLItem& definition) {
     root = std::move(copy);
     for (size_t i = 0; i < looks.size(); ++i) looks[i].Load(root->FindSubItem(MStyleClassNames[i]), *root);
     MBaseStyle::LoadDefinition(*root);
+    // A colour that cannot be read would keep windows from being painted.
+    for (const MClassLook& look : looks) look.Check(GetColors());
     isLoaded = true;
 }
 
@@ -167,6 +169,7 @@ ControlStyle* MTexturedStyle::FindStyle(MControl& control) {
     if (control.IsEnabled() && control.Is(MControlFlag::DefaultButton))
         special = look->Find(MStylePiece::Default);
     if (!special && control.Is(MControlFlag::Checked)) special = look->Find(MStylePiece::Checked);
+    if (!special && !GetColors().IsInverted()) special = look->Find(MStylePiece::ImageDark);
     return special ? special : &look->GetImage();
 }
 
@@ -248,15 +251,16 @@ void MTexturedStyle::OffsetContent(MControl& control, MPoint& point) {
     if (control.GetDrawState() & MDrawClicked) point.y += GetScale().GetLine(1);
 }
 
+MPoint MTexturedStyle::GetPieceSize(MClassLook& look, MStylePiece piece) const {
+    const ControlStyle* const style = look.Find(piece);
+    if (!style) return {};
+    const MPoint size = GetScale().Get(style->GetSize());
+    const int32_t focus = 2 * GetScale().GetLine(style->focusBorder);
+    return {size.x + focus, size.y + focus};
+}
+
 MPoint MTexturedStyle::GetPartSize(MControl& control, MStylePart part) {
     const MStyleScale scale = GetScale();
-    const auto getPieceSize = [&](MStyleClass styleClass, MStylePiece piece) {
-        ControlStyle* const style = GetLook(styleClass).Find(piece);
-        if (!style) return MPoint();
-        const MPoint size = scale.Get(style->GetSize());
-        const int32_t focus = 2 * scale.GetLine(style->focusBorder);
-        return MPoint{size.x + focus, size.y + focus};
-    };
     const auto getBorder = [&](MStyleClass styleClass) {
         ControlStyle* const item = GetLook(styleClass).Find(MStylePiece::Item);
         return item ? scale.Get(item->border) : MPoint();
@@ -273,8 +277,8 @@ MPoint MTexturedStyle::GetPartSize(MControl& control, MStylePart part) {
         const int32_t locator = scale.GetX(look.GetNumber("minlocatorsize", 8));
         return {std::max(locator, size.x), std::max(locator, size.y)};
     }
-    case MStylePart::CheckMark: return getPieceSize(MStyleClass::CheckBox, MStylePiece::Off);
-    case MStylePart::RadioMark: return getPieceSize(MStyleClass::RadioButton, MStylePiece::Off);
+    case MStylePart::CheckMark: return GetPieceSize(GetLook(MStyleClass::CheckBox), MStylePiece::Off);
+    case MStylePart::RadioMark: return GetPieceSize(GetLook(MStyleClass::RadioButton), MStylePiece::Off);
     case MStylePart::CheckMarkSpace:
         return {scale.GetX(GetLook(MStyleClass::CheckBox).GetNumber("contentspace", 4)), 0};
     case MStylePart::TabBorder: return getBorder(MStyleClass::TabSet);
@@ -287,7 +291,8 @@ MPoint MTexturedStyle::GetPartSize(MControl& control, MStylePart part) {
     }
     case MStylePart::Knob: {
         const bool isRotator = control.GetControlType() == MControlType::Rotator;
-        return getPieceSize(isRotator ? MStyleClass::Rotator : MStyleClass::Knob, MStylePiece::Image);
+        return GetPieceSize(GetLook(isRotator ? MStyleClass::Rotator : MStyleClass::Knob),
+                            MStylePiece::Image);
     }
     case MStylePart::SwitcherButton:
         return scale.Get({GetLook(MStyleClass::Button).GetNumber("switcherbuttonx", 18),

@@ -92,6 +92,11 @@ private:
     [[nodiscard]] MImageContext GetContext() const;
     void PaintPiece(MClassLook& look, MStylePiece piece, MDrawer& drawer, const MRect& rect,
                     uint8_t drawState);
+    /// With the mark of the focus, in pixels.
+    [[nodiscard]] MPoint GetPieceSize(MClassLook& look, MStylePiece piece) const;
+    /// In a size in pixels around a point.
+    void PaintAround(MClassLook& look, MStylePiece piece, MDrawer& drawer, MPointF center, MPoint size,
+                     uint8_t drawState);
     void PaintScrollBar(MStyleClass styleClass, MDrawer& drawer, const MScrollBarParts& parts);
     void PaintDial(MStyleClass styleClass, MDrawer& drawer, const MRect& rect, const MValueLook& look);
     void PaintTracker(MControl& control, MDrawer& drawer, const MRect& rect, const MValueLook& look);

@@ -1,10 +1,13 @@
 // What the style paints of a control by its class, and the parts of composed controls.
 
 #include "ui/control/MControl.h"
+#include "ui/control/kinds/MStdIcon.h"
+#include "ui/geometry/MAlignment.h"
 #include "ui/style/MTexturedStyle.h"
 #include "ui/style/images/MImageContext.h"
 
 #include <algorithm>
+#include <cmath>
 
 void MTexturedStyle::PaintControl(MControl& control, MDrawer& drawer) {
     drawer.textShadowAlpha = static_cast<uint8_t>(GetDrawFlags(control));
@@ -24,13 +27,29 @@ void MTexturedStyle::PaintPiece(MClassLook& look, MStylePiece piece, MDrawer& dr
     if (ControlStyle* const style = look.Find(piece)) style->Paint(drawer, rect, drawState, GetContext());
 }
 
+void MTexturedStyle::PaintAround(MClassLook& look, MStylePiece piece, MDrawer& drawer, MPointF center,
+                                 MPoint size, uint8_t drawState) {
+    const auto getStart = [](double middle, int32_t length) {
+        return static_cast<int32_t>(std::floor(middle - (length - 1) / 2.0 + 0.5));
+    };
+    PaintPiece(look, piece, drawer,
+               MRect::FromSize(getStart(center.x, size.x), getStart(center.y, size.y), size.x, size.y),
+               drawState);
+}
+
 void MTexturedStyle::PaintScrollBar(MStyleClass styleClass, MDrawer& drawer, const MScrollBarParts& parts) {
     MClassLook& look = GetLook(styleClass);
     const MRect whole = parts.track.United(parts.decrease).United(parts.increase);
     PaintPiece(look, MStylePiece::Image, drawer, whole, parts.trackState);
     PaintPiece(look, MStylePiece::Locator, drawer, parts.thumb, parts.thumbState);
-    PaintPiece(look, MStylePiece::Decrease, drawer, parts.decrease, parts.decreaseState);
-    PaintPiece(look, MStylePiece::Increase, drawer, parts.increase, parts.increaseState);
+    const MPoint move =
+        GetScale().Get({look.GetNumber("contentmovex", 0), look.GetNumber("contentmovey", 0)});
+    const auto paintArrow = [&](MStylePiece piece, const MRect& rect, uint8_t drawState) {
+        const bool isMoved = drawState & MDrawClicked;
+        PaintPiece(look, piece, drawer, isMoved ? rect.Shifted(move) : rect, drawState);
+    };
+    paintArrow(MStylePiece::Decrease, parts.decrease, parts.decreaseState);
+    paintArrow(MStylePiece::Increase, parts.increase, parts.increaseState);
 }
 
 void MTexturedStyle::PaintHorizontalScrollBar(MControl&, MDrawer& drawer, const MScrollBarParts& parts) {
@@ -50,7 +69,19 @@ void MTexturedStyle::PaintCheckMark(MControl& control, MDrawer& drawer, const MR
                                    : isRow ? MStyleClass::ControlCheckBox
                                            : MStyleClass::CheckBox;
     constexpr MStylePiece Pieces[] = {MStylePiece::Off, MStylePiece::On, MStylePiece::Grayed};
-    PaintPiece(GetLook(styleClass), Pieces[std::clamp(state, 0, 2)], drawer, rect, drawState);
+    constexpr const char* Icons[] = {"iconoff", "iconon", "icongrayed"};
+    const int32_t index = std::clamp(state, 0, 2);
+    MClassLook& look = GetLook(styleClass);
+    PaintPiece(look, look.Find(Pieces[index]) ? Pieces[index] : MStylePiece::Off, drawer, rect, drawState);
+    const MString name = look.GetText(Icons[index]);
+    MBitmap* const icon =
+        name.IsEmpty() ? nullptr : GetStdIcon(static_cast<int32_t>(MValueEnum<MStdIcon>::FromName(name)));
+    if (!icon) return;
+    const MRect place = MAlignInside(rect, {icon->GetWidth(), icon->GetHeight()}, MAlignCenter);
+    const int32_t alpha = std::clamp(look.GetNumber("alpha", 255), 0, 255);
+    const int32_t strength = drawState & MDrawEnabled ? 255 : GetDisabledAlpha(control);
+    drawer.BitBltWhole(*icon, place.GetTopLeft(), static_cast<uint8_t>(alpha * strength / 255),
+                       MDrawMode::Alphablend);
 }
 
 void MTexturedStyle::PaintListItem(MControl& control, MDrawer& drawer, const MRect& rect, uint8_t drawState) {
@@ -59,6 +90,7 @@ void MTexturedStyle::PaintListItem(MControl& control, MDrawer& drawer, const MRe
     const bool isSelected = drawState & MDrawClicked;
     PaintPiece(look, isSelected ? MStylePiece::SelectedItem : MStylePiece::Item, drawer, rect,
                static_cast<uint8_t>(drawState & ~MDrawClicked));
+    if (drawState & MDrawFocused) PaintPiece(look, MStylePiece::Selector, drawer, rect, drawState);
 }
 
 void MTexturedStyle::PaintTreeLines(MControl&, MDrawer& drawer, const MRect& rect, int32_t lines) {

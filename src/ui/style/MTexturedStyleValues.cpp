@@ -101,6 +101,11 @@ void MTexturedStyle::PaintDial(MStyleClass styleClass, MDrawer& drawer, const MR
              colors.Get(MStyleTone::Accent));
 
     dial.Paint(drawer, square, value.drawState, GetContext());
+    if (look.GetNumber("enablevaluebutton", 0) != 0)
+        PaintAround(look, MStylePiece::ValueButton, drawer,
+                    {center.x + scale.GetX(look.GetNumber("valuebuttonoffsetx", 0)),
+                     center.y + scale.GetY(look.GetNumber("valuebuttonoffsety", 0))},
+                    GetPieceSize(look, MStylePiece::ValueButton), value.drawState);
     if (look.GetNumber("enablepointer", 1) == 0) return;
     const int32_t ratio = look.GetNumber("selectorratio", 80);
     const double face = radius - width - scale.GetLine(look.GetNumber("arcspace", 2));
@@ -109,6 +114,9 @@ void MTexturedStyle::PaintDial(MStyleClass styleClass, MDrawer& drawer, const MR
         const auto place = [&](double distance) {
             return MPointF{center.x + direction.x * distance, center.y + direction.y * distance};
         };
+        if (look.Find(MStylePiece::Selector))
+            return PaintAround(look, MStylePiece::Selector, drawer, place(face * ratio / 100),
+                               GetPieceSize(look, MStylePiece::Selector), value.drawState);
         const MOutlines::Outline pointer[] = {MArc::GetPen(
             place(face * ratio / 250), place(face * ratio / 100), scale.GetSmaller() * 2.5 / 100)};
         drawer.FillOutlines(pointer, fade(colors.Get(MStyleTone::Text)), MDrawMode::Alphablend);
@@ -138,8 +146,9 @@ void MTexturedStyle::PaintTracker(MControl&, MDrawer& drawer, const MRect& rect,
     const MStyleScale scale = GetScale();
     const Track track = GetTrack(rect, look, scale);
     // The groove runs between the middles of the thumb at both ends.
-    const int32_t thickness = scale.GetLine(look.GetNumber("bordersize", 4));
-    const auto getGroove = [&](double from, double to) {
+    const int32_t border = look.GetNumber("bordersize", 4);
+    const auto getGroove = [&](double from, double to, int32_t width) {
+        const int32_t thickness = scale.GetLine(width);
         const MRect a = track.GetThumb(from);
         const MRect b = track.GetThumb(to);
         const int32_t half = (track.thumb - thickness) / 2;
@@ -156,10 +165,25 @@ void MTexturedStyle::PaintTracker(MControl&, MDrawer& drawer, const MRect& rect,
     const double position = Cut(value.value);
     const double end = value.maxValue ? Cut(*value.maxValue) : Cut(value.origin);
     PaintPiece(look, MStylePiece::Image, drawer, rect, value.drawState);
-    PaintPiece(look, MStylePiece::Off, drawer, getGroove(0, 1), value.drawState);
+    PaintPiece(look, MStylePiece::Off, drawer, getGroove(0, 1, border), value.drawState);
     if (position != end)
-        PaintPiece(look, MStylePiece::On, drawer, getGroove(std::min(position, end), std::max(position, end)),
+        PaintPiece(look, MStylePiece::On, drawer,
+                   getGroove(std::min(position, end), std::max(position, end),
+                             look.GetNumber("valuebordersize", border)),
                    value.drawState);
+    const auto getMiddle = [](const MRect& area) {
+        return MPointF{(area.left + area.right) / 2.0, (area.top + area.bottom) / 2.0};
+    };
+    if (look.GetNumber("enablevaluebutton", 0) != 0)
+        PaintAround(look, MStylePiece::ValueButton, drawer, getMiddle(rect),
+                    GetPieceSize(look, MStylePiece::ValueButton), value.drawState);
+    if (look.GetNumber("enablepointer", 0) != 0) {
+        MPoint size = GetPieceSize(look, MStylePiece::Pointer);
+        if (look.GetNumber("resizepointerx", 0) != 0) size.x = rect.GetWidth();
+        if (look.GetNumber("resizepointery", 0) != 0) size.y = rect.GetHeight();
+        PaintAround(look, MStylePiece::Pointer, drawer, getMiddle(track.GetThumb(position)), size,
+                    value.drawState);
+    }
     const auto paintThumb = [&](double at) {
         const MRect thumb = track.GetThumb(at);
         const ControlStyle* const selector = look.Find(MStylePiece::Selector);
@@ -168,7 +192,8 @@ void MTexturedStyle::PaintTracker(MControl&, MDrawer& drawer, const MRect& rect,
         const int32_t across = track.isVertical ? thumb.GetWidth() : thumb.GetHeight();
         const int32_t spare = std::max((across - track.thumb) / 2, 0);
         const MRect square = track.isVertical ? thumb.Shrunk(spare, 0) : thumb.Shrunk(0, spare);
-        PaintPiece(look, MStylePiece::Selector, drawer, square.Shrunk(-inset, -inset), value.drawState);
+        for (const MStylePiece piece : {MStylePiece::Selector, MStylePiece::SelectorOverlay})
+            PaintPiece(look, piece, drawer, square.Shrunk(-inset, -inset), value.drawState);
     };
     paintThumb(position);
     if (value.maxValue) paintThumb(end);
@@ -180,5 +205,6 @@ void MTexturedStyle::PaintProgress(MControl&, MDrawer& drawer, const MRect& rect
     const int32_t length = Round(Cut(value.value) * rect.GetWidth());
     if (length < 1) return;
     done.right = done.left + length - 1;
-    PaintPiece(look, MStylePiece::Locator, drawer, done, value.drawState);
+    const bool isDark = !GetColors().IsInverted() && look.Find(MStylePiece::LocatorDark);
+    PaintPiece(look, isDark ? MStylePiece::LocatorDark : MStylePiece::Locator, drawer, done, value.drawState);
 }

@@ -4,6 +4,8 @@
 #include "tests/support/MTestModule.h"
 #include "tests/ui/style/StyleFixture.h"
 
+#include <functional>
+
 namespace {
 
 /// Mark-up with " for each '.
@@ -69,6 +71,68 @@ TEST_F(DefinitionTest, StatesWithoutPicturesShowTheLikestOne) {
                                      {MDrawEnabled | MDrawClicked | MDrawHighlighted, 0x78},
                                      {MDrawDisabled, 0}})
         EXPECT_NEAR(PaintButton(state).red, red, 1) << state;
+    // The alpha is that of the state, else that of the picture.
+    Define("<panel><image normalalpha='128' hlalpha='0'><normal color='C80000FF'/></image></panel>");
+    EXPECT_EQ(PaintButton(MDrawEnabled | MDrawHighlighted).red, 0);
+    EXPECT_NEAR(PaintButton(MDrawDisabled).red, 100, 1);
+}
+
+TEST_F(DefinitionTest, PartsAreWhereTheyBelong) {
+    const std::string red = "<normal color='C80000FF' width='8' height='8'/>";
+    const auto part = [&](const std::string& name) { return "<" + name + ">" + red + "</" + name + ">"; };
+    const auto paintValue = [&](PosedControl& control, MDrawer& drawer) {
+        style.PaintValue(control, drawer, control.windowRect, {0.5, 0, {}, MDrawEnabled});
+    };
+    const auto paintMark = [&](PosedControl& control, MDrawer& drawer) {
+        style.PaintCheckMark(control, drawer, control.windowRect, MCheckMarkShape::RadioButton, 2,
+                             MDrawEnabled);
+    };
+    const auto paintRow = [&](PosedControl& control, MDrawer& drawer) {
+        style.PaintListItem(control, drawer, control.windowRect, MDrawEnabled | MDrawFocused);
+    };
+    struct Row {
+        MControlType type;
+        std::string classes;
+        MPoint place;
+        std::function<void(PosedControl&, MDrawer&)> paint;
+    };
+    const Row rows[] = {
+        {MControlType::Knob,
+         "<knob selectorratio='100'>" + part("selector") + "</knob>",
+         {29, 6},
+         paintValue},
+        {MControlType::Knob,
+         "<knob enablepointer='0' enablevaluebutton='1' valuebuttonoffsety='10'>" + part("valuebutton") +
+             "</knob>",
+         {29, 43},
+         paintValue},
+        {MControlType::Tracker,
+         "<tracker><selector><normal color='00C800FF' width='8'/></selector>"
+         "<selectoroverlay><normal color='C80000FF'/>"
+         "</selectoroverlay></tracker>",
+         {29, 29},
+         paintValue},
+        {MControlType::Tracker,
+         "<tracker enablepointer='1' resizepointery='1'>" + part("pointer") + "</tracker>",
+         {29, 1},
+         paintValue},
+        {MControlType::Tracker,
+         "<tracker bordersize='2' valuebordersize='40'>" + part("on") + "</tracker>",
+         {10, 12},
+         paintValue},
+        {MControlType::ProgressBar,
+         "<progressbar>" + part("locatordark") + "</progressbar>",
+         {20, 20},
+         paintValue},
+        {MControlType::CheckBox, "<radiobutton>" + part("off") + "</radiobutton>", {20, 20}, paintMark},
+        {MControlType::ListBox, "<listcontrol>" + part("selector") + "</listcontrol>", {20, 20}, paintRow}};
+    for (const Row& row : rows) {
+        Define(row.classes);
+        PosedControl control(row.type, {60, 60}, MDrawEnabled);
+        Canvas canvas({60, 60}, MColor::FromRGB(0, 0, 0));
+        Paint(canvas, control, {}, [&](MDrawer& drawer) { row.paint(control, drawer); });
+        EXPECT_NEAR(canvas.At(row.place.x, row.place.y).red, 199, 2) << row.classes;
+    }
 }
 
 TEST_F(DefinitionTest, LayersLieOverEachOtherAndStatesGrowFromOthers) {
@@ -154,6 +218,8 @@ TEST_F(DefinitionTest, HostileNumbersCostNeitherMemoryNorTime) {
 TEST_F(DefinitionTest, WhatCannotBeUnderstoodIsRefused) {
     EXPECT_EQ(FailureOf([&] { Define("<panel/>", "<colors red='green'/>"); }),
               "0: Invalid color to parse (green).");
+    EXPECT_EQ(FailureOf([&] { Define("<menu><item><hl color='gren'/></item></menu>"); }),
+              "0: Invalid color to parse (gren).");
     MXMLItem other("style");
     EXPECT_EQ(FailureOf([&] { style.LoadDefinition(other); }),
               "0: Invalid style definition, the root is \"style\".");

@@ -21,7 +21,7 @@ MPoint GetPoint(const MXMLItem& item, const char* x, const char* y, MPoint defau
 
 }  // namespace
 
-MImageState MComputeImageState(uint8_t drawState) {
+MImageState ControlStyle::ComputeDrawState(uint8_t drawState) {
     const bool isHighlighted = drawState & MDrawHighlighted;
     if (!(drawState & MDrawEnabled)) return MImageState::Disabled;
     if (drawState & MDrawClicked)
@@ -43,9 +43,11 @@ void ControlStyle::Load(MXMLItem& item, MXMLItem& root) {
     focusBorder = std::max(GetLength(item, "focusborder", focusBorder), 0);
     isInverted = item.GetInt32Attribute("inverted", isInverted) != 0;
     isInvertedClicked = item.GetInt32Attribute("invertclicked", isInvertedClicked) != 0;
-    for (size_t i = 0; i < StateCount; ++i)
-        alphas[i] = static_cast<uint8_t>(
-            std::clamp(item.GetInt32Attribute(MFormat("{0}alpha", MImageStateNames[i]), alphas[i]), 0, 255));
+    for (size_t i = 0; i < StateCount; ++i) {
+        const MString key = MFormat("{0}alpha", MImageStateNames[i]);
+        if (item.HasAttribute(key))
+            alphas[i] = static_cast<uint8_t>(std::clamp(item.GetInt32Attribute(key), 0, 255));
+    }
     for (MXMLItem* child : item.GetSubItems()) {
         for (size_t i = 0; i < StateCount; ++i) {
             if (!(child->GetName() == MImageStateNames[i])) continue;
@@ -54,7 +56,7 @@ void ControlStyle::Load(MXMLItem& item, MXMLItem& root) {
                 const auto other =
                     static_cast<size_t>(MValueEnum<MImageState>::FromName(child->GetCachedAttribute()));
                 image = images[other];
-                image.FixAlpha(alphas[other]);
+                image.FixAlpha(GetAlpha(other));
             }
             image.Load(*child);
             images[i] = std::move(image);
@@ -64,6 +66,10 @@ void ControlStyle::Load(MXMLItem& item, MXMLItem& root) {
 
 bool ControlStyle::IsEmpty() const {
     return std::ranges::all_of(images, [](const StateImage& image) { return image.IsEmpty(); });
+}
+
+void ControlStyle::Check(const MStyleColors& colors) const {
+    for (const StateImage& image : images) image.Check(colors);
 }
 
 void ControlStyle::Reset() {
@@ -86,11 +92,9 @@ size_t ControlStyle::FindPicture(MImageState state) const {
 
 void ControlStyle::Paint(MDrawer& drawer, const MRect& rect, uint8_t drawState,
                          const MImageContext& context) {
-    const MImageState state = MComputeImageState(drawState);
+    const MImageState state = ComputeDrawState(drawState);
     const size_t picture = FindPicture(state);
-    // The alpha is that of the picture, unless the state has only that of its own.
-    const uint8_t alpha =
-        state == MImageState::Disabled ? alphas[static_cast<size_t>(state)] : alphas[picture];
+    const uint8_t alpha = alphas[static_cast<size_t>(state)].value_or(GetAlpha(picture));
     MImageContext own = context;
     own.faceBorder = context.scale.GetLine(focusBorder);
     images[picture].Paint(drawer, rect, own, alpha);

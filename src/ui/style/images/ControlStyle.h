@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 
 /// The states that a part of a control has pictures for.
 enum class MImageState : uint8_t {
@@ -22,9 +23,6 @@ inline constexpr const char* MImageStateNames[] = {"normal",  "focused",   "hl",
 template <>
 inline constexpr std::span<const char* const> MEnumNames<MImageState> = MImageStateNames;
 
-/// The state of a picture for one of `MDrawState`.
-[[nodiscard]] MImageState MComputeImageState(uint8_t drawState);
-
 /// How one class of controls, or a part of one, looks in each state, and how much room its frame takes.
 /// Lengths are those of 100 percent.
 class ControlStyle {
@@ -35,7 +33,12 @@ public:
 
     /// Whether there is a picture for any state.
     [[nodiscard]] bool IsEmpty() const;
-    /// A state without a picture of its own shows that of the most similar state that has one.
+    /// The state of a picture for one of `MDrawState`.
+    [[nodiscard]] static MImageState ComputeDrawState(uint8_t drawState);
+    /// Raises what is wrong with a colour of any state.
+    void Check(const MStyleColors& colors) const;
+    /// A state without a picture of its own shows that of the most similar state that has one, with that one's alpha
+    /// unless it has an alpha of its own.
     void Paint(MDrawer& drawer, const MRect& rect, uint8_t drawState, const MImageContext& context);
     void Reset();
 
@@ -56,6 +59,8 @@ private:
     [[nodiscard]] size_t FindPicture(MImageState state) const;
 
     std::array<StateImage, StateCount> images;
-    std::array<uint8_t, StateCount> alphas = {255, 255, 255, 255, 255, 255, 255};
-    int32_t depth = 0;  ///< of records that this one is like
+    [[nodiscard]] uint8_t GetAlpha(size_t state) const { return alphas[state].value_or(255); }
+
+    std::array<std::optional<uint8_t>, StateCount> alphas;  ///< those that the definition gives
+    int32_t depth = 0;                                      ///< of records that this one is like
 };

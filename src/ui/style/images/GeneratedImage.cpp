@@ -58,6 +58,11 @@ void GeneratedImage::Load(MXMLItem& item) {
     keepsLightness = item.GetInt32Attribute("inversion", 1) == 0;
 }
 
+void GeneratedImage::Check(const MStyleColors& colors) const {
+    for (const MString& text : {color, rectangleColor, gradient})
+        if (!text.IsEmpty()) (void)colors.Get(text, transfer, keepsLightness);
+}
+
 bool GeneratedImage::DependsOnWidth() const {
     return shape != MGeneratedShape::Rectangle ||
            (!gradient.IsEmpty() && gradientType >= MGradientDirection::Horizontal);

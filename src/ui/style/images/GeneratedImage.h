@@ -50,14 +50,15 @@ inline constexpr std::span<const char* const> MEnumNames<MCornerSide> = MCornerS
 /// those of 100 percent. See docs/style.md for its attributes.
 class GeneratedImage {
 public:
-    /// Raises nothing: what cannot be read is as if it was not there, but for colours.
-    /// Raises what `MColor::Parse` raises for a text that is neither digits nor the name of a colour, once
-    /// the image is painted.
+    /// What cannot be read is as if it was not there, but for colours and the mode.
+    /// Raises what `MParseColorOp` raises.
     void Load(MXMLItem& item);
+    /// Raises what `MColor::Parse` raises for a text that is neither digits nor the name of a colour.
+    void Check(const MStyleColors& colors) const;
 
     /// Whether anything of it can be seen.
     [[nodiscard]] bool IsEmpty() const { return color.IsEmpty() && rectangleColor.IsEmpty(); }
-    /// Combines the image with what the bitmap, which is as large as the control, holds.
+    /// Combines the image with what the bitmap, which is as large as the control, holds. Raises as `Check`.
     void Draw(MBitmap& bitmap, const MImageContext& context) const;
     /// How many pixels at each edge are more than a repetition of the middle.
     [[nodiscard]] int32_t GetMargin(const MImageContext& context) const;

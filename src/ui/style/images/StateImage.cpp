@@ -96,6 +96,10 @@ MBitmap StateImage::Generate(MPoint size, const MImageContext& context) const {
     return bitmap;
 }
 
+void StateImage::Check(const MStyleColors& colors) const {
+    for (const Layer& layer : layers) layer.image.Check(colors);
+}
+
 const MBitmap& StateImage::FindBitmap(MPoint size, const MImageContext& context) {
     for (const MBitmap& bitmap : bitmaps)
         if (size == MPoint{bitmap.GetWidth(), bitmap.GetHeight()}) return bitmap;

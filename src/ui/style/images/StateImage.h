@@ -21,6 +21,8 @@ public:
 
     [[nodiscard]] bool IsEmpty() const { return layers.empty() && picture.GetId().IsEmpty(); }
     /// Raises what is wrong with the colours of generated images.
+    void Check(const MStyleColors& colors) const;
+    /// Raises as `Check`.
     void Paint(MDrawer& drawer, const MRect& rect, const MImageContext& context, uint8_t alpha);
     /// Forgets all pixels: colours or scale have changed.
     void Reset();

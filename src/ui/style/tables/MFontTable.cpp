@@ -35,7 +35,7 @@ void MFontTable::Load(MXMLItem& definition) {
         entry.face = "Arial";
         MXMLItem* const item = fonts ? fonts->FindSubItem(MStdFontNames[i]) : nullptr;
         if (!item) continue;
-        entry.height = std::max(GetNumber(*item, "height", entry.height), 1.0);
+        entry.height = std::max(GetNumber(*item, "height", GetNumber(*item, "size", entry.height)), 1.0);
         entry.width = std::max(GetNumber(*item, "width", 0), 0.0);
         entry.characterSpace = GetNumber(*item, "spacebetweenchars", 0);
         entry.verticalShift = static_cast<int32_t>(GetNumber(*item, "verticalshift", 0));

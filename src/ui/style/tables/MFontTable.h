@@ -14,7 +14,7 @@ class MXMLItem;
 
 /// The fonts of a style, one for each `MStdFont`, opened when they are asked for.
 ///
-/// An element "fonts" has a child for each, with "height", "width", "bold", "italic", "spacebetweenchars",
+/// An element "fonts" has a child for each, with "height" (or "size"), "width", "bold", "italic", "spacebetweenchars",
 /// "verticalshift" and "verticalspace", and in it "face" with a "name". Where the machine has no font of that
 /// name, the usual names of other systems are tried, and at last the faces that travel inside of the program,
 /// the items "face_regular" and "face_bold" of a resource library.
