@@ -150,7 +150,8 @@ MStyleColors::MainColors MBaseStyle::GetChosenColors() const {
     if (settings.setDefaultColors) return colors.GetDefaultColors();
     for (const ColorScheme& scheme : colorSchemes)
         if (scheme.name == settings.colorScheme) return scheme.colors;
-    return settings.mainColors;
+    // A scheme may be that of another style.
+    return settings.colorScheme.IsEmpty() ? settings.mainColors : colors.GetDefaultColors();
 }
 
 bool MBaseStyle::FitWindow(MControl& window) {

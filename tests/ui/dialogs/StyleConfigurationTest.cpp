@@ -22,6 +22,15 @@ protected:
         const MEmbeddedBlocks blocks = MGetProgramBlocks();
         MMemoryStream stream(blocks.resources.data(), static_cast<int32_t>(blocks.resources.size()));
         resources.Load(stream);
+        MXMLItem root("mstyle");
+        root.AddSubItem("resources");
+        MResourceLibrary plain;
+        plain.Assign(root, MBuffer());
+        MMemoryStream file;
+        plain.Save(file);
+        MWriteTestFile(
+            MFile::Join(folders.GetPath(MSpecialFolderData), "MTexturedStyles/Plain.mstyle"),
+            {static_cast<const char*>(file.GetBuffer().GetBlock()), static_cast<size_t>(file.GetSize())});
         auto made =
             std::make_unique<MTexturedStyle>(&windows, &resources, MTexturedStyle::FontSource::Traveling);
         made->LoadStyle();
@@ -94,6 +103,16 @@ TEST_F(StyleConfigurationTest, WhatIsSetIsSeenAtOnceAndKept) {
     MXMLItem item;
     item.LoadFile(style->GetSettingsFile());
     EXPECT_EQ(item.GetSubItem("StyleConfiguration")->GetInt32Attribute("EditorMode"), 1);
+
+    // Another style has other schemes, and its own colours where the one that was chosen is none of them.
+    scheme.GetValue().SetDiscreteIndex(2);
+    scheme.ExecuteOnChange();
+    auto& styles = Find<MListBox>("Styles");
+    styles.SelectRow(1);
+    styles.ExecuteOnChange();
+    EXPECT_EQ(Text(style->GetName()), "Plain");
+    EXPECT_EQ(scheme.GetValue().GetDiscreteCount(), 1);
+    EXPECT_EQ(style->GetColors().GetMainColors(), style->GetColors().GetDefaultColors());
 
     // Another page shows what this one has set.
     MWindow other("Other", "Settings");

@@ -38,10 +38,6 @@ MBaseStyleConfiguration::MBaseStyleConfiguration(MBaseStyle& style, MControl* pa
     SetControlType(MControlType::Panel);
     SetCaption(MTranslate("Style configuration"), MCaptionType::Normal);
     Set(MControlFlag::TabStop, false);
-    schemeNames.push_back(MTranslate("Default"));
-    for (const MBaseStyle::ColorScheme& each : style.GetColorSchemes()) schemeNames.push_back(each.name);
-    scheme.SetList(schemeNames.data(), static_cast<int32_t>(schemeNames.size()));
-
     sizeXSwitcher = &AddSwitcher("ResizeX", MTranslate("Width"), sizeX, &Configuration::OnSizeX);
     sizeYSwitcher = &AddSwitcher("ResizeY", MTranslate("Height"), sizeY, &Configuration::OnSizeY);
     schemeSwitcher = &AddSwitcher("ColorScheme", MTranslate("Colors"), scheme, &Configuration::OnScheme);
@@ -109,6 +105,11 @@ void MBaseStyleConfiguration::ShowSettings() {
     };
     showSize(sizeX, settings.resizeX);
     showSize(sizeY, settings.resizeY);
+    // Another style has others.
+    schemeNames.assign(1, MTranslate("Default"));
+    for (const MBaseStyle::ColorScheme& each : style.GetColorSchemes()) schemeNames.push_back(each.name);
+    scheme.SetList(schemeNames.data(), static_cast<int32_t>(schemeNames.size()));
+    schemeSwitcher->TouchSizes();
     const auto chosen = settings.setDefaultColors ? schemeNames.begin()
                                                   : std::ranges::find(schemeNames, settings.colorScheme);
     const bool isKnown = chosen != schemeNames.end();
