@@ -20,6 +20,7 @@
 #include "ui/loader/MStandardCreators.h"
 #include "ui/opengl/MGPUSettings.h"
 #include "ui/opengl/MOpenGLAcceleration.h"
+#include "ui/style/MProgramIcons.h"
 #include "ui/style/MTexturedStyle.h"
 #include "ui/window/MNativeWindowSystem.h"
 
@@ -98,6 +99,7 @@ void Run(const Options& options) {
                             : MCreateNativeWindowSystem(MString(), std::move(acceleration)));
     MDialogs dialogs;
     windows.dialogs = &dialogs;
+    MShowProgramIcons(windows, module.GetResources());
     windows.SetStyle(MakeStyle(windows, module.GetResources(), options));
 
     MXMLItem document;

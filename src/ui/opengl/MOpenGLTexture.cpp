@@ -85,7 +85,8 @@ const MOpenGLDescriptor* MOpenGLDescriptor::GetOf(MOpenGLDevice& device, const P
         auto* descriptor = dynamic_cast<MOpenGLDescriptor*>(picture.GetTexture());
         // A picture may have been painted by another device before, or by a drawer of another kind.
         if (!descriptor || descriptor->names != device.GetNames())
-            descriptor = &CreateDescriptor(device, picture);
+            descriptor = CreateDescriptor(device, picture);
+        if (!descriptor) return;
         const bool isLoaded = !descriptor->tiles.empty() && descriptor->form == form &&
                               descriptor->mark == picture.GetModificationMark();
         // Those that are loaded anew may be waiting to be drawn as they were.
@@ -100,10 +101,13 @@ const MOpenGLDescriptor* MOpenGLDescriptor::GetOf(MOpenGLDevice& device, const P
 }
 
 template <class Picture>
-MOpenGLDescriptor& MOpenGLDescriptor::CreateDescriptor(MOpenGLDevice& device, const Picture& picture) {
-    auto descriptor = std::make_unique<MOpenGLDescriptor>(device.GetNames());
-    MOpenGLDescriptor& created = *descriptor;
-    picture.SetTexture(std::move(descriptor));
+MOpenGLDescriptor* MOpenGLDescriptor::CreateDescriptor(MOpenGLDevice& device, const Picture& picture) {
+    MOpenGLDescriptor* created = nullptr;
+    MGuard("MOpenGLTexture::CreateDescriptor", [&] {
+        auto descriptor = std::make_unique<MOpenGLDescriptor>(device.GetNames());
+        created = descriptor.get();
+        picture.SetTexture(std::move(descriptor));
+    });
     return created;
 }
 

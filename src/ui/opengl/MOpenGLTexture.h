@@ -76,7 +76,7 @@ private:
     static const MOpenGLDescriptor* GetOf(MOpenGLDevice& device, const Picture& picture,
                                           MOpenGLTexture::Form form);
     template <class Picture>
-    static MOpenGLDescriptor& CreateDescriptor(MOpenGLDevice& device, const Picture& picture);
+    static MOpenGLDescriptor* CreateDescriptor(MOpenGLDevice& device, const Picture& picture);
     template <class Picture>
     void Load(MOpenGLDevice& device, const Picture& picture, MOpenGLTexture::Form newForm);
 

@@ -1,6 +1,7 @@
 #include "tests/ui/style/StyleFixture.h"
 #include "ui/control/MContainers.h"
 #include "ui/control/windows/MWindows.h"
+#include "ui/style/MProgramIcons.h"
 #include "ui/style/captions/ControlCaptionInstance.h"
 #include "ui/style/captions/MCaptionPanel.h"
 #include "ui/window/headless/MWindowSystemHeadless.h"
@@ -46,6 +47,13 @@ private:
         windows.SetStyle(std::move(made));
     }
 };
+
+TEST_F(CaptionTest, ThePictureOfTheProgramHasTheSizesThatManagersAskFor) {
+    MShowProgramIcons(windows, GetProgramStyle());
+    std::string sizes;
+    for (const MBitmap& icon : windows.GetIcons()) sizes += std::to_string(icon.GetWidth()) + " ";
+    EXPECT_EQ(sizes, "16 32 48 ");
+}
 
 TEST_F(CaptionTest, WindowsHaveTheButtonsThatTheyNeed) {
     window.Set(MControlFlag::MaximizeAllowed);
