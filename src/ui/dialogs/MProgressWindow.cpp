@@ -70,6 +70,8 @@ MProgressWindow::MProgressWindow(const MString& caption)
     customStatistics = new MStatic(&container, "CustomStatistics");
     for (MControl* control : {image, statistics, customStatistics}) row.Add(*control);
     info = &AddBelow<MStatic>(GetContainer(), "info");
+    // A long name does not make the window wider.
+    info->Set(MControlFlag::IgnoreWidthInLayout);
     bar = &AddBelow<MProgressBar>(GetContainer(), "progress");
     SetImage(MStdBitmap::Notice);
     cancelButton = &AddButton("Cancel", MTranslate("Cancel"), MModalValue::None);
@@ -83,6 +85,8 @@ void MProgressWindow::SetImage(MStdBitmap bitmap) {
 MModalValue MProgressWindow::Run(MControl* owner, Worker worker) {
     MWindows* const windows = MWindows::GetInstance();
     isCancelled = false;
+    state = {};
+    cancelButton->SetEnabled(true);
     WorkerThread thread(*this, worker);
     if (windows) {
         startTime = windows->GetSystem().GetTime();

@@ -141,20 +141,22 @@ TEST_F(DialogsTest, ShowsHowFarAWorkerIs) {
     system.SetPatience(20'000);
     MProgressWindow progress;
     std::atomic<int32_t> step = 0;
+    const std::string file(200, 'x');
     system.Post(
         [&] {
             WaitFor([&] { return step == 1; });
             progress.OnTimer();
             auto& bar = *static_cast<MProgressBar*>(Find(progress, "progress"));
             EXPECT_EQ(bar.GetPercent(), 25);
-            EXPECT_EQ(Text(Find(progress, "info")->GetCaption()), "file 1");
+            EXPECT_EQ(Text(Find(progress, "info")->GetCaption()), file);
+            EXPECT_LT(progress.size.x, 500);
             EXPECT_EQ(Text(Find(progress, "Statistics")->GetCaption()),
                       "Elapsed: 0 min, 30 sec\nEstimated: 2 min, 0 sec\nRemaining: 1 min, 30 sec");
             step = 2;
         },
         30'000);
     const auto work = [&](MProgressWindow& shown) {
-        shown.SetInfo("file 1");
+        shown.SetInfo(file.c_str());
         shown.SetProgress(25);
         step = 1;
         WaitFor([&] { return step == 2; });
@@ -193,6 +195,8 @@ TEST_F(DialogsTest, CancelsAWorker) {
     EXPECT_EQ(stoppedBy, "0: Processing has been cancelled.");
     EXPECT_EQ(captions,
               (std::vector<std::string>{"Wait please...", "Question", "Wait please...", "Question"}));
+    EXPECT_EQ(progress.Run(&root, [](MProgressWindow&) {}), MModalValue::Ok);
+    EXPECT_TRUE(Find(progress, "Cancel")->IsEnabled());
 }
 
 class TestWizard final : public MWizardWindow {

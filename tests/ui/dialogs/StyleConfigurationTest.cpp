@@ -77,6 +77,15 @@ TEST_F(StyleConfigurationTest, WhatIsSetIsSeenAtOnceAndKept) {
     EXPECT_TRUE(style->GetColors().IsInverted());
     EXPECT_EQ(GetSaved().invertColors, true);
 
+    MButton named(&window);
+    named.SetIconAndText(MStdIcon::Add, "letters");
+    MPoint small;
+    named.GetMinimalContentSize(small.x, small.y);
+    Press("EnableUpperCase");
+    MPoint capital;
+    named.GetMinimalContentSize(capital.x, capital.y);
+    EXPECT_GT(capital.x, small.x);
+
     auto& width = Find<MSwitcher>("ResizeX");
     width.GetValue().SetFromDisplayText("150 %");
     width.ExecuteOnChange();

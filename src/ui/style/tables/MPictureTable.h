@@ -14,7 +14,8 @@ class MXMLItem;
 
 /// The icons, the signs of message boxes and the pointers of a style, made when they are asked for.
 ///
-/// Icons and signs are coverage masks, the items "icon10_left" and "bitmapyes", given in the colour of icons.
+/// Icons and signs are coverage masks, the items "icon10_left" and "bitmapyes", given in the colour of icons, so that
+/// the inverted look needs no set of its own.
 /// Of each there may be several sizes: the definition says by "IconSize10" and the like which sets of icons
 /// there are, "IconSizeBase" being that of 100 percent. Larger signs have their size in their name, as
 /// "bitmap96_yes", and pointers, which are pictures with alpha, their scale: "cursorarrow", "cursor200_arrow".

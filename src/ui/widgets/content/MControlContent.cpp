@@ -17,6 +17,7 @@ void MControlContent::OnContentChanged() {
         needed.y = ComputePlasticSize(1, clientRect.GetWidth());
     else
         GetMinimalContentSize(needed.x, needed.y);
+    if (Is(MControlFlag::IgnoreWidthInLayout)) needed.x = 0;
     if (needed.x > clientRect.GetWidth() || needed.y > clientRect.GetHeight())
         UpdateLayout();
     else
@@ -38,23 +39,24 @@ MRect MControlContent::GetContentRectangle() {
 }
 
 MContent* MControlContent::GetContent() {
-    if (content) return content.get();
-    const bool canHaveStrip = GetControlType() == MControlType::Panel;
-    if ((canHaveStrip && GetCaptionType() != MCaptionType::None) || GetCaption().IsEmpty()) return nullptr;
+    if (content && !textBesideIcon) return content.get();
+    const bool hasStrip = GetControlType() == MControlType::Panel && GetCaptionType() != MCaptionType::None;
+    if (!content && (hasStrip || GetCaption().IsEmpty())) return nullptr;
     MStyle* const style = GetStyle();
-    captionText.text = style ? style->TransformCaption(*this, GetCaption()) : GetCaption();
-    return &captionText;
+    MContentText& text = textBesideIcon ? *textBesideIcon : captionText;
+    text.text = style ? style->TransformCaption(*this, GetCaption()) : GetCaption();
+    return content ? content.get() : &captionText;
 }
 
 void MControlContent::SetContent(std::unique_ptr<MContent> newContent) {
     content = std::move(newContent);
+    textBesideIcon = nullptr;
     OnContentChanged();
 }
 
 void MControlContent::SetText(const MString& text) {
-    content.reset();
     SetCaption(text, MCaptionType::None);
-    OnContentChanged();
+    SetContent(nullptr);
 }
 
 void MControlContent::SetIcon(MStdIcon icon) {
@@ -63,8 +65,10 @@ void MControlContent::SetIcon(MStdIcon icon) {
 
 void MControlContent::SetIconAndText(MStdIcon icon, const MString& text) {
     SetCaption(text, MCaptionType::None);
-    SetContent(std::make_unique<MContentPair>(std::make_unique<MContentIcon>(icon),
-                                              std::make_unique<MContentText>(text)));
+    auto shown = std::make_unique<MContentText>(text);
+    textBesideIcon = shown.get();
+    content = std::make_unique<MContentPair>(std::make_unique<MContentIcon>(icon), std::move(shown));
+    OnContentChanged();
 }
 
 void MControlContent::SetContentAlignment(MAlignment alignment) {
