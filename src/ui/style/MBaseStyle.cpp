@@ -58,7 +58,7 @@ MString MBaseStyle::GetStyleDirectory() {
 
 MList<MString> MBaseStyle::ListStyles() {
     MList<MString> names;
-    if (builtIn) names.Add(GetName());
+    if (builtIn) names.Add(MStyle::GetName());
     const MString folder = GetStyleDirectory();
     if (folder.IsEmpty() || !MFile::IsDirectory(folder)) return names;
     MGuard("List styles", [&] {

@@ -37,7 +37,8 @@ class MBaseStyle : public MStyle {
 public:
     using FontSource = MFontTable::Source;
 
-    /// `builtIn` is the library that travels inside of the program and outlives the style; null for none.
+    /// `builtIn` is the library that travels inside of the program and outlives the style; null for none. `name` is
+    /// that of the look in it.
     MBaseStyle(MWindows* owner, const MString& name, MResourceLibrary* builtIn, FontSource fontSource);
     ~MBaseStyle() override;
 

@@ -123,6 +123,10 @@ TEST_F(StyleConfigurationTest, WhatIsSetIsSeenAtOnceAndKept) {
     EXPECT_EQ(scheme.GetValue().GetDiscreteCount(), 1);
     EXPECT_EQ(style->GetColors().GetMainColors(), style->GetColors().GetDefaultColors());
 
+    MString names;
+    for (const MString& name : style->ListStyles()) names += name + " ";
+    EXPECT_EQ(Text(names), "Default Plain ");
+
     // Another page shows what this one has set.
     MWindow other("Other", "Settings");
     MTexturedStyleConfiguration again(*style, &other);

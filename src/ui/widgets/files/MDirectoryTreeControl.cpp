@@ -26,7 +26,7 @@ bool IsBelow(const MString& path, const MString& folder) {
 MDirectoryTreeControl::MDirectoryTreeControl(MControl* parent, const MString& name)
     : MTreeControlT<MDirectoryTreeItem>(parent, name),
       reader([this](const MFolderContents& contents) { Show(contents); }) {
-    infoText = "Directory tree";
+    infoText = MTranslate("Directory tree");
     SetRootPath(MString());
 }
 

@@ -7,7 +7,7 @@
 MFileListBox::MFileListBox(MControl* parent, const MString& name)
     : MListBoxT<MFileListItem>(parent, name),
       reader([this](const MFolderContents& contents) { Show(contents); }) {
-    infoText = "Available files";
+    infoText = MTranslate("Available files");
 }
 
 void MFileListBox::SetDirectory(const MString& newDirectory) {
