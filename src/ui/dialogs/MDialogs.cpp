@@ -5,8 +5,9 @@
 #include "ui/dialogs/MViewerWindow.h"
 
 bool MDialogs::AskYesNo(MControl& owner, const MString& question) {
-    return MMessageDialogWindow::MessageBox(question, MMessageButtons::YesNo, MStdBitmap::Question, &owner) ==
-           MModalValue::Yes;
+    // What is asked is whether the user is sure, of something that cannot be taken back.
+    return MMessageDialogWindow::MessageBox(question, MMessageButtons::YesNo, MStdBitmap::Question, &owner,
+                                            MModalValue::No) == MModalValue::Yes;
 }
 
 void MDialogs::ShowInformation(MControl& owner, const MString& text) {

@@ -2,7 +2,7 @@
 
 #include "ui/control/windows/MWindows.h"
 
-/// What controls ask and show, by the dialogs of this room.
+/// What controls ask and show, by the dialogs of this room. Enter answers a question with no.
 class MDialogs final : public MWindowDialogs {
 public:
     [[nodiscard]] bool AskYesNo(MControl& owner, const MString& question) override;

@@ -61,6 +61,8 @@ TEST_F(DialogsTest, AsksByAMessage) {
         EXPECT_EQ(MMessageDialogWindow::MessageBox("Text", buttons, bitmap, &root, safe), answer);
         EXPECT_EQ(system.GetActiveRoot(), &root);
     }
+    system.Post([&] { user.PressKey(MKeyEnter); });
+    EXPECT_FALSE(MDialogs().AskYesNo(root, "Are you sure?"));
 }
 
 TEST_F(DialogsTest, GivesEveryTextItsRoom) {

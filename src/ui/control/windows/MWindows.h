@@ -22,6 +22,7 @@ class MStyle;
 class MWindowDialogs {
 public:
     virtual ~MWindowDialogs() = default;
+    /// Questions and what is told have mark-up.
     [[nodiscard]] virtual bool AskYesNo(MControl& owner, const MString& question) = 0;
     virtual void ShowInformation(MControl& owner, const MString& text) = 0;
     /// The text as the user has changed it, of the characters that the filter accepts; none if the user
