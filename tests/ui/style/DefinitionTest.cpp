@@ -4,8 +4,6 @@
 #include "tests/support/MTestModule.h"
 #include "tests/ui/style/StyleFixture.h"
 
-#include <functional>
-
 namespace {
 
 /// Mark-up with " for each '.
@@ -78,60 +76,38 @@ TEST_F(DefinitionTest, StatesWithoutPicturesShowTheLikestOne) {
 }
 
 TEST_F(DefinitionTest, PartsAreWhereTheyBelong) {
-    const std::string red = "<normal color='C80000FF' width='8' height='8'/>";
-    const auto part = [&](const std::string& name) { return "<" + name + ">" + red + "</" + name + ">"; };
-    const auto paintValue = [&](PosedControl& control, MDrawer& drawer) {
-        style.PaintValue(control, drawer, control.windowRect, {0.5, 0, {}, MDrawEnabled});
-    };
-    const auto paintMark = [&](PosedControl& control, MDrawer& drawer) {
-        style.PaintCheckMark(control, drawer, control.windowRect, MCheckMarkShape::RadioButton, 2,
-                             MDrawEnabled);
-    };
-    const auto paintRow = [&](PosedControl& control, MDrawer& drawer) {
-        style.PaintListItem(control, drawer, control.windowRect, MDrawEnabled | MDrawFocused);
-    };
+    const std::string red = "<normal color='C80000FF' width='8' height='8'/></";
     struct Row {
         MControlType type;
-        std::string classes;
+        std::string classes;  ///< with "RED" and the end of an element in the place of a red part
         MPoint place;
-        std::function<void(PosedControl&, MDrawer&)> paint;
     };
+    using enum MControlType;
     const Row rows[] = {
-        {MControlType::Knob,
-         "<knob selectorratio='100'>" + part("selector") + "</knob>",
-         {29, 6},
-         paintValue},
-        {MControlType::Knob,
-         "<knob enablepointer='0' enablevaluebutton='1' valuebuttonoffsety='10'>" + part("valuebutton") +
-             "</knob>",
-         {29, 43},
-         paintValue},
-        {MControlType::Tracker,
-         "<tracker><selector><normal color='00C800FF' width='8'/></selector>"
-         "<selectoroverlay><normal color='C80000FF'/>"
-         "</selectoroverlay></tracker>",
-         {29, 29},
-         paintValue},
-        {MControlType::Tracker,
-         "<tracker enablepointer='1' resizepointery='1'>" + part("pointer") + "</tracker>",
-         {29, 1},
-         paintValue},
-        {MControlType::Tracker,
-         "<tracker bordersize='2' valuebordersize='40'>" + part("on") + "</tracker>",
-         {10, 12},
-         paintValue},
-        {MControlType::ProgressBar,
-         "<progressbar>" + part("locatordark") + "</progressbar>",
-         {20, 20},
-         paintValue},
-        {MControlType::CheckBox, "<radiobutton>" + part("off") + "</radiobutton>", {20, 20}, paintMark},
-        {MControlType::ListBox, "<listcontrol>" + part("selector") + "</listcontrol>", {20, 20}, paintRow}};
-    for (const Row& row : rows) {
-        Define(row.classes);
-        PosedControl control(row.type, {60, 60}, MDrawEnabled);
+        {Knob, "<knob selectorratio='100'><selector>RED selector></knob>", {29, 6}},
+        {Knob,
+         "<knob enablepointer='0' enablevaluebutton='1' valuebuttonoffsety='10'><valuebutton>RED valuebutton></knob>",
+         {29, 43}},
+        {Tracker,
+         "<tracker><selector><normal color='00C800FF' width='8'/></selector><selectoroverlay>RED selectoroverlay></tracker>",
+         {29, 29}},
+        {Tracker, "<tracker enablepointer='1' resizepointery='1'><pointer>RED pointer></tracker>", {29, 1}},
+        {Tracker, "<tracker bordersize='2' valuebordersize='40'><on>RED on></tracker>", {10, 12}},
+        {ProgressBar, "<progressbar><locatordark>RED locatordark></progressbar>", {20, 20}},
+        {CheckBox, "<radiobutton><off>RED off></radiobutton>", {20, 20}},
+        {ListBox, "<listcontrol><selector>RED selector></listcontrol>", {20, 20}}};
+    for (const auto& [type, classes, place] : rows) {
+        std::string text = classes;
+        Define(text.replace(text.find("RED "), 4, red));
+        PosedControl control(type, {60, 60}, MDrawEnabled | MDrawFocused);
+        const MRect& rect = control.windowRect;
         Canvas canvas({60, 60}, MColor::FromRGB(0, 0, 0));
-        Paint(canvas, control, {}, [&](MDrawer& drawer) { row.paint(control, drawer); });
-        EXPECT_NEAR(canvas.At(row.place.x, row.place.y).red, 199, 2) << row.classes;
+        Paint(canvas, control, {}, [&](MDrawer& drawer) {
+            style.PaintValue(control, drawer, rect, {0.5, 0, {}, MDrawEnabled});
+            style.PaintCheckMark(control, drawer, rect, MCheckMarkShape::RadioButton, 2, MDrawEnabled);
+            style.PaintListItem(control, drawer, rect, control.state);
+        });
+        EXPECT_NEAR(canvas.At(place.x, place.y).red, 199, 2) << classes;
     }
 }
 
