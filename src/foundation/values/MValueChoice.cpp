@@ -1,5 +1,7 @@
 #include "foundation/values/MValueChoice.h"
 
+#include "foundation/xml/MXMLItem.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -24,6 +26,15 @@ bool MValueChoice::SetFromDisplayText(const MString& text) {
     int32_t index = 0;
     while (index < GetNameCount() && GetName(index) != name) ++index;
     return MoveTo(index < GetNameCount() ? index : 0);
+}
+
+void MValueChoice::LoadDefinition(MXMLItem& item) {
+    MValue::LoadDefinition(item);
+    if (item.HasAttribute("default")) {
+        FromStorageText(item.GetCachedAttribute());
+        SetDefaultIndex(GetDiscreteIndex());
+    }
+    if (item.HasAttribute("value")) FromStorageText(item.GetCachedAttribute());
 }
 
 void MValueChoice::Validate() {

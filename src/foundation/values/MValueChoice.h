@@ -14,6 +14,8 @@ public:
     /// one too, chooses the first name.
     bool SetFromDisplayText(const MString& text) override;
     void Validate() override;
+    /// As well "default" and "value", names.
+    void LoadDefinition(MXMLItem& item) override;
     bool Step(int32_t count, bool isFine) override;
     bool StepBy(int32_t count) override;
     [[nodiscard]] double GetNormalized() const override;

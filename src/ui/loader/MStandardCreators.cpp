@@ -44,6 +44,7 @@
 #include "ui/widgets/values/MTracker.h"
 #include "ui/widgets/values/MValueButton.h"
 
+#include <type_traits>
 #include <utility>
 
 namespace {
@@ -57,8 +58,14 @@ public:
     MControl* Create(MControl& owner, MXMLItem& item, Loader& loader) const override {
         auto* const control = new T(&owner, item.GetAttribute("id", MString()));
         MXMLItem* const definition = item.FindSubItem("value");
-        if (std::unique_ptr<MValue> value = definition ? loader.LoadValue(*definition) : nullptr)
-            control->SetValue(std::move(value));
+        const auto load = [&] { return definition ? loader.LoadValue(*definition) : nullptr; };
+        if (std::unique_ptr<MValue> value = load()) control->SetValue(std::move(value));
+        if constexpr (std::is_same_v<T, MTracker>) {
+            if (item.HasAttribute("maxvalue")) {
+                std::unique_ptr<MValue> end = load();
+                control->SetMaxValue(end ? std::move(end) : std::make_unique<MValueDouble>());
+            }
+        }
         control->LoadFromXml(item);
         return control;
     }

@@ -4,7 +4,9 @@
 #include "ui/loader/MStandardCreators.h"
 #include "ui/widgets/splitters/MSplitter.h"
 #include "ui/widgets/tabs/MTabSet.h"
+#include "ui/widgets/trees/MTreeControl.h"
 #include "ui/widgets/values/MKnob.h"
+#include "ui/widgets/values/MTracker.h"
 
 #include <array>
 
@@ -135,6 +137,8 @@ TEST_F(ControlDocumentTest, HasAValueForEachType) {
         {"type=\"threadpriority\"", ""},
         {"type=\"controltype\"", ""},
         {"type=\"captiontype\"", "none"},
+        {"type=\"captiontype\" value=\"large\"", "large"},
+        {"type=\"captiontype\" default=\"normal\"", "normal"},
         {"type=\"modalvalue\"", ""},
         {"type=\"checkboxstate\"", "off"},
     };
@@ -154,6 +158,8 @@ TEST_F(ControlDocumentTest, HasAValueForEachType) {
     const int32_t count = root.GetChildren().GetCount();
     EXPECT_EQ(dynamic_cast<MKnob&>(GetChild(count - 2)).GetValue().GetNormalized(), 0.5);
     EXPECT_EQ(Text(dynamic_cast<MKnob&>(GetChild(count - 1)).GetValue().GetText()), "12.5%");
+    Load("<tracker maxvalue=\"0.5\" value=\"0.25\"><value type=\"percents\"/></tracker>");
+    EXPECT_EQ(Text(dynamic_cast<MTracker&>(GetChild(count)).GetValueText()), "25.0% - 50.0%");
 }
 
 TEST_F(ControlDocumentTest, BuildsTheTreeAndPassesOverWhatItDoesNotKnow) {
@@ -173,6 +179,20 @@ TEST_F(ControlDocumentTest, BuildsTheTreeAndPassesOverWhatItDoesNotKnow) {
     // Without "id" a control has the next number.
     Load("<panel/><panel/>");
     EXPECT_EQ(std::stoi(Text(GetChild(5).GetName())) + 1, std::stoi(Text(GetChild(6).GetName())));
+}
+
+TEST_F(ControlDocumentTest, ATreeHasTheRootThatItIsGiven) {
+    constexpr const char* Items =
+        "<item text=\"a\" open=\"1\"><item text=\"b\"/></item><item text=\"c\"/></treecontrol>";
+    const std::pair<const char*, const char*> cases[] = {
+        {"", "abc"}, {" showroot=\"0\"", "abc"}, {" showroot=\"1\"", "ab"}};
+    for (int32_t index = 0; const auto& [attribute, rows] : cases) {
+        Load(std::string("<treecontrol") + attribute + ">" + Items);
+        auto& tree = dynamic_cast<MTreeControl&>(GetChild(index++));
+        std::string shown;
+        for (int32_t row = 0; row < tree.GetRowCount(); ++row) shown += Text(tree.GetItem(row)->text);
+        EXPECT_EQ(shown, rows) << attribute;
+    }
 }
 
 TEST_F(ControlDocumentTest, LayoutsPlaceTheirControlsInTheOrderOfTheDocument) {

@@ -49,13 +49,15 @@ public:
     [[nodiscard]] T& GetRootBase() override { return rootItem; }
 
     /// The items "item", which may stand in "items", with those below them. With "showroot" the first one of the
-    /// outermost is the root.
+    /// outermost is the root; without, they all are rows at the left.
     void LoadFromXml(MXMLItem& item) override {
         MTreeControlBase::LoadFromXml(item);
         MXMLItem* const group = item.FindSubItem("items");
         MXMLItem& source = group ? *group : item;
         MXMLItem* const first = source.FindSubItem("item");
-        const bool isRootGiven = first && item.GetInt32Attribute("showroot", 0) != 0;
+        if (!first) return;
+        const bool isRootGiven = item.GetInt32Attribute("showroot", 0) != 0;
+        SetRootShown(isRootGiven);
         if (isRootGiven) rootItem.LoadFromXml(*first);
         LoadItems(rootItem, isRootGiven ? *first : source);
     }

@@ -15,6 +15,12 @@ void MTracker::SetMaxValue(MValue* newValue) {
     maxValue = newValue;
     isMaximumActive = false;
     OnValueChanged();
+    if (ownMaxValue.get() != newValue) ownMaxValue.reset();
+}
+
+void MTracker::SetMaxValue(std::unique_ptr<MValue> newValue) {
+    SetMaxValue(newValue.get());
+    ownMaxValue = std::move(newValue);
 }
 
 MValue& MTracker::GetActiveValue() const {

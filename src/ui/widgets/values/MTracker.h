@@ -6,13 +6,14 @@
 /// second one never comes before the first; the mouse moves the nearer one, the keyboard the first, or with
 /// Shift the second.
 ///
-/// Attributes: "maxvalue", a text of the second value. The window's state has "MaxValue".
+/// Attributes: "maxvalue", a text of the second value, which a document gives the tracker by it. The window's state has "MaxValue".
 class MTracker : public MControlValueVerticalDragging {
 public:
     explicit MTracker(MControl* parent = nullptr, const MString& name = MString());
 
-    /// With the same range as the first one, which it outlives as that; null for one end only.
+    /// With the same range as the first one. It outlives the tracker, or is taken over; null for one end only.
     void SetMaxValue(MValue* newValue);
+    void SetMaxValue(std::unique_ptr<MValue> newValue);
     [[nodiscard]] MValue* GetMaxValue() const { return maxValue; }
 
     void OnValueChanged() override;
@@ -34,6 +35,7 @@ private:
     [[nodiscard]] double GetPosition(MPoint point);
     [[nodiscard]] bool IsNearerToMaximum(MPoint point);
 
+    std::unique_ptr<MValue> ownMaxValue;
     MValue* maxValue = nullptr;
     bool isMaximumActive = false;
     double grabOffset = 0;  ///< from the locator's middle to where the mouse holds it
