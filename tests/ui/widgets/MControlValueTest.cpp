@@ -215,9 +215,11 @@ TEST_F(MControlValueTest, GoesThroughNames) {
     for (const int32_t key : {MKeyEnd, MKeyEnter}) user.PressKey(key);
     EXPECT_EQ(Text(list.GetText()) + " " + Take(), "three w:change w:commit");
     EXPECT_TRUE(switcher.HasFocus());
-    user.PressKey(MKeySpace);
-    for (const int32_t key : {MKeyHome, MKeyEnter}) user.PressKey(key);
-    EXPECT_EQ(Text(list.GetText()), "one");
+    for (const char* name : {"two", "one"}) {
+        user.PressKey(MKeySpace);
+        for (const int32_t key : {MKeyUp, MKeyEnter}) user.PressKey(key);
+        EXPECT_EQ(Text(list.GetText()), name) << "it begins on the present one";
+    }
     EXPECT_EQ(asked, "") << "as text where there is no menu";
 }
 

@@ -33,10 +33,20 @@ void MComboEdit::AdjustRectangles(MRect&, MRect& newClientRect) {
     button.size = {area.right - newClientRect.right, MClampLength(area.GetHeight())};
 }
 
+int32_t MComboEdit::FindPresentItem() const {
+    const MString text = GetText();
+    int32_t index = menu.GetItemCount() - 1;
+    while (index >= 0 && !menu.GetItem(index).text.IsExactly(text)) --index;
+    return index;
+}
+
 void MComboEdit::ShowMenu() {
     const MPoint corner = GetScreenPoint({});
+    const int32_t present = FindPresentItem();
+    const MControlRef self(this);
     menu.minimalWidth = size.x;
     menu.Open(*this, MRect::FromSize(corner.x, corner.y, size.x, size.y));
+    if (self && present >= 0) menu.FocusItem(present);
 }
 
 bool MComboEdit::PreviewEvent(MControl* target, const MSystemEvent& event) {
@@ -46,7 +56,7 @@ bool MComboEdit::PreviewEvent(MControl* target, const MSystemEvent& event) {
         return MEdit::PreviewEvent(target, event);
     const MControlRef self(this);
     ShowMenu();
-    if (self && menu.IsOpen()) menu.FocusFirstItem();
+    if (self && menu.IsOpen() && FindPresentItem() < 0) menu.FocusFirstItem();
     return true;
 }
 

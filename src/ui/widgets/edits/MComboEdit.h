@@ -4,7 +4,8 @@
 #include "ui/widgets/edits/MEdit.h"
 #include "ui/widgets/menus/MMenu.h"
 
-/// An edit with a menu of texts, which fill it. One that is read-only gets its text from the menu alone.
+/// An edit with a menu of texts, which fill it. One that is read-only gets its text from the menu alone; Space shows
+/// the menu there and on the button, where it is not typed.
 class MComboEdit : public MEdit {
 public:
     class MenuItem final : public MMenuItemBaseWithFeatures {
@@ -17,7 +18,7 @@ public:
     MenuItem& AddItem(const MString& text) { return menu.AddItem(text); }
     void ClearItems() { menu.Clear(); }
     [[nodiscard]] MMenuT<MenuItem>& GetMenu() { return menu; }
-    /// Nothing happens without items.
+    /// The item that the text is, if any, is where the keyboard works. Nothing happens without items.
     void ShowMenu();
 
     /// As `MEdit`, and the items "item", which may stand in "items", each with its "text".
@@ -27,6 +28,8 @@ public:
     void WriteHelpInfo(MXMLItem& item) override;
 
 private:
+    /// That of the text, or -1.
+    [[nodiscard]] int32_t FindPresentItem() const;
     void OnButton(const MOnClickParams& params);
     void OnItem(const MOnItemParams<MenuItem>& params);
 

@@ -94,6 +94,10 @@ bool MMenuBase::ProcessEvent(const MSystemEvent& event) {
     return true;
 }
 
+void MMenuBase::FocusItem(int32_t index) {
+    if (isOpen) rows->Focus(index);
+}
+
 void MMenuBase::FocusFirstItem() {
     rows->FocusFirst();
 }

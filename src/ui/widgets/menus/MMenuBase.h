@@ -42,7 +42,8 @@ public:
     /// Closes the menu that this one was opened from, and all others.
     void CloseAll() { GetTopMenu().Close(); }
     [[nodiscard]] bool IsOpen() const { return isOpen; }
-    /// The first selectable item is where the keyboard works.
+    /// An item of the open menu, or the first selectable one, is where the keyboard works, and is seen.
+    void FocusItem(int32_t index);
     void FocusFirstItem();
 
     [[nodiscard]] virtual int32_t GetItemCount() const = 0;

@@ -34,6 +34,11 @@ void MMenuRows::Restart() {
         firstPoint = windows->GetSystem().GetCursorPosition();
 }
 
+void MMenuRows::Focus(int32_t row) {
+    GoTo(row, MModifierNone);
+    ScrollToRow(row);
+}
+
 int32_t MMenuRows::GetRowCount() {
     return menu.GetItemCount();
 }
@@ -176,8 +181,7 @@ bool MMenuRows::ProcessKey(int32_t key, MKeyModifiers modifiers) {
         int32_t row = FindSelectable(from, step);
         if (row < 0) row = FindSelectable(step < 0 ? count : -1, step);
         if (row < 0) return true;
-        GoTo(row, modifiers);
-        ScrollToRow(row);
+        Focus(row);
         return true;
     }
     case MKeyLeft: menu.OnKeyLeft(); return true;

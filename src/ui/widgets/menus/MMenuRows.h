@@ -13,7 +13,8 @@ public:
 
     /// Forgets what was done when it was open before.
     void Restart();
-    void FocusFirst() { GoTo(FindSelectable(-1, 1), MModifierNone); }
+    void Focus(int32_t row);
+    void FocusFirst() { Focus(FindSelectable(-1, 1)); }
 
     [[nodiscard]] int32_t GetRowCount() override;
     [[nodiscard]] MMenuItemBaseWithFeatures& GetRow(int32_t row) override;

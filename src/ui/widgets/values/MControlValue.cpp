@@ -144,12 +144,15 @@ bool MControlValue::ShowMenu() {
     }
     menu->Clear();
     const int32_t count = active.GetDiscreteCount();
+    const int32_t present = active.GetDiscreteIndex();
     for (int32_t i = 0; i < count; ++i) {
         MMenuItem& item = menu->AddItem(active.GetTextAt(static_cast<double>(i) / (count - 1)), i);
-        if (i == active.GetDiscreteIndex()) item.check = 1;
+        if (i == present) item.check = 1;
     }
     menu->minimalWidth = size.x;
+    const MControlRef self(this);
     menu->Open(*this, windowRect.Shifted(GetScreenPoint({})));
+    if (self) menu->FocusItem(present);
     return true;
 }
 
