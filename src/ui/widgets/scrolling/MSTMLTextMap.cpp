@@ -36,6 +36,7 @@ void MSTMLTextMap::Finish() {
             if (link.end > least) links.push_back(link);
         }
     }
+    std::ranges::sort(links, {}, &MTextRange::start);
 }
 
 MString MSTMLTextMap::GetText(MTextRange range) const {

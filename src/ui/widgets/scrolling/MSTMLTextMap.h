@@ -16,6 +16,7 @@ public:
     [[nodiscard]] MString GetText(MTextRange range) const;
     /// Where a text is, without regard to case.
     [[nodiscard]] std::vector<MTextRange> Find(const MString& wanted) const;
+    /// In the order of the text.
     [[nodiscard]] const std::vector<MTextRange>& GetLinks() const { return links; }
     /// Null for none.
     [[nodiscard]] const MTextRange* FindLinkAt(MPoint point) const;

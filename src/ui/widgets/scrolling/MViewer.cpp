@@ -25,6 +25,8 @@ void MViewer::SetText(const MString& markup) {
     document.Parse(markup);
     ForgetMap();
     found.clear();
+    focusedLink = -1;
+    hasLinks = false;
     ScrollTo({});
     TouchSizes();
     if (GetRoot().Is(MControlFlag::LayoutValid)) UpdateLayout();
@@ -64,6 +66,7 @@ void MViewer::AdjustRectangles(MRect& newWindowRect, MRect& newClientRect) {
         newClientRect.top += findBar.size.y;
     }
     MScroller::AdjustRectangles(newWindowRect, newClientRect);
+    if (hasLinks) Set(MControlFlag::TabStop);
 }
 
 // ---- The text.
@@ -84,13 +87,15 @@ void MViewer::Page::PaintContent(MDrawer& drawer) {
             rect.top = rect.bottom - std::max(1, drawer.ScaleY(1)) + 1;
             drawer.FillRectangle(rect, linkColor, MDrawMode::Overlay);
         }
-    for (size_t i = 0; i < viewer.found.size(); ++i)
-        for (const MRect& rect : texts.GetRectangles(viewer.found[i]))
+    const auto mark = [&](const MTextRange& range, bool isCurrent) {
+        for (const MRect& rect : texts.GetRectangles(range))
             if (!rect.Intersected(clip).IsEmpty())
-                GetStyle()->PaintHighlight(
-                    *this, drawer, rect,
-                    MDrawEnabled |
-                        (static_cast<int32_t>(i) == viewer.current ? MDrawFocused : MDrawDisabled));
+                GetStyle()->PaintHighlight(*this, drawer, rect,
+                                           MDrawEnabled | (isCurrent ? MDrawFocused : MDrawDisabled));
+    };
+    for (size_t i = 0; i < viewer.found.size(); ++i)
+        mark(viewer.found[i], static_cast<int32_t>(i) == viewer.current);
+    if (viewer.focusedLink >= 0) mark(texts.GetLinks()[static_cast<size_t>(viewer.focusedLink)], true);
 }
 
 bool MViewer::Page::ProcessEvent(const MSystemEvent& event) {
@@ -101,7 +106,7 @@ bool MViewer::Page::ProcessEvent(const MSystemEvent& event) {
     const MTextRange* const link =
         event.type == MEventType::LeftUp ? viewer.GetMap().FindLinkAt(GetOwnPoint(event.point)) : nullptr;
     if (!link) return MControl::ProcessEvent(event);
-    viewer.OpenLink(viewer.GetMap().GetText(*link));
+    viewer.OpenLink(*link);
     return true;
 }
 
@@ -116,6 +121,9 @@ const MSTMLTextMap& MViewer::GetMap() {
         MDrawerUsingStyle<MDrawer> drawer(*style, GetContainer());
         document.Observe(drawer, GetTextRectangle(), *map);
         map->Finish();
+        // Only now is it known whether the keyboard has anything to go to where nothing scrolls.
+        hasLinks = !map->GetLinks().empty();
+        if (hasLinks) Set(MControlFlag::TabStop);
     }
     return *map;
 }
@@ -124,13 +132,46 @@ void MViewer::ForgetMap() {
     map.reset();
 }
 
-void MViewer::OpenLink(const MString& address) {
+void MViewer::OpenLink(const MTextRange& link) {
+    const MString address = GetMap().GetText(link);
     if (linkEvent.HasHandlers()) {
         linkEvent.Fire({this, address});
         return;
     }
     const MString full = address.StartsWith("www.") ? MString("http://") + address : address;
     MGuard("MViewer::OpenLink", [&] { MFile::ExecuteWWW(full); });
+}
+
+void MViewer::FocusLink(int32_t index) {
+    if (std::exchange(focusedLink, index) == index) return;
+    GetContainer().Invalidate();
+    if (index < 0) return;
+    const std::vector<MRect> rects = GetMap().GetRectangles(GetMap().GetLinks()[static_cast<size_t>(index)]);
+    if (!rects.empty()) GetContainer().Reveal(rects.front());
+}
+
+bool MViewer::ProcessLinkKey(const MSystemEvent& event) {
+    const std::vector<MTextRange>& links = GetMap().GetLinks();
+    switch (event.key) {
+    case MKeyTab: {
+        const int32_t next = focusedLink + (event.Has(MModifierShift) ? -1 : 1);
+        const bool isThere = next >= 0 && next < static_cast<int32_t>(links.size());
+        FocusLink(isThere ? next : -1);
+        return isThere;
+    }
+    case MKeyEnter:
+    case MKeySpace:
+        if (focusedLink < 0) return false;
+        OpenLink(links[static_cast<size_t>(focusedLink)]);
+        return true;
+    default: return false;
+    }
+}
+
+bool MViewer::ProcessEvent(const MSystemEvent& event) {
+    if (event.type == MEventType::LostFocus) FocusLink(-1);
+    if (event.type == MEventType::KeyDown && ProcessLinkKey(event)) return true;
+    return MScroller::ProcessEvent(event);
 }
 
 // ---- The search.
@@ -225,6 +266,7 @@ void MViewer::WriteHelpInfo(MXMLItem& item) {
         "<control>Ctrl+F</control> searches the text: <control>Enter</control> and <control>down arrow</control> "
         "go to the next place, <control>Shift+Enter</control> and <control>up arrow</control> to the previous "
         "one, <control>Esc</control> ends the search.",
-        "<control>Left mouse button</control> on a web address opens it."};
+        "<control>Left mouse button</control> on a web address opens it.",
+        "<control>Tab</control> goes to the next web address, which <control>Enter</control> opens."};
     MWriteUsage(item, "", Entries);
 }

@@ -5,7 +5,8 @@
 #include "ui/widgets/scrolling/MSTMLTextMap.h"
 #include "ui/widgets/scrolling/MScroller.h"
 
-/// Rich text in a view that scrolls. Ctrl+F opens an entry that searches it; web addresses can be clicked.
+/// Rich text in a view that scrolls. Ctrl+F opens an entry that searches it; web addresses can be clicked, and Tab goes
+/// from one to the next before it leaves the control.
 class MViewer : public MScroller {
 public:
     explicit MViewer(MControl* parent = nullptr, const MString& name = MString());
@@ -14,7 +15,7 @@ public:
     void SetText(const MString& markup);
     /// For images and default flags; after changes of those call `SetText`.
     [[nodiscard]] MSTML& GetDocument() { return document; }
-    /// An address was clicked. Without handlers it is shown by the user's browser.
+    /// An address was chosen. Without handlers it is shown by the user's browser.
     [[nodiscard]] MEvent<MOnStringParams>& OnLink() { return linkEvent; }
 
     /// Marks where a text is, without regard to case, and brings the first place into view that is not above what
@@ -29,6 +30,7 @@ public:
     void OnPrepared() override;
     void AdjustRectangles(MRect& newWindowRect, MRect& newClientRect) override;
     bool PreviewEvent(MControl* target, const MSystemEvent& event) override;
+    bool ProcessEvent(const MSystemEvent& event) override;
     void WriteHelpInfo(MXMLItem& item) override;
 
 protected:
@@ -56,7 +58,10 @@ private:
     [[nodiscard]] const MSTMLTextMap& GetMap();
     void ForgetMap();
     void Mark();
-    void OpenLink(const MString& address);
+    void OpenLink(const MTextRange& link);
+    /// The keyboard is on a web address, or on none for -1.
+    void FocusLink(int32_t index);
+    bool ProcessLinkKey(const MSystemEvent& event);
     void OnFindKey(const MOnKeyboardShortcutParams& params);
     void OnWantedChanged(const MOnStringParams& params);
 
@@ -66,6 +71,8 @@ private:
     MFindBar findBar{*this, "find"};
     MString wanted;
     std::vector<MTextRange> found;
-    int32_t current = -1;  ///< of what was found
+    int32_t current = -1;      ///< of what was found
+    int32_t focusedLink = -1;  ///< of the web addresses
+    bool hasLinks = false;
     bool isListening = false;
 };

@@ -187,6 +187,16 @@ TEST_F(MViewerTest, OpensAddresses) {
     std::istringstream words(Take());
     for (std::string word; words >> word;) opened.insert(word);
     EXPECT_THAT(opened, testing::ElementsAre("https://example.com/b", "www.example.com/a"));
+    // By the keyboard one after the other, and on to the next control.
+    auto& next = Add<MControl>({0, 0, 9, 9});
+    root.RebuildTabOrder();
+    viewer.SetFocus();
+    std::string visited;
+    for (int32_t i = 0; i < 9 && !next.HasFocus(); ++i) {
+        for (const int32_t key : {MKeyTab, MKeyEnter}) user.PressKey(key);
+        visited += Take() + ";";
+    }
+    EXPECT_EQ(visited, "www.example.com/a;https://example.com/b;;");
 }
 
 TEST_F(MScrollerTest, ZoomsByKeysButtonsAndTheEndsOfTheThumb) {
