@@ -174,7 +174,9 @@ public:
     [[nodiscard]] bool IsEnabled() const {
         return Is(MControlFlag::Enabled) && Is(MControlFlag::ChildrenEnabled);
     }
-    /// Whether all up to the root are visible, and there is something of the control to see.
+    /// By itself and by all its parents.
+    [[nodiscard]] bool IsVisible() const;
+    /// Whether it is visible, and there is something of it to see.
     [[nodiscard]] bool IsShown() const;
     [[nodiscard]] bool HasFocus() const;
 

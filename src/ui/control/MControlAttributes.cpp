@@ -98,12 +98,15 @@ void MControl::SetCaption(const MString& text, MCaptionType type) {
     Invalidate();
 }
 
-bool MControl::IsShown() const {
-    const MPoint shownSize = GetShownSize();
-    if (shownSize.x < 1 || shownSize.y < 1) return false;
+bool MControl::IsVisible() const {
     const MControl* control = this;
     while (control && control->Is(MControlFlag::Visible)) control = control->parent;
     return !control;
+}
+
+bool MControl::IsShown() const {
+    const MPoint shownSize = GetShownSize();
+    return shownSize.x > 0 && shownSize.y > 0 && IsVisible();
 }
 
 MDrawState MControl::GetDrawState() {

@@ -1,5 +1,6 @@
 #include "foundation/xml/MXMLItem.h"
 #include "tests/ui/widgets/WidgetFixture.h"
+#include "ui/layout/MLayoutSide.h"
 #include "ui/text/MShortenText.h"
 #include "ui/text/MTextLayout.h"
 #include "ui/widgets/content/MLabel.h"
@@ -83,6 +84,18 @@ TEST_F(ContentTest, WindowsGrowWithTheirTexts) {
     EXPECT_LE(width, 100);
     EXPECT_LE(text.GetPlasticSize(1, width), narrow) << "the least width that is enough";
     EXPECT_GT(text.GetPlasticSize(1, width - 1), narrow);
+}
+
+TEST_F(ContentTest, ATextThatComesLaterGetsItsPlace) {
+    auto& text = *new MStatic(&root, "text");
+    text.layoutRatio = {0, 0};
+    (new MLayoutTop(root))->Add(text);
+    Open(root);
+    text.size = {};
+    root.UpdateLayout();
+    ASSERT_FALSE(text.IsShown());
+    text.SetText("Done");
+    EXPECT_TRUE(text.IsShown());
 }
 
 TEST_F(ContentTest, LabelsFollowTheirControls) {

@@ -11,13 +11,12 @@ MControlContent::MControlContent(MControl* parent, const MString& name) : MContr
 
 void MControlContent::OnContentChanged() {
     TouchSizes();
-    if (!GetStyle() || !GetRoot().Is(MControlFlag::LayoutValid) || !IsShown()) return;
+    if (!GetStyle() || !GetRoot().Is(MControlFlag::LayoutValid) || !IsVisible()) return;
     MPoint needed;
     if (Is(MControlFlag::Plastic))
         needed.y = ComputePlasticSize(1, clientRect.GetWidth());
     else
         GetMinimalContentSize(needed.x, needed.y);
-    if (Is(MControlFlag::IgnoreWidthInLayout)) needed.x = 0;
     if (needed.x > clientRect.GetWidth() || needed.y > clientRect.GetHeight())
         UpdateLayout();
     else
@@ -39,18 +38,17 @@ MRect MControlContent::GetContentRectangle() {
 }
 
 MContent* MControlContent::GetContent() {
-    if (content && !textBesideIcon) return content.get();
-    const bool hasStrip = GetControlType() == MControlType::Panel && GetCaptionType() != MCaptionType::None;
-    if (!content && (hasStrip || GetCaption().IsEmpty())) return nullptr;
+    const bool canHaveStrip = GetControlType() == MControlType::Panel;
+    const bool isInStrip = canHaveStrip && GetCaptionType() != MCaptionType::None;
+    if (!content && (isInStrip || GetCaption().IsEmpty())) return nullptr;
     MStyle* const style = GetStyle();
-    MContentText& text = textBesideIcon ? *textBesideIcon : captionText;
-    text.text = style ? style->TransformCaption(*this, GetCaption()) : GetCaption();
-    return content ? content.get() : &captionText;
+    shownCaption->text = style ? style->TransformCaption(*this, GetCaption()) : GetCaption();
+    return content ? content.get() : shownCaption;
 }
 
 void MControlContent::SetContent(std::unique_ptr<MContent> newContent) {
+    shownCaption = &captionText;
     content = std::move(newContent);
-    textBesideIcon = nullptr;
     OnContentChanged();
 }
 
@@ -65,10 +63,10 @@ void MControlContent::SetIcon(MStdIcon icon) {
 
 void MControlContent::SetIconAndText(MStdIcon icon, const MString& text) {
     SetCaption(text, MCaptionType::None);
-    auto shown = std::make_unique<MContentText>(text);
-    textBesideIcon = shown.get();
-    content = std::make_unique<MContentPair>(std::make_unique<MContentIcon>(icon), std::move(shown));
-    OnContentChanged();
+    auto caption = std::make_unique<MContentText>(text);
+    MContentText* const besideIcon = caption.get();
+    SetContent(std::make_unique<MContentPair>(std::make_unique<MContentIcon>(icon), std::move(caption)));
+    shownCaption = besideIcon;
 }
 
 void MControlContent::SetContentAlignment(MAlignment alignment) {

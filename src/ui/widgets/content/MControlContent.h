@@ -48,7 +48,7 @@ protected:
 private:
     std::unique_ptr<MContent> content;
     MContentText captionText;
-    MContentText* textBesideIcon = nullptr;  ///< in `content`, of the caption; null for none
+    MContentText* shownCaption = &captionText;  ///< that, or the one beside an icon in the content
     int32_t contentColor = 0;
     MAlignment contentAlignment = MAlignCenter;
 };
