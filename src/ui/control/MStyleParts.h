@@ -28,7 +28,8 @@ struct MValueLook {
     uint8_t drawState = 0;
 };
 
-enum class MCheckMarkShape : uint8_t { CheckBox, RadioButton };
+/// A row of a list or a tree has a check box of its own shape.
+enum class MCheckMarkShape : uint8_t { CheckBox, RadioButton, RowCheckBox };
 
 /// Parts whose size is up to the style.
 enum class MStylePart : uint8_t {

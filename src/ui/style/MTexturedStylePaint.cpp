@@ -62,16 +62,12 @@ void MTexturedStyle::PaintVerticalScrollBar(MControl&, MDrawer& drawer, const MS
 
 void MTexturedStyle::PaintCheckMark(MControl& control, MDrawer& drawer, const MRect& rect,
                                     MCheckMarkShape shape, int32_t state, uint8_t drawState) {
-    const MControlType type = control.GetControlType();
-    const bool isRow = type == MControlType::ListBox || type == MControlType::TreeControl;
-    const bool isRadio = shape == MCheckMarkShape::RadioButton;
-    const MStyleClass styleClass = isRadio ? MStyleClass::RadioButton
-                                   : isRow ? MStyleClass::ControlCheckBox
-                                           : MStyleClass::CheckBox;
+    constexpr MStyleClass Classes[] = {MStyleClass::CheckBox, MStyleClass::RadioButton,
+                                       MStyleClass::ControlCheckBox};
     constexpr MStylePiece Pieces[] = {MStylePiece::Off, MStylePiece::On, MStylePiece::Grayed};
     constexpr const char* Icons[] = {"iconoff", "iconon", "icongrayed"};
     const int32_t index = std::clamp(state, 0, 2);
-    MClassLook& look = GetLook(styleClass);
+    MClassLook& look = GetLook(Classes[static_cast<size_t>(shape)]);
     PaintPiece(look, look.Find(Pieces[index]) ? Pieces[index] : MStylePiece::Off, drawer, rect, drawState);
     const MString name = look.GetText(Icons[index]);
     MBitmap* const icon =

@@ -142,7 +142,8 @@ TEST_P(ContrastTest, EntriesHaveVisibleBorders) {
         PosedControl control(type, {80, 40}, MDrawEnabled);
         EXPECT_GE(GetEdgeContrast(Paint(control, 2)), MContrast::Shape);
     }
-    for (const MCheckMarkShape shape : {MCheckMarkShape::CheckBox, MCheckMarkShape::RadioButton})
+    for (const MCheckMarkShape shape :
+         {MCheckMarkShape::CheckBox, MCheckMarkShape::RadioButton, MCheckMarkShape::RowCheckBox})
         for (int32_t value = 0; value < 2; ++value) {
             PosedControl control(MControlType::CheckBox, {40, 40}, MDrawEnabled);
             Canvas canvas = Paint(control, 1);

@@ -98,6 +98,7 @@ void MListBoxBase::SetRowSelected(int32_t row, bool isSelected) {
 }
 
 void MListBoxBase::SelectRow(int32_t row) {
+    if (row >= GetRowCount()) row = -1;
     ClearSelection();
     anchorRow = row;
     SetFocusedRow(row);
@@ -173,7 +174,7 @@ void MListBoxBase::MoveSelected(int32_t gap) {
     if (self) ScrollToRow(GetFocusedRow());
 }
 
-void MListBoxBase::WriteHelpInfo(MXMLItem& item) {
+std::vector<const char*> MListBoxBase::GetSelectionUsage() const {
     std::vector<const char*> entries{
         "<control>Left mouse button</control> selects an item. If you click on a check-box, the item will be "
         "checked/unchecked."};
@@ -182,6 +183,11 @@ void MListBoxBase::WriteHelpInfo(MXMLItem& item) {
         entries.push_back("<control>Click with Shift</control> selects all items from the clicked one to the "
                           "selected one.");
     }
+    return entries;
+}
+
+void MListBoxBase::WriteHelpInfo(MXMLItem& item) {
+    std::vector<const char*> entries = GetSelectionUsage();
     entries.push_back(
         "<control>Mouse-wheel</control>, <control>up</control> and <control>down</control> arrow "
         "keys, <control>page-up</control> and <control>page-down</control> move the selection.");

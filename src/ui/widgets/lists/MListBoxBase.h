@@ -18,13 +18,13 @@ public:
     void SetCheckBoxes(bool hasThem);
     [[nodiscard]] bool HasCheckBoxes() const { return hasCheckBoxes; }
     /// Whether the user may change the order.
-    void SetReorderable(bool isReorderable) { canReorder = isReorderable; }
+    virtual void SetReorderable(bool isReorderable) { canReorder = isReorderable; }
 
     // Nobody is told of what these do.
     [[nodiscard]] MList<int32_t> GetSelectedRows();
     /// The first one, or -1.
     [[nodiscard]] int32_t GetSelectedRow();
-    /// Selects a row alone, -1 for none, and scrolls it into view.
+    /// Selects a row alone, none for -1 and where there is no such row, and scrolls it into view.
     void SelectRow(int32_t row);
     /// Of a row that can be selected.
     void SetRowSelected(int32_t row, bool isSelected);
@@ -48,6 +48,9 @@ protected:
     virtual bool OnActivated(int32_t row) = 0;
     /// Puts rows in another order: `order` tells for each place the row that comes there.
     virtual void Reorder(const std::vector<int32_t>& order) = 0;
+
+    /// How rows are selected by the mouse, for the help.
+    [[nodiscard]] std::vector<const char*> GetSelectionUsage() const;
 
     /// An item has come, or is about to go.
     void OnItemAdded(MListBoxItemBaseWithFeatures& item);

@@ -124,7 +124,7 @@ void MListBoxBase::OnTimer() {
     const MRect& view = GetViewRect();
     const int32_t beyond = drag.mouse.y < view.top ? -1 : drag.mouse.y > view.bottom ? 1 : 0;
     if (beyond == 0) return;
-    ScrollTo(GetScrollPlace() + int64_t{beyond} * GetMetric(MStyleMetric::DefaultListBoxItemHeight));
+    ScrollTo(GetScrollPlace() + int64_t{beyond} * GetLeastRowHeight());
     SetGap(FindGap(drag.mouse));
 }
 

@@ -32,7 +32,7 @@ int32_t MRowView::GetMetric(MStyleMetric metric) {
 }
 
 void MRowView::GetMinimalContentSize(int32_t& x, int32_t& y) {
-    const int32_t height = GetMetric(MStyleMetric::DefaultListBoxItemHeight);
+    const int32_t height = GetLeastRowHeight();
     x = 4 * height;
     y = std::max(lineCount, MinimalRows) * height;
 }

@@ -94,6 +94,9 @@ protected:
     [[nodiscard]] virtual int32_t GetIndent(int32_t) { return 0; }
     /// Between the edge of a row and what is in it.
     [[nodiscard]] virtual MPoint GetRowBorder();
+    /// How high a row is at least, and how large a check box is, in pixels.
+    [[nodiscard]] virtual int32_t GetLeastRowHeight();
+    [[nodiscard]] virtual int32_t GetCheckBoxSize();
     [[nodiscard]] int32_t GetMetric(MStyleMetric metric);
 
     /// How many rows a step of the wheel scrolls.

@@ -26,9 +26,17 @@ MPoint MRowView::GetRowBorder() {
     return GetStyle()->GetPartSize(*this, MStylePart::ListItemBorder);
 }
 
+int32_t MRowView::GetLeastRowHeight() {
+    return GetMetric(MStyleMetric::DefaultListBoxItemHeight);
+}
+
+int32_t MRowView::GetCheckBoxSize() {
+    return GetMetric(MStyleMetric::ListBoxItemCheckBoxSize);
+}
+
 MRect MRowView::GetCheckBoxRect(int32_t row, const MRect& rect) {
     if (!GetRow(row).hasCheckBox) return {};
-    const int32_t size = GetMetric(MStyleMetric::ListBoxItemCheckBoxSize);
+    const int32_t size = GetCheckBoxSize();
     MRect inside = rect.Shrunk(GetRowBorder().x, 0);
     inside.left += GetIndent(row);
     return MAlignInside(inside, {size, size}, MAlignLeft);
@@ -54,7 +62,7 @@ int32_t MRowView::GetItemHeight(int32_t row, int32_t width) {
     const MRect text = GetTextRect(row, MRect::FromSize(0, 0, width, 2 * border.y + 1));
     int32_t inside = item.GetTextSize(drawer, GetLook(MDrawEnabled), std::max(text.GetWidth(), 1)).y;
     if (item.icon) inside = std::max(inside, GetMetric(MStyleMetric::MaxStdIconSizeY));
-    return std::max(GetMetric(MStyleMetric::DefaultListBoxItemHeight), inside + 2 * border.y);
+    return std::max(GetLeastRowHeight(), inside + 2 * border.y);
 }
 
 void MRowView::PaintItem(MDrawer& drawer, int32_t row, const MRect& rect, uint8_t drawState) {
@@ -64,7 +72,7 @@ void MRowView::PaintItem(MDrawer& drawer, int32_t row, const MRect& rect, uint8_
     style.PaintListItem(*this, drawer, rect, drawState);
     const MRect check = GetCheckBoxRect(row, rect);
     if (!check.IsEmpty())
-        style.PaintCheckMark(*this, drawer, check, MCheckMarkShape::CheckBox, item.check, drawState);
+        style.PaintCheckMark(*this, drawer, check, MCheckMarkShape::RowCheckBox, item.check, drawState);
     const MContentLook look = GetLook(drawState);
     const MRect text = GetTextRect(row, rect);
     if (item.icon) {

@@ -166,8 +166,12 @@ int32_t MTreeControlBase::GetIndent(int32_t row) {
     return (GetDepth(GetRow(row)) + 1) * GetStep().x;
 }
 
-int32_t MTreeControlBase::GetItemHeight(int32_t row, int32_t width) {
-    return std::max(MListBoxBase::GetItemHeight(row, width), GetMetric(MStyleMetric::DefaultTreeItemHeight));
+int32_t MTreeControlBase::GetLeastRowHeight() {
+    return GetMetric(MStyleMetric::DefaultTreeItemHeight);
+}
+
+int32_t MTreeControlBase::GetCheckBoxSize() {
+    return GetMetric(MStyleMetric::TreeItemCheckBoxSize);
 }
 
 MRect MTreeControlBase::GetExpanderRect(int32_t row) {
@@ -270,13 +274,13 @@ bool MTreeControlBase::ProcessEvent(const MSystemEvent& event) {
 
 void MTreeControlBase::WriteHelpInfo(MXMLItem& item) {
     constexpr const char* Entries[] = {
-        "<control>Left mouse button</control> selects an item. If you click on a check-box, the item will be "
-        "checked/unchecked.",
         "<control>Enter</control> opens/closes selected item.",
         "<control>Arrow keys</control>, <control>page-up</control> and <control>page-down</control> move the "
         "selection.",
         "<control>Home</control> key selects the first item, <control>End</control> selects the last one.",
         "<control>Space</control> checks or unchecks selected item(s)."};
-    MWriteUsage(item, "", Entries);
+    std::vector<const char*> entries = GetSelectionUsage();
+    entries.insert(entries.end(), std::begin(Entries), std::end(Entries));
+    MWriteUsage(item, "", entries);
     MControl::WriteHelpInfo(item);
 }

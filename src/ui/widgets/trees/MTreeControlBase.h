@@ -16,6 +16,8 @@ public:
     /// Whether the root is a row; it is in the beginning.
     void SetRootShown(bool isShown);
 
+    /// The order is that of what the tree stands for; the user does not change it.
+    void SetReorderable(bool) override {}
     /// Before it opens, whoever knows more items may add them (`OnOpening`).
     void SetItemOpen(MTreeItemBase& item, bool isOpen);
     /// The row of an item, -1 for one that is no row now. Takes time by the number of rows.
@@ -25,7 +27,6 @@ public:
 
     [[nodiscard]] int32_t GetRowCount() override;
     [[nodiscard]] MTreeItemBase& GetRow(int32_t row) override;
-    [[nodiscard]] int32_t GetItemHeight(int32_t row, int32_t width) override;
     void PaintItem(MDrawer& drawer, int32_t row, const MRect& rect, uint8_t drawState) override;
     bool ProcessEvent(const MSystemEvent& event) override;
     /// "showroot", as well.
@@ -44,6 +45,8 @@ protected:
     void DeleteItemsBelow(MTreeItemBase& item);
 
     [[nodiscard]] int32_t GetIndent(int32_t row) override;
+    [[nodiscard]] int32_t GetLeastRowHeight() override;
+    [[nodiscard]] int32_t GetCheckBoxSize() override;
     bool ProcessRowKey(int32_t key, MKeyModifiers modifiers) override;
     bool ProcessWheel(int32_t steps) override { return MRowView::ProcessWheel(steps); }
     void Reorder(const std::vector<int32_t>&) override {}

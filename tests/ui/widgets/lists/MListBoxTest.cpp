@@ -257,6 +257,8 @@ TEST_F(MListBoxTest, LooksAtTheRowsThatAreSeenAlone) {
 
 TEST_F(MListBoxTest, ShowsWhatWasSelectedBeforeItWasShown) {
     auto* const list = new MListBox(&root, "list");
+    list->SelectRow(2);
+    EXPECT_EQ(list->GetSelectedRow(), -1);
     for (int32_t i = 0; i < 100; ++i) list->AddItem(MNumberToText(i), i);
     root.SetClientControl(list);
     list->SelectRow(70);
