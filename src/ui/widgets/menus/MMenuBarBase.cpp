@@ -4,6 +4,7 @@
 #include "ui/control/MDrawerUsingStyle.h"
 #include "ui/control/kinds/MStyleMetric.h"
 #include "ui/widgets/content/MContents.h"
+#include "ui/widgets/content/MHelpUsage.h"
 
 #include <utility>
 
@@ -228,4 +229,15 @@ bool MMenuBarBase::ProcessGlobalEvent(const MSystemEvent& event) {
         return true;
     }
     return false;
+}
+
+void MMenuBarBase::WriteHelpInfo(MXMLItem& item) {
+    MControl::WriteHelpInfo(item);
+    constexpr const char* Entries[] = {
+        "<control>Left mouse button</control> opens a menu.",
+        "<control>Alt</control> or <control>F10</control> moves keyboard focus to the bar and back, <control>Alt</control> "
+        "with the first letter of a menu opens it.",
+        "<control>Left and right arrows</control> select neighboring menu, <control>down arrow</control>, "
+        "<control>Enter</control> and <control>Space</control> open it."};
+    MWriteUsage(item, "", Entries);
 }

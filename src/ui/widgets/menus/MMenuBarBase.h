@@ -28,6 +28,7 @@ public:
     bool PreviewEvent(MControl* target, const MSystemEvent& event) override;
     bool ProcessEvent(const MSystemEvent& event) override;
     bool ProcessGlobalEvent(const MSystemEvent& event) override;
+    void WriteHelpInfo(MXMLItem& item) override;
 
 protected:
     void AddBarItem(const MString& text, std::unique_ptr<MMenuBase> menu);

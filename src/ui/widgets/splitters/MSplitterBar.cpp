@@ -1,6 +1,7 @@
 #include "ui/widgets/splitters/MSplitterBar.h"
 
 #include "ui/control/kinds/MStyleMetric.h"
+#include "ui/widgets/content/MHelpUsage.h"
 #include "ui/widgets/splitters/MSplitter.h"
 
 #include <utility>
@@ -54,6 +55,15 @@ bool MSplitterBar::ProcessKey(int32_t key) {
 void MSplitterBar::OnCaptureLost() {
     isDragged = false;
     MControl::OnCaptureLost();
+}
+
+void MSplitterBar::WriteHelpInfo(MXMLItem& item) {
+    MControl::WriteHelpInfo(item);
+    constexpr const char* Entries[] = {
+        "<control>Left mouse button drag</control> or <control>arrow keys</control> move the bar between the panels.",
+        "<control>Home</control> and <control>End</control> keys move it as far as possible.",
+        "<control>Esc</control> restores its original place when hit during dragging."};
+    MWriteUsage(item, "", Entries);
 }
 
 bool MSplitterBar::ProcessEvent(const MSystemEvent& event) {

@@ -1,5 +1,6 @@
 #include "ui/widgets/tabs/MTabSet.h"
 
+#include "foundation/base/MGuard.h"
 #include "foundation/text/MStringFormatter.h"
 #include "ui/control/MXmlLoader.h"
 #include "ui/layout/MLayoutSide.h"
@@ -54,10 +55,12 @@ void MTabSet::SelectTab(int32_t index) {
 void MTabSet::Actualise() {
     if (selected < 0) return;
     const MControlRef self(this);
-    switchLayout->SetActive(&GetPage(selected));
-    if (!self) return;
-    strip->ScrollToButton(selected);
-    Invalidate();
+    MGuard("MTabSet::Actualise", [&] {
+        switchLayout->SetActive(&GetPage(selected));
+        if (!self) return;
+        strip->ScrollToButton(selected);
+        Invalidate();
+    });
 }
 
 void MTabSet::ChooseTab(int32_t index) {
@@ -91,7 +94,9 @@ void MTabSet::OpenContextMenu(const MRect& anchorOnScreen) {
         item.isEnabled = button.isEnabled;
         item.check = i == selected ? 1 : 0;
     }
+    const MControlRef self(this);
     contextMenu.Open(*strip, anchorOnScreen);
+    if (self) contextMenu.FocusItem(selected);
 }
 
 void MTabSet::OnMenuItem(const MOnItemParams<MMenuItem>& params) {

@@ -31,7 +31,7 @@ public:
     [[nodiscard]] int32_t GetSelectedTab() const { return selected; }
     /// Raises nothing.
     void SelectTab(int32_t index);
-    /// Shows the selected page and its button.
+    /// Shows the selected page and its button. What handlers throw ends it.
     void Actualise();
     /// Shrinks the buttons to the width that there is, rather than scrolling them.
     void SetFitAllButtons(bool isFitAll) { strip->SetFitAll(isFitAll); }

@@ -3,6 +3,7 @@
 #include "foundation/xml/MXMLItem.h"
 #include "ui/control/MControlRoot.h"
 #include "ui/layout/MLayoutClient.h"
+#include "ui/widgets/content/MHelpUsage.h"
 
 #include <algorithm>
 
@@ -73,4 +74,12 @@ void MSelector::LoadFromXml(MXMLItem& item) {
 
 void MSelector::GetMinimalContentSize(int32_t& x, int32_t& y) {
     MControl::GetMinimalContentSize(x, y);
+}
+
+void MSelector::WriteHelpInfo(MXMLItem& item) {
+    MControlContent::WriteHelpInfo(item);
+    constexpr const char* Entries[] = {"<control>Left mouse button</control> selects a value.",
+                                       "<control>Arrow keys</control>, <control>home</control> and "
+                                       "<control>end</control> move the selection."};
+    MWriteUsage(item, "", Entries);
 }

@@ -18,6 +18,7 @@ public:
     [[nodiscard]] MContent* GetContent() override { return nullptr; }
     void GetMinimalContentSize(int32_t& x, int32_t& y) override;
     bool PreviewEvent(MControl* target, const MSystemEvent& event) override;
+    void WriteHelpInfo(MXMLItem& item) override;
 
 private:
     void MakeButtons(int32_t count);
