@@ -12,7 +12,8 @@
 #include "ui/dialogs/MWizardWindow.h"
 #include "ui/dialogs/configuration/MTexturedStyleConfiguration.h"
 #include "ui/style/MTexturedStyle.h"
-#include "ui/widgets/content/MStatic.h"
+#include "ui/widgets/content/MStaticMultiLine.h"
+#include "ui/widgets/menus/MWindowMenu.h"
 
 #include <chrono>
 #include <thread>
@@ -139,6 +140,16 @@ MString ConfigureStyle(MControl& owner) {
     return MValueEnum<MModalValue>::ToName(window.RunModal(&owner));
 }
 
+MString ShowPopup(MControl& owner) {
+    MWindowMenu popup("popup", MWindowMenu::OK | MWindowMenu::Cancel);
+    auto* const info = new MStaticInfoPanel(&popup.GetContainer(), "info");
+    info->SetText("A popup has <b>any controls</b>, and closes when something else is clicked.");
+    popup.GetContainer().minClientSize.x = 240;
+    popup.GetContainer().SetClientControl(info);
+    const MPoint place = owner.GetScreenPoint({40, 80});
+    return MValueEnum<MModalValue>::ToName(popup.RunAt(owner, MRect::FromSize(place.x, place.y, 1, 1)));
+}
+
 constexpr GalleryDialog Dialogs[] = {
     {"information", "Information", ShowInformation},
     {"error", "Error", ShowError},
@@ -154,6 +165,7 @@ constexpr GalleryDialog Dialogs[] = {
     {"file-open", "Open a file", AskFile<MFileDialog::Mode::Open>, false},
     {"file-save", "Save a file", AskFile<MFileDialog::Mode::Save>, false},
     {"directory", "Choose a folder", AskDirectory, false},
+    {"popup", "Popup", ShowPopup},
 };
 
 }  // namespace

@@ -12,7 +12,7 @@
 #include "ui/layout/MLayoutSide.h"
 #include "ui/widgets/buttons/MButtonWithInfo.h"
 #include "ui/widgets/buttons/MCheckBox.h"
-#include "ui/widgets/buttons/MCheckBoxGroup.h"
+#include "ui/widgets/buttons/MRadioGroup.h"
 #include "ui/widgets/content/MPanelGradient.h"
 #include "ui/widgets/content/MStatic.h"
 #include "ui/widgets/edits/MKeyboardControl.h"
@@ -60,7 +60,7 @@ public:
     }
 
 private:
-    MCheckBoxGroup group;
+    MRadioGroup group;
 };
 
 void CompleteButtons(MControl& page) {

@@ -3,6 +3,8 @@
 #include "ui/layout/MLayoutSide.h"
 #include "ui/text/MShortenText.h"
 #include "ui/text/MTextLayout.h"
+#include "ui/widgets/buttons/MButton.h"
+#include "ui/widgets/content/MControlWithForwardGenerateDocCallback.h"
 #include "ui/widgets/content/MLabel.h"
 #include "ui/widgets/content/MPanelGradient.h"
 #include "ui/widgets/content/MStaticMultiLine.h"
@@ -118,6 +120,16 @@ TEST_F(ContentTest, LabelsFollowTheirControls) {
     delete &target;
     label.SetVisible(true);
     user.Click(At(label));
+}
+
+TEST_F(ContentTest, SomebodyElseMayWriteTheHelp) {
+    auto& button = Add<MControlWithForwardGenerateDocCallback<MButton>>({10, 10, 60, 30});
+    Open(root);
+    button.ShowHelp(button);
+    EXPECT_THAT(shown, testing::HasSubstr("presses the button"));
+    button.SetGenerateDocCallback([](MXMLItem& item) { item.SetValue("Written elsewhere"); });
+    button.ShowHelp(button);
+    EXPECT_THAT(shown, testing::EndsWith("</tagset>Written elsewhere"));
 }
 
 TEST_F(ContentTest, ReadsOnBlack) {

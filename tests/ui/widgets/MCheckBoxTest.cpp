@@ -1,6 +1,6 @@
 #include "foundation/xml/MXMLItem.h"
 #include "tests/ui/widgets/WidgetFixture.h"
-#include "ui/widgets/buttons/MCheckBoxGroup.h"
+#include "ui/widgets/buttons/MRadioGroup.h"
 
 #include <random>
 
@@ -51,11 +51,13 @@ TEST_F(MCheckBoxTest, ReadsAndKeepsItsState) {
 }
 
 TEST_F(MCheckBoxTest, OneOfAGroupIsOn) {
-    auto group = std::make_unique<MCheckBoxGroup>();
+    auto group = std::make_unique<MRadioGroup>();
     std::vector<MCheckBox*> boxes;
     for (int32_t i = 0; i < 4; ++i) {
         boxes.push_back(&Add<MCheckBox>(MRect::FromSize(10, 10 + 30 * i, 80, 24)));
+        boxes.back()->Set(MCheckBoxState::On);
         group->Add(*boxes.back());
+        ASSERT_EQ(group->GetChosen(), boxes.front()) << "who was there first stays on";
     }
     boxes[2]->SetEnabled(false);
     Open(root);

@@ -3,7 +3,7 @@
 #include "foundation/base/MRaise.h"
 #include "foundation/xml/MXMLItem.h"
 #include "ui/geometry/MLength.h"
-#include "ui/widgets/buttons/MCheckBoxGroup.h"
+#include "ui/widgets/buttons/MRadioGroup.h"
 #include "ui/widgets/content/MHelpUsage.h"
 
 #include <algorithm>

@@ -11,7 +11,7 @@ inline constexpr const char* MCheckBoxStateNames[] = {"off", "on", "grayed"};
 template <>
 inline constexpr std::span<const char* const> MEnumNames<MCheckBoxState> = MCheckBoxStateNames;
 
-class MCheckBoxGroup;
+class MRadioGroup;
 
 /// A mark and a text beside it. It toggles when the left button of the mouse or Enter or Space goes down, and
 /// raises `OnChange()` then.
@@ -52,7 +52,7 @@ public:
     void WriteHelpInfo(MXMLItem& item) override;
 
 private:
-    friend class MCheckBoxGroup;
+    friend class MRadioGroup;
 
     void Change(MCheckBoxState newState);
     /// Moves the focus within the group, and chooses what gets it.
@@ -65,5 +65,5 @@ private:
     MCheckBoxState defaultState = MCheckBoxState::Off;
     bool hasThreeStates = false;
     bool isRadioButton = false;
-    MCheckBoxGroup* group = nullptr;
+    MRadioGroup* group = nullptr;
 };

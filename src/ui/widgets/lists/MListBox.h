@@ -39,6 +39,8 @@ public:
         items.Clear();
         UpdateRows();
     }
+    /// By their plain texts without regard to case; items of the same text stay as they stood.
+    void SortItems() { SortRows(); }
     [[nodiscard]] virtual T* GetItem(int32_t index) const { return items[index]; }
     [[nodiscard]] int32_t GetItemCount() const { return items.GetCount(); }
     /// The first one that is selected, or null.

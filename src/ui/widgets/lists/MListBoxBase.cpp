@@ -151,6 +151,27 @@ void MListBoxBase::ToggleSelectedChecks(int32_t row) {
     }
 }
 
+void MListBoxBase::ApplyOrder(const std::vector<int32_t>& order) {
+    const auto focused = std::ranges::find(order, GetFocusedRow());
+    Reorder(order);
+    SetFocusedRow(focused == order.end() ? -1 : static_cast<int32_t>(focused - order.begin()));
+    anchorRow = GetFocusedRow();
+    UpdateRows();
+}
+
+void MListBoxBase::SortRows() {
+    std::vector<MString> texts;
+    std::vector<int32_t> order;
+    for (int32_t row = 0; row < GetRowCount(); ++row) {
+        texts.push_back(GetRow(row).GetPlainText());
+        order.push_back(row);
+    }
+    std::ranges::stable_sort(order, [&](int32_t one, int32_t other) {
+        return texts[static_cast<size_t>(one)].CompareNoCase(texts[static_cast<size_t>(other)]) < 0;
+    });
+    ApplyOrder(order);
+}
+
 void MListBoxBase::MoveSelected(int32_t gap) {
     std::vector<int32_t> order;
     const auto add = [&](int32_t from, int32_t to, bool isSelected) {
@@ -164,11 +185,8 @@ void MListBoxBase::MoveSelected(int32_t gap) {
     add(0, count, true);
     add(gap, count, false);
     if (std::ranges::is_sorted(order)) return;
-    const auto focused = std::ranges::find(order, GetFocusedRow());
-    Reorder(order);
-    SetFocusedRow(focused == order.end() ? first : static_cast<int32_t>(focused - order.begin()));
-    anchorRow = GetFocusedRow();
-    UpdateRows();
+    if (GetFocusedRow() < 0) SetFocusedRow(order[static_cast<size_t>(first)]);
+    ApplyOrder(order);
     const MControlRef self(this);
     OnChange(Change::Committed).Fire({this});
     if (self) ScrollToRow(GetFocusedRow());

@@ -46,6 +46,8 @@ protected:
     virtual void OnChecked(int32_t row) = 0;
     /// A row was double clicked, or Enter was pressed on it. Returns whether anybody heard of it.
     virtual bool OnActivated(int32_t row) = 0;
+    /// By their plain texts without regard to case; rows of the same text stay as they stood.
+    void SortRows();
     /// Puts rows in another order: `order` tells for each place the row that comes there.
     virtual void Reorder(const std::vector<int32_t>& order) = 0;
 
@@ -73,6 +75,8 @@ private:
     void ToggleCheck(int32_t row);
     /// Of all selected rows, to what the row is not.
     void ToggleSelectedChecks(int32_t row);
+    /// Has rows in another order, with the keyboard on the same one.
+    void ApplyOrder(const std::vector<int32_t>& order);
     /// Moves the selected rows to the gap before a row.
     void MoveSelected(int32_t gap);
     /// Marks the gap that the mouse is at; none at the end of a drag.

@@ -6,7 +6,7 @@
 
 /// An item of rich text, which wraps, with an icon in a column of its own before it. The text is parsed when the
 /// row comes into view for the first time.
-class MSTMLListBoxItem final : public MListBoxItem {
+class MSTMLListBoxItem : public MListBoxItem {
 public:
     explicit MSTMLListBoxItem(const MString& text = MString()) : MListBoxItem(text) {}
     MSTMLListBoxItem(const MString& text, MStdIcon icon) : MListBoxItem(text), textIcon(icon) {}

@@ -196,6 +196,9 @@ TEST_F(MListBoxTest, MovesItemsByDragAndKeys) {
     for (int32_t i = 0; i < 9; ++i) user.PressKey(MKeyDown);
     user.PressKey(MKeyUp);
     EXPECT_EQ(GetOrder(list), "1 0 2 4 3* 5 ");
+    list.SortItems();
+    EXPECT_EQ(GetOrder(list), "0 1 2 3* 4 5 ");
+    EXPECT_EQ(list.GetFocusedRow(), 3);
 }
 
 TEST_F(MListBoxTest, KeepsWhatIsSeenInItsPlace) {

@@ -1,32 +1,32 @@
-#include "ui/widgets/buttons/MCheckBoxGroup.h"
+#include "ui/widgets/buttons/MRadioGroup.h"
 
 #include "ui/control/MRemoveFromList.h"
 
-MCheckBoxGroup::~MCheckBoxGroup() {
+MRadioGroup::~MRadioGroup() {
     for (MCheckBox* box : boxes) box->group = nullptr;
 }
 
-void MCheckBoxGroup::Add(MCheckBox& box) {
+void MRadioGroup::Add(MCheckBox& box) {
     if (box.group) box.group->Remove(box);
+    if (GetChosen()) box.Set(MCheckBoxState::Off);
     boxes.Add(&box);
     box.group = this;
     box.SetRadioButton(true);
-    if (box.IsOn()) OnTurnedOn(box);
 }
 
-void MCheckBoxGroup::Remove(MCheckBox& box) {
+void MRadioGroup::Remove(MCheckBox& box) {
     if (box.group != this) return;
     MRemoveFromList(boxes, &box);
     box.group = nullptr;
 }
 
-MCheckBox* MCheckBoxGroup::GetChosen() const {
+MCheckBox* MRadioGroup::GetChosen() const {
     for (MCheckBox* box : boxes)
         if (box->IsOn()) return box;
     return nullptr;
 }
 
-MCheckBox& MCheckBoxGroup::FindNext(MCheckBox& box, int32_t direction) const {
+MCheckBox& MRadioGroup::FindNext(MCheckBox& box, int32_t direction) const {
     const int32_t count = boxes.GetCount();
     int32_t start = 0;
     while (boxes[start] != &box) ++start;
@@ -36,7 +36,7 @@ MCheckBox& MCheckBoxGroup::FindNext(MCheckBox& box, int32_t direction) const {
     return *boxes[index];
 }
 
-void MCheckBoxGroup::OnTurnedOn(MCheckBox& box) {
+void MRadioGroup::OnTurnedOn(MCheckBox& box) {
     for (MCheckBox* other : boxes)
         if (other != &box) other->Set(MCheckBoxState::Off);
 }

@@ -5,14 +5,14 @@
 
 /// Radio buttons of which one is on at a time. Neither the group nor its buttons own the other; either may
 /// end first.
-class MCheckBoxGroup final {
+class MRadioGroup final {
 public:
-    MCheckBoxGroup() = default;
-    MCheckBoxGroup(const MCheckBoxGroup&) = delete;
-    MCheckBoxGroup& operator=(const MCheckBoxGroup&) = delete;
-    ~MCheckBoxGroup();
+    MRadioGroup() = default;
+    MRadioGroup(const MRadioGroup&) = delete;
+    MRadioGroup& operator=(const MRadioGroup&) = delete;
+    ~MRadioGroup();
 
-    /// Makes it a radio button; one that is on turns the others off. It leaves a group that it was in.
+    /// Makes it a radio button; it goes off if another one is on already. It leaves a group that it was in.
     void Add(MCheckBox& box);
     void Remove(MCheckBox& box);
     [[nodiscard]] const MList<MCheckBox, MListPointers>& GetBoxes() const { return boxes; }
