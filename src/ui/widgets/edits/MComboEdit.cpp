@@ -10,6 +10,7 @@ MComboEdit::MComboEdit(MControl* parent, const MString& name) : MEdit(parent, na
     Set(MControlFlag::UseOverlays, false);
     button.Set(MControlFlag::OverlayControl);
     button.Set(MControlFlag::AdaptSize, false);
+    button.Set(MControlFlag::UseParentHelp);
     button.SetIcon(MStdIcon::DownTriangle);
     button.SetBackgroundShown(false);
     button.MControl::OnClick(Click::Left).Connect(this, &MComboEdit::OnButton);

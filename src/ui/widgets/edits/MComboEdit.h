@@ -4,8 +4,8 @@
 #include "ui/widgets/edits/MEdit.h"
 #include "ui/widgets/menus/MMenu.h"
 
-/// An edit with a menu of texts, which fill it. One that is read-only gets its text from the menu alone; Space shows
-/// the menu there and on the button, where it is not typed.
+/// An edit with a menu of texts, which fill it. One that is read-only gets its text from the menu alone; Space
+/// shows the menu there and on the button, where it is not typed.
 class MComboEdit : public MEdit {
 public:
     class MenuItem final : public MMenuItemBaseWithFeatures {

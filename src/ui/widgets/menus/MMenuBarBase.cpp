@@ -235,8 +235,8 @@ void MMenuBarBase::WriteHelpInfo(MXMLItem& item) {
     MControl::WriteHelpInfo(item);
     constexpr const char* Entries[] = {
         "<control>Left mouse button</control> opens a menu.",
-        "<control>Alt</control> or <control>F10</control> moves keyboard focus to the bar and back, <control>Alt</control> "
-        "with the first letter of a menu opens it.",
+        "<control>Alt</control> or <control>F10</control> moves keyboard focus to the bar and back, "
+        "<control>Alt</control> with the first letter of a menu opens it.",
         "<control>Left and right arrows</control> select neighboring menu, <control>down arrow</control>, "
         "<control>Enter</control> and <control>Space</control> open it."};
     MWriteUsage(item, "", Entries);

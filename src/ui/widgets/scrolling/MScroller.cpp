@@ -25,6 +25,7 @@ void MScroller::SetContent(MControl& newContent) {
     // What the content needs is no matter of those that the view lies in.
     view.Set(MControlFlag::AutoDetectMinimalSize, false);
     view.Set(MControlFlag::AdaptSize, false);
+    for (MControl* part : {static_cast<MControl*>(&view), content}) part->Set(MControlFlag::UseParentHelp);
     view.SetClientControl(content);
     SetClientControl(&view);
     for (const int32_t key : {MKeyPageUp, MKeyPageDown})

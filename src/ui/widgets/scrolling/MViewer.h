@@ -5,8 +5,8 @@
 #include "ui/widgets/scrolling/MSTMLTextMap.h"
 #include "ui/widgets/scrolling/MScroller.h"
 
-/// Rich text in a view that scrolls. Ctrl+F opens an entry that searches it; web addresses can be clicked, and Tab goes
-/// from one to the next before it leaves the control.
+/// Rich text in a view that scrolls. Ctrl+F opens an entry that searches it; web addresses can be clicked, and Tab
+/// goes from one to the next before it leaves the control.
 class MViewer : public MScroller {
 public:
     explicit MViewer(MControl* parent = nullptr, const MString& name = MString());

@@ -18,6 +18,7 @@ MZoomer::MZoomer(MControl* parent, const MString& name, bool isVertical)
         button->Set(MControlFlag::OverlayControl);
         button->Set(MControlFlag::AdaptSize, false);
         button->Set(MControlFlag::TabStop, false);
+        button->Set(MControlFlag::UseParentHelp);
         button->SetBackgroundShown(false);
         button->SetIcon(icon);
         button->MControl::OnClick(Click::Left).Connect(this, &MZoomer::OnButton);

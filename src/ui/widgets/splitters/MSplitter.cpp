@@ -4,6 +4,7 @@
 #include "foundation/xml/MXMLItem.h"
 #include "ui/control/MControlRoot.h"
 #include "ui/layout/MLayoutClient.h"
+#include "ui/widgets/content/MHelpUsage.h"
 #include "ui/widgets/splitters/MSplitterBar.h"
 
 #include <algorithm>
@@ -98,4 +99,14 @@ void MSplitter::LoadValueState(MXMLItem& item) {
 void MSplitter::ResetToDefault() {
     SetRatio(1, 1);
     MControl::ResetToDefault();
+}
+
+void MSplitter::WriteHelpInfo(MXMLItem& item) {
+    MControl::WriteHelpInfo(item);
+    constexpr const char* Entries[] = {
+        "<control>Left mouse button drag</control> or <control>arrow keys</control> move the bar between "
+        "the panels.",
+        "<control>Home</control> and <control>End</control> keys move it as far as possible.",
+        "<control>Esc</control> restores its original place when hit during dragging."};
+    MWriteUsage(item, "", Entries);
 }

@@ -34,6 +34,7 @@ public:
     void SaveValueState(MXMLItem& item) override;
     void LoadValueState(MXMLItem& item) override;
     void ResetToDefault() override;
+    void WriteHelpInfo(MXMLItem& item) override;
 
 private:
     void ApplyDirection();

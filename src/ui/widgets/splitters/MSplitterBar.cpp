@@ -1,7 +1,6 @@
 #include "ui/widgets/splitters/MSplitterBar.h"
 
 #include "ui/control/kinds/MStyleMetric.h"
-#include "ui/widgets/content/MHelpUsage.h"
 #include "ui/widgets/splitters/MSplitter.h"
 
 #include <utility>
@@ -17,6 +16,7 @@ MSplitterBar::MSplitterBar(MSplitter& splitter) : MControl(&splitter, "Bar"), sp
     SetControlType(MControlType::Empty);
     Set(MControlFlag::HotTrack);
     Set(MControlFlag::Pressable);
+    Set(MControlFlag::UseParentHelp);
 }
 
 void MSplitterBar::GetMinimalContentSize(int32_t& x, int32_t& y) {
@@ -55,15 +55,6 @@ bool MSplitterBar::ProcessKey(int32_t key) {
 void MSplitterBar::OnCaptureLost() {
     isDragged = false;
     MControl::OnCaptureLost();
-}
-
-void MSplitterBar::WriteHelpInfo(MXMLItem& item) {
-    MControl::WriteHelpInfo(item);
-    constexpr const char* Entries[] = {
-        "<control>Left mouse button drag</control> or <control>arrow keys</control> move the bar between the panels.",
-        "<control>Home</control> and <control>End</control> keys move it as far as possible.",
-        "<control>Esc</control> restores its original place when hit during dragging."};
-    MWriteUsage(item, "", Entries);
 }
 
 bool MSplitterBar::ProcessEvent(const MSystemEvent& event) {

@@ -16,7 +16,6 @@ public:
     bool ProcessEvent(const MSystemEvent& event) override;
     void OnCaptureLost() override;
     [[nodiscard]] MStdCursor GetCursorAt(MPoint point) override;
-    void WriteHelpInfo(MXMLItem& item) override;
 
 private:
     bool ProcessKey(int32_t key);

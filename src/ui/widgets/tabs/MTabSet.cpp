@@ -4,6 +4,7 @@
 #include "foundation/text/MStringFormatter.h"
 #include "ui/control/MXmlLoader.h"
 #include "ui/layout/MLayoutSide.h"
+#include "ui/widgets/content/MHelpUsage.h"
 
 #include <algorithm>
 
@@ -134,4 +135,15 @@ void MTabSet::SaveValueState(MXMLItem& item) {
 
 void MTabSet::LoadValueState(MXMLItem& item) {
     SelectTab(item.GetInt32Attribute("selected", selected));
+}
+
+void MTabSet::WriteHelpInfo(MXMLItem& item) {
+    constexpr const char* Entries[] = {
+        "<control>Left mouse button</control> selects a tab.",
+        ("<control>Ctrl + Left mouse button or Right mouse button</control> displays the whole tab in a popup "
+         "window. This comes handy when you want to have multiple tabs visible at the same time."),
+        "<control>Left and right arrows</control> select neighboring tab.",
+        "Click on one of the buttons on the border to scroll in the control and show currently invisible tabs."};
+    MWriteUsage(item, "", Entries);
+    MControl::WriteHelpInfo(item);
 }

@@ -49,6 +49,7 @@ public:
     void LoadFromXml(MXMLItem& item) override;
     void SaveValueState(MXMLItem& item) override;
     void LoadValueState(MXMLItem& item) override;
+    void WriteHelpInfo(MXMLItem& item) override;
 
 private:
     struct Page {

@@ -3,7 +3,6 @@
 #include "ui/control/MDrawerUsingStyle.h"
 #include "ui/control/kinds/MStyleMetric.h"
 #include "ui/drawing/MClipScope.h"
-#include "ui/widgets/content/MHelpUsage.h"
 #include "ui/widgets/tabs/MTabSet.h"
 
 #include <algorithm>
@@ -20,6 +19,7 @@ MRepeaterButton* AddBorderButton(MControl& strip, const char* name, MStdIcon ico
     button->Set(MControlFlag::OverlayControl);
     button->Set(MControlFlag::AdaptSize, false);
     button->Set(MControlFlag::TabStop, false);
+    button->Set(MControlFlag::UseParentHelp);
     button->size = {};
     return button;
 }
@@ -34,6 +34,7 @@ MTabStrip::MTabStrip(MTabSet& tabs)
     SetControlType(MControlType::Empty);
     Set(MControlFlag::UseOverlays, false);
     Set(MControlFlag::DoubleClicksAsClicks);
+    Set(MControlFlag::UseParentHelp);
     layoutRatio.y = 0;
     for (MRepeaterButton* button : {leftButton, rightButton})
         button->OnClick(Click::Left).Connect(this, &MTabStrip::OnBorderClick);
@@ -263,15 +264,4 @@ bool MTabStrip::ProcessEvent(const MSystemEvent& event) {
     case MEventType::KeyDown: return ProcessKey(event.key, event.modifiers) || MControl::ProcessEvent(event);
     default: return MControl::ProcessEvent(event);
     }
-}
-
-void MTabStrip::WriteHelpInfo(MXMLItem& item) {
-    constexpr const char* Entries[] = {
-        "<control>Left mouse button</control> selects a tab.",
-        ("<control>Ctrl + Left mouse button or Right mouse button</control> displays the whole tab in a popup "
-         "window. This comes handy when you want to have multiple tabs visible at the same time."),
-        "<control>Left and right arrows</control> select neighboring tab.",
-        "Click on one of the buttons on the border to scroll in the control and show currently invisible tabs."};
-    MWriteUsage(item, "", Entries);
-    MControl::WriteHelpInfo(item);
 }

@@ -41,7 +41,6 @@ public:
     void AdjustRectangles(MRect& newWindowRect, MRect& newClientRect) override;
     void PaintContent(MDrawer& drawer) override;
     bool ProcessEvent(const MSystemEvent& event) override;
-    void WriteHelpInfo(MXMLItem& item) override;
 
 private:
     struct Extent {

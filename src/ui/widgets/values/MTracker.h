@@ -6,12 +6,13 @@
 /// second one never comes before the first; the mouse moves the nearer one, the keyboard the first, or with
 /// Shift the second.
 ///
-/// Attributes: "maxvalue", a text of the second value, which a document gives the tracker by it. The window's state has "MaxValue".
+/// Attributes: "maxvalue", a text of the second value, which a document gives the tracker by it. The window's
+/// state has "MaxValue".
 class MTracker : public MControlValueVerticalDragging {
 public:
     explicit MTracker(MControl* parent = nullptr, const MString& name = MString());
 
-    /// With the same range as the first one. It outlives the tracker, or is taken over; null for one end only.
+    /// With the same range as the first one. Outlives the tracker, or is taken over; null for one end only.
     void SetMaxValue(MValue* newValue);
     void SetMaxValue(std::unique_ptr<MValue> newValue);
     [[nodiscard]] MValue* GetMaxValue() const { return maxValue; }
