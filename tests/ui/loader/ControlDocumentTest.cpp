@@ -2,6 +2,7 @@
 #include "tests/ui/control/ControlFixture.h"
 #include "ui/layout/MLayoutGrid.h"
 #include "ui/loader/MStandardCreators.h"
+#include "ui/widgets/lists/MListBox.h"
 #include "ui/widgets/splitters/MSplitter.h"
 #include "ui/widgets/tabs/MTabSet.h"
 #include "ui/widgets/trees/MTreeControl.h"
@@ -193,6 +194,11 @@ TEST_F(ControlDocumentTest, ATreeHasTheRootThatItIsGiven) {
         for (int32_t row = 0; row < tree.GetRowCount(); ++row) shown += Text(tree.GetItem(row)->text);
         EXPECT_EQ(shown, rows) << attribute;
     }
+    // What is selected in a branch that is closed is no row; another one is where the keyboard begins.
+    Load("<treecontrol><item text=\"a\"><item text=\"b\" selected=\"1\"/></item></treecontrol>"
+         "<listbox><item text=\"a\"/><item text=\"b\" selected=\"1\"/></listbox>");
+    EXPECT_EQ(dynamic_cast<MTreeControl&>(GetChild(3)).GetSelectedItem(), nullptr);
+    EXPECT_EQ(dynamic_cast<MListBox&>(GetChild(4)).GetFocusedRow(), 1);
 }
 
 TEST_F(ControlDocumentTest, LayoutsPlaceTheirControlsInTheOrderOfTheDocument) {

@@ -64,6 +64,7 @@ public:
         MListBoxBase::LoadFromXml(item);
         LoadItems(item);
         if (MXMLItem* const group = item.FindSubItem("items")) LoadItems(*group);
+        StartAtSelected();
     }
 
 protected:

@@ -55,11 +55,21 @@ MList<int32_t> MListBoxBase::GetSelectedRows() {
 
 int32_t MListBoxBase::GetSelectedRow() {
     if (selectedItems.empty()) return -1;
+    const int32_t count = GetRowCount();
     const int32_t focused = GetFocusedRow();
     if (selectedItems.size() == 1 && focused >= 0 && GetRow(focused).isSelected) return focused;
-    int32_t row = 0;
-    while (!GetRow(row).isSelected) ++row;
-    return row;
+    // An item that came into a closed branch of a tree is no row.
+    for (int32_t row = 0; row < count; ++row)
+        if (GetRow(row).isSelected) return row;
+    return -1;
+}
+
+void MListBoxBase::StartAtSelected() {
+    const int32_t row = GetSelectedRow();
+    if (row < 0) return;
+    anchorRow = row;
+    SetFocusedRow(row);
+    ScrollToRow(row);
 }
 
 void MListBoxBase::OnItemAdded(MListBoxItemBaseWithFeatures& item) {

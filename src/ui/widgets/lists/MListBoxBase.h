@@ -51,6 +51,8 @@ protected:
     /// Puts rows in another order: `order` tells for each place the row that comes there.
     virtual void Reorder(const std::vector<int32_t>& order) = 0;
 
+    /// The keyboard begins at what a document has selected, and the view shows it.
+    void StartAtSelected();
     /// How rows are selected by the mouse, for the help.
     [[nodiscard]] std::vector<const char*> GetSelectionUsage() const;
 

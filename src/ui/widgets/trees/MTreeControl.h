@@ -60,6 +60,7 @@ public:
         SetRootShown(isRootGiven);
         if (isRootGiven) rootItem.LoadFromXml(*first);
         LoadItems(rootItem, isRootGiven ? *first : source);
+        StartAtSelected();
     }
 
 protected:
