@@ -112,6 +112,12 @@ TEST_F(CaptionTest, PanelsCollapseAndSwitchWhatIsInThem) {
     EXPECT_TRUE(panel.contentRect.Contains(button.GetParent()->position));
     Click(button);
     EXPECT_EQ(panel.GetShownSize().y, height);
+    EXPECT_FALSE(FindButton(window, "Close")->CanFocus());
+    button.SetFocus();
+    system.GetUser().PressKey(MKeySpace);
+    EXPECT_TRUE(panel.Is(MControlFlag::Collapsed));
+    button.DispatchEvent({.type = MEventType::KeyUp, .key = MKeyEnter});
+    EXPECT_TRUE(panel.Is(MControlFlag::Collapsed)) << "a key that was pressed elsewhere";
 
     panel.SetCaption(MString(), MCaptionType::None);
     window.UpdateLayout();

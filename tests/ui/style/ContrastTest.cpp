@@ -173,6 +173,33 @@ TEST_P(ContrastTest, FocusIsSeenAndMovesNothing) {
         }
 }
 
+TEST_P(ContrastTest, FocusIsSeenOnParts) {
+    PosedControl control(MControlType::Panel, {60, 40}, MDrawEnabled);
+    const MRect rect{10, 10, 49, 29};
+    const std::function<void(MDrawer&, int32_t)> painters[] = {
+        [&](MDrawer& drawer, int32_t focus) {
+            style.PaintMenuBarItem(
+                control, drawer, rect,
+                static_cast<uint8_t>(MDrawEnabled | (focus ? MDrawHighlighted | focus : 0)));
+        },
+        [&](MDrawer& drawer, int32_t focus) {
+            style.PaintSplitter(control, drawer, rect, true, static_cast<uint8_t>(MDrawEnabled | focus));
+        },
+        [&](MDrawer& drawer, int32_t focus) {
+            MScrollBarParts parts;
+            parts.thumb = rect;
+            parts.thumbState = static_cast<uint8_t>(MDrawEnabled | focus);
+            style.PaintVerticalScrollBar(control, drawer, parts);
+        }};
+    for (const auto& paint : painters) {
+        Canvas plain = Paint(control);
+        Canvas focused = plain;
+        Paint(plain, control, {}, [&](MDrawer& drawer) { paint(drawer, 0); });
+        Paint(focused, control, {}, [&](MDrawer& drawer) { paint(drawer, MDrawFocused); });
+        EXPECT_GE(GetBestContrast(plain.bitmap, focused.bitmap), MContrast::Shape);
+    }
+}
+
 TEST_P(ContrastTest, EachStateLooksDifferent) {
     for (const MControlFlag flag :
          {MControlFlag::Collapsable, MControlFlag::DefaultButton, MControlFlag::Checked}) {

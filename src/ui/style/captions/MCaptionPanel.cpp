@@ -2,11 +2,14 @@
 
 #include "ui/control/MStyle.h"
 
+#include <utility>
+
 MCaptionButtonControl::MCaptionButtonControl(MControl& panel, MControl& owner, MCaptionButton& button)
     : MControl(&panel, button.GetName()), owner(owner), button(button) {
     SetControlType(MControlType::CaptionButton);
     for (const MControlFlag flag : {MControlFlag::HotTrack, MControlFlag::Pressable}) Set(flag);
-    for (const MControlFlag flag : {MControlFlag::TabStop, MControlFlag::AcceptsFocus}) Set(flag, false);
+    for (const MControlFlag flag : {MControlFlag::TabStop, MControlFlag::AcceptsFocus})
+        Set(flag, !owner.IsRoot());
     SetProperty(SpecialCaptionButtonTag, std::make_unique<MObject>());
     OnClick(Click::Left).Connect(this, &MCaptionButtonControl::OnButtonClick);
 }
@@ -34,8 +37,20 @@ void MCaptionButtonControl::PaintContent(MDrawer& drawer) {
 }
 
 bool MCaptionButtonControl::ProcessEvent(const MSystemEvent& event) {
-    return event.type == MEventType::LeftDown || event.type == MEventType::LeftUp ||
-           MControl::ProcessEvent(event);
+    const bool isKey = event.key == MKeyEnter || event.key == MKeySpace;
+    switch (event.type) {
+    case MEventType::LeftDown:
+    case MEventType::LeftUp: return true;
+    case MEventType::KeyDown:
+        if (isKey) pressedKey = event.key;
+        return isKey || MControl::ProcessEvent(event);
+    case MEventType::KeyUp:
+        if (!isKey || std::exchange(pressedKey, 0) != event.key) return MControl::ProcessEvent(event);
+        OnButtonClick({this, {}});
+        return true;
+    case MEventType::LostFocus: pressedKey = 0; [[fallthrough]];
+    default: return MControl::ProcessEvent(event);
+    }
 }
 
 MCaptionPanel::MCaptionPanel(MControl& owner) : MPanel(&owner, "CaptionPanel") {

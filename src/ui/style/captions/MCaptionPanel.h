@@ -6,7 +6,8 @@
 /// Marks the controls of caption buttons among the properties of controls.
 inline constexpr uint32_t SpecialCaptionButtonTag = 0x42504143;  // "CAPB"
 
-/// Shows a caption button. It is worked by the mouse alone: what it does can be done by keys without it.
+/// Shows a caption button. Those of windows are worked by the mouse alone, since the desktop has keys for what they do;
+/// those of panels take the keyboard as buttons do.
 class MCaptionButtonControl final : public MControl {
 public:
     /// The button outlives the control. `owner` has the caption.
@@ -23,6 +24,7 @@ private:
 
     MControl& owner;
     MCaptionButton& button;
+    int32_t pressedKey = 0;  ///< that clicks when it is released
 };
 
 /// The buttons of a caption, side by side.

@@ -104,7 +104,7 @@ void MListBoxBase::SetGap(int32_t gap) {
 
 void MListBoxBase::PaintContent(MDrawer& drawer) {
     MRowView::PaintContent(drawer);
-    if (drag.gap >= 0) GetStyle()->PaintHighlight(*this, drawer, GetGapRect(), MDrawEnabled);
+    if (drag.gap >= 0) GetStyle()->PaintSelection(*this, drawer, GetGapRect(), MDrawEnabled);
 }
 
 void MListBoxBase::ProcessMouseMove(MPoint point) {

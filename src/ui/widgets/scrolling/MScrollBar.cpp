@@ -148,7 +148,7 @@ MScrollBarParts MScrollBar::GetParts() {
 
     const auto getState = [&](Place place, bool isAlive) {
         uint8_t state = IsEnabled() && isAlive ? MDrawEnabled : MDrawDisabled;
-        if (HasFocus()) state |= MDrawFocused;
+        if (focusOwner->HasFocus()) state |= MDrawFocused;
         if (place == hovered) state |= MDrawHighlighted;
         if (place == pressed) state |= MDrawClicked;
         return state;

@@ -37,6 +37,8 @@ public:
     [[nodiscard]] double GetPosition() const { return scrollPosition; }
     /// Whether there is more than is seen.
     [[nodiscard]] bool CanScroll() const { return GetLastPosition() > minimum; }
+    /// The bar shows the focus of a control that takes the keyboard for it, and outlives it.
+    void SetFocusOwner(const MControl& owner) { focusOwner = &owner; }
     /// What the bar takes across its direction, in pixels.
     [[nodiscard]] int32_t GetThickness();
 
@@ -79,6 +81,7 @@ private:
     bool MoveOnce();
     void SetHovered(Place place);
 
+    const MControl* focusOwner = this;
     bool isVertical;
     double minimum = 0;
     double maximum = 100;

@@ -11,6 +11,8 @@
 
 MScroller::MScroller(MControl* parent, const MString& name) : MControl(parent, name) {
     SetContent(*new MControlContainer(&view, "container"));
+    // It has no face of its own that could show the focus.
+    for (MScrollBar* bar : {&horizontal, &vertical}) bar->SetFocusOwner(*this);
 }
 
 void MScroller::SetContent(MControl& newContent) {
@@ -144,6 +146,8 @@ bool MScroller::ProcessEvent(const MSystemEvent& event) {
         return bar.GetPosition() != before;
     }
     if (event.type == MEventType::KeyDown && ProcessKey(event)) return true;
+    if (event.type == MEventType::GotFocus || event.type == MEventType::LostFocus)
+        for (MScrollBar* bar : {&horizontal, &vertical}) bar->Invalidate();
     return MControl::ProcessEvent(event);
 }
 
