@@ -139,7 +139,8 @@ bool MWindowMessages::SendKey(MControl& root, MSystemEvent event) {
 bool MWindowMessages::OnKey(MControl& root, MEventType type, int32_t key) {
     MSystemEvent event;
     event.type = type;
-    event.key = key;
+    // Keyboards without the key for context menus have Shift and F10 for it.
+    event.key = key == MKeyF10 && system.GetModifiers() & MModifierShift ? MKeyMenu : key;
     return SendKey(root, event);
 }
 
