@@ -22,11 +22,21 @@ void MDirectoryDialog::GetMinimalContentSize(int32_t& x, int32_t& y) {
     y = style ? style->ScaleY(380) : 380;
 }
 
+void MDirectoryDialog::OnClosed() {
+    acceptance.Cancel();
+    MDialogWindow::OnClosed();
+}
+
 void MDirectoryDialog::OnAcceptClick(const MOnClickParams&) {
     const MString path = GetPath();
-    if (!path.IsEmpty() && MFile::IsValidDirectory(path)) return CloseWindow(MModalValue::Ok);
-    const MWindows* const windows = MWindows::GetInstance();
-    if (!windows || !windows->dialogs) return;
-    windows->dialogs->ShowInformation(
-        *this, MFormat(MTranslate("Sorry, directory {0} is not accessible."), MEntities::Escape(path)));
+    const auto isValid = std::make_shared<bool>(false);
+    const auto ask = [path, isValid] { *isValid = !path.IsEmpty() && MFile::IsValidDirectory(path); };
+    acceptance.Begin(ask, [this, path, isValid] {
+        if (!path.IsExactly(GetPath())) return;
+        if (*isValid) return CloseWindow(MModalValue::Ok);
+        const MWindows* const windows = MWindows::GetInstance();
+        if (!windows || !windows->dialogs) return;
+        windows->dialogs->ShowInformation(
+            *this, MFormat(MTranslate("Sorry, directory {0} is not accessible."), MEntities::Escape(path)));
+    });
 }

@@ -17,9 +17,11 @@ public:
     [[nodiscard]] MDirectoryTreeControl& GetTree() const { return *tree; }
 
     void GetMinimalContentSize(int32_t& x, int32_t& y) override;
+    void OnClosed() override;
 
 private:
     void OnAcceptClick(const MOnClickParams& params);
 
     MDirectoryTreeControl* tree;
+    MAwaitedTask acceptance;  ///< looks whether the folder can be entered
 };

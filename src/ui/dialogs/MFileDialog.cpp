@@ -163,39 +163,47 @@ void MFileDialog::OnAcceptClick(const MOnClickParams&) {
     Accept(fileNameEdit->GetText());
 }
 
-MString MFileDialog::GetFullPath(const MString& fileName) const {
-    MString path =
-        MFile::IsAbsolute(fileName) ? MFile::Normalize(fileName) : MFile::Join(selector->GetPath(), fileName);
-    const bool isNew = mode == Mode::Save && MFile::GetExtension(path).IsEmpty() && !MFile::IsDirectory(path);
-    if (isNew && filterIndex >= 0) {
-        const MString extension = GetDefaultExtension(filters[static_cast<size_t>(filterIndex)].patterns);
-        if (!extension.IsEmpty()) path += "." + extension;
-    }
-    return path;
+MString MFileDialog::GetMissingExtension(const MString& path) const {
+    if (mode == Mode::Open || filterIndex < 0 || !MFile::GetExtension(path).IsEmpty()) return {};
+    return GetDefaultExtension(filters[static_cast<size_t>(filterIndex)].patterns);
 }
 
 void MFileDialog::Accept(const MString& fileName) {
+    const MString name = fileName.Trimmed();
+    if (name.IsEmpty()) return AcceptTarget({});
+    const auto target = std::make_shared<Target>();
+    target->path = MFile::IsAbsolute(name) ? MFile::Normalize(name) : MFile::Join(selector->GetPath(), name);
+    const MString extension = GetMissingExtension(target->path);
+    const auto ask = [target, extension] {
+        if (!extension.IsEmpty() && !MFile::IsDirectory(target->path)) target->path += "." + extension;
+        target->isDirectory = MFile::IsDirectory(target->path);
+        target->isInDirectory = MFile::IsDirectory(MFile::GetDirectory(target->path));
+        target->isFile = MFile::IsFile(target->path);
+        target->exists = MFile::Exists(target->path);
+    };
+    acceptance.Begin(ask, [this, target] { AcceptTarget(*target); });
+}
+
+void MFileDialog::AcceptTarget(const Target& target) {
     const MWindows* const windows = MWindows::GetInstance();
     if (!windows || !windows->dialogs) return;
-    const MString name = fileName.Trimmed();
-    const MString path = name.IsEmpty() ? MString() : GetFullPath(name);
-    if (!path.IsEmpty() && MFile::IsDirectory(path)) {
+    if (target.isDirectory) {
         fileNameEdit->SetText(MString());
-        return selector->SetPath(path);
+        return selector->SetPath(target.path);
     }
-    const bool isChoice =
-        mode == Mode::Open ? MFile::IsFile(path) : MIsSafeFileName(MFile::GetFileName(path));
-    if (path.IsEmpty() || !isChoice)
-        return windows->dialogs->ShowInformation(*this, MTranslate("You have to select a file."));
-    const MString directory = MFile::GetDirectory(path);
-    if (!selector->Holds(path) || !MFile::IsDirectory(directory)) return Refuse(directory);
+    const bool isChoice = mode == Mode::Open
+                              ? target.isFile
+                              : !target.path.IsEmpty() && MIsSafeFileName(MFile::GetFileName(target.path));
+    if (!isChoice) return windows->dialogs->ShowInformation(*this, MTranslate("You have to select a file."));
+    if (!target.isInDirectory || !selector->Holds(target.path))
+        return Refuse(MFile::GetDirectory(target.path));
     const MControlRef self(this);
-    if (mode == Mode::Save && MFile::Exists(path)) {
+    if (mode == Mode::Save && target.exists) {
         const MString question = MFormat(MTranslate("Are you sure you want to rewrite file \"{0}\"?"),
-                                         MEntities::Escape(MFile::GetFileName(path)));
+                                         MEntities::Escape(MFile::GetFileName(target.path)));
         if (!windows->dialogs->AskYesNo(*this, question) || !self) return;
     }
-    filePath = path;
+    filePath = target.path;
     CloseWindow(MModalValue::Ok);
 }
 
@@ -209,7 +217,20 @@ void MFileDialog::OnPrepared() {
     if (!self || !IsNowhere()) return;
     const MString root = selector->GetTree().GetRootPath();
     const MString first = root.IsEmpty() ? MFile::GetSpecialPath(MSpecialFolderUserDocuments) : root;
-    selector->SetPath(MFile::IsDirectory(first) ? first : MString());
+    const auto chosen = std::make_shared<MString>();
+    const auto look = [chosen, last = lastPath, first] {
+        for (const MString& path : {last, first})
+            if (chosen->IsEmpty() && !path.IsEmpty() && MFile::IsDirectory(path)) *chosen = path;
+    };
+    beginning.Begin(look, [this, chosen] {
+        if (IsNowhere()) selector->SetPath(*chosen);
+    });
+}
+
+void MFileDialog::OnClosed() {
+    beginning.Cancel();
+    acceptance.Cancel();
+    MDialogWindow::OnClosed();
 }
 
 bool MFileDialog::SaveState(MXMLItem& item) {
@@ -230,7 +251,7 @@ void MFileDialog::LoadState(MXMLItem& item) {
     const MString path = item.GetAttribute("Path", MString());
     const bool isSameRoot =
         item.GetAttribute("RootPath", MString()).IsExactly(selector->GetTree().GetRootPath());
-    if (IsNowhere() && isSameRoot && !path.IsEmpty() && MFile::IsDirectory(path)) selector->SetPath(path);
+    lastPath = isSameRoot ? path : MString();
     if (fileNameEdit->GetLength() == 0) fileNameEdit->SetText(item.GetAttribute("FileName", MString()));
     if (MXMLItem* const state = item.FindSubItem("Selector")) selector->LoadState(*state);
     if (MXMLItem* const state = item.FindSubItem("Custom")) custom->LoadState(*state);

@@ -27,11 +27,17 @@ public:
     [[nodiscard]] MContainer& GetCustomPanel() const { return *custom; }
     [[nodiscard]] MFileSelector& GetSelector() const { return *selector; }
 
+    /// Whether it is waiting for the disk.
+    [[nodiscard]] bool IsWaiting() const {
+        return beginning.IsRunning() || acceptance.IsRunning() || selector->GetList().IsReading() ||
+               selector->GetTree().IsReading();
+    }
     /// What was chosen when it was closed with `Ok`.
     [[nodiscard]] const MString& GetFilePath() const { return filePath; }
 
     void GetMinimalContentSize(int32_t& x, int32_t& y) override;
     void OnPrepared() override;
+    void OnClosed() override;
     bool SaveState(MXMLItem& item) override;
     void LoadState(MXMLItem& item) override;
 
@@ -40,13 +46,24 @@ private:
         MString name;
         MString patterns;
     };
+    /// What the disk says of what was chosen.
+    struct Target {
+        MString path;
+        bool isDirectory = false;
+        bool isInDirectory = false;
+        bool isFile = false;
+        bool exists = false;
+    };
 
     void SetFilterIndex(int32_t index);
-    /// Takes what the name says: closes, goes to a folder, or tells what is wrong with it.
+    /// Takes what the name says: closes, goes to a folder, or tells what is wrong with it. The dialog goes on while the
+    /// disk is asked, which may never answer.
     void Accept(const MString& fileName);
+    void AcceptTarget(const Target& target);
     /// Tells that a folder cannot be entered.
     void Refuse(const MString& directory);
-    [[nodiscard]] MString GetFullPath(const MString& fileName) const;
+    /// What a name without an extension gets, or nothing.
+    [[nodiscard]] MString GetMissingExtension(const MString& path) const;
     /// Whether nobody has said yet where to begin.
     [[nodiscard]] bool IsNowhere() const;
 
@@ -70,4 +87,7 @@ private:
     std::vector<Filter> filters;
     int32_t filterIndex = -1;
     MString filePath;
+    MString lastPath;         ///< where the user was the last time
+    MAwaitedTask beginning;   ///< looks where to begin
+    MAwaitedTask acceptance;  ///< looks what was chosen
 };

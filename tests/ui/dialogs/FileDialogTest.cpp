@@ -42,9 +42,7 @@ protected:
         return Text(MFile::GetRelativePath(dialog.GetFilePath(), scratch.GetPath()));
     }
     void Settle(MFileDialog& dialog) {
-        MFileSelector& selector = dialog.GetSelector();
-        for (int32_t i = 0; i < 3000 && (selector.GetList().IsReading() || selector.GetTree().IsReading());
-             ++i) {
+        for (int32_t i = 0; i < 3000 && dialog.IsWaiting(); ++i) {
             MPlatform::Sleep(1);
             system.AdvanceTime(50);
         }
@@ -151,6 +149,7 @@ TEST_F(FileDialogTest, RemembersWhatWasChosen) {
     other.AddFilter("Sounds", "*.wav");
     state.SetAttribute("RootPath", "");
     other.LoadState(state);
+    other.OnPrepared();
     Settle(other);
     EXPECT_TRUE(other.GetSelector().GetPath().IsExactly(scratch.Join("sub")));
     EXPECT_EQ(getCount(other), 0);

@@ -17,6 +17,7 @@ void MControlContent::OnContentChanged() {
         needed.y = ComputePlasticSize(1, clientRect.GetWidth());
     else
         GetMinimalContentSize(needed.x, needed.y);
+    if (Is(MControlFlag::IgnoreWidthInLayout)) needed.x = 0;
     if (needed.x > clientRect.GetWidth() || needed.y > clientRect.GetHeight())
         UpdateLayout();
     else

@@ -243,7 +243,7 @@ void MFileSelector::DeleteTarget(const Target& target) {
                              }
                          }),
                          directory, failure});
-    if (deletions.back().task.WaitFor(MFolderReader::Patience))
+    if (deletions.back().task.WaitFor(MAwaitedTask::Patience))
         OnTimer();
     else
         StartTimer(DeletionInterval);

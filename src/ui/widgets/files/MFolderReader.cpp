@@ -55,26 +55,8 @@ void MReadFolder(const MFolderQuestion& question, MFolderContents& contents) {
 }
 
 void MFolderReader::Read(const MFolderQuestion& question) {
-    Cancel();
-    contents = std::make_shared<MFolderContents>();
+    const auto contents = std::make_shared<MFolderContents>();
     contents->directory = question.directory;
-    task.emplace([question, result = contents] { MReadFolder(question, *result); });
-    if (task->WaitFor(Patience))
-        OnTimer();
-    else
-        StartTimer(Interval);
-}
-
-void MFolderReader::Cancel() {
-    StopTimer();
-    task.reset();
-    contents.reset();
-}
-
-void MFolderReader::OnTimer() {
-    if (!task || !task->IsDone()) return;
-    const std::shared_ptr<MFolderContents> read = std::exchange(contents, nullptr);
-    Cancel();
-    const auto tell = onRead;
-    tell(*read);
+    task.Begin([question, contents] { MReadFolder(question, *contents); },
+               [tell = onRead, contents] { tell(*contents); });
 }
