@@ -42,7 +42,7 @@ bool MListBoxBase::ProcessWheel(int32_t steps) {
         if (next < 0) break;
         row = next;
     }
-    if (row < 0 || row == GetFocusedRow()) return MRowView::ProcessWheel(steps);
+    if (row < 0 || row == GetFocusedRow()) return ScrollBySteps(steps);
     const MControlRef self(this);
     GoTo(row, MModifierNone);
     if (self) ScrollToRow(row);

@@ -77,8 +77,10 @@ protected:
     bool ProcessMove(int32_t key, MKeyModifiers modifiers);
     /// A letter was typed.
     bool ProcessCharacter(char16_t unit, MKeyModifiers modifiers);
-    /// A turn of the wheel.
-    virtual bool ProcessWheel(int32_t steps);
+    /// A turn of the wheel, which scrolls unless it moves something else.
+    virtual bool ProcessWheel(int32_t steps) { return ScrollBySteps(steps); }
+    /// Returns whether anything has moved.
+    bool ScrollBySteps(int32_t steps);
     /// Whether letters are being typed, to which a space belongs.
     [[nodiscard]] bool IsTyping() const;
     virtual void SetHoveredRow(int32_t row);

@@ -78,7 +78,7 @@ bool MRowView::ProcessCharacter(char16_t unit, MKeyModifiers modifiers) {
     return true;
 }
 
-bool MRowView::ProcessWheel(int32_t steps) {
+bool MRowView::ScrollBySteps(int32_t steps) {
     const int64_t before = scrollPlace;
     ScrollTo(scrollPlace - int64_t{steps} * WheelRows * places.GetEstimate());
     return scrollPlace != before;

@@ -48,7 +48,7 @@ protected:
     [[nodiscard]] int32_t GetLeastRowHeight() override;
     [[nodiscard]] int32_t GetCheckBoxSize() override;
     bool ProcessRowKey(int32_t key, MKeyModifiers modifiers) override;
-    bool ProcessWheel(int32_t steps) override { return MRowView::ProcessWheel(steps); }
+    bool ProcessWheel(int32_t steps) override { return ScrollBySteps(steps); }
     void Reorder(const std::vector<int32_t>&) override {}
 
 private:
