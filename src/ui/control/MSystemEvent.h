@@ -87,6 +87,7 @@ struct MSystemEvent {
     MKeyModifiers modifiers = MModifierNone;
     int32_t wheelDelta = 0;     ///< of `Wheel`: steps, positive away from the user, never 0
     int32_t key = 0;            ///< of `KeyDown` and `KeyUp`: an `MKey` or the like
+    bool isRepeated = false;    ///< of `KeyDown`: the key is held since before
     char16_t character = 0;     ///< of `Character`: a unit of UTF-16
     bool flag = false;          ///< of `Activation`
     MControl* other = nullptr;  ///< of `Activation`: a root, or null

@@ -7,6 +7,7 @@
 #include "ui/control/windows/MWindows.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -141,6 +142,8 @@ bool MWindowMessages::OnKey(MControl& root, MEventType type, int32_t key) {
     event.type = type;
     // Keyboards without the key for context menus have Shift and F10 for it.
     event.key = key == MKeyF10 && system.GetModifiers() & MModifierShift ? MKeyMenu : key;
+    const bool isDown = type == MEventType::KeyDown;
+    event.isRepeated = std::exchange(heldKey, isDown ? key : 0) == key && isDown;
     return SendKey(root, event);
 }
 
@@ -186,6 +189,8 @@ void MWindowMessages::OnDeactivated(MControl& root, MControl* other, const MStri
         MSystemEvent event;
         event.type = MEventType::Activation;
         event.other = windows && windows->HasRoot(other) ? other : nullptr;
+        // Nobody tells of keys that are released over another program.
+        if (!event.other) heldKey = 0;
         const MControlRef alive(&root);
         const MControlRef below(root.GetRootState().windowParent.Get());
         const bool wasOpen = root.GetRootState().modalResult == MModalValue::None;

@@ -59,5 +59,6 @@ private:
     MWindowSystem& system;
     bool isMouseEnabled = true;
     bool isKeyboardEnabled = true;
+    int32_t heldKey = 0;      ///< the last one that was pressed, until it is released
     int64_t hiddenTime = -1;  ///< when a window was last hidden; below 0 for long ago
 };

@@ -24,6 +24,8 @@ TEST_F(MCheckBoxTest, TogglesWhenItIsPressed) {
     }
     EXPECT_EQ(states, (std::vector{Grayed, Off, On}));
     EXPECT_EQ(Take(), "box:change box:change box:change") << "at the press alone";
+    for (int32_t i = 0; i < 3; ++i) system.GetMessages().OnKey(root, MEventType::KeyDown, MKeySpace);
+    EXPECT_EQ(Take(), "box:change") << "however long the key is held";
     box.Set(On);
     EXPECT_EQ(Take(), "");
     EXPECT_EQ(FailureOf([&] { box.Set(static_cast<MCheckBoxState>(3)); }),

@@ -125,7 +125,7 @@ bool MCheckBox::ProcessEvent(const MSystemEvent& event) {
     const bool isKey = event.type == MEventType::KeyDown || event.type == MEventType::KeyUp;
     const bool isToggleKey = isKey && (event.key == MKeyEnter || event.key == MKeySpace);
     if (event.type == MEventType::LeftDown || (isToggleKey && event.type == MEventType::KeyDown)) {
-        Toggle();
+        if (!event.isRepeated) Toggle();
         return true;
     }
     if (isToggleKey || event.type == MEventType::LeftUp) return true;

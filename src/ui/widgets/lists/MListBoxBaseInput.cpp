@@ -205,6 +205,8 @@ bool MListBoxBase::ProcessEvent(const MSystemEvent& event) {
         ProcessMouseMove(GetOwnPoint(event.point));
         return drag.isActive || MRowView::ProcessEvent(event);
     case MEventType::KeyDown:
+        // Rows are checked and opened once, however long the key is held.
+        if (event.isRepeated && (event.key == MKeySpace || event.key == MKeyEnter)) return true;
         return ProcessRowKey(event.key, event.modifiers) || !self || MControl::ProcessEvent(event);
     default: return MRowView::ProcessEvent(event);
     }

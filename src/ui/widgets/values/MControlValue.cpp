@@ -112,7 +112,9 @@ bool MControlValue::ProcessKey(const MSystemEvent& event) {
     case MKeyLeft: step(-1); return true;
     case MKeyHome: Modify([](MValue& active) { active.SetNormalized(0); }); return true;
     case MKeyEnd: Modify([](MValue& active) { active.SetNormalized(1); }); return true;
-    case MKeySpace: EditValue(); return true;
+    case MKeySpace:
+        if (!event.isRepeated) EditValue();
+        return true;
     default: return false;
     }
 }
