@@ -4,7 +4,7 @@
 #include "foundation/base/MRaise.h"
 #include "foundation/text/MStringFormatter.h"
 #include "foundation/values/MValueEnum.h"
-#include "foundation/values/MValueNumber.h"
+#include "foundation/values/MValuePercents.h"
 #include "ui/control/kinds/MStdBitmap.h"
 #include "ui/control/kinds/MStdIcon.h"
 #include "ui/layout/MLayoutClient.h"
@@ -80,7 +80,7 @@ void CompleteButtons(MControl& page) {
 void CompleteValues(MControl& page) {
     auto& range = Find<MTracker>(page, "trackerrange");
     // Outlives the tracker.
-    static MValueDouble end("end", 0, 1, 0.7);
+    static MValuePercents end("end", 0, 1, 0.7);
     range.SetMaxValue(&end);
     MControl& selectors = Find(page, "selectors");
     auto* const selector = new MSelector(&selectors, "selector");

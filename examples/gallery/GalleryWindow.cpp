@@ -7,6 +7,7 @@
 #include "ui/control/MXmlLoader.h"
 #include "ui/control/windows/MWindows.h"
 #include "ui/layout/MLayoutOccupyBorder.h"
+#include "ui/widgets/menus/MMenuBar.h"
 #include "ui/widgets/values/MControlValue.h"
 
 GalleryWindow::GalleryWindow(MXMLItem& document, Log log)
@@ -34,7 +35,13 @@ GalleryWindow::GalleryWindow(MXMLItem& document, Log log)
 void GalleryWindow::ListenTo(MControl& control) {
     control.OnClick(Click::Left).Connect(this, &GalleryWindow::OnClicked);
     control.OnChange().Connect(this, &GalleryWindow::OnChanged);
+    if (auto* const bar = dynamic_cast<MMenuBar*>(&control))
+        bar->OnItem().Connect(this, &GalleryWindow::OnMenuItem);
     for (MControl* child : control.GetChildren()) ListenTo(*child);
+}
+
+void GalleryWindow::OnMenuItem(const MOnItemParams<MMenuItem>& params) {
+    log(MFormat("{0} chosen", params.item->text));
 }
 
 void GalleryWindow::OnClicked(const MOnClickParams& params) {

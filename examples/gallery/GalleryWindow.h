@@ -2,6 +2,7 @@
 
 #include "foundation/xml/MXMLItem.h"
 #include "ui/control/MContainers.h"
+#include "ui/widgets/menus/MMenu.h"
 #include "ui/widgets/tabs/MTabSet.h"
 
 #include <functional>
@@ -22,6 +23,7 @@ private:
     void ListenTo(MControl& control);
     void OnClicked(const MOnClickParams& params);
     void OnChanged(const MOnNotifyParams& params);
+    void OnMenuItem(const MOnItemParams<MMenuItem>& params);
     void Capture(const MOnKeyboardShortcutParams&);
 
     Log log;

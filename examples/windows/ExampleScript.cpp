@@ -36,6 +36,12 @@ void ExampleScript::RunLine(const MString& line) {
         user.Click(point);
     } else if (word == "double") {
         user.Click(point, 2);
+    } else if (word == "right") {
+        user.Click(point, 1, MModifierRightButton);
+    } else if (word == "hold") {
+        user.HoldKeys(rest == "shift"     ? MModifierShift
+                      : rest == "control" ? MModifierControl
+                                          : MModifierNone);
     } else if (word == "type") {
         user.Type(rest);
     } else if (word == "key") {

@@ -10,8 +10,8 @@ void ExampleSavePicture(const MBitmap& picture, const MString& path);
 /// What a user does, line by line, in a window in memory; points are in the window, where it was
 /// when no button was held:
 ///
-///     move X Y            press | release | click X Y | double X Y
-///     type WORDS          key NUMBER
+///     move X Y            press | release | click X Y | double X Y | right X Y
+///     type WORDS          key NUMBER          hold shift | control | none
 ///     wheel STEPS         wait MILLISECONDS
 ///     picture FILE.png
 ///
