@@ -3,6 +3,7 @@
 #include "foundation/base/MException.h"
 #include "ui/control/windows/MWindows.h"
 #include "ui/layout/MLayoutClient.h"
+#include "ui/widgets/menus/MPopupPlace.h"
 
 #include <utility>
 
@@ -119,9 +120,10 @@ void MKeyboardWindow::ShowFor(MControl& newTarget) {
     target.Set(&newTarget);
     keyboard.SetTarget(&newTarget);
     if (!Is(MControlFlag::HasWindow)) CreateWindow(&newTarget.GetRoot());
-    const MPoint place = newTarget.GetScreenPoint({0, newTarget.GetShownSize().y});
     ShowModeless(&newTarget.GetRoot());
-    SetPosition(place);
+    const MPoint corner = newTarget.GetScreenPoint({});
+    const MPoint shown = newTarget.GetShownSize();
+    SetPosition(MPlacePopup(size, MRect::FromSize(corner.x, corner.y, shown.x, shown.y), MPopupSide::Below));
 }
 
 void MKeyboardWindow::OnClosed() {

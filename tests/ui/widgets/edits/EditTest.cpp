@@ -221,6 +221,8 @@ TEST_F(EditTest, OffersAMenuAndAKeyboard) {
     EditWindow<MEdit> window;
     MEdit& edit = window.edit;
     Open(window.root);
+    const MRect area = system.GetWorkArea({});
+    window.root.SetPosition(MPoint{area.right - 150, area.bottom - 60});
     edit.SetText("text");
     edit.SelectAll();
     const auto choose = [&](int32_t downs) {
@@ -238,6 +240,8 @@ TEST_F(EditTest, OffersAMenuAndAKeyboard) {
     MControl* const keyboard = system.GetActiveRoot();
     ASSERT_NE(keyboard, &window.root);
     keyboard->RedrawNow();
+    EXPECT_TRUE(area.Contains({system.GetFrame(*keyboard).right, system.GetFrame(*keyboard).bottom}))
+        << "on the screen as a whole";
     const auto click = [&](const char* caption) {
         const std::function<MControl*(MControl&)> find = [&](MControl& control) -> MControl* {
             if (control.GetCaption().IsExactly(caption)) return &control;
