@@ -126,6 +126,8 @@ public:
     /// header; the other one is indented by tabs and has each word of a value on a line of its own.
     /// Raises "XML entity cannot have empty name." and what finding the encoding raises.
     void Save(MStream& stream, bool isCompact, const MString& encoding) const;
+    /// A file that is there stays until the new one is complete, unless it is a link, or its folder lets nothing be
+    /// added: then it is written in its place. Raises what opening, writing and `MReplaceFile` raise, too.
     void SaveFile(const MString& path, bool isCompact, const MString& encoding) const;
     /// The compact form, as a zlib stream.
     void SaveCompressed(MStream& stream, const MString& encoding) const;

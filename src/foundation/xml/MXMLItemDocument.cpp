@@ -1,10 +1,12 @@
 #include "foundation/base/MException.h"
+#include "foundation/files/MFile.h"
+#include "foundation/files/MFileReplacement.h"
 #include "foundation/xml/MXMLItem.h"
 #include "foundation/xml/MXMLParser.h"
 #include "foundation/xml/MXMLSaver.h"
 #include "streams/basic/MHexaStream.h"
 #include "streams/basic/MMemoryStream.h"
-#include "streams/basic/MStdFileStream.h"
+#include "streams/basic/MOutputFile.h"
 #include "streams/compression/MZLibStream.h"
 
 #include <cstring>
@@ -30,10 +32,17 @@ void MXMLItem::Save(MStream& stream, bool isCompact, const MString& encoding) co
 }
 
 void MXMLItem::SaveFile(const MString& path, bool isCompact, const MString& encoding) const {
-    MStdFileStream file;
-    file.Open(path, MOpenWrite | MOpenCreate);
+    const bool isThere = MFile::Exists(path);
+    if (isThere && MFindRewriteWay(path) != MRewriteWay::Replace) {
+        MStdFileStream file;
+        file.Open(path, MOpenWrite | MOpenCreate);
+        Save(file, isCompact, encoding);
+        return file.Close();
+    }
+    MOutputFile file(path);
+    if (isThere) file.CopyOwnership(path);
     Save(file, isCompact, encoding);
-    file.Close();
+    file.Commit();
 }
 
 void MXMLItem::SaveCompressed(MStream& stream, const MString& encoding) const {

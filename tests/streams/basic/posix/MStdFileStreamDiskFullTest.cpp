@@ -1,5 +1,6 @@
 #include "foundation/files/MFile.h"
 #include "foundation/files/posix/MNativePath.h"
+#include "foundation/xml/MXMLItem.h"
 #include "streams/basic/MStdFileStream.h"
 #include "tests/support/MScratch.h"
 #include "tests/support/MTestText.h"
@@ -35,6 +36,16 @@ TEST(MStdFileStreamDiskFull, EveryWayToTheDiskTellsOnce) {
         EXPECT_EQ(FailureOf([&] { stream.Close(); }), "none") << "told twice";
         EXPECT_FALSE(stream.IsOpen());
     }
+}
+
+TEST(MStdFileStreamDiskFull, ADocumentStaysUntilTheNextOneIsComplete) {
+    const MScratch scratch;
+    const MString path = scratch.WriteFile("settings.xml", "old");
+    {
+        const MTestFileSizeLimit limit(16);
+        EXPECT_NE(FailureOf([&] { MXMLItem("settings").SaveFile(path, true, "utf-8"); }), "none");
+    }
+    EXPECT_EQ(scratch.ReadFile("settings.xml"), "old");
 }
 
 // A pipe was waited for without end.
