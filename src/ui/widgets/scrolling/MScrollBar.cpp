@@ -49,8 +49,8 @@ double MScrollBar::GetLastPosition() const {
 void MScrollBar::SetRange(double newMinimum, double newMaximum) {
     minimum = Finite(newMinimum);
     maximum = std::max(minimum, Finite(newMaximum));
-    SetView(pageSize, scrollPosition);
     Invalidate();
+    SetView(pageSize, scrollPosition);
 }
 
 void MScrollBar::SetPageSize(double newPageSize) {

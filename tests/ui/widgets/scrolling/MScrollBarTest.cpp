@@ -104,13 +104,15 @@ TEST_F(MScrollBarTest, SurvivesItsEndInAHandler) {
         void OnChanged(const MOnNotifyParams&) { delete std::exchange(bar, nullptr); }
         MScrollBar* bar = nullptr;
     };
-    for (const int32_t place : {4, 60, 130, 187}) {
+    for (const int32_t place : {-1, 4, 60, 130, 187}) {
         MControl root;
         Ender ender;
         ender.bar = new MScrollBar(&root, "bar");
         ender.bar->SetPosition(45);
         OpenWith(*ender.bar);
         ender.bar->OnChange().Connect(&ender, &Ender::OnChanged);
+        if (place < 0) ender.bar->SetRange(0, 20);
+        if (!ender.bar) continue;
         user.MoveMouse(At(*ender.bar, place));
         user.PressButton();
         system.AdvanceTime(1000);
