@@ -1,6 +1,7 @@
 #include "ui/widgets/edits/MEditDocument.h"
 
 #include <algorithm>
+#include <utility>
 
 MTextRange MEditDocument::GetSelection() const {
     return {std::min(anchor, cursor), std::max(anchor, cursor)};
@@ -55,8 +56,9 @@ bool MEditDocument::Remove(int32_t to, Kind kind) {
 }
 
 void MEditDocument::SetMaximumLength(int32_t newLength) {
-    maximumLength = std::clamp(newLength, 0, MEditText::MaximumLength);
-    if (GetLength() > maximumLength) SetText(text.GetText());
+    newLength = std::clamp(newLength, 0, MEditText::MaximumLength);
+    // What was longer does not come back.
+    if (std::exchange(maximumLength, newLength) > newLength) SetText(text.GetText());
 }
 
 void MEditDocument::SetMultiLine(bool newIsMultiLine) {

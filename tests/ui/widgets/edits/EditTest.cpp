@@ -38,6 +38,13 @@ TEST_F(EditTest, TypesWithinItsLimitsAndTells) {
     Press('V', MModifierControl);
     EXPECT_EQ(edit.GetLength(), 0);
     edit.SetMaximumLength(100);
+    user.Type("longer");
+    for (int32_t i = 0; i < 3; ++i) Press(MKeyBackspace);
+    edit.SetMaximumLength(3);
+    edit.Undo();
+    EXPECT_EQ(edit.GetLength(), 3) << "what does not fit any more does not come back";
+    edit.SetMaximumLength(100);
+    edit.Clear();
 
     static const MCharFilter::FloatFilter Float;
     edit.SetFilter(&Float);
