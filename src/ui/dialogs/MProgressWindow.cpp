@@ -156,7 +156,9 @@ void MProgressWindow::OnTimer() {
 MString MProgressWindow::GetStatistics(double percent) const {
     const int64_t elapsed = (MWindows::GetInstance()->GetSystem().GetTime() - startTime) / 1000;
     const bool isKnown = percent > 0;
-    const auto estimated = isKnown ? static_cast<int64_t>(static_cast<double>(elapsed) * 100 / percent) : 0;
+    constexpr double LongestEstimate = 1e9;
+    const double whole = isKnown ? static_cast<double>(elapsed) * 100 / percent : 0;
+    const auto estimated = static_cast<int64_t>(std::min(whole, LongestEstimate));
     const auto toText = [isKnown](int64_t seconds) {
         return isKnown ? MDurationText(seconds) : MString("-");
     };

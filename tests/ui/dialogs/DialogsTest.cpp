@@ -154,6 +154,9 @@ TEST_F(DialogsTest, ShowsHowFarAWorkerIs) {
             EXPECT_LT(progress.size.x, 500);
             EXPECT_EQ(Text(Find(progress, "Statistics")->GetCaption()),
                       "Elapsed: 0 min, 30 sec\nEstimated: 2 min, 0 sec\nRemaining: 1 min, 30 sec");
+            progress.SetProgress(1e-300);
+            progress.OnTimer();
+            EXPECT_TRUE(Find(progress, "Statistics")->GetCaption().StartsWith("Elapsed: 0 min, 30 sec"));
             step = 2;
         },
         30'000);
