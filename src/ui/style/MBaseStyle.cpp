@@ -10,6 +10,7 @@
 #include "ui/control/MControl.h"
 #include "ui/control/kinds/MStdColor.h"
 #include "ui/control/windows/MWindows.h"
+#include "ui/style/MStyleNumber.h"
 
 #include <algorithm>
 #include <cmath>
@@ -18,13 +19,13 @@ namespace {
 
 double GetFraction(MXMLItem& item, const char* attribute, double defaultValue) {
     if (!item.HasAttribute(attribute)) return defaultValue;
-    return std::clamp(MParseDouble(item.GetCachedAttribute()), 0.0, 1.0);
+    return MLimitStyleNumber(MParseDouble(item.GetCachedAttribute()), 0, 1);
 }
 
 /// A factor of the definition, in percent.
 int32_t GetPercentAttribute(MXMLItem& item, const char* attribute, int32_t defaultValue) {
     if (!item.HasAttribute(attribute)) return defaultValue;
-    const double factor = std::clamp(MParseDouble(item.GetCachedAttribute()), 0.0, 100.0);
+    const double factor = MLimitStyleNumber(MParseDouble(item.GetCachedAttribute()), 0, 100);
     return std::clamp(static_cast<int32_t>(std::floor(factor * 100 + 0.5)), MStyleScale::Least,
                       MStyleScale::Most);
 }

@@ -2,6 +2,7 @@
 
 #include "foundation/text/MNumberText.h"
 #include "foundation/xml/MXMLItem.h"
+#include "ui/style/MStyleNumber.h"
 
 #include <algorithm>
 
@@ -11,13 +12,10 @@ namespace {
 constexpr size_t KeptBitmaps = 12;
 /// No generated bitmap is longer; a larger control gets it stretched.
 constexpr int32_t LongestSide = 1536;
+/// No image has more layers, or more changes of colour.
 constexpr int32_t MaximumLayers = 32;
-
+/// How far one may go.
 constexpr double Limit = 255;
-
-int32_t ToChange(double value) {
-    return static_cast<int32_t>(std::clamp(value, -Limit, Limit));
-}
 
 struct NamedChange {
     const char* name;
@@ -25,11 +23,14 @@ struct NamedChange {
 };
 
 constexpr NamedChange Changes[] = {
-    {"changecontrast", [](MColor color, double value) { return color.WithContrast(ToChange(value)); }},
-    {"changebrightness", [](MColor color, double value) { return color.WithBrightness(ToChange(value)); }},
-    {"changesaturation", [](MColor color, double value) { return color.WithSaturation(ToChange(value)); }},
+    {"changecontrast",
+     [](MColor color, double value) { return color.WithContrast(static_cast<int32_t>(value)); }},
+    {"changebrightness",
+     [](MColor color, double value) { return color.WithBrightness(static_cast<int32_t>(value)); }},
+    {"changesaturation",
+     [](MColor color, double value) { return color.WithSaturation(static_cast<int32_t>(value)); }},
     {"multiplysaturation",
-     [](MColor color, double value) { return color.WithSaturationTimes(std::clamp(value, 0.0, Limit)); }}};
+     [](MColor color, double value) { return color.WithSaturationTimes(std::max(value, 0.0)); }}};
 
 }  // namespace
 
@@ -44,8 +45,10 @@ void StateImage::Load(MXMLItem& item) {
         if (child->GetName() == "layer") addLayer(*child, false);
         if (child->GetName() == "image") picture.Load(*child);
         for (const NamedChange& named : Changes)
-            if (child->GetName() == named.name)
-                changes.push_back({named.change, MParseDouble(child->GetAttribute("value", MString()))});
+            if (child->GetName() == named.name && changes.size() < MaximumLayers)
+                changes.push_back(
+                    {named.change, MLimitStyleNumber(MParseDouble(child->GetAttribute("value", MString())),
+                                                     -Limit, Limit)});
     }
     Reset();
 }

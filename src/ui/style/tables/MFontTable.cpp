@@ -5,6 +5,7 @@
 #include "foundation/text/MNumberText.h"
 #include "foundation/xml/MXMLItem.h"
 #include "streams/resources/MResourceLibrary.h"
+#include "ui/style/MStyleNumber.h"
 #include "ui/text/MFontSubstitutes.h"
 
 #include <algorithm>
@@ -21,7 +22,7 @@ constexpr double LargestSize = 1000;
 
 double GetNumber(MXMLItem& item, const char* attribute, double defaultValue) {
     if (!item.HasAttribute(attribute)) return defaultValue;
-    return std::clamp(MParseDouble(item.GetCachedAttribute()), -LargestSize, LargestSize);
+    return MLimitStyleNumber(MParseDouble(item.GetCachedAttribute()), -LargestSize, LargestSize);
 }
 
 }  // namespace
