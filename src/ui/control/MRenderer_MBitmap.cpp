@@ -3,6 +3,7 @@
 #include "ui/control/MDrawerUsingStyle.h"
 #include "ui/control/MRenderer.h"
 #include "ui/control/windows/MWindows.h"
+#include "ui/drawing/MClipScope.h"
 
 #include <utility>
 
@@ -24,6 +25,13 @@ bool IsTransparent(const MControl& control) {
     case MControlType::Static: return true;
     default: return control.Is(MControlFlag::Transparent);
     }
+}
+
+/// Whether a control is larger than any screen, as what is scrolled may be. A bitmap of it could take all memory.
+bool IsTooLarge(const MControl& control) {
+    constexpr int64_t MostPixels = 1 << 26;
+    const MPoint size = control.GetShownSize();
+    return int64_t{size.x} * size.y > MostPixels;
 }
 
 /// The control itself or the nearest one above it that has a bitmap; its root at last.
@@ -57,13 +65,20 @@ std::shared_ptr<MBitmap> GetBitmap(MControl& control) {
 
 /// Fills what lies behind a transparent control.
 void PaintBackground(MControl& control, MDrawer& drawer, const MRect& rect) {
-    if (!control.GetParent()) {
+    if (!control.GetParent() || IsTooLarge(GetBitmapOwner(*control.GetParent()))) {
         drawer.FillRectangle(rect, {0, 0, 0, 255}, MDrawMode::Copy);
         return;
     }
     MControl& behind = GetBitmapOwner(*control.GetParent());
     const MRect source = rect.Shifted(control.windowOffset - behind.windowOffset);
     drawer.BitBlt(source, *GetBitmap(behind), rect.GetTopLeft(), 255, MDrawMode::Copy);
+}
+
+void PaintToWindow(MControl& control, const MRect& rect) {
+    const std::unique_ptr<MDrawer> drawer = MRenderer_ToWindow().CreateDrawer(control);
+    if (!drawer) return;
+    MClipScope clip(*drawer);
+    if (!clip.Intersect(rect)) control.PaintWith(*drawer);
 }
 
 int64_t GetArea(const MRect& rect) {
@@ -108,6 +123,7 @@ void MRenderer_MBitmap::Render(MControl& control, const MRect& rect) {
     MWindows* const windows = MWindows::GetInstance();
     MDrawer* const window = windows ? windows->GetSystem().GetDrawer(control.GetRoot()) : nullptr;
     MControl& owner = GetBitmapOwner(control);
+    if (IsTooLarge(owner)) return PaintToWindow(control, rect);
     // A new bitmap is painted whole, since only what changes is painted later.
     const MRect painted = HasBitmap(owner) ? rect : control.contentRect;
     const std::shared_ptr<MBitmap> bitmap = GetBitmap(owner);
@@ -127,6 +143,7 @@ std::unique_ptr<MDrawer> MRenderer_MBitmap::CreateDrawer(MControl& control) {
     MStyle* const style = control.GetStyle();
     if (!style) return nullptr;
     MControl& owner = GetBitmapOwner(control);
+    if (IsTooLarge(owner)) return MRenderer_ToWindow().CreateDrawer(control);
     auto drawer = std::make_unique<MDrawerUsingStyle<MDrawerToMBitmap>>(*style, control);
     drawer->hasAlphaChannel = false;
     drawer->SetBitmap(GetBitmap(owner).get());

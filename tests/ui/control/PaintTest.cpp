@@ -208,6 +208,15 @@ TEST_F(PaintTest, ShowsWhatLiesBehindTransparentControls) {
     }
 }
 
+TEST_F(PaintTest, PaintsWhatIsFarLargerThanAScreen) {
+    Place(lower, MRect::FromSize(0, 0, 1 << 20, 1 << 12));
+    Place(upper, {40, 40, 49, 49});
+    Show();
+    EXPECT_EQ(system.GetPicture(root).GetPixel(5, 5).red, 2);
+    EXPECT_EQ(system.GetPicture(root).GetPixel(20, 20).red, 3);
+    EXPECT_EQ(system.GetPicture(root).GetPixel(45, 45).red, 4);
+}
+
 TEST_F(PaintTest, OtherThreadsInvalidate) {
     Show();
     system.SetPatience(10000);
