@@ -189,9 +189,10 @@ TEST_F(DefinitionTest, HostileNumbersCostNeitherMemoryNorTime) {
         for (const MPoint size : {MPoint{1, 1}, {30, 20}, {3000, 2}, {2, 3000}})
             (void)PaintButton(MDrawEnabled, size);
     }
-    Define("<panel><image><normal color='000000FF'><changebrightness value='nan'/><changecontrast value='-inf'/>"
-           "</normal></image></panel>",
-           "<colors disabledalpha='nan'/><fonts><normal height='nan'/></fonts>");
+    Define(
+        "<panel><image><normal color='000000FF'><changebrightness value='nan'/><changecontrast value='-inf'/>"
+        "</normal></image></panel>",
+        "<colors disabledalpha='nan'/><fonts><normal height='nan'/></fonts>");
     EXPECT_NEAR(PaintButton(MDrawEnabled).red, 127, 1) << "what is no number is 0";
 }
 

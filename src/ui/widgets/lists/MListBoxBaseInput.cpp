@@ -177,9 +177,9 @@ bool MListBoxBase::ProcessRowKey(int32_t key, MKeyModifiers modifiers) {
         return true;
     case MKeyUp:
     case MKeyDown: {
-        const bool isMove = canReorder && modifiers & MModifierAlt && !selectedItems.empty();
-        if (!isMove) return ProcessMove(key, modifiers);
-        const MList<int32_t> rows = GetSelectedRows();
+        const bool isMove = canReorder && modifiers & MModifierAlt;
+        const MList<int32_t> rows = isMove ? GetSelectedRows() : MList<int32_t>();
+        if (rows.IsEmpty()) return ProcessMove(key, modifiers);
         MoveSelected(key == MKeyUp ? rows[0] - 1 : rows[rows.GetCount() - 1] + 2);
         return true;
     }

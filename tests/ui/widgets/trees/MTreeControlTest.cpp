@@ -131,6 +131,17 @@ TEST_F(MTreeControlTest, OpensAndSelectsAsItsModel) {
     }
 }
 
+TEST_F(MTreeControlTest, HasNoSelectedRowBelowAClosedItem) {
+    tree.SetReorderable(true);
+    auto item = std::make_unique<MTreeControlItem>("hidden");
+    item->isSelected = true;
+    tree.AddItem(tree.GetRootItem(), std::move(item), -1);
+    EXPECT_EQ(tree.GetSelectedRow(), -1);
+    user.HoldKeys(MModifierAlt);
+    user.PressKey(MKeyUp);
+    EXPECT_EQ(GetRows(), "root*");
+}
+
 TEST_F(MTreeControlTest, IsFilledWhenItIsOpened) {
     struct Filler : MEventTarget {
         void OnOpening(const MOnItemParams<MTreeControlItem>& params) {
