@@ -37,7 +37,9 @@ Control& AddBelow(MControl& parent, const char* name) {
 class MProgressWindow::WorkerThread final : public MThread {
 public:
     WorkerThread(MProgressWindow& window, Worker& worker) : window(window), worker(worker) {}
+    /// Where no window can be shown, nobody would see what it goes on to do.
     ~WorkerThread() override {
+        if (GetResult() == NotFinished) window.isCancelled = true;
         RequestStop();
         Wait();
     }

@@ -171,6 +171,13 @@ TEST_F(DialogsTest, ShowsHowFarAWorkerIs) {
                   (void)progress.Run(&root, [](MProgressWindow&) { MRaise(MExceptionHTTP, "No server."); });
               }),
               "201: No server.");
+    struct Unshowable final : MProgressWindow {
+        void OnPrepared() override { MRaise(MExceptionGeneral, "No room."); }
+    } unshowable;
+    const auto workForEver = [](MProgressWindow& shown) {
+        for (;;) shown.CheckCancelled();
+    };
+    EXPECT_EQ(FailureOf([&] { (void)unshowable.Run(&root, workForEver); }), "0: No room.");
 }
 
 TEST_F(DialogsTest, CancelsAWorker) {
