@@ -3,7 +3,7 @@
 #include "builder/commands/MRunBuilder.h"
 #include "builder/downloads/MDownloadSetCheck.h"
 #include "builder/downloads/MDownloadSetWriter.h"
-#include "builder/output/MProgressBar.h"
+#include "builder/output/MTextProgress.h"
 #include "builder/packing/MHashingStream.h"
 #include "builder/packing/MPayloadWriter.h"
 #include "builder/packing/MSetupProgram.h"
@@ -83,7 +83,7 @@ void MDownloadSetCommand::WriteData(const MString& path) const {
 void MDownloadSetCommand::WriteSet(const MDownloadSetOutput& target) {
     const MString directory = target.GetPath(options.id);
     MFile::CreateDirectory(directory);
-    MProgressBar bar(output, sources.size);
+    MTextProgress bar(output, sources.size);
     MDownloadSetWriter writer(directory, options.partSize, [&bar](int64_t bytes) { bar.Advance(bytes); });
     writer.Write(sources);
     result = MFormat("{0} files, {1} directories, {2} parts of at most {3} bytes, {4} bytes",

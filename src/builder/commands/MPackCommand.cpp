@@ -6,7 +6,7 @@
 #include "builder/compression/MPlainPieces.h"
 #include "builder/compression/MZLibPieces.h"
 #include "builder/output/MCommandInputs.h"
-#include "builder/output/MProgressBar.h"
+#include "builder/output/MTextProgress.h"
 #include "builder/packing/MFileSetOutput.h"
 #include "builder/packing/MHashingStream.h"
 #include "builder/packing/MPayloadWriter.h"
@@ -104,7 +104,7 @@ void MPackCommand::WriteFileSet() {
 void MPackCommand::WritePayload(MStream& target) {
     MPayloadWriter writer(*codec, options.threads, target);
     {
-        MProgressBar bar(output, sourceBytes);
+        MTextProgress bar(output, sourceBytes);
         writer.WriteItems(sources.GetItems(), [&bar](int64_t bytes) { bar.Advance(bytes); });
     }
     writer.WriteIndex(definition.GetRoot());

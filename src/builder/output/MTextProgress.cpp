@@ -1,20 +1,20 @@
-#include "builder/output/MProgressBar.h"
+#include "builder/output/MTextProgress.h"
 
 #include "foundation/base/MGuard.h"
 #include "foundation/text/MStringFormatter.h"
 
 #include <algorithm>
 
-MProgressBar::MProgressBar(MBuilderOutput& output, int64_t total)
+MTextProgress::MTextProgress(MBuilderOutput& output, int64_t total)
     : output(output), isShown(output.IsProgressShown()), total(std::max<int64_t>(total, 1)) {
     Advance(0);
 }
 
-MProgressBar::~MProgressBar() {
-    if (isShown) MGuard("MProgressBar", [this] { output.ShowProgress(MString()); });
+MTextProgress::~MTextProgress() {
+    if (isShown) MGuard("MTextProgress", [this] { output.ShowProgress(MString()); });
 }
 
-void MProgressBar::Advance(int64_t bytes) {
+void MTextProgress::Advance(int64_t bytes) {
     done += bytes;
     const bool isLarge = total > INT64_MAX / 100;
     const int64_t percent = std::min<int64_t>(isLarge ? done / (total / 100) : done * 100 / total, 100);
@@ -23,7 +23,7 @@ void MProgressBar::Advance(int64_t bytes) {
     Show();
 }
 
-void MProgressBar::Show() {
+void MTextProgress::Show() {
     constexpr int32_t Width = 40;
     const auto filled = static_cast<int32_t>(shownPercent * Width / 100);
     MString bar;

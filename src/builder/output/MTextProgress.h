@@ -5,14 +5,14 @@
 #include <cstdint>
 
 /// Shows how far a long work has come, if somebody watches.
-class MProgressBar {
+class MTextProgress {
 public:
     /// `total` in bytes. The output is not owned.
-    MProgressBar(MBuilderOutput& output, int64_t total);
-    MProgressBar(const MProgressBar&) = delete;
-    MProgressBar& operator=(const MProgressBar&) = delete;
+    MTextProgress(MBuilderOutput& output, int64_t total);
+    MTextProgress(const MTextProgress&) = delete;
+    MTextProgress& operator=(const MTextProgress&) = delete;
     /// Takes the bar away.
-    ~MProgressBar();
+    ~MTextProgress();
 
     void Advance(int64_t bytes);
 
