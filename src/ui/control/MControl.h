@@ -83,7 +83,12 @@ public:
     [[nodiscard]] virtual MDrawState GetDrawState();
     /// Returns whether `PaintContent` is to run too.
     virtual bool Paint(MDrawer& drawer);
+    /// What `Paint` covers with opaque pixels, whatever lies behind; it may be less. Whoever paints otherwise than the
+    /// style overrides both.
+    [[nodiscard]] virtual MRect GetOpaquePart();
     virtual void PaintContent(MDrawer&) {}
+    /// Whether neither of them paints anything now, nor will before the look changes: such a control needs no bitmap.
+    [[nodiscard]] virtual bool PaintsNothing() { return GetControlType() == MControlType::Empty; }
     virtual void Invalidate();
     virtual void WriteHelpInfo(MXMLItem& item);
     [[nodiscard]] virtual bool IsModifiedByUser() { return false; }
@@ -307,7 +312,7 @@ public:
     float scale = 1;
     MAlignment layoutPlacement = MAlignCenter;
     MPoint layoutRatio{100, 100};
-    MPoint layoutBorder;  ///< on each side, in pixels of scale 100
+    MPoint layoutBorder;           ///< on each side, in pixels of scale 100
     int32_t layoutSpaceAfter = 0;  ///< likewise
     uint16_t spanX = 1;
     uint16_t spanY = 1;

@@ -49,6 +49,11 @@ bool MControl::RecordDirty(const MRect& rect) {
     return true;
 }
 
+MRect MControl::GetOpaquePart() {
+    MStyle* const style = GetStyle();
+    return style ? style->GetOpaquePart(*this) : MRect();
+}
+
 void MControl::SetFrozen(bool isFrozen) {
     if (root->Is(MControlFlag::Frozen) == isFrozen) return;
     root->Set(MControlFlag::Frozen, isFrozen);

@@ -37,9 +37,9 @@ public:
 };
 
 /// Keeps a bitmap of each control, so that what is transparent is painted over what lies behind it without
-/// painting that again. Controls of the class `Empty` have none: what they paint lands in that of the nearest
-/// control above them. Those that are far larger than a screen have none either, and are painted straight into the
-/// back buffer.
+/// painting that again. Controls that paint nothing, as those of the class `Empty`, have none: what they paint all
+/// the same lands in that of the nearest control above them. Those that are far larger than a screen have none either,
+/// and are painted straight into the back buffer. Each pixel gets into the window once, by the control on top.
 class MRenderer_MBitmap final : public MRenderer {
 public:
     bool InvalidateRect(MControl& control, const MRect& rect) override;

@@ -5,16 +5,14 @@
 #include "ui/control/windows/MWindows.h"
 #include "ui/drawing/MClipScope.h"
 
+#include <cstddef>
 #include <utility>
+#include <vector>
 
 namespace {
 
 /// The key of a control's bitmap among its properties.
 constexpr uint32_t BitmapKey = 0x50414D42;  // "BMAP"
-
-bool IsEmptyClass(const MControl& control) {
-    return control.GetControlType() == MControlType::Empty;
-}
 
 /// Whether what lies behind shows through: those classes have no background of their own.
 bool IsTransparent(const MControl& control) {
@@ -37,7 +35,7 @@ bool IsTooLarge(const MControl& control) {
 /// The control itself or the nearest one above it that has a bitmap; its root at last.
 MControl& GetBitmapOwner(MControl& control) {
     MControl* owner = &control;
-    while (IsEmptyClass(*owner) && owner->GetParent()) owner = owner->GetParent();
+    while (owner->PaintsNothing() && owner->GetParent()) owner = owner->GetParent();
     return *owner;
 }
 
@@ -63,15 +61,34 @@ std::shared_ptr<MBitmap> GetBitmap(MControl& control) {
     return control.GetProperty<OwnBitmap>(BitmapKey)->bitmap;
 }
 
-/// Fills what lies behind a transparent control.
+/// What is left of rectangles without another one.
+void Subtract(std::vector<MRect>& pieces, const MRect& hole) {
+    for (size_t count = pieces.size(); count > 0; --count) {
+        const MRect piece = pieces[count - 1];
+        const MRect inside = piece.Intersected(hole);
+        if (inside.IsEmpty()) continue;
+        pieces.erase(pieces.begin() + static_cast<ptrdiff_t>(count - 1));
+        for (const MRect& rest : {MRect{piece.left, piece.top, piece.right, inside.top - 1},
+                                  MRect{piece.left, inside.top, inside.left - 1, inside.bottom},
+                                  MRect{inside.right + 1, inside.top, piece.right, inside.bottom},
+                                  MRect{piece.left, inside.bottom + 1, piece.right, piece.bottom}})
+            if (!rest.IsEmpty()) pieces.push_back(rest);
+    }
+}
+
+/// Fills what lies behind a transparent control, but for what it covers by itself.
 void PaintBackground(MControl& control, MDrawer& drawer, const MRect& rect) {
     if (!control.GetParent() || IsTooLarge(GetBitmapOwner(*control.GetParent()))) {
         drawer.FillRectangle(rect, {0, 0, 0, 255}, MDrawMode::Copy);
         return;
     }
     MControl& behind = GetBitmapOwner(*control.GetParent());
-    const MRect source = rect.Shifted(control.windowOffset - behind.windowOffset);
-    drawer.BitBlt(source, *GetBitmap(behind), rect.GetTopLeft(), 255, MDrawMode::Copy);
+    const std::shared_ptr<MBitmap> bitmap = GetBitmap(behind);
+    std::vector<MRect> pieces{rect};
+    Subtract(pieces, control.GetOpaquePart());
+    for (const MRect& piece : pieces)
+        drawer.BitBlt(piece.Shifted(control.windowOffset - behind.windowOffset), *bitmap, piece.GetTopLeft(),
+                      255, MDrawMode::Copy);
 }
 
 void PaintToWindow(MControl& control, const MRect& rect) {
@@ -81,35 +98,17 @@ void PaintToWindow(MControl& control, const MRect& rect) {
     if (!clip.Intersect(rect)) control.PaintWith(*drawer);
 }
 
-int64_t GetArea(const MRect& rect) {
-    return rect.IsEmpty() ? 0 : int64_t{rect.GetWidth()} * rect.GetHeight();
-}
-
-/// What the largest child covers of a part of a control: it will be shown with that child, whatever lies
-/// behind.
-MRect FindCovered(const MControl& control, const MRect& rect) {
-    MRect covered;
+/// The parts of a control where no child lies: the others will be shown with the children, whatever lies behind.
+std::vector<MRect> FindBare(const MControl& control, const MRect& rect) {
+    // More pieces would take longer than the pixels that they save.
+    constexpr size_t MostPieces = 256;
+    std::vector<MRect> pieces{rect};
     for (const MControl* child : control.GetChildren()) {
-        if (!child->Is(MControlFlag::Visible)) continue;
-        const MRect part =
-            child->contentRect.Shifted(child->windowOffset - control.windowOffset).Intersected(rect);
-        if (GetArea(part) > GetArea(covered)) covered = part;
+        if (pieces.empty() || pieces.size() > MostPieces) break;
+        if (child->Is(MControlFlag::Visible))
+            Subtract(pieces, child->contentRect.Shifted(child->windowOffset - control.windowOffset));
     }
-    return covered;
-}
-
-/// Shows a part of a picture in the window, but for what is covered.
-void Show(MDrawer& window, const MBitmap& picture, const MRect& part, const MRect& covered, MPoint place) {
-    const auto show = [&](const MRect& piece) {
-        if (!piece.IsEmpty())
-            window.BitBlt(piece, picture, place + (piece.GetTopLeft() - part.GetTopLeft()), 255,
-                          MDrawMode::Copy);
-    };
-    if (covered.IsEmpty()) return show(part);
-    show({part.left, part.top, part.right, covered.top - 1});
-    show({part.left, covered.top, covered.left - 1, covered.bottom});
-    show({covered.right + 1, covered.top, part.right, covered.bottom});
-    show({part.left, covered.bottom + 1, part.right, part.bottom});
+    return pieces;
 }
 
 }  // namespace
@@ -132,11 +131,12 @@ void MRenderer_MBitmap::Render(MControl& control, const MRect& rect) {
     drawer->SetClip(painted);
     if (&owner == &control && IsTransparent(control)) PaintBackground(control, *drawer, painted);
     const MPoint offset = control.windowOffset - owner.windowOffset;
-    const MRect covered = FindCovered(control, rect);
-    const MPoint place = rect.Shifted(control.windowOffset).GetTopLeft();
+    const MPoint place = control.windowOffset;
+    const std::vector<MRect> bare = FindBare(control, rect);
     control.PaintWith(*drawer);
-    Show(*window, *bitmap, rect.Shifted(offset), covered.IsEmpty() ? covered : covered.Shifted(offset),
-         place);
+    for (const MRect& piece : bare)
+        window->BitBlt(piece.Shifted(offset), *bitmap, piece.Shifted(place).GetTopLeft(), 255,
+                       MDrawMode::Copy);
 }
 
 std::unique_ptr<MDrawer> MRenderer_MBitmap::CreateDrawer(MControl& control) {

@@ -107,6 +107,10 @@ public:
     virtual void PrePaint(MControl&) {}
     /// Frame, background and caption. The drawer is in the control's own coordinates.
     virtual void PaintControl(MControl& control, MDrawer& drawer) = 0;
+    /// Whether `PaintControl` is known to paint nothing, in no state.
+    [[nodiscard]] virtual bool PaintsNothing(MControl&) { return false; }
+    /// What `PaintControl` covers with opaque pixels, whatever lies behind, as far as the style knows.
+    [[nodiscard]] virtual MRect GetOpaquePart(MControl&) { return {}; }
     virtual void DetachControl(MControl&) {}
     /// The shape of a window: its opaque pixels; left empty for a rectangle.
     virtual void GetWindowMask(MControl&, MAlphaMask&) {}

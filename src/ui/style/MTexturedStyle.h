@@ -51,6 +51,8 @@ public:
     void ComputeRectangles(MControl& control, MRect& windowRect, MRect& clientRect) override;
     [[nodiscard]] bool PreprocessEvent(MControl& control, const MSystemEvent& event) override;
     void PaintControl(MControl& control, MDrawer& drawer) override;
+    [[nodiscard]] bool PaintsNothing(MControl& control) override;
+    [[nodiscard]] MRect GetOpaquePart(MControl& control) override;
     void PaintCaption(MControl& control, MDrawer& drawer) override;
     [[nodiscard]] MControl* GetCaptionPanel(MControl& control) override;
 
@@ -84,6 +86,8 @@ private:
     [[nodiscard]] MClassLook* FindLook(MControl& control);
     /// The picture of a control as it is now; null for one that paints none.
     [[nodiscard]] ControlStyle* FindStyle(MControl& control);
+    /// Where the style of a control is painted: below the caption, unless that lies on it.
+    [[nodiscard]] MRect GetFaceRect(MControl& control);
     /// Null for a control without a caption of its own.
     [[nodiscard]] MCaptionLook* FindCaption(MControl& control);
     [[nodiscard]] int32_t GetCaptionHeight(MControl& control);

@@ -14,12 +14,26 @@ void MTexturedStyle::PaintControl(MControl& control, MDrawer& drawer) {
     if (ControlStyle* const style = FindStyle(control)) {
         if (control.GetControlType() == MControlType::Window)
             drawer.FillRectangle(control.windowRect, GetColors().Get(MStyleTone::Ground), MDrawMode::Copy);
-        MRect rect = control.windowRect;
-        if (const MCaptionLook* const caption = FindCaption(control); caption && !caption->isOnBackground)
-            rect.top += GetCaptionHeight(control);
-        style->Paint(drawer, rect, control.GetDrawState(), GetContext());
+        style->Paint(drawer, GetFaceRect(control), control.GetDrawState(), GetContext());
     }
     PaintCaption(control, drawer);
+}
+
+bool MTexturedStyle::PaintsNothing(MControl& control) {
+    const ControlStyle* const style = FindStyle(control);
+    return style && style->IsEmpty() && !FindCaption(control);
+}
+
+MRect MTexturedStyle::GetOpaquePart(MControl& control) {
+    ControlStyle* const style = FindStyle(control);
+    return style ? style->GetOpaquePart(GetFaceRect(control), control.GetDrawState(), GetContext()) : MRect();
+}
+
+MRect MTexturedStyle::GetFaceRect(MControl& control) {
+    MRect rect = control.windowRect;
+    if (const MCaptionLook* const caption = FindCaption(control); caption && !caption->isOnBackground)
+        rect.top += GetCaptionHeight(control);
+    return rect;
 }
 
 void MTexturedStyle::PaintPiece(MClassLook& look, MStylePiece piece, MDrawer& drawer, const MRect& rect,

@@ -92,12 +92,21 @@ size_t ControlStyle::FindPicture(MImageState state) const {
 
 void ControlStyle::Paint(MDrawer& drawer, const MRect& rect, uint8_t drawState,
                          const MImageContext& context) {
+    const Choice choice = Choose(drawState, context);
+    images[choice.picture].Paint(drawer, rect, choice.context, choice.alpha);
+}
+
+MRect ControlStyle::GetOpaquePart(const MRect& rect, uint8_t drawState, const MImageContext& context) {
+    const Choice choice = Choose(drawState, context);
+    return choice.alpha == 255 ? images[choice.picture].GetOpaquePart(rect, choice.context) : MRect();
+}
+
+ControlStyle::Choice ControlStyle::Choose(uint8_t drawState, const MImageContext& context) const {
     const MImageState state = ComputeDrawState(drawState);
     const size_t picture = FindPicture(state);
-    const uint8_t alpha = alphas[static_cast<size_t>(state)].value_or(GetAlpha(picture));
-    MImageContext own = context;
-    own.faceBorder = context.scale.GetLine(focusBorder);
-    images[picture].Paint(drawer, rect, own, alpha);
+    Choice choice{picture, alphas[static_cast<size_t>(state)].value_or(GetAlpha(picture)), context};
+    choice.context.faceBorder = context.scale.GetLine(focusBorder);
+    return choice;
 }
 
 MPoint ControlStyle::GetSize() const {

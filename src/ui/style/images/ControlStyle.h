@@ -40,6 +40,8 @@ public:
     /// A state without a picture of its own shows that of the most similar state that has one, with that one's alpha
     /// unless it has an alpha of its own.
     void Paint(MDrawer& drawer, const MRect& rect, uint8_t drawState, const MImageContext& context);
+    /// What `Paint` covers with opaque pixels; it may be less.
+    [[nodiscard]] MRect GetOpaquePart(const MRect& rect, uint8_t drawState, const MImageContext& context);
     void Reset();
 
     /// What a frame takes on each side, without the room for the mark of the focus.
@@ -56,7 +58,15 @@ public:
 private:
     static constexpr size_t StateCount = static_cast<size_t>(MImageState::Count);
 
+    /// How a state is painted.
+    struct Choice {
+        size_t picture;
+        uint8_t alpha;
+        MImageContext context;
+    };
+
     [[nodiscard]] size_t FindPicture(MImageState state) const;
+    [[nodiscard]] Choice Choose(uint8_t drawState, const MImageContext& context) const;
 
     std::array<StateImage, StateCount> images;
     [[nodiscard]] uint8_t GetAlpha(size_t state) const { return alphas[state].value_or(255); }

@@ -129,30 +129,50 @@ void StateImage::Paint(MDrawer& drawer, const MRect& rect, const MImageContext& 
             picture.Paint(drawer, rect.Shrunk(border, border), texture, context.scale, alpha,
                           MDrawMode::Alphablend);
     }
-    if (std::ranges::any_of(layers, [this](const Layer& layer) { return Counts(layer); }))
-        PaintLayers(drawer, rect, context, alpha);
+    if (HasLayers()) PaintLayers(drawer, rect, context, alpha);
 }
 
-void StateImage::PaintLayers(MDrawer& drawer, const MRect& rect, const MImageContext& context,
-                             uint8_t alpha) {
+bool StateImage::HasLayers() const {
+    return std::ranges::any_of(layers, [this](const Layer& layer) { return Counts(layer); });
+}
+
+StateImage::Cut StateImage::GetCut(const MRect& rect, const MImageContext& context) const {
     // A frame is cut once: its corners, and one pixel of what lies between them.
-    int32_t margin = 1;
+    Cut cut;
     bool dependsOnWidth = false;
     bool dependsOnHeight = false;
     for (const auto& [image, isGround] : layers) {
-        margin = std::max(margin, std::min(image.GetMargin(context), LongestSide / 2 - 1));
+        cut.margin = std::max(cut.margin, std::min(image.GetMargin(context), LongestSide / 2 - 1));
         dependsOnWidth = dependsOnWidth || image.DependsOnWidth();
         dependsOnHeight = dependsOnHeight || image.DependsOnHeight();
     }
     const auto getLength = [&](int32_t length, bool isExact) {
-        return std::min(length, isExact ? LongestSide : 2 * margin + 1);
+        return std::min(length, isExact ? LongestSide : 2 * cut.margin + 1);
     };
-    const MPoint size{getLength(rect.GetWidth(), dependsOnWidth),
-                      getLength(rect.GetHeight(), dependsOnHeight)};
+    cut.size = {getLength(rect.GetWidth(), dependsOnWidth), getLength(rect.GetHeight(), dependsOnHeight)};
+    cut.isWhole = dependsOnWidth || dependsOnHeight;
+    return cut;
+}
+
+MRect StateImage::GetOpaquePart(const MRect& rect, const MImageContext& context) {
+    if (rect.IsEmpty() || !HasLayers()) return {};
+    const Cut cut = GetCut(rect, context);
+    const MRect within = MRect::FromSize(0, 0, cut.size.x, cut.size.y).Shrunk(cut.margin, cut.margin);
+    // Looking at many pixels would take longer than painting what is behind.
+    if (within.IsEmpty() || (within.GetWidth() > 1 && within.GetHeight() > 1)) return {};
+    const MBitmap& bitmap = FindBitmap(cut.size, context);
+    for (int32_t y = within.top; y <= within.bottom; ++y)
+        for (int32_t x = within.left; x <= within.right; ++x)
+            if (bitmap.GetPixel(x, y).alpha != 255) return {};
+    return rect.Shrunk(cut.margin, cut.margin);
+}
+
+void StateImage::PaintLayers(MDrawer& drawer, const MRect& rect, const MImageContext& context,
+                             uint8_t alpha) {
+    const auto [size, margin, isWhole] = GetCut(rect, context);
     const MBitmap& bitmap = FindBitmap(size, context);
     // Of a mere frame nothing is painted within.
-    const bool isHollow =
-        bitmap.GetPixel(size.x / 2, size.y / 2).alpha == 0 && !dependsOnWidth && !dependsOnHeight;
+    const bool isHollow = !isWhole && bitmap.GetPixel(size.x / 2, size.y / 2).alpha == 0;
     drawer.PaintCornered(rect, bitmap, MRect::FromSize(0, 0, size.x, size.y), {margin, margin}, 0,
                          isHollow ? MDrawer::PartKept : 0, alpha, MDrawMode::Alphablend);
 }

@@ -24,6 +24,8 @@ public:
     void Check(const MStyleColors& colors) const;
     /// Raises as `Check`.
     void Paint(MDrawer& drawer, const MRect& rect, const MImageContext& context, uint8_t alpha);
+    /// What `Paint` with an alpha of 255 covers with opaque pixels; it may be less.
+    [[nodiscard]] MRect GetOpaquePart(const MRect& rect, const MImageContext& context);
     /// Forgets all pixels: colours or scale have changed.
     void Reset();
 
@@ -37,6 +39,15 @@ private:
         double value;
     };
 
+    /// What is generated for a control of some size: its corners, and as much of what lies between them as differs.
+    struct Cut {
+        MPoint size;
+        int32_t margin = 1;
+        bool isWhole = false;  ///< what lies between is more than one row or column
+    };
+
+    [[nodiscard]] bool HasLayers() const;
+    [[nodiscard]] Cut GetCut(const MRect& rect, const MImageContext& context) const;
     void PaintLayers(MDrawer& drawer, const MRect& rect, const MImageContext& context, uint8_t alpha);
     [[nodiscard]] const MBitmap& FindBitmap(MPoint size, const MImageContext& context);
     [[nodiscard]] MBitmap Generate(MPoint size, const MImageContext& context) const;

@@ -114,6 +114,11 @@ bool MButton::Paint(MDrawer& drawer) {
     return MControlContent::Paint(drawer);
 }
 
+MRect MButton::GetOpaquePart() {
+    Set(MControlFlag::Checked, IsSwitched());
+    return MControlContent::GetOpaquePart();
+}
+
 void MButton::PaintContent(MDrawer& drawer) {
     MControlContent::PaintContent(drawer);
     if (GetControlType() != MControlType::NoBackground) return;

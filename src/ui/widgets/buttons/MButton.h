@@ -55,6 +55,7 @@ public:
     void GetMinimalContentSize(int32_t& x, int32_t& y) override;
     [[nodiscard]] MDrawState GetDrawState() override;
     bool Paint(MDrawer& drawer) override;
+    [[nodiscard]] MRect GetOpaquePart() override;
     void PaintContent(MDrawer& drawer) override;
     bool ProcessEvent(const MSystemEvent& event) override;
     bool ProcessGlobalEvent(const MSystemEvent& event) override;

@@ -50,6 +50,7 @@ public:
     void SaveValueState(MXMLItem& item) override;
     void LoadValueState(MXMLItem& item) override;
     void WriteHelpInfo(MXMLItem& item) override;
+    [[nodiscard]] bool PaintsNothing() override { return GetStyle() && GetStyle()->PaintsNothing(*this); }
 
 private:
     struct Page {
