@@ -21,6 +21,8 @@ constexpr ButtonKind ButtonKinds[] = {
     {MWindowMenu::Close, "closebutton", "Close", MModalValue::Cancel},
 };
 
+constexpr int32_t Margin = 8;
+
 }  // namespace
 
 MWindowMenu::MWindowMenu(const MString& name, uint8_t buttons)
@@ -35,7 +37,8 @@ MWindowMenu::MWindowMenu(const MString& name, uint8_t buttons)
     Set(MControlFlag::MoveToScreenCenter, false);
     auto* const bottom = new MLayoutBottom(*this);
     bottom->Attach(*buttonRow);
-    (void)new MLayoutHorizontal(*buttonRow);
+    (new MLayoutHorizontal(*buttonRow))->space = Margin;
+    container->layoutBorder = buttonRow->layoutBorder = {Margin, Margin};
     SetClientControl(container);
     SetButtons(buttons);
 }
