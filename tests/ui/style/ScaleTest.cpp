@@ -117,6 +117,30 @@ TEST_F(StyleTest, PaintingInPiecesGivesWhatPaintingOnceGives) {
     }
 }
 
+TEST_F(StyleTest, NothingBehindShowsThroughOpaqueParts) {
+    constexpr int32_t States[] = {MDrawDisabled, MDrawEnabled, MDrawEnabled | MDrawClicked,
+                                  MDrawEnabled | MDrawFocused | MDrawHighlighted};
+    int32_t found = 0;
+    for (const int32_t percent : {100, 300}) {
+        Load(percent, false);
+        for (const MControlType type : Faces) {
+            for (const int32_t state : States) {
+                PosedControl control(type, {style.ScaleX(80), style.ScaleY(60)}, state);
+                const MRect opaque = style.GetOpaquePart(control);
+                found += opaque.IsEmpty() ? 0 : 1;
+                Canvas canvases[] = {{control.size, {0, 0, 0, 255}}, {control.size, {255, 255, 255, 255}}};
+                for (Canvas& canvas : canvases)
+                    Paint(canvas, control, {}, [&](MDrawer& drawer) { style.PaintControl(control, drawer); });
+                for (int32_t y = opaque.top; y <= opaque.bottom; ++y)
+                    for (int32_t x = opaque.left; x <= opaque.right; ++x)
+                        ASSERT_EQ(canvases[0].At(x, y), canvases[1].At(x, y))
+                            << percent << " state " << state;
+            }
+        }
+    }
+    EXPECT_GE(found, 24) << "entries, lists and panels are opaque at least";
+}
+
 TEST_F(StyleTest, TrackersPutTheirThumbWhereTheMouseIs) {
     for (const MPoint size : {MPoint{140, 22}, {22, 140}}) {
         PosedControl tracker(MControlType::Tracker, size, MDrawEnabled);

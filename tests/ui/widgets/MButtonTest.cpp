@@ -69,6 +69,23 @@ TEST_F(MButtonTest, AnswersEnterForTheWholeWindow) {
     EXPECT_EQ(root.RunModal(nullptr), MModalValue::Yes);
 }
 
+TEST_F(MButtonTest, IsPaintedAloneUnderTheMouse) {
+    auto& upper = Add<MButton>(MRect::FromSize(10, 10, 80, 24));
+    auto& lower = Add<MButton>(MRect::FromSize(10, 40, 80, 24));
+    Open(root);
+    user.MoveMouse(At(root));
+    const auto& style = static_cast<MPlainStyle&>(*windows.GetStyle());
+    const std::pair<MPoint, int64_t> moves[] = {
+        {At(upper), 1}, {At(upper, {3, 0}), 0}, {At(lower), 2}, {At(root), 1}};
+    for (const auto& [place, painted] : moves) {
+        root.RedrawNow();
+        const int64_t paints = style.CountPaints();
+        user.MoveMouse(place);
+        root.RedrawNow();
+        EXPECT_EQ(style.CountPaints() - paints, painted) << place.x << "," << place.y;
+    }
+}
+
 TEST_F(MButtonTest, SharesANumberWithItsRing) {
     int32_t number = 0;
     std::vector<MButton*> buttons;
