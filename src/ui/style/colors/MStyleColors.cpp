@@ -43,9 +43,9 @@ constexpr MStyleTone Surfaces[] = {MStyleTone::Ground, MStyleTone::Panel, MStyle
 
 }  // namespace
 
-void MColorTransfer::Load(MXMLItem& item, const char* prefix) {
-    if (item.HasAttribute(prefix)) strength[0] = GetByte(item, prefix, 0);
-    for (size_t i = 0; i < Count; ++i) strength[i] = GetByte(item, MFormat("{0}{1}", prefix, i), strength[i]);
+void MColorTransfer::Load(MXMLItem& item, std::span<const char* const, Count + 1> keys) {
+    if (item.HasAttribute(keys[0])) strength[0] = GetByte(item, keys[0], 0);
+    for (size_t i = 0; i < Count; ++i) strength[i] = GetByte(item, keys[i + 1], strength[i]);
     saturation = GetByte(item, "colorizewithsaturation", saturation);
     brightness = GetByte(item, "colorizewithbrightness", brightness);
 }

@@ -47,14 +47,18 @@ inline constexpr std::span<const char* const> MEnumNames<MStyleTone> = MStyleTon
 /// them and keeps its lightness, by so many parts of 255.
 struct MColorTransfer {
     static constexpr size_t Count = 4;
+    /// The names of the attributes; one without a number is that of the first main colour too.
+    static constexpr const char* Keys[] = {"changecolortomain", "changecolortomain0", "changecolortomain1",
+                                           "changecolortomain2", "changecolortomain3"};
+    static constexpr const char* RectangleKeys[] = {"changerectcolortomain", "changerectcolortomain0",
+                                                    "changerectcolortomain1", "changerectcolortomain2",
+                                                    "changerectcolortomain3"};
 
     std::array<uint8_t, Count> strength{};
     uint8_t saturation = 255;  ///< how much of the main colour's saturation it takes
     uint8_t brightness = 0;    ///< and of its lightness
 
-    /// Reads "changecolortomain0" to "changecolortomain3", or by another prefix; one without a number is that
-    /// of the first main colour.
-    void Load(MXMLItem& item, const char* prefix = "changecolortomain");
+    void Load(MXMLItem& item, std::span<const char* const, Count + 1> keys = Keys);
     [[nodiscard]] bool IsNone() const { return strength == std::array<uint8_t, Count>{}; }
     [[nodiscard]] MColor Apply(MColor color, std::span<const MColor, Count> mainColors) const;
 };

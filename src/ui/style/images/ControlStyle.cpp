@@ -1,15 +1,19 @@
 #include "ui/style/images/ControlStyle.h"
 
-#include "foundation/text/MStringFormatter.h"
 #include "foundation/xml/MXMLItem.h"
 #include "ui/control/MStyle.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace {
 
 constexpr int32_t LongestLength = 1024;
 constexpr int32_t DeepestLikeness = 8;
+
+constexpr const char* AlphaKeys[] = {"normalalpha",  "focusedalpha",   "hlalpha",      "focusedhlalpha",
+                                     "clickedalpha", "clickedhlalpha", "disabledalpha"};
+static_assert(std::size(AlphaKeys) == std::size(MImageStateNames));
 
 int32_t GetLength(const MXMLItem& item, const char* attribute, int32_t defaultValue) {
     return std::clamp(item.GetInt32Attribute(attribute, defaultValue), -LongestLength, LongestLength);
@@ -44,9 +48,8 @@ void ControlStyle::Load(MXMLItem& item, MXMLItem& root) {
     isInverted = item.GetInt32Attribute("inverted", isInverted) != 0;
     isInvertedClicked = item.GetInt32Attribute("invertclicked", isInvertedClicked) != 0;
     for (size_t i = 0; i < StateCount; ++i) {
-        const MString key = MFormat("{0}alpha", MImageStateNames[i]);
-        if (item.HasAttribute(key))
-            alphas[i] = static_cast<uint8_t>(std::clamp(item.GetInt32Attribute(key), 0, 255));
+        if (item.HasAttribute(AlphaKeys[i]))
+            alphas[i] = static_cast<uint8_t>(std::clamp(item.GetInt32Attribute(AlphaKeys[i]), 0, 255));
     }
     for (MXMLItem* child : item.GetSubItems()) {
         for (size_t i = 0; i < StateCount; ++i) {

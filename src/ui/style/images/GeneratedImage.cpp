@@ -50,7 +50,7 @@ void GeneratedImage::Load(MXMLItem& item) {
     gradient = item.GetAttribute("gradient", MString());
     gradientType = MValueEnum<MGradientDirection>::FromName(item.GetAttribute("gradienttype", MString()));
     transfer.Load(item);
-    rectangleTransfer.Load(item, "changerectcolortomain");
+    rectangleTransfer.Load(item, MColorTransfer::RectangleKeys);
     rectangleBorder = GetPoint(item, "rectangleborderx", "rectanglebordery");
     rectangleOffset = GetPoint(item, "rectangleofsx", "rectangleofsy");
     offset = GetPoint(item, "ofsx", "ofsy");
