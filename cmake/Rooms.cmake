@@ -59,6 +59,17 @@ function(corvanth_add_library name)
     endif()
 endfunction()
 
+# corvanth_make_small(room...): the same for some rooms of a library. They do without its precompiled headers, which are
+# compiled for speed.
+function(corvanth_make_small)
+    if(CMAKE_BUILD_TYPE STREQUAL "Release")
+        foreach(room IN LISTS ARGN)
+            corvanth_sources(sources "${CMAKE_SOURCE_DIR}/src/${room}")
+            set_source_files_properties(${sources} PROPERTIES COMPILE_OPTIONS -Os SKIP_PRECOMPILE_HEADERS ON)
+        endforeach()
+    endif()
+endfunction()
+
 # corvanth_add_program(NAME ROOM room LIBRARY library DESCRIPTION text [WINDOWED])
 # WINDOWED: on Windows the program has no console of its own.
 function(corvanth_add_program name)
