@@ -104,8 +104,8 @@ void MSplitter::ResetToDefault() {
 void MSplitter::WriteHelpInfo(MXMLItem& item) {
     MControl::WriteHelpInfo(item);
     constexpr const char* Entries[] = {
-        "<control>Left mouse button drag</control> or <control>arrow keys</control> move the bar between "
-        "the panels.",
+        ("<control>Left mouse button drag</control> or <control>arrow keys</control> move the bar between "
+         "the panels."),
         "<control>Home</control> and <control>End</control> keys move it as far as possible.",
         "<control>Esc</control> restores its original place when hit during dragging."};
     MWriteUsage(item, "", Entries);

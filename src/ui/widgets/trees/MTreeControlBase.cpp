@@ -275,8 +275,8 @@ bool MTreeControlBase::ProcessEvent(const MSystemEvent& event) {
 void MTreeControlBase::WriteHelpInfo(MXMLItem& item) {
     constexpr const char* Entries[] = {
         "<control>Enter</control> opens/closes selected item.",
-        "<control>Arrow keys</control>, <control>page-up</control> and <control>page-down</control> move the "
-        "selection.",
+        ("<control>Arrow keys</control>, <control>page-up</control> and <control>page-down</control> move the "
+         "selection."),
         "<control>Home</control> key selects the first item, <control>End</control> selects the last one.",
         "<control>Space</control> checks or unchecks selected item(s)."};
     std::vector<const char*> entries = GetSelectionUsage();
