@@ -38,6 +38,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     // Whatever the document wants, the picture has to fit into the memory.
     root.Set(MControlFlag::AdaptSize, false);
     root.Set(MControlFlag::FullScreen, false);
+    root.maximalSize = {4000, 4000};
     MGuard("window", [&] {
         root.size = {200, 150};
         root.CreateWindow(nullptr);
