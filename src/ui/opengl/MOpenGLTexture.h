@@ -68,7 +68,7 @@ public:
 
     [[nodiscard]] int32_t GetTileSize() const { return tileSize; }
     [[nodiscard]] const MOpenGLTexture& GetTile(int32_t column, int32_t row) const {
-        return *tiles[static_cast<size_t>(row * columns + column)];
+        return *tiles[static_cast<size_t>(row) * static_cast<size_t>(columns) + static_cast<size_t>(column)];
     }
 
 private:

@@ -54,7 +54,7 @@ TEST_F(DialogsTest, AsksByAMessage) {
         {YesNoCancel, MStdBitmap::Question, No, {MKeyLeft, MKeyEnter}, Cancel, "Question"},
     };
     for (const auto& [buttons, bitmap, safe, keys, answer, caption] : cases) {
-        system.Post([&] {
+        system.Post([this, caption = caption, &keys = keys] {
             EXPECT_EQ(Text(Dialog().GetCaption()), caption);
             for (const int32_t key : keys) user.PressKey(key);
         });

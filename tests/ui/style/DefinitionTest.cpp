@@ -178,8 +178,8 @@ TEST_F(DefinitionTest, HostileNumbersCostNeitherMemoryNorTime) {
         "color='FF0000FF' cornersize='-5' linewidth='-5' outset='-2147483648' ofsx='2147483647'",
         "rectanglecolor='FF0000FF' rectangleborderx='2147483647' rectangleofsy='-2147483648'",
         "type='circle' color='FF0000FF' linewidth='99999999' width='2147483647' height='-1'",
-        "color='FF0000FF' gradient='00FF00FF' gradienttype='Horizontal double' cornertype='Triangle exterior' "
-        "cornersize='999999'",
+        ("color='FF0000FF' gradient='00FF00FF' gradienttype='Horizontal double' cornertype='Triangle exterior' "
+         "cornersize='999999'"),
         "color='FF0000FF' alpha='-7' op='IncContrast' corners='top' edge='left' unknown='1'"};
     for (const char* image : images) {
         Define(

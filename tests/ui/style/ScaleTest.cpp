@@ -63,7 +63,9 @@ TEST_F(StyleTest, MetricsFontsAndPicturesFollowTheScale) {
         EXPECT_EQ(style.GetStdBitmap(0)->GetHeight(), sign);
         MColor color;
         const MFont* const font = style.GetFont(0, 0, false, MDrawEnabled, color);
-        EXPECT_NEAR(font->GetAscent() + font->GetDescent(), 15 * percent / 100, 2 + percent / 100);
+        const int32_t height = 15 * percent / 100;
+        const int32_t play = 2 + percent / 100;
+        EXPECT_NEAR(font->GetAscent() + font->GetDescent(), height, play);
         PosedControl button(MControlType::Button, {}, MDrawEnabled);
         const MPoint outer = style.ConvertToWindow(button, {100, 100});
         EXPECT_EQ(outer.x, 100 + 2 * (MStyleScale::Scale(11, percent) + MStyleScale::Scale(3, percent)));

@@ -20,9 +20,8 @@ constexpr int32_t GapThickness = 2;
 void MListBoxBase::GoTo(int32_t row, MKeyModifiers modifiers) {
     if (isMultiSelect && modifiers & MModifierShift) {
         SelectRange(row);
-    } else if (isMultiSelect && modifiers & MModifierControl) {
-        return SetFocusedRow(row);
-    } else if (selectedItems.size() == 1 && GetRow(row).isSelected) {
+    } else if ((isMultiSelect && modifiers & MModifierControl) ||
+               (selectedItems.size() == 1 && GetRow(row).isSelected)) {
         return SetFocusedRow(row);
     } else {
         ClearSelection();

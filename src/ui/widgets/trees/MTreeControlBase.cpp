@@ -152,7 +152,7 @@ void MTreeControlBase::SelectTreeItem(MTreeItemBase* item) {
     if (self) SelectRow(item ? FindRow(*item) : -1);
 }
 
-int32_t MTreeControlBase::GetDepth(const MTreeItemBase& item) {
+int32_t MTreeControlBase::GetDepth(const MTreeItemBase& item) const {
     int32_t depth = isRootShown ? 0 : -1;
     for (const MTreeItemBase* on = item.parent; on; on = on->parent) ++depth;
     return depth;

@@ -60,7 +60,7 @@ private:
     void RemoveRows(int32_t row, int32_t count);
     /// What is below an item is about to go.
     void ForgetBelow(MTreeItemBase& item);
-    [[nodiscard]] int32_t GetDepth(const MTreeItemBase& item);
+    [[nodiscard]] int32_t GetDepth(const MTreeItemBase& item) const;
     [[nodiscard]] MRect GetExpanderRect(int32_t row);
     [[nodiscard]] MPoint GetStep();
     void ToggleRow(int32_t row);
