@@ -23,8 +23,8 @@ namespace {
 constexpr MPoint Size{640, 420};
 constexpr std::string_view Page =
     "<window caption=\"Setup\" captiontype=\"normal\"><vertical><static caption=\"Choose what to install.\"/>"
-    "<listbox checkboxes=\"1\"><item text=\"Plug-in\" icon=\"file\" check=\"1\"/><item text=\"Presets\" icon=\"directory\"/>"
-    "</listbox><edit text=\"Music\"/><progressbar value=\"40\"/><right><button caption=\"Back\" icon=\"left\"/>"
+    "<listbox checkboxes=\"1\"><item text=\"Plug-in\" icon=\"file\" check=\"1\"/>"
+    "<item text=\"Presets\" icon=\"directory\"/></listbox><edit text=\"Music\"/><progressbar value=\"40\"/><right><button caption=\"Back\" icon=\"left\"/>"
     "<button caption=\"Next\" icon=\"right\"/></right></vertical></window>";
 
 /// Fills the window, without a style.

@@ -27,10 +27,10 @@ public:
     /// The way back, for a path that another program or the user has written: a backslash that the system
     /// takes for a part of a name becomes one that nobody takes for a separator. The rest stays as it is.
     [[nodiscard]] static MString TakePathText(const MString& text);
-    /// The first thing that a program does: an exception that nobody catches ends it with its text, and standard streams that are closed get something that gives and
-    /// keeps nothing, or the first file that is opened would be taken for one of them. Where the system has
-    /// them, signals that tell of a failed write give way to the failure, and what root creates others may
-    /// not write into, whatever the mask of the caller says.
+    /// The first thing that a program does: an exception that nobody catches ends it with its text. Standard streams
+    /// that are closed get something that gives and keeps nothing, or the first file that is opened would be taken for
+    /// one of them. Where the system has them, signals that tell of a failed write give way to the failure, and what
+    /// root creates others may not write into, whatever the mask of the caller says.
     static void PrepareProcess();
     /// What the library needs of the system for the whole run of a program, the network among it, and its
     /// end. Calls come in pairs, which may nest.

@@ -35,8 +35,8 @@ bool IsTooLarge(std::string_view number, std::chars_format form) {
     return static_cast<double>(exponent) + places > 0;
 }
 
-/// What printf has written, with "." where the locale of the process has a decimal point of its own. std::to_chars knows
-/// no locale, but brings tables of a hundred kilobytes.
+/// What printf has written, with "." where the locale of the process has a decimal point of its own.
+/// std::to_chars knows no locale, but brings tables of a hundred kilobytes.
 std::string WithPoint(const std::string& number) {
     constexpr std::string_view Digits = "0123456789";
     const size_t point = number.find_first_not_of(Digits, number.find_first_of(Digits));

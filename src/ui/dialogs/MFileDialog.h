@@ -56,8 +56,8 @@ private:
     };
 
     void SetFilterIndex(int32_t index);
-    /// Takes what the name says: closes, goes to a folder, or tells what is wrong with it. The dialog goes on while the
-    /// disk is asked, which may never answer.
+    /// Takes what the name says: closes, goes to a folder, or tells what is wrong with it. The dialog goes on
+    /// while the disk is asked, which may never answer.
     void Accept(const MString& fileName);
     void AcceptTarget(const Target& target);
     /// Tells that a folder cannot be entered.

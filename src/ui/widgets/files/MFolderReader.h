@@ -32,8 +32,8 @@ struct MFolderQuestion {
     std::optional<MFolderSettings::Order> order;  ///< else that of the folder's settings
 };
 
-/// Reads folders without keeping the window waiting, as awaited tasks. A question that was not answered yet is dropped by
-/// the next one, and by the end of the reader.
+/// Reads folders without keeping the window waiting, as awaited tasks. A question that was not answered yet is
+/// dropped by the next one, and by the end of the reader.
 class MFolderReader final {
 public:
     /// `onRead` may end the reader.
