@@ -2,6 +2,7 @@
 
 #include "foundation/views/MProgressView.h"
 
+#include <functional>
 #include <memory>
 
 /// The answer to "try again?".
@@ -22,4 +23,7 @@ public:
     virtual void ShowText(const MString& prompt, const MString& text) = 0;
     /// Opens a progress display under a title; destroying it closes it.
     [[nodiscard]] virtual std::unique_ptr<MProgressView> OpenProgress(const MString& title) = 0;
+    /// Does work that may take long without a word, as waiting for another program. Windows stay alive
+    /// meanwhile, and may do it in another thread. Raises what the work raises.
+    virtual void Await(const std::function<void()>& work) { work(); }
 };

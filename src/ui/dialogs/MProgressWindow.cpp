@@ -95,7 +95,7 @@ MModalValue MProgressWindow::Run(MControl* owner, Worker worker) {
         thread.SetTarget(windows);
         thread.OnFinish.Connect(this, &MProgressWindow::OnFinished);
         thread.Start();
-        OnTimer();
+        Refresh();
         StartTimer(RefreshTime);
         (void)RunModal(owner);
         StopTimer();
@@ -111,6 +111,15 @@ MModalValue MProgressWindow::Run(MControl* owner, Worker worker) {
     } catch (const Cancelled&) {
         return MModalValue::Cancel;
     }
+}
+
+void MProgressWindow::ShowBesideWork(MControl* owner) {
+    canBeCancelled = false;
+    cancelButton->SetVisible(false);
+    startTime = MWindows::GetInstance()->GetSystem().GetTime();
+    Refresh();
+    CreateWindow(owner);
+    ShowModeless(owner);
 }
 
 void MProgressWindow::OnFinished(const MOnThreadNotifyParams&) {
@@ -139,7 +148,7 @@ void MProgressWindow::SetCustomStatistics(const MString& text) {
     state.customStatistics = text;
 }
 
-void MProgressWindow::OnTimer() {
+void MProgressWindow::Refresh() {
     State now;
     {
         const MLockGuard guard(&lock);
@@ -170,7 +179,7 @@ MString MProgressWindow::GetStatistics(double percent) const {
 
 /// The window closes when the worker has stopped.
 bool MProgressWindow::CanClose() {
-    if (isCancelled) return false;
+    if (isCancelled || !canBeCancelled) return false;
     const MControlRef self(this);
     const bool isSure = !asksBeforeCancel || MMessageDialogWindow::MessageBox(
                                                  MTranslate("Are you sure you want to cancel the operation?"),

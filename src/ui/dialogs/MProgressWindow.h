@@ -22,6 +22,11 @@ public:
     /// the worker raises otherwise, and what making a thread raises. Without windows it runs the worker
     /// alone.
     MModalValue Run(MControl* owner, Worker worker);
+    /// Shows it beside work in the thread of the windows, which calls `Refresh` and cannot be cancelled. Whoever
+    /// ends the window closes it.
+    void ShowBesideWork(MControl* owner);
+    /// Shows what was set.
+    void Refresh();
 
     // What the worker calls, from its thread. Once the user has cancelled, each of these raises "Processing
     // has been cancelled." (0), which the worker lets pass.
@@ -38,7 +43,7 @@ public:
     bool asksBeforeCancel = false;
 
     bool CanClose() override;
-    void OnTimer() override;
+    void OnTimer() override { Refresh(); }
     void GetMinimalContentSize(int32_t& x, int32_t& y) override;
 
 private:
@@ -66,5 +71,6 @@ private:
     mutable MLock lock;  ///< of `state`
     State state;
     std::atomic<bool> isCancelled = false;
+    bool canBeCancelled = true;
     int64_t startTime = 0;  ///< in milliseconds
 };
