@@ -2,9 +2,9 @@
 
 #include "setup/MLastChance.h"
 #include "setup/MSetupApplication.h"
-#include "setup/console/MMissingWindows.h"
 #include "setup/console/MSilentFrontEnd.h"
 #include "setup/console/MUnattendedOptions.h"
+#include "setup/wizard/MWizardFrontEnd.h"
 
 int32_t MRunSetupProcess(void* instance, const MList<MString>& arguments, const MEmbeddedBlocks& blocks) {
     constexpr int32_t Failure = -1;
@@ -24,7 +24,7 @@ int32_t MRunSetupProcess(void* instance, const MList<MString>& arguments, const 
         if (isSilent)
             frontEnd = std::make_unique<MSilentFrontEnd>(words);
         else
-            frontEnd = std::make_unique<MMissingWindows>();
+            frontEnd = std::make_unique<MWizardFrontEnd>();
         const std::unique_ptr<MSetupApplication> application =
             MCreateModuleInstance(instance, std::move(frontEnd));
         if (!application) return Failure;

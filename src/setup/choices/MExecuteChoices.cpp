@@ -15,8 +15,11 @@ const MXMLItem* MExecuteChoices::NextItem(const MPathMacros& macros, MUserDialog
         const MString destination = macros.ExpandPath(item.GetAttribute("destination"));
         if (!IsChosen(item, destination)) continue;
         try {
-            const bool wait = item.GetInt32Attribute("wait", 0) != 0;
-            (void)MFile::Execute(destination, {}, MFile::GetDirectory(destination), wait);
+            const MString directory = MFile::GetDirectory(destination);
+            if (item.GetInt32Attribute("wait", 0) != 0)
+                dialogs.Await([&] { (void)MFile::Execute(destination, {}, directory, true); });
+            else
+                (void)MFile::Execute(destination, {}, directory, false);
         } catch (const MException& exception) {
             dialogs.ShowError(exception.GetMessage());
         }

@@ -21,7 +21,7 @@ void MPageWalk::Activate(MWalkPage& page, bool back) {
     try {
         Enter(page, back);
     } catch (const MException& exception) {
-        Fail(page, exception.GetMessage());
+        return Fail(page, exception.GetMessage());
     }
     view.Repaint();
     page.OnShown();
@@ -37,13 +37,11 @@ void MPageWalk::Enter(MWalkPage& page, bool back) {
     if (!target) return view.EndWalk(MModalValue::Ok);
     // What a page that nobody sees decides counts as well.
     (void)page.OnNext();
-    view.HidePage(page);
     Activate(*target, back);
 }
 
 /// A failure of the page for failures itself has nowhere to lead.
 void MPageWalk::Fail(MWalkPage& page, const MString& text) {
-    view.HidePage(page);
     if (&page != ErrorPage) Activate(*ErrorPage, false);
     // Whoever has told of it already gives no text.
     if (!text.IsEmpty()) view.ShowError(text);
@@ -73,14 +71,12 @@ bool MPageWalk::CanGoPrevious() {
 void MPageWalk::Next() {
     MWalkPage& page = *CurrentPage;
     if (!CanGoNext() || !page.OnNext()) return;
-    view.HidePage(page);
     Activate(*page.NextPage, false);
 }
 
 void MPageWalk::Previous() {
     MWalkPage& page = *CurrentPage;
     if (!CanGoPrevious() || !page.OnPrevious()) return;
-    view.HidePage(page);
     Activate(*page.PreviousPage, true);
 }
 
@@ -92,6 +88,5 @@ void MPageWalk::Exit() {
     }
     if (!page.IsExitVisible() || !view.ConfirmExit(page)) return;
     page.OnExit();
-    view.HidePage(page);
     Activate(*AbortPage, false);
 }

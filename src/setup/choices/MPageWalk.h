@@ -41,8 +41,8 @@ struct MWalkButtons {
 /// Where a walk is seen: the window.
 class MPageWalkView {
 public:
+    /// In place of the one before.
     virtual void ShowPage(MWalkPage& page) = 0;
-    virtual void HidePage(MWalkPage& page) = 0;
     virtual void ShowButtons(const MWalkButtons& buttons) = 0;
     virtual void Repaint() = 0;
     [[nodiscard]] virtual bool ConfirmExit(MWalkPage& page) = 0;
@@ -65,6 +65,8 @@ public:
     /// Ends the chain, and gives the pages beside it.
     void Finish(MWalkPage& abort, MWalkPage& error);
 
+    /// Goes to the first page.
+    void Begin() { Activate(*chain[0], false); }
     /// Shows a page, or goes on to the next one in the direction that does not skip; the walk ends where there
     /// is none. An `MException` leads to the page for failures.
     void Activate(MWalkPage& page, bool back);

@@ -10,6 +10,7 @@ MUnattendedRun::MUnattendedRun(MLargeResourceLibrary& definition, const MUnatten
       configurations(definition),
       components(definition),
       directories(session),
+      updateOffer(definition),
       run(session, views) {}
 
 void MUnattendedRun::Validate() {

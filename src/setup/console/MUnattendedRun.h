@@ -5,6 +5,7 @@
 #include "setup/choices/MComponentRows.h"
 #include "setup/choices/MConfigurationChoice.h"
 #include "setup/choices/MDirectoryChoices.h"
+#include "setup/choices/MUpdateOffer.h"
 #include "setup/console/MUnattendedOptions.h"
 
 /// An installation without window: the walk through the wizard with every page left as proposed, but
@@ -43,5 +44,6 @@ private:
     MConfigurationChoice configurations;
     MComponentRows components;
     MDirectoryChoices directories;
+    MUpdateOffer updateOffer;
     MInstallRun run;
 };

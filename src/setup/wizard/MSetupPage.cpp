@@ -1,0 +1,40 @@
+#include "setup/wizard/MSetupPage.h"
+
+#include "setup/wizard/MSetupWindow.h"
+#include "ui/control/kinds/MStdFont.h"
+#include "ui/layout/MLayoutSide.h"
+#include "ui/widgets/content/MStaticMultiLine.h"
+
+MSetupPage::MSetupPage(MControl& parent, const MString& name) : MPanel(&parent, name) {
+    SetControlType(MControlType::Empty);
+    SetVisible(false);
+    layoutBorder = {8, 8};
+}
+
+MSetupWindow& MSetupPage::GetWindow() const {
+    return static_cast<MSetupWindow&>(GetRoot());
+}
+
+MXMLItem& MSetupPage::GetDefinition() const {
+    return GetWindow().GetDefinition();
+}
+
+MString MSetupPage::ExpandMacros(const MString& text) const {
+    return GetWindow().ExpandMacros(text);
+}
+
+void MSetupPage::UpdateButtons() {
+    MPageWalk& walk = GetWindow().GetWalk();
+    if (walk.GetCurrentPage() == this) walk.UpdateButtons();
+}
+
+MStaticHeader& MSetupPage::AddHeader(const MString& text) {
+    auto& header = *new MStaticHeader(this, "header");
+    header.SetFont(static_cast<int32_t>(MStdFont::Normal));
+    header.SetText(text);
+    header.layoutRatio.y = 0;
+    auto& top = *new MLayoutTop(*this);
+    top.Add(header);
+    header.layoutSpaceAfter = 4;
+    return header;
+}

@@ -1,0 +1,213 @@
+#include "setup/wizard/MSetupWindow.h"
+
+#include "foundation/base/MRaise.h"
+#include "foundation/xml/MXMLSubItems.h"
+#include "setup/choices/MOlderVersions.h"
+#include "setup/wizard/MComponentSetupPage.h"
+#include "setup/wizard/MConfigurationSetupPage.h"
+#include "setup/wizard/MDirectorySetupPage.h"
+#include "setup/wizard/MInfoSetupPage.h"
+#include "setup/wizard/MLicenceSetupPage.h"
+#include "setup/wizard/MProcessingSetupPage.h"
+#include "ui/control/kinds/MStdFont.h"
+#include "ui/dialogs/MTimeLine.h"
+#include "ui/layout/MLayoutClient.h"
+#include "ui/layout/MLayoutOccupyBorder.h"
+#include "ui/layout/MLayoutSide.h"
+#include "ui/layout/MLayoutSwitch.h"
+#include "ui/widgets/content/MColorBox.h"
+#include "ui/widgets/content/MPanelGradient.h"
+
+namespace {
+
+MXMLItem& RequirePage(const MXMLItem& definition, const char* name) {
+    MXMLItem* const page = definition.FindSubItem(name);
+    if (!page) MRaise(MExceptionGeneral, "Could not find required subitem ({0}).", name);
+    return *page;
+}
+
+MControlContainer& AddSpace(MControl& parent, MLayout& row, int32_t width) {
+    auto& space = *new MControlContainer(&parent, "Space");
+    space.layoutRatio = {width == 0 ? 100 : 0, 0};
+    space.minClientSize.x = width;
+    row.Add(space);
+    return space;
+}
+
+}  // namespace
+
+MSetupWindow::MSetupWindow(MLargeResourceLibrary& definition, MWizardDialogs& dialogs)
+    : MWindow("MSetupWindow"), dialogs(dialogs), session(definition), updateOffer(definition) {
+    for (const char* page : {"onsuccess", "onabort", "onerror"}) (void)RequirePage(GetDefinition(), page);
+    RemoveOlderVersions();
+    session.CreatePathMacros();
+    SetCaption(session.SoftwareName + MTranslate(" installer"), MCaptionType::Normal);
+    Set(MControlFlag::WindowMovable);
+    Set(MControlFlag::Resizable);
+    Set(MControlFlag::InTaskbar);
+    Set(MControlFlag::ShowHelpKey, false);
+    Set(MControlFlag::EnableSaveState, false);
+    minClientSize = {750, 400};
+    AddBand();
+    AddButtons();
+    AddLeftPicture();
+    AddPages();
+    dialogs.SetOwner(this);
+    walk.Begin();
+}
+
+MSetupWindow::~MSetupWindow() = default;
+
+void MSetupWindow::RemoveOlderVersions() {
+    const MOlderVersions older(GetDefinition());
+    if (older.GetVersions().IsEmpty()) return;
+    MString names;
+    for (const MOlderVersion& version : older.GetVersions())
+        names += (names.IsEmpty() ? "" : "\n") + version.name;
+    if (!dialogs.AskYesNo(MTranslate("Setup needs to uninstall following software from your computer.") +
+                          "\n\n" + names + "\n\n" + MTranslate("Do you want to proceed?")))
+        return;
+    for (const MOlderVersion& version : older.GetVersions())
+        dialogs.Await([&] { (void)MOlderVersions::Remove(version, MRemovalManner::Asking); });
+}
+
+void MSetupWindow::AddBand() {
+    auto& band = *new MPanelGradientBlack(this, "gradient");
+    band.SetFont(static_cast<int32_t>(MStdFont::Large4));
+    band.SetText(GetCaption());
+    band.minClientSize.y = 66;
+    band.layoutRatio.y = 0;
+    (new MLayoutTop(*this))->Add(band);
+}
+
+void MSetupWindow::AddLeftPicture() {}
+
+void MSetupWindow::AddButtons() {
+    auto& bar = *new MColorBox(this, "Buttons");
+    bar.layoutRatio.y = 0;
+    (new MLayoutBottom(*this))->Add(bar);
+    auto& row = *new MLayoutHorizontal(bar);
+    timeLine = new MTimeLine(&bar, "TimeLine");
+    timeLine->layoutRatio = {0, 0};
+    timeLine->layoutBorder = {8, 0};
+    row.Add(*timeLine);
+    AddSpace(bar, row, 0);
+    PreviousButton = &AddButton(bar, row, "< Previous", "Prev");
+    NextButton = &AddButton(bar, row, "Next >", "Next");
+    AddSpace(bar, row, 16);
+    ExitButton = &AddButton(bar, row, "Exit", "Exit");
+    AddSpace(bar, row, 4);
+}
+
+MButton& MSetupWindow::AddButton(MControl& bar, MLayout& row, const char* text, const char* name) {
+    auto& button = *new MButton(&bar, name);
+    button.SetText(MTranslate(text));
+    button.MControl::OnClick(Click::Left).Connect(this, &MSetupWindow::OnButton);
+    button.minClientSize.x = 72;
+    button.layoutRatio = {0, 0};
+    button.layoutBorder = {4, 10};
+    row.Add(button);
+    return button;
+}
+
+template <class Page, class... Arguments>
+Page& MSetupWindow::AddPage(bool isInChain, Arguments&&... arguments) {
+    auto& page = *new Page(*pages, std::forward<Arguments>(arguments)...);
+    pageSwitch->Add(page);
+    if (isInChain) walk.Add(page);
+    return page;
+}
+
+void MSetupWindow::AddPages() {
+    pages = new MControlContainer(this, "Pages");
+    SetClientControl(pages);
+    auto& border = *new MLayoutOccupyBorder(*pages);
+    border.x1 = border.y1 = border.x2 = 8;
+    pageSwitch = new MLayoutSwitch(*pages);
+
+    const MXMLItem& root = GetDefinition();
+    if (MXMLItem* const start = root.FindSubItem("onstart"))
+        AddPage<MInfoSetupPage>(true, "onstart", *start, nullptr);
+    if (MXMLItem* const licence = root.FindSubItem("licence"))
+        AddPage<MLicenceSetupPage>(true, "licence", *licence);
+    if (root.FindSubItem("configuration")) AddPage<MConfigurationSetupPage>(true, "configuration");
+    if (root.FindSubItem("files")) AddPage<MComponentSetupPage>(true, "components");
+    if (root.FindSubItem("directory")) AddPage<MDirectorySetupPage>(true, "directories");
+    processing = &AddPage<MProcessingSetupPage>(true, "processing");
+    AddPage<MInfoSetupPage>(true, "onsuccess", RequirePage(root, "onsuccess"), &updateOffer);
+    auto& abort = AddPage<MInfoSetupPage>(false, "onabort", RequirePage(root, "onabort"), nullptr);
+    auto& error = AddPage<MInfoSetupPage>(false, "onerror", RequirePage(root, "onerror"), nullptr);
+    walk.Finish(abort, error);
+}
+
+const MInstallRun& MSetupWindow::GetRun() const {
+    return processing->GetRun();
+}
+
+/// Band, picture and bar of buttons reach to the edges, where only the line of the frame is left.
+void MSetupWindow::AdjustRectangles(MRect& newWindowRect, MRect& newClientRect) {
+    newClientRect.left = newWindowRect.left + 1;
+    newClientRect.right = newWindowRect.right - 1;
+    newClientRect.bottom = newWindowRect.bottom - 1;
+}
+
+MModalValue MSetupWindow::RunModal(MControl* parent) {
+    if (ended != MModalValue::None) return ended;
+    if (!Is(MControlFlag::HasWindow)) CreateWindow(parent);
+    return MWindow::RunModal(parent);
+}
+
+bool MSetupWindow::CanClose() {
+    if (!ExitButton->Is(MControlFlag::Visible)) return false;
+    const MControlRef self(this);
+    walk.Exit();
+    return self && ended != MModalValue::None;
+}
+
+void MSetupWindow::OnButton(const MOnClickParams& params) {
+    if (params.control == NextButton)
+        walk.Next();
+    else if (params.control == PreviousButton)
+        walk.Previous();
+    else
+        walk.Exit();
+}
+
+void MSetupWindow::ShowPage(MWalkPage& page) {
+    pageSwitch->SetActive(&static_cast<MSetupPage&>(page));
+    if (const int32_t index = walk.GetIndex(page); index >= 0) timeLine->SetSteps(walk.GetCount(), index);
+    timeLine->SetVisible(!page.IsFinal);
+}
+
+void MSetupWindow::ShowButtons(const MWalkButtons& buttons) {
+    NextButton->SetVisible(buttons.isNextVisible);
+    PreviousButton->SetVisible(buttons.isPreviousVisible);
+    ExitButton->SetVisible(buttons.isExitVisible);
+    NextButton->SetEnabled(buttons.isNextEnabled);
+    PreviousButton->SetEnabled(buttons.isPreviousEnabled);
+    NextButton->SetDefault(buttons.isNextVisible);
+    ExitButton->SetDefault(!buttons.isNextVisible);
+}
+
+/// What comes next has the keyboard, unless there is something to do on the page before.
+void MSetupWindow::Repaint() {
+    UpdateLayout();
+    for (MControl* control : {static_cast<MControl*>(NextButton),
+                              static_cast<MSetupPage&>(*walk.GetCurrentPage()).GetFirstControl(),
+                              static_cast<MControl*>(ExitButton)}) {
+        if (!control || !control->CanFocus()) continue;
+        SetFocus(control);
+        break;
+    }
+    RedrawNow();
+}
+
+bool MSetupWindow::ConfirmExit(MWalkPage&) {
+    return dialogs.AskYesNo(GetDefinition().GetAttribute(
+        "exitconfirm", MTranslate("Are you sure you want to exit the installation.")));
+}
+
+void MSetupWindow::EndWalk(MModalValue result) {
+    ended = result;
+    if (Is(MControlFlag::ModalRunning)) CloseWindow(result);
+}

@@ -1,0 +1,80 @@
+#include "setup/wizard/MWizardFrontEnd.h"
+
+#include "foundation/base/MRefusal.h"
+#include "foundation/files/MFile.h"
+#include "foundation/text/MStringFormatter.h"
+#include "setup/wizard/MSetupWindow.h"
+#include "ui/control/windows/MWindowsModule.h"
+#include "ui/style/MProgramIcons.h"
+#include "ui/style/MTexturedStyle.h"
+#include "ui/window/MNativeWindowSystem.h"
+
+bool MWizardFrontEnd::OpenWindows() {
+    if (MWindows::GetInstance()) return true;
+    if (!missing.IsEmpty()) return false;
+    try {
+        windows = std::make_unique<MWindows>(MCreateNativeWindowSystem());
+        MResourceLibrary& resources = MModule::GetInstance()->GetResources();
+        MShowProgramIcons(*windows, resources);
+        auto style = std::make_unique<MTexturedStyle>(windows.get(), &resources,
+                                                      MTexturedStyle::FontSource::Traveling);
+        style->LoadStyle();
+        windows->SetStyle(std::move(style));
+        return true;
+    } catch (const MException& exception) {
+        windows.reset();
+        missing = exception.GetMessage();
+        return false;
+    }
+}
+
+MUserDialogs& MWizardFrontEnd::GetDialogs() {
+    if (OpenWindows()) return dialogs;
+    return terminal;
+}
+
+MExitCode MWizardFrontEnd::RefuseWithoutWindows(const char* advice) {
+    terminal.ShowError(missing + " " + MTranslate(advice));
+    return MExitFailed;
+}
+
+MExitCode MWizardFrontEnd::Install(MLargeResourceLibrary& definition) {
+    if (!OpenWindows())
+        return RefuseWithoutWindows("To install without windows, add the words: silent accept-licence");
+    MString executable;
+    try {
+        MSetupWindow window(definition, dialogs);
+        (void)window.RunModal(nullptr);
+        if (window.GetUpdateOffer().IsAccepted()) executable = window.GetInstalledExecutable();
+    } catch (const MRefusal& refusal) {
+        // A definition that is none is another matter.
+        dialogs.ShowError(refusal.GetMessage());
+    }
+    if (executable.IsEmpty()) return MExitDone;
+    const MString directory = MFile::GetDirectory(MFile::Normalize(executable));
+    MFile::SetCurrentPath(directory);
+    return Update(directory);
+}
+
+MExitCode MWizardFrontEnd::InstallUpdate(MLargeResourceLibrary&) {
+    GetDialogs().ShowError("This build cannot install update packages.");
+    return MExitDone;
+}
+
+MExitCode MWizardFrontEnd::Update(const MString&) {
+    GetDialogs().ShowError("This build has no update manager.");
+    return MExitDone;
+}
+
+MExitCode MWizardFrontEnd::Remove(const MString&) {
+    if (!OpenWindows())
+        return RefuseWithoutWindows("To remove the software without windows, add the word: silent");
+    dialogs.ShowError("This build has no window for removing. To remove the software, add the word: silent");
+    return MExitDone;
+}
+
+MExitCode MWizardFrontEnd::Download(const MDownloadDefinition&, const MString&) {
+    if (!OpenWindows()) return RefuseWithoutWindows("To download without windows, add the word: silent");
+    dialogs.ShowError("This build has no window for downloading. To download, add the word: silent");
+    return MExitDone;
+}
