@@ -30,6 +30,7 @@ void MComponentSetupPage::AddBoxes() {
     view.SetControlType(MControlType::Empty);
     SetClientControl(&view);
     auto& column = *new MLayoutVertical(view.GetContainer());
+    column.space = 8;
     for (int32_t i = 0; i < List->GetItemCount(); ++i) {
         auto& box = *new MCheckBox(&view.GetContainer(), MFormat("CheckBox{0}", i));
         box.Set(MControlFlag::Plastic);

@@ -16,6 +16,7 @@ MConfigurationSetupPage::MConfigurationSetupPage(MControl& parent, const MString
     view.SetControlType(MControlType::Empty);
     SetClientControl(&view);
     auto& column = *new MLayoutVertical(view.GetContainer());
+    column.space = 8;
     for (const MXMLItem* alternative : choice.GetAlternatives()) {
         auto& box = *new MCheckBox(&view.GetContainer(), alternative->GetAttribute("id"));
         box.Set(MControlFlag::Plastic);

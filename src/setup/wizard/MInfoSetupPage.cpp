@@ -13,8 +13,8 @@
 
 namespace {
 
-/// What a screen shows: title and text with mark-up, `{0}` for the product and `{1}` for the maker's web host,
-/// and a sign.
+/// What a screen shows: title and text with mark-up, `{0}` and `{1}` for the product and `{2}` for the maker's
+/// web host, and a sign.
 struct Screen {
     const char* type;
     const char* title;
@@ -24,14 +24,14 @@ struct Screen {
 
 constexpr Screen Screens[] = {
     {"introduction", "Welcome to {0} installation wizard.",
-     "<p>You are going to install {0}.</p> It is strongly recommended that you uninstall any previous version of {0} "
+     "<p>You are going to install {0}.</p> It is strongly recommended that you uninstall any previous version of {1} "
      "and exit all programs before proceeding to installation. "
-     "<p>This program is protected by copyright law.</p>"
+     "<p/><p><alpha value=178>This program is protected by copyright law and international treaties.</p>"
      "<p>Unauthorised reproduction or distribution of it, or of any portion of it, may result in civil and "
      "criminal penalties.</p>",
      std::nullopt},
     {"success", "Installation successfully finished.",
-     "<p>Thank you for choosing {0}. For more information about Corvanth products see <cgreen>{1}</cgreen>.",
+     "<p>Thank you for choosing {0}. For more information about Corvanth products see <cgreen>{2}</cgreen>.",
      MStdBitmap::Yes},
     {"error", "Installation has not been completed.",
      "An error occured during installation. It is usually caused by corrupt installation files or insufficient "
@@ -63,13 +63,13 @@ MInfoSetupPage::MInfoSetupPage(MControl& parent, const MString& name, MXMLItem& 
     Header = new MStaticHeader(this, "title");
     Header->layoutRatio.y = 0;
     (new MLayoutTop(*this))->Add(*Header);
-    AddBoxes(updateOffer);
     view = new MScroller(this, "view");
     view->SetControlType(MControlType::Empty);
     Body = new MStaticMultiLine(&view->GetContainer(), "info");
     Body->layoutRatio.y = 0;
     (new MLayoutTop(view->GetContainer()))->Add(*Body);
     SetClientControl(view);
+    AddBoxes(updateOffer);
 }
 
 void MInfoSetupPage::AddBoxes(MUpdateOffer* updateOffer) {
@@ -141,7 +141,7 @@ void MInfoSetupPage::ShowInfo(const MXMLItem& info) {
         if (!(type == screen.type)) continue;
         const MString product = MEntities::Escape(GetWindow().GetSession().SoftwareName);
         title = MFormat(MTranslate(screen.title), product);
-        text = MFormat(MTranslate(screen.text), product, MEntities::Escape(GetWebHost()));
+        text = MFormat(MTranslate(screen.text), product, product, MEntities::Escape(GetWebHost()));
         bitmap = screen.sign;
     }
     Header->SetText(title);

@@ -27,6 +27,11 @@ MLicenceSetupPage::MLicenceSetupPage(MControl& parent, const MString& name, MXML
     findBar->GetEdit().OnString().Connect(this, &MLicenceSetupPage::OnWanted);
     (new MLayoutTop(*this))->Add(*findBar);
 
+    Text = new MMultiLineEdit(this, "licenceedit");
+    Text->SetText(MReadLicence(*GetWindow().GetSession().Library->OpenItem(&element)));
+    Text->SetReadOnly(true);
+    SetClientControl(Text);
+
     auto& bottom = *new MControlContainer(this, "agreement");
     bottom.layoutRatio.y = 0;
     (new MLayoutBottom(*this))->Add(bottom);
@@ -41,11 +46,6 @@ MLicenceSetupPage::MLicenceSetupPage(MControl& parent, const MString& name, MXML
     save.layoutRatio = {0, 0};
     save.MControl::OnClick(Click::Left).Connect(this, &MLicenceSetupPage::OnSave);
     row.Add(save);
-
-    Text = new MMultiLineEdit(this, "licenceedit");
-    Text->SetText(MReadLicence(*GetWindow().GetSession().Library->OpenItem(&element)));
-    Text->SetReadOnly(true);
-    SetClientControl(Text);
 }
 
 bool MLicenceSetupPage::IsNextEnabled() {

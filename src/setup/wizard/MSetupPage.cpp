@@ -35,6 +35,6 @@ MStaticHeader& MSetupPage::AddHeader(const MString& text) {
     header.layoutRatio.y = 0;
     auto& top = *new MLayoutTop(*this);
     top.Add(header);
-    header.layoutSpaceAfter = 4;
+    header.layoutBorder = {0, 4};
     return header;
 }

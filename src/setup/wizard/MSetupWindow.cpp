@@ -48,10 +48,11 @@ MSetupWindow::MSetupWindow(MLargeResourceLibrary& definition, MWizardDialogs& di
     Set(MControlFlag::ShowHelpKey, false);
     Set(MControlFlag::EnableSaveState, false);
     minClientSize = {750, 400};
+    // Tab goes along the children: from the page to the buttons below it.
     AddBand();
+    AddPages();
     AddButtons();
     AddLeftPicture();
-    AddPages();
     dialogs.SetOwner(this);
     walk.Begin();
 }
@@ -73,7 +74,8 @@ void MSetupWindow::RemoveOlderVersions() {
 
 void MSetupWindow::AddBand() {
     auto& band = *new MPanelGradientBlack(this, "gradient");
-    band.SetFont(static_cast<int32_t>(MStdFont::Large4));
+    band.SetFont(static_cast<int32_t>(MStdFont::Large3));
+    band.Set(MControlFlag::IgnoreWidthInLayout);
     band.SetText(GetCaption());
     band.minClientSize.y = 66;
     band.layoutRatio.y = 0;
@@ -146,6 +148,8 @@ const MInstallRun& MSetupWindow::GetRun() const {
 
 /// Band, picture and bar of buttons reach to the edges, where only the line of the frame is left.
 void MSetupWindow::AdjustRectangles(MRect& newWindowRect, MRect& newClientRect) {
+    const int32_t border = newWindowRect.right - newClientRect.right;
+    newClientRect.top -= border;
     newClientRect.left = newWindowRect.left + 1;
     newClientRect.right = newWindowRect.right - 1;
     newClientRect.bottom = newWindowRect.bottom - 1;
