@@ -4,6 +4,6 @@
 
 /// Mark-up of a thing that can be chosen: its name, and below it what it is, quieter. Both have mark-up.
 [[nodiscard]] inline MString MChoiceText(const MString& name, const MString& description) {
-    const MString quiet = description.IsEmpty() ? MString() : "<alpha value=178>" + description + "</alpha>";
-    return MFormat("<b>{0}</b><justify>{1}", name, quiet);
+    if (description.IsEmpty()) return MFormat("<b>{0}</b>", name);
+    return MFormat("<b>{0}</b><justify>{1}", name, "<alpha value=178>" + description + "</alpha>");
 }

@@ -27,6 +27,7 @@ void MDirectorySetupPage::AddRow(MControl& table, MLayoutGrid& grid, const MXMLI
     auto& label = *new MStatic(&table, "label" + id);
     label.SetText(element.GetAttribute("name"));
     label.layoutRatio = {0, 0};
+    label.layoutPlacement = MAlignLeft;
     auto& edit = *new MEdit(&table);
     edit.minClientSize.x = 300;
     edit.layoutRatio = {100, 0};
@@ -46,6 +47,7 @@ void MDirectorySetupPage::AddRow(MControl& table, MLayoutGrid& grid, const MXMLI
     auto& info = *new MStaticMultiLine(&table, "info" + id);
     info.SetText("<alpha value=178>" + element.GetValue());
     info.layoutRatio.y = 0;
+    info.layoutSpaceAfter = 8;
     grid.Attach(info);
     grid.SetSpanX(info, 3, true);
 }

@@ -24,12 +24,16 @@ MProcessingSetupPage::MProcessingSetupPage(MControl& parent, const MString& name
     auto& space = *new MControlContainer(this, "space");
     space.minClientSize.y = 24;
     add(space);
-    totalBar = new MLiveProgressBar(this, "TotalProgess", pulse);
-    totalBar->infoText = MTranslate("Total progress");
-    add(*totalBar);
-    fileBar = new MLiveProgressBar(this, "OpProgress", pulse);
-    fileBar->infoText = MTranslate("File progress");
-    add(*fileBar);
+    const auto addBar = [&](const char* id, const char* label) -> MProgressBar* {
+        auto& text = *new MStatic(this, id + MString("Label"));
+        text.SetText(MTranslate(label));
+        add(text);
+        auto& bar = *new MLiveProgressBar(this, id, pulse);
+        add(bar);
+        return &bar;
+    };
+    totalBar = addBar("TotalProgess", "Total progress");
+    fileBar = addBar("OpProgress", "File progress");
 
     MInstallViews views;
     views.infoText = infoText;

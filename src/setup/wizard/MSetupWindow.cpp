@@ -184,8 +184,9 @@ void MSetupWindow::ShowPage(MWalkPage& page) {
 }
 
 void MSetupWindow::ShowButtons(const MWalkButtons& buttons) {
-    NextButton->SetVisible(buttons.isNextVisible);
-    PreviousButton->SetVisible(buttons.isPreviousVisible);
+    // Where there is no way out there are no ways at all.
+    NextButton->SetVisible(buttons.isNextVisible && buttons.isExitVisible);
+    PreviousButton->SetVisible(buttons.isPreviousVisible && buttons.isExitVisible);
     ExitButton->SetVisible(buttons.isExitVisible);
     NextButton->SetEnabled(buttons.isNextEnabled);
     PreviousButton->SetEnabled(buttons.isPreviousEnabled);

@@ -1,0 +1,71 @@
+#pragma once
+
+#include "examples/windows/MPlainStyle.h"
+#include "setup/wizard/MSetupWindow.h"
+#include "tests/setup/SetupFixture.h"
+#include "ui/control/MControlRoot.h"
+#include "ui/control/windows/MWindows.h"
+#include "ui/dialogs/MMessageDialogWindow.h"
+#include "ui/window/headless/MWindowSystemHeadless.h"
+
+/// A wizard on a screen in memory, and its user, who finds controls by their names.
+class WizardTest : public SetupTest {
+protected:
+    WizardTest() : WizardTest(std::make_unique<MWindowSystemHeadless>()) {}
+    ~WizardTest() noexcept override = default;
+
+    /// A control of the window that is in front, by its name.
+    MControl& Get(const char* name) {
+        MControl* const found = Find(*system.GetActiveRoot(), name);
+        if (!found) throw std::runtime_error(name + std::string(" is not there"));
+        return *found;
+    }
+    static MControl* Find(MControl& control, const MString& name) {
+        if (control.GetName() == name && control.IsShown()) return &control;
+        for (MControl* child : control.GetChildren())
+            if (MControl* const found = Find(*child, name)) return found;
+        return nullptr;
+    }
+    void Click(const char* name) {
+        MControl& control = Get(name);
+        // Not a double click with the one before.
+        const int32_t aside = std::exchange(isAside, !isAside) ? 4 : -4;
+        user.Click(control.GetScreenPoint({control.size.x / 2 + aside, control.size.y / 2}));
+    }
+    /// The page on view.
+    std::string GetPage() {
+        for (const char* page : {"onstart", "licence", "configuration", "components", "directories",
+                                 "processing", "onsuccess", "onabort", "onerror"})
+            if (Find(*system.GetActiveRoot(), page)) return page;
+        return "none";
+    }
+    /// The text of the message in front, which the button then closes.
+    std::string Answer(const char* button) {
+        const std::string text = Text(static_cast<MControlContent&>(Get("Info")).GetCaption());
+        Click(button);
+        return text;
+    }
+    /// Runs the wizard, with a user who does these things.
+    template <class... Actions>
+    MModalValue Run(Actions... actions) {
+        MSetupWindow window(library, dialogs);
+        // The first click after a window was closed is taken for one on that.
+        (system.Post(actions, 2 * MWindowMessages::HoldOff), ...);
+        const MModalValue result = window.RunModal(nullptr);
+        path = Text(window.GetInstalledExecutable());
+        return result;
+    }
+
+    MWindowSystemHeadless& system;
+    MWindows windows;
+    MHeadlessUser& user;
+    MWizardDialogs dialogs;
+    bool isAside = false;
+    std::string path;  ///< of the installed program
+
+private:
+    explicit WizardTest(std::unique_ptr<MWindowSystemHeadless> owned)
+        : system(*owned), windows(std::move(owned)), user(system.GetUser()) {
+        windows.SetStyle(std::make_unique<MPlainStyle>(&windows, SYSTEM_FONTS));
+    }
+};

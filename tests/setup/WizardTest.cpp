@@ -1,0 +1,188 @@
+#include "setup/console/MUnattendedRun.h"
+#include "tests/setup/WizardFixture.h"
+#include "tests/support/MTreeSnapshot.h"
+#include "ui/widgets/buttons/MCheckBox.h"
+#include "ui/widgets/edits/MEdit.h"
+
+using testing::HasSubstr;
+
+namespace {
+
+class SetupWindowTest : public WizardTest {
+protected:
+    ~SetupWindowTest() noexcept override = default;
+
+    /// A product with every page.
+    void DefineProduct(const std::string& more = "", const std::string& attributes = "") {
+        payload = MTestPayload(7);
+        Define(
+            "<onstart><info type=\"introduction\"/><info title=\"More\">Second</info></onstart><licence" +
+                payload.Add("terms") +
+                "/><configuration id=\"full\" name=\"Full\"/><configuration id=\"small\" name=\"Small\"/>"
+                "<directory id=\"destination\" name=\"D\" default=\"{scratch}/product\"/>"
+                "<directory id=\"extra\" name=\"E\" default=\"{scratch}/extra\" StoreSystemDefaults=\"1\"/>"
+                "<files required=\"1\" destination=\"{destination}\"><file name=\"core\" op=\"create\"" +
+                payload.Add("core") +
+                "/></files><files name=\"Extras\" configurations=\"full\" destination=\"{extra}/in\">What is more"
+                "<file name=\"extra\" op=\"create\"" +
+                payload.Add("extra") + "/></files>" + more,
+            attributes,
+            "<onsuccess><info type=\"success\"/></onsuccess><onerror><info type=\"error\"/></onerror>"
+            "<onabort><info type=\"abort\"/></onabort>");
+    }
+    void Next() { Click("Next"); }
+    void Agree() {
+        EXPECT_FALSE(Get("Next").IsEnabled());
+        Click("licenceagree");
+        Next();
+    }
+    [[nodiscard]] MTreeSnapshot Look() const {
+        MList<MString> roots;
+        roots.Add(scratch.GetPath());
+        MList<MString> ignored;
+        ignored.Add("InstallerLog.txt");
+        return MTreeSnapshot(roots, ignored);
+    }
+};
+
+TEST_F(SetupWindowTest, InstallsWhatTheSilentRunInstalls) {
+    for (const char* attributes : {"", "updateaddress=\"u\""}) {
+        const std::string offer = *attributes ? "<executeupdate enabled=\"1\"/>" : "";
+        DefineProduct(offer, attributes);
+        const MTreeSnapshot before = Look();
+        std::string pages;
+        const auto next = [&] {
+            pages += GetPage() + " ";
+            Next();
+        };
+        const MModalValue result = Run(
+            next, next, [&] { Agree(); }, next, next, next,
+            [&] {
+                pages += GetPage();
+                Click("Exit");
+            });
+        EXPECT_EQ(result, MModalValue::Cancel);
+        EXPECT_EQ(pages, "onstart onstart configuration components directories onsuccess");
+        EXPECT_EQ(path, Text(MPlatform::GetPathText(
+                            scratch.Join(MString("product/setup.") + MPlatform::ExecutableExtension()))));
+        const MTreeSnapshot byWizard = Look();
+
+        before.Restore();
+        DefineProduct(offer, attributes);
+        MList<MString> words;
+        words.Add("accept-licence");
+        const MUnattendedOptions options(words, scratch.GetPath());
+        MTestDialogs answers(false);
+        MInstallViews views;
+        views.dialogs = &answers;
+        MUnattendedRun run(library, options, views);
+        run.Validate();
+        run.Perform();
+        EXPECT_EQ(byWizard.DescribeChanges(Look()), "");
+        before.Restore();
+    }
+}
+
+TEST_F(SetupWindowTest, FollowsItsUserForthAndBack) {
+    DefineProduct();
+    (void)Run([&] { Next(); }, [&] { Next(); }, [&] { Agree(); },
+              [&] {
+                  Click("small");
+                  Next();
+                  EXPECT_FALSE(static_cast<MCheckBox&>(Get("CheckBox0")).IsOn());
+                  Next();
+                  EXPECT_FALSE(Get("browseextra").IsEnabled()) << "no chosen part uses it";
+                  Click("Prev");
+                  Click("CheckBox0");
+                  Click("Prev");
+                  Click("Prev");
+                  EXPECT_EQ(GetPage(), "licence");
+                  EXPECT_TRUE(static_cast<MCheckBox&>(Get("licenceagree")).IsOn());
+                  Next();
+                  Next();
+                  EXPECT_FALSE(static_cast<MCheckBox&>(Get("CheckBox0")).IsOn());
+                  Click("CheckBox0");
+                  Next();
+                  EXPECT_TRUE(Get("browseextra").IsEnabled());
+                  MControl& label = Get("labelextra");
+                  user.Click(Get("browseextra").GetScreenPoint({-20, 10}), 3);
+                  user.PressKey(MKeyHome);
+                  user.HoldKeys(MModifierShift);
+                  user.PressKey(MKeyEnd);
+                  user.HoldKeys(MModifierNone);
+                  user.Type(scratch.Join("chosen"));
+                  EXPECT_TRUE(label.IsShown());
+                  Next();
+              },
+              [&] {
+                  EXPECT_EQ(GetPage(), "onsuccess");
+                  Click("Exit");
+              });
+    EXPECT_EQ(scratch.ReadFile("chosen/in/extra"), "extra");
+}
+
+TEST_F(SetupWindowTest, IsLeftFromEveryPageByExitAndByTheBoxThatClosesIt) {
+    for (const bool byExit : {true, false})
+        for (int32_t steps = 0; steps < 5; ++steps) {
+            DefineProduct("", "exitconfirm=\"Really?\"");
+            const MTreeSnapshot before = Look();
+            const auto leave = [&] {
+                if (byExit)
+                    Click("Exit");
+                else
+                    system.GetActiveRoot()->RequestClose();
+            };
+            const MModalValue result = Run([&] {
+                for (int32_t step = 0; step < steps; ++step) {
+                    if (GetPage() == "licence") Click("licenceagree");
+                    Next();
+                }
+                const std::string page = GetPage();
+                system.Post([&] { EXPECT_EQ(Answer("cancelbutton"), "Really?"); });
+                leave();
+                system.AdvanceTime(2 * MWindowMessages::HoldOff);
+                EXPECT_EQ(GetPage(), page);
+                system.Post([&] { (void)Answer("okbutton"); });
+                leave();
+                system.AdvanceTime(2 * MWindowMessages::HoldOff);
+                EXPECT_EQ(GetPage(), "onabort") << page;
+                leave();
+            });
+            EXPECT_EQ(result, MModalValue::Cancel);
+            EXPECT_EQ(before.DescribeChanges(Look()).find("product"), std::string::npos);
+        }
+}
+
+TEST_F(SetupWindowTest, TellsWhatStoppedItAndEndsOnThePageForThat) {
+    DefineProduct();
+    scratch.WriteFile("extra/in/extra/in the way", "x");
+    std::string asked;
+    (void)Run([&] {
+        Next();
+        Next();
+        Agree();
+        Next();
+        Next();
+        system.Post([&] {
+            asked = Answer("cancelbutton");
+            system.Post([&] { asked += Answer("closebutton"); }, 2 * MWindowMessages::HoldOff);
+        });
+        Next();
+        system.AdvanceTime(2 * MWindowMessages::HoldOff);
+        EXPECT_EQ(GetPage(), "onerror");
+        Click("Exit");
+    });
+    EXPECT_THAT(asked, HasSubstr("Could not rewrite file"));
+    EXPECT_THAT(asked, HasSubstr("extra"));
+    EXPECT_FALSE(MFile::Exists(scratch.Join("product/setup.state")));
+}
+
+TEST_F(SetupWindowTest, BeginsWithTheInstallingWhereNothingIsToBeAsked) {
+    Define(
+        "<configuration id=\"c\" name=\"C\" setup=\"0\"/><files required=\"1\" destination=\"{scratch}/to\"><file name=\"core\" op=\"create\"" +
+        payload.Add("core") + "/></files>");
+    EXPECT_EQ(Run([] {}), MModalValue::Ok) << "and ends after it, since no page is left";
+    EXPECT_EQ(scratch.ReadFile("to/core"), "core");
+}
+
+}  // namespace
