@@ -19,7 +19,6 @@ MProcessingSetupPage::MProcessingSetupPage(MControl& parent, const MString& name
     infoText->SetText(MTranslate("Actually performing"));
     add(*infoText);
     fileText = new MProgressLine(this, "FileInfo", pulse);
-    fileText->SetText(" ");
     add(*fileText);
     auto& space = *new MControlContainer(this, "space");
     space.minClientSize.y = 24;

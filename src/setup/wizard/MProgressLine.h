@@ -12,14 +12,28 @@ public:
     MProgressLine(MControl* parent, const MString& name, MWindowPulse& pulse)
         : MStatic(parent, name), pulse(pulse) {
         Set(MControlFlag::IgnoreWidthInLayout);
+        auto text = std::make_unique<MContentText>();
+        text->isShortenedInside = true;
+        content = text.get();
+        SetContent(std::move(text));
     }
 
     void SetText(const MString& text) override {
-        MStatic::SetText(text);
+        content->text = text;
+        Invalidate();
         pulse.Beat();
+    }
+    [[nodiscard]] const MString& GetText() const { return content->text; }
+    /// Of one line, whatever the text.
+    void GetMinimalContentSize(int32_t& x, int32_t& y) override {
+        MContentText letters("X");
+        const MPoint needed = GetNeededSize(&letters);
+        x = 0;
+        y = needed.y;
     }
 
 private:
+    MContentText* content;
     MWindowPulse& pulse;
 };
 

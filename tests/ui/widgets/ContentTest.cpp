@@ -30,7 +30,15 @@ TEST_F(ContentTest, ShortensWhatDoesNotFit) {
         ASSERT_LE(MTextLayout::GetWidth(font, shortened),
                   std::max(width, MTextLayout::GetWidth(font, MString::Copy(u"\u2026"))));
         ASSERT_EQ(MTextLayout::GetHeight(font, shortened), MTextLayout::GetHeight(font, text));
+        text.ReplaceChar('\n', " ");
+        const MString inside = MShortenMiddle(font, text, width);
+        ASSERT_EQ(inside.IsExactly(text), font.GetTextWidth(text) <= width) << Text(text) << " in " << width;
+        ASSERT_LE(font.GetTextWidth(inside), std::max(width, font.GetTextWidth(MString::Copy(u"\u2026"))));
     }
+    EXPECT_EQ(
+        Text(MShortenMiddle(font, "/home/anna/plug-ins/Reverb.so", font.GetTextWidth("/home/a…s/Reverb.so")))
+            .substr(0, 3),
+        "/ho");
 }
 
 /// What is painted of a static in a corner of the window, from there.

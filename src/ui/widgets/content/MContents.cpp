@@ -37,7 +37,7 @@ void MContentText::Paint(MDrawer& drawer, const MRect& rect, const MContentLook&
     MColor color;
     MFont* const font = GetFont(drawer, look, color);
     if (!font) return;
-    const MString shown = MShortenText(*font, text, rect.GetWidth());
+    const MString shown = (isShortenedInside ? MShortenMiddle : MShortenText)(*font, text, rect.GetWidth());
     MClipScope clip(drawer);
     if (!shown.IsExactly(text) && clip.Intersect(rect)) return;
     drawer.DrawText(rect, *font, shown, color, ToTextAlignment(look.alignment));

@@ -19,6 +19,7 @@ public:
     void Paint(MDrawer& drawer, const MRect& rect, const MContentLook& look) override;
 
     MString text;
+    bool isShortenedInside = false;  ///< the ellipsis takes the place of the middle, not of the end
 };
 
 /// A picture. What does not fit is clipped.
