@@ -69,6 +69,18 @@ TEST_F(DefinitionCheckTest, TellsAllProblemsAtOnceInOrderOfLines) {
     EXPECT_EQ(exitCode, MBuilderExitFailed);
 }
 
+TEST_F(DefinitionCheckTest, EveryScaleHasOnePicture) {
+    scratch.WriteFile("a.png", "a");
+    EXPECT_THAT(Check(MakeDefinition("<leftimage name=\"a.png\">\n<scaled percent=\"200\" name=\"a.png\"/>\n"
+                                     "<scaled percent=\"2x\" name=\"a.png\"/>\n"
+                                     "<scaled percent=\"200\" name=\"b.png\"/>\n<scaled/></leftimage>\n")),
+                ElementsAre(StartsWith("4: error: There is no scale of \"2x\" percent."),
+                            HasSubstr("b.png\" does not exist."),
+                            StartsWith("5: warning: There is a picture for 200 percent already"),
+                            StartsWith("6: error: \"scaled\" lacks the attribute \"percent\"."),
+                            StartsWith("6: error: \"scaled\" lacks the attribute \"name\".")));
+}
+
 TEST_F(DefinitionCheckTest, PresetFilesWantToBeProtected) {
     scratch.WriteFile("data/sub/Setpresets.xml", "<Set/>");
     const auto check = [this](const char* attributes) {

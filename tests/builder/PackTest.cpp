@@ -10,9 +10,11 @@ constexpr const char* Destination = " destination=\"{userdata}\" required=\"1\""
 
 class PackTest : public BuilderFixture {
 protected:
-    /// A product with a directory, a single file, a hand-written group and a licence.
+    /// A product with a directory, a single file, a hand-written group, a licence and pictures of one name.
     void WriteProduct() {
         scratch.WriteFile("licence.txt", "You may.\n");
+        scratch.WriteFile("band.png", "one");
+        scratch.WriteFile("dense/band.png", "two");
         scratch.WriteFile("Presets/Halls/Large.xml", std::string(300000, 'L') + "end");
         scratch.WriteFile("Presets/Halls/Copy.xml", std::string(300000, 'L') + "end");
         scratch.WriteFile("Presets/a.xml", "small");
@@ -23,6 +25,7 @@ protected:
         MFile::SetFileTime(scratch.Join("bin/plug.dll"), FileTime);
         WriteDefinition(
             "<licence name=\"licence.txt\"/>\n"
+            "<topimage name=\"band.png\"><scaled percent=\"200\" name=\"dense/band.png\"/></topimage>\n"
             "<directory id=\"vst\" name=\"V\" default=\"{programfiles}/A &amp; &quot;B&quot;\">One\n two"
             "<default>{components}</default></directory>\n"
             "<files name=\"Presets\" path=\"Presets\" custom=\"{{KEPT}}\" destination=\"{userdata}\"/>\n"
@@ -73,6 +76,8 @@ TEST_F(PackTest, EveryFormComesBackWhole) {
                 << name;
         EXPECT_EQ(scratch.ReadFile(root + "/02-Plug/plug.dll"), "plug-in");
         EXPECT_EQ(scratch.ReadFile(root + "/licence/licence.txt"), "You may.\n");
+        EXPECT_EQ(scratch.ReadFile(root + "/topimage/band.png"), "one");
+        EXPECT_EQ(scratch.ReadFile(root + "/topimage-200/band.png"), "two");
         EXPECT_EQ(MFile::GetFileTime(scratch.Join(root + "/02-Plug/plug.dll")), FileTime);
     }
 }

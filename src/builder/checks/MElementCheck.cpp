@@ -43,6 +43,7 @@ constexpr ElementRule Rules[] = {
     {"uninstall", "install", "", false},
     {"topimage", "install", "name", true},
     {"leftimage", "install", "name", true},
+    {"scaled", "topimage leftimage", "percent name", false},
     {"onstart", "install", "", true},
     {"licence", "install", "name", true},
     {"configuration", "install", "id name", false},
@@ -125,6 +126,7 @@ void MElementCheck::CheckItem(const MXMLItem& item) {
     CheckConditional(item);
     CheckNumbers(item);
     if (rule->isSingle) CheckSingle(item);
+    if (item.GetName() == "scaled") CheckScale(item);
     for (const MXMLItem* child : item.GetSubItems()) CheckItem(*child);
 }
 
@@ -165,6 +167,25 @@ void MElementCheck::CheckSingle(const MXMLItem& item) {
                             MFormat("Only the first \"{0}\" is read. Remove this one.", item.GetName()));
         return;
     }
+}
+
+void MElementCheck::CheckScale(const MXMLItem& item) {
+    constexpr int32_t LargestScale = 1000;
+    const MString text = item.GetAttribute("percent", "");
+    // A missing percentage is told as a missing attribute.
+    if (text.IsEmpty()) return;
+    const int32_t percent = item.GetInt32Attribute("percent", 0);
+    if (!IsNumberText(text) || percent < 1 || percent > LargestScale)
+        problems.AddError(definition.GetLine(item),
+                          MFormat("There is no scale of \"{0}\" percent. Write a whole number from 1 to {1}.",
+                                  text, LargestScale));
+    bool isGiven = percent == 100;
+    for (const MXMLItem* other = item.GetPrevious(); other && !isGiven; other = other->GetPrevious())
+        isGiven = other->GetName() == "scaled" && other->GetInt32Attribute("percent", 0) == percent;
+    if (isGiven)
+        problems.AddWarning(
+            definition.GetLine(item),
+            MFormat("There is a picture for {0} percent already, which is shown. Remove this one.", percent));
 }
 
 void MElementCheck::CheckPages() {

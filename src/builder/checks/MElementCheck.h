@@ -17,6 +17,7 @@ private:
     void CheckConditional(const MXMLItem& item);
     void CheckNumbers(const MXMLItem& item);
     void CheckSingle(const MXMLItem& item);
+    void CheckScale(const MXMLItem& item);
     void CheckPages();
 
     const MDefinition& definition;

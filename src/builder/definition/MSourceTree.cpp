@@ -4,6 +4,7 @@
 #include "builder/definition/MSortedFileList.h"
 #include "foundation/files/MFile.h"
 #include "foundation/text/MStringFormatter.h"
+#include "foundation/xml/MXMLSubItems.h"
 
 #include <algorithm>
 
@@ -37,7 +38,11 @@ void MSourceTree::Collect() {
     for (MXMLItem* element : definition.GetRoot().GetSubItems()) {
         const MString& name = element->GetName();
         if (name == "files") CollectFiles(*element);
-        if (name == "licence" || name == "topimage" || name == "leftimage") CollectNamed(*element);
+        if (name == "licence") CollectNamed(*element);
+        if (name == "topimage" || name == "leftimage") {
+            CollectNamed(*element);
+            for (MXMLItem& scaled : MXMLSubItems(*element, "scaled")) CollectNamed(scaled);
+        }
     }
 }
 

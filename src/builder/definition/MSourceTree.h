@@ -19,7 +19,7 @@ using MSourceItemList = MList<MSourceItem>;
 ///   `file` with an empty name.
 /// - A `file` takes its content from the `path` of its `files`, the names of the `dir` around it and its
 ///   own name, joined; one with an empty name from where its parent leads.
-/// - `licence`, `topimage` and `leftimage` take theirs from `name`.
+/// - `licence`, `topimage`, `leftimage` and the `scaled` in these two take theirs from `name`.
 ///
 /// A `file` whose `op` is "delete" or "leave" has no content. The others get `op` "create" unless they have
 /// one, `time` and, unless they have it, `update` "0".

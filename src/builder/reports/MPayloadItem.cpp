@@ -2,6 +2,7 @@
 
 #include "foundation/files/MFile.h"
 #include "foundation/text/MNumberText.h"
+#include "foundation/xml/MXMLSubItems.h"
 #include "install/definition/MItemNames.h"
 
 namespace {
@@ -21,6 +22,12 @@ MString Append(const MString& folder, const MString& name) {
     return folder + "/" + name;
 }
 
+/// Adds an element with the name of its file, if it has data.
+void CollectNamed(MXMLItem& element, const MString& folder, MList<MPayloadItem>& items) {
+    if (HasAttribute(element, "filestart"))
+        items.Add({&element, Append(folder, MFile::GetFileName(element.GetAttribute("name", "data")))});
+}
+
 void CollectChildren(const MXMLItem& parent, const MString& folder, MList<MPayloadItem>& items) {
     for (MXMLItem* child : parent.GetSubItems()) {
         const MString path = Append(folder, MGetItemName(parent, *child, {}));
@@ -35,11 +42,14 @@ MList<MPayloadItem> MCollectPayloadItems(const MXMLItem& root) {
     MList<MPayloadItem> items;
     int32_t groupCount = 0;
     for (MXMLItem* element : root.GetSubItems()) {
-        if (element->GetName() == "files")
+        const MString& name = element->GetName();
+        if (name == "files") {
             CollectChildren(*element, MGetGroupFolder(*element, ++groupCount), items);
-        else if (HasAttribute(*element, "filestart"))
-            items.Add({element, Append(element->GetName(),
-                                       MFile::GetFileName(element->GetAttribute("name", "data")))});
+            continue;
+        }
+        CollectNamed(*element, name, items);
+        for (MXMLItem& scaled : MXMLSubItems(*element, "scaled"))
+            CollectNamed(scaled, name + "-" + scaled.GetAttribute("percent", ""), items);
     }
     return items;
 }

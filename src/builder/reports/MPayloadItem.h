@@ -7,7 +7,8 @@
 struct MPayloadItem {
     MXMLItem* element = nullptr;
     /// Where it is unpacked to, and what messages call it: "02-Presets/Halls/Large.xml" for a file of the
-    /// second `files` element, "licence/terms.txt" for the others.
+    /// second `files` element, "licence/terms.txt" for the others, "topimage-200/band.png" for a picture of
+    /// another scale.
     MString path;
 };
 

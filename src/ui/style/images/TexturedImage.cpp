@@ -4,6 +4,7 @@
 #include "foundation/xml/MXMLItem.h"
 #include "streams/resources/MResourceLibrary.h"
 #include "ui/drawing/MBitmapFill.h"
+#include "ui/image/files/MPictureReader.h"
 #include "ui/style/images/MComposite.h"
 
 #include <algorithm>
@@ -30,15 +31,7 @@ MBitmap MLoadPicture(const MResourceLibrary& resources, const MString& id) {
         MStream& stream = resources.GetResource(id).Open();
         uint8_t first = 0;
         (void)stream.Read(&first, 1);
-        MStream& picture = resources.GetResource(id).Open();
-        constexpr uint8_t PNG = 0x89;
-        constexpr uint8_t JPEG = 0xFF;
-        if (first == PNG)
-            bitmap.LoadPNG(picture);
-        else if (first == JPEG)
-            bitmap.LoadJPEG(picture);
-        else
-            bitmap.LoadTGA(picture);
+        MReadPicture(first, resources.GetResource(id).Open(), bitmap);
     });
     return bitmap;
 }
