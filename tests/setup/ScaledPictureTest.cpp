@@ -1,7 +1,15 @@
 #include "setup/wizard/MScaledPicture.h"
 #include "tests/setup/SetupFixture.h"
 
+#include <zlib.h>
+
 namespace {
+
+class DrawerAtScale final : public MDrawer {
+public:
+    int32_t ScaleX(int32_t value) override { return value * percent / 100; }
+    int32_t percent = 100;
+};
 
 class ScaledPictureTest : public SetupTest {
 protected:
@@ -43,13 +51,21 @@ TEST_F(ScaledPictureTest, ShowsTheNextLargerPictureInTheSizeOfTheScale) {
     };
     for (const auto& [percent, expected] : cases) EXPECT_EQ(Describe(picture, percent), expected) << percent;
     EXPECT_EQ(Describe(MScaledPicture(library, "leftimage"), 100), "none");
+
+    MContentScaledPicture content(picture);
+    DrawerAtScale drawer;
+    EXPECT_EQ(content.GetSize(drawer, {}), (MPoint{75, 6}));
+    drawer.percent = 150;
+    EXPECT_EQ(content.GetSize(drawer, {}), (MPoint{113, 9}));
 }
 
-// The head of the last one tells of 30000 by 30000 pixels, that of the TGA of none.
+// One head tells of 30000 by 30000 pixels, that of a TGA of none.
 TEST_F(ScaledPictureTest, PassesOverWhatIsNoPicture) {
     const std::string whole = MakePNG(150, 12, 2);
     std::string vast = whole;
     vast.replace(16, 8, std::string("\0\0\x75\x30\0\0\x75\x30", 8));
+    const uint32_t sum = crc32(0, reinterpret_cast<const Bytef*>(vast.data()) + 12, 17);
+    for (size_t i = 0; i < 4; ++i) vast[29 + i] = static_cast<char>(sum >> (24 - 8 * i));
     const std::string noPixels = std::string("\0\0\2", 3) + std::string(13, '\0') + std::string(" \0", 2);
     for (const std::string& bad :
          {std::string(), std::string("\x89garbage"), std::string(500, 'x'), whole.substr(0, whole.size() / 2),
