@@ -125,6 +125,5 @@ MBitmap DrawLeftPicture(int32_t percent) {
         [&](MPointF place) { return Light::Of(0x1A2027).Toward(Light::Of(0x0F1216), place.y / Height); });
     const double turns[] = {0.2, 0.68, 0.86};
     for (int32_t knob = 0; knob < 3; ++knob) DrawKnob(canvas, {Width / 2, 66 + knob * 82.0}, turns[knob]);
-    canvas.PaintBox(Width - 1, 0, Width, Height, Light::Of(0xE7EBF1, 0.07));
     return canvas.MakeBitmap();
 }

@@ -57,6 +57,7 @@ TEST_F(ScaledPictureTest, ShowsTheNextLargerPictureInTheSizeOfTheScale) {
     EXPECT_EQ(content.GetSize(drawer, {}), (MPoint{75, 6}));
     drawer.percent = 150;
     EXPECT_EQ(content.GetSize(drawer, {}), (MPoint{113, 9}));
+    EXPECT_EQ(content.GetLowestColor(drawer), MColor::FromRGB(2, 2, 2));
 }
 
 // One head tells of 30000 by 30000 pixels, that of a TGA of none.

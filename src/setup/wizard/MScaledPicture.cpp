@@ -67,6 +67,14 @@ MBitmap MScaledPicture::Decode(const File& file, int32_t percent) {
     return shown;
 }
 
+MColor MContentScaledPicture::GetLowestColor(MDrawer& drawer) {
+    const MBitmap& whole = *FindBitmap(drawer);
+    if (whole.IsEmpty()) return MColor().WithAlpha(0);
+    MBitmap row(whole.GetWidth(), 1);
+    std::copy_n(whole.GetRow(whole.GetHeight() - 1), whole.GetWidth(), row.EditPixels());
+    return MResample(row, {1, 1}).GetPixel(0, 0);
+}
+
 const MBitmap* MContentScaledPicture::FindBitmap(MDrawer& drawer) {
     const int32_t wanted = drawer.ScaleX(OwnScale);
     if (scale != wanted) bitmap = picture.GetBitmap(wanted);

@@ -44,6 +44,9 @@ class MContentScaledPicture final : public MContentPicture {
 public:
     explicit MContentScaledPicture(const MScaledPicture& picture) : picture(picture) {}
 
+    /// The mean colour of the lowest row; transparent if there is none.
+    [[nodiscard]] MColor GetLowestColor(MDrawer& drawer);
+
 protected:
     [[nodiscard]] const MBitmap* FindBitmap(MDrawer& drawer) override;
 

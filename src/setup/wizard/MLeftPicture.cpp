@@ -1,0 +1,21 @@
+#include "setup/wizard/MLeftPicture.h"
+
+MLeftPicture::MLeftPicture(MControl* parent, const MScaledPicture& picture) : MStatic(parent, "leftimage") {
+    auto content = std::make_unique<MContentScaledPicture>(picture);
+    shown = content.get();
+    layoutRatio.x = 0;
+    SetContentAlignment(MAlignLeft | MAlignTop);
+    SetContent(std::move(content));
+}
+
+void MLeftPicture::GetMinimalContentSize(int32_t& x, int32_t& y) {
+    MStatic::GetMinimalContentSize(x, y);
+    y = 0;
+}
+
+void MLeftPicture::PaintContent(MDrawer& drawer) {
+    MRect below = GetContentRectangle();
+    below.top += shown->GetSize(drawer, {}).y;
+    if (!below.IsEmpty()) drawer.FillRectangle(below, shown->GetLowestColor(drawer), MDrawMode::Overlay);
+    MStatic::PaintContent(drawer);
+}
