@@ -7,6 +7,7 @@
 #include "setup/wizard/MConfigurationSetupPage.h"
 #include "setup/wizard/MDirectorySetupPage.h"
 #include "setup/wizard/MInfoSetupPage.h"
+#include "setup/wizard/MLeftPicture.h"
 #include "setup/wizard/MLicenceSetupPage.h"
 #include "setup/wizard/MProcessingSetupPage.h"
 #include "ui/control/kinds/MStdFont.h"
@@ -77,12 +78,20 @@ void MSetupWindow::AddBand() {
     band.SetFont(static_cast<int32_t>(MStdFont::Large3));
     band.Set(MControlFlag::IgnoreWidthInLayout);
     band.SetText(GetCaption());
-    band.minClientSize.y = 66;
+    const MScaledPicture picture(*session.Library, "topimage");
+    if (picture.GetBitmap(100).IsEmpty())
+        band.minClientSize.y = 66;
+    else
+        band.SetContent(std::make_unique<MContentScaledPicture>(picture));
     band.layoutRatio.y = 0;
     (new MLayoutTop(*this))->Add(band);
 }
 
-void MSetupWindow::AddLeftPicture() {}
+void MSetupWindow::AddLeftPicture() {
+    const MScaledPicture picture(*session.Library, "leftimage");
+    if (picture.GetBitmap(100).IsEmpty()) return;
+    (new MLayoutLeft(*this))->Add(*new MLeftPicture(this, picture));
+}
 
 void MSetupWindow::AddButtons() {
     auto& bar = *new MColorBox(this, "Buttons");
