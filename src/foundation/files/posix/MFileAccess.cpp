@@ -18,6 +18,12 @@ struct stat GetStatus(const MString& path) {
     return status;
 }
 
+MString NameOwner(uid_t user) {
+    const char* const text =
+        user == geteuid() ? "the user {0} after the folder has been made writable" : "the user {0}";
+    return MFormat(MTranslate(text), MGetUserName(user));
+}
+
 }  // namespace
 
 bool MMayDelete(const MString& path) {
@@ -33,8 +39,15 @@ bool MMayDelete(const MString& path) {
 MString MWhoMayDelete(const MString& path) {
     // Where anybody may write, the owner of the file may delete it, elsewhere that of the directory.
     const struct stat directory = GetStatus(MFile::GetDirectory(path));
-    const uid_t user = (directory.st_mode & S_ISVTX) != 0 ? GetStatus(path).st_uid : directory.st_uid;
-    const char* const text =
-        user == geteuid() ? "the user {0} after the folder has been made writable" : "the user {0}";
-    return MFormat(MTranslate(text), MGetUserName(user));
+    return NameOwner((directory.st_mode & S_ISVTX) != 0 ? GetStatus(path).st_uid : directory.st_uid);
+}
+
+bool MMayCreate(const MString& folder) {
+    return faccessat(AT_FDCWD, MNativePath(folder).c_str(), W_OK | X_OK, AT_EACCESS) == 0;
+}
+
+MString MWhoMayCreate(const MString& folder) {
+    struct stat status = {};
+    (void)stat(MNativePath(folder).c_str(), &status);
+    return NameOwner(status.st_uid);
 }

@@ -9,3 +9,8 @@ MFileHandle MOpenFileHandle(const MString& path, DWORD access, DWORD flags) {
                                       FILE_FLAG_BACKUP_SEMANTICS | flags, nullptr);
     return MFileHandle(handle == INVALID_HANDLE_VALUE ? nullptr : handle);
 }
+
+bool MIsOnFixedDrive(const MString& path) {
+    return path.GetLength() > 1 && path[1] == u':' &&
+           GetDriveTypeW((MToWide(path.Substring(0, 2)) + L"\\").c_str()) == DRIVE_FIXED;
+}

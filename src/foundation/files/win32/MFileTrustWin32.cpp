@@ -24,11 +24,6 @@ bool GetAttributesOfNoLink(HANDLE file, DWORD& attributes) {
     return !(attributes & FILE_ATTRIBUTE_REPARSE_POINT) || !IsReparseTagNameSurrogate(info.ReparseTag);
 }
 
-bool IsOnFixedDrive(const MString& path) {
-    return path.GetLength() > 1 && path[1] == u':' &&
-           GetDriveTypeW((MToWide(path.Substring(0, 2)) + L"\\").c_str()) == DRIVE_FIXED;
-}
-
 bool IsThisUser(PSID owner) {
     HANDLE token = nullptr;
     if (!OpenProcessToken(GetCurrentProcess(), TOKEN_QUERY, &token)) return false;
@@ -53,7 +48,7 @@ MFolderTrust MGetFolderTrust(const MString& path) {
     if (!folder || !GetAttributesOfNoLink(folder.get(), attributes) ||
         !(attributes & FILE_ATTRIBUTE_DIRECTORY))
         return MFolderTrust::NoFolder;
-    if (!IsOnFixedDrive(path)) return MFolderTrust::Own;
+    if (!MIsOnFixedDrive(path)) return MFolderTrust::Own;
     PSID owner = nullptr;
     PSECURITY_DESCRIPTOR descriptor = nullptr;
     if (GetSecurityInfo(folder.get(), SE_FILE_OBJECT, OWNER_SECURITY_INFORMATION, &owner, nullptr, nullptr,
