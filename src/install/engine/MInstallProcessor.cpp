@@ -4,6 +4,7 @@
 #include "foundation/files/MFile.h"
 #include "foundation/xml/MXMLSubItems.h"
 #include "install/definition/MPlatformElement.h"
+#include "install/definition/MTreeSize.h"
 #include "install/engine/MInstallRetry.h"
 #include "install/presets/MUserDataMigration.h"
 
@@ -52,17 +53,7 @@ void MInstallProcessor::Perform(MXMLItem& root, MLargeResourceLibrary* contents,
 /// Counts what is to be done for an element and its copies, and makes their directories.
 void MInstallProcessor::Prepare(MXMLItem& files, MRunKind kind) {
     const bool isInstall = kind == MRunKind::Install;
-    MList<MXMLItem, MListPointers> items;
-    files.CollectSubItems("file", items);
-    int32_t count = 0;
-    int64_t size = 0;
-    for (const MXMLItem* item : items) {
-        const MString op = item->GetAttribute("op", "");
-        if (isInstall && op == "leave") continue;
-        ++count;
-        if (isInstall && (op == "create" || op == "update"))
-            MAddSize(size, item->GetInt64Attribute("filesize", 0));
-    }
+    const MTreeSize size = isInstall ? MMeasureTree(files) : MTreeSize{files.CountSubItems("file"), 0};
     const auto addPass = [&](const MXMLItem& pass, bool isCounted) {
         if (!IsEnabled(pass)) return;
         if (isInstall) {
@@ -70,8 +61,8 @@ void MInstallProcessor::Prepare(MXMLItem& files, MRunKind kind) {
             if (OwnsDirectory(pass)) MFile::CreatePath(directory);
         }
         if (!isCounted) return;
-        MAddSize(progress.itemCount, count);
-        MAddSize(progress.totalBytes, size);
+        MAddSize(progress.itemCount, size.count);
+        MAddSize(progress.totalBytes, size.bytes);
     };
     addPass(files, true);
     for (const MXMLItem& copy : MXMLSubItems(files, "copy")) addPass(copy, MIsForThisPlatform(copy));

@@ -20,7 +20,7 @@ public:
     explicit MComponentRows(MXMLItem& definition);
 
     [[nodiscard]] int32_t GetCount() const { return rows.GetCount(); }
-    [[nodiscard]] MComponentRow& GetRow(int32_t index) { return *rows[index]; }
+    [[nodiscard]] MComponentRow& GetRow(int32_t index) const { return *rows[index]; }
     /// The row of that name, or null.
     [[nodiscard]] MComponentRow* Find(const MString& name) const;
 
