@@ -2,6 +2,7 @@
 
 #include "foundation/base/MGuard.h"
 #include "foundation/files/MFile.h"
+#include "foundation/files/MFileHolders.h"
 #include "foundation/files/MProgramFile.h"
 #include "install/engine/MInstallRetry.h"
 #include "install/presets/MPresetFile.h"
@@ -21,6 +22,20 @@ MString GetBundlePath(const MString& path) {
 
 bool HoldsPresets(const MString& path) {
     return path.Contains("presets.");
+}
+
+MString MakeQuestion(const MString& path) {
+    MString question = MFormat(
+        MTranslate("Could not rewrite file\n\n{0}\n\n Do you want to try again? If you select \"No\", the "
+                   "installation will abort. If you select ignore, the installation will continue without "
+                   "creating the file."),
+        path);
+    MString holders;
+    for (const MString& holder : MFindFileHolders(path))
+        holders += holders.IsEmpty() ? holder : ", " + holder;
+    if (!holders.IsEmpty())
+        question += "\n\n" + MFormat(MTranslate("It is in use by {0}. Please close that first."), holders);
+    return question;
 }
 
 }  // namespace
@@ -84,11 +99,7 @@ bool MInstallWriter::OpenTarget(MStdFileStream& target, const MString& written, 
         } catch (const MException&) {
             // A font that is in use is there already: no reason to bother anyone.
             if (exists && MFile::GetExtension(path) == "ttf") return false;
-            const MString question = MTranslate(
-                "Could not rewrite file\n\n{0}\n\n Do you want to try again? If you select \"No\", the "
-                "installation will abort. If you select ignore, the installation will continue without "
-                "creating the file.");
-            const MRetryAnswer answer = progress.views.AskRetry(MFormat(question, path));
+            const MRetryAnswer answer = progress.views.AskRetry(MakeQuestion(path));
             if (answer == MRetryAnswer::Retry) continue;
             if (answer == MRetryAnswer::Ignore) {
                 progress.Log("File could NOT been created. Ignoring.");

@@ -1,9 +1,11 @@
 #include "foundation/files/MFile.h"
+#include "foundation/files/MFileHolders.h"
 #include "foundation/files/win32/MNativePath.h"
 #include "foundation/module/MPlatform.h"
 #include "foundation/win32/MWindowsHeader.h"
 #include "tests/support/MScratch.h"
 #include "tests/support/MTestText.h"
+#include "tests/support/win32/MTestProcess.h"
 
 #include <shlobj.h>
 
@@ -75,6 +77,21 @@ TEST(MFileWin32, ProgramsGiveTheirExitCode) {
     EXPECT_EQ(MFile::Execute(shell, arguments, scratch.GetPath(), true), 7);
     MFile::SetCurrentPath(before);
     EXPECT_EQ(scratch.ListTree(), "made\n");
+}
+
+TEST(MFileWin32, WhoHoldsAFileIsTold) {
+    const MScratch scratch;
+    MList<MString> arguments;
+    arguments.Add("/c");
+    arguments.Add("ping -n 2 127.0.0.1 > held");
+    const MString shell = MFile::Join(MFile::GetSpecialPath(MSpecialFolderSystem), "system32/cmd.exe");
+    const MTestProcess holder(shell, arguments, scratch.GetPath(), 0);
+    while (!MFile::Exists(scratch.Join("held")) &&
+           WaitForSingleObject(holder.GetHandle(), 20) == WAIT_TIMEOUT) {}
+    // Wine has a Restart Manager that knows of nobody.
+    const bool isWine = GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version") != nullptr;
+    EXPECT_EQ(MFindFileHolders(scratch.Join("held")).IsEmpty(), isWine);
+    WaitForSingleObject(holder.GetHandle(), MTestProcess::MillisecondsToLive);
 }
 
 TEST(MFileWin32, EveryRowButTheUsersTemporaryFolderIsGivenByTheShell) {
