@@ -111,3 +111,19 @@ TEST_F(InstallTest, LogTellsANewFileLineByLine) {
                                "File exists = 0  rewritable = 1\nRewriting file {to}/ž.txt\n"
                                "File successfuly created\nWriting file 5\nSuccess, closing the file\n"));
 }
+
+TEST_F(InstallTest, CountsWhatItPutsWhere) {
+    const std::string copy = "<copy name=\"Copy\" enabled=\"1\" currentpath=\"{to}/b\"/><copy enabled=\"1\" "
+                             "currentpath=\"{to}/a\"/>";
+    Define(
+        Files("/a", File("1", "x") + "<dir name=\"d\">" + File("2", "x") + "</dir>" + copy, "name=\"One\"") +
+        Files("/a", File("3", "x") + File("kept", "x", "leave"), "name=\"ONE\"") +
+        Files("/c", File("gone", "x", "delete"), "name=\"None\"") + Files("/c", File("4", "x")) +
+        Files("/c", File("5", "x") + R"(<file name="6" op="create" filestart="0" filesize="50000"/>)"));
+    EXPECT_THROW(Perform(), MException);
+    std::string parts;
+    for (const MInstalledPart& part : processor->GetProgress().installed.GetParts())
+        parts +=
+            Text(MFormat("{0}: {1} in {2}; ", part.name, part.fileCount, MFile::GetFileName(part.folder)));
+    EXPECT_EQ(parts, "One: 5 in a; Copy: 2 in b; Test: 2 in c; ");
+}

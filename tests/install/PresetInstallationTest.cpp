@@ -46,6 +46,9 @@ TEST_F(PresetInstallationTest, MergesAndKeepsWhatWasThereAsTheBackup) {
     Put("Setpresets.xmlbackup", "of an earlier version");
     Perform();
     ExpectMergedFromUsers();
+    ASSERT_EQ(processor->GetMerged().GetCount(), 1);
+    EXPECT_EQ(Text(processor->GetMerged()[0].path), Text(InTarget("Setpresets.xml")));
+    EXPECT_EQ(Text(processor->GetMerged()[0].backup), Text(InTarget("Setpresets.xmlbackup")));
     EXPECT_EQ(processor->GetProgress().itemIndex, 2);
     EXPECT_EQ(processor->GetProgress().doneBytes, processor->GetProgress().totalBytes);
     EXPECT_THAT(
@@ -115,7 +118,8 @@ TEST_F(PresetInstallationTest, ARunAfterAKilledOneKeepsTheFirstBackup) {
     EXPECT_FALSE(MFile::Exists(scratch.Join("userdata/InstallerMerges.txt")));
 
     // The same once more after a complete run changes nothing.
-    PerformCompletely();
+    Perform();
+    EXPECT_TRUE(processor->GetMerged().IsEmpty());
     ExpectMergedFromUsers();
 }
 

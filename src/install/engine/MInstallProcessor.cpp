@@ -74,6 +74,7 @@ void MInstallProcessor::PerformFiles(MXMLItem& files, MRunKind kind) {
     if (IsEnabled(files)) {
         const MString directory = files.GetAttribute("currentpath");
         Log("Initiating install to ", directory);
+        progress.installed.Begin(files);
         MProcessOptions options = MakeOptions(files, directory, kind);
         ProcessItems(directory, files, true, options);
         if (isRemoval && OwnsDirectory(files)) {
@@ -84,6 +85,7 @@ void MInstallProcessor::PerformFiles(MXMLItem& files, MRunKind kind) {
     for (const MXMLItem& copy : MXMLSubItems(files, "copy")) {
         if (!IsEnabled(copy) || !MIsForThisPlatform(copy)) continue;
         const MString directory = copy.GetAttribute("currentpath");
+        progress.installed.Begin(copy);
         MProcessOptions options = MakeOptions(copy, directory, kind);
         ProcessItems(directory, files, true, options);
         if (isRemoval && OwnsDirectory(copy)) remover.RemoveDirectory(directory);

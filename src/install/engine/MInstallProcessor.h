@@ -54,6 +54,8 @@ public:
     [[nodiscard]] const MInstallProgress& GetProgress() const { return progress; }
     /// Preset files that were left as they were.
     [[nodiscard]] const MList<MUnmergedPresets>& GetUnmerged() const { return writer.GetUnmerged(); }
+    /// Preset files that have new presets, as far as something changed in them, and their backups.
+    [[nodiscard]] const MList<MMergedPresets>& GetMerged() const { return writer.GetMerged(); }
     /// What could not be removed.
     [[nodiscard]] const MInstallRemover& GetRemover() const { return remover; }
 

@@ -5,6 +5,7 @@
 #include "foundation/text/MStringFormatter.h"
 #include "install/engine/MInstallLog.h"
 #include "install/engine/MInstallViews.h"
+#include "install/engine/MInstalledParts.h"
 
 #include <cstdint>
 
@@ -16,6 +17,7 @@ struct MInstallProgress {
     int64_t filePosition = 0;  ///< how much of it is written
     int32_t itemCount = 0;     ///< files that the run will touch
     int32_t itemIndex = 0;     ///< files that are done
+    MInstalledParts installed;
     MInstallViews views;
     MInstallLog log;
 

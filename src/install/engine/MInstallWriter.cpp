@@ -66,6 +66,7 @@ void MInstallWriter::Write(MXMLItem& element, const MString& name, bool rewritab
     try {
         const bool isProgram = CopyContent(*library.OpenItem(&element), target);
         ++progress.itemIndex;
+        progress.installed.CountFile();
         progress.Log("Success, closing the file");
         target.Close();
         if (isProgram) MGuard("MInstallWriter", [&] { MFile::MakeExecutable(written); });
@@ -83,7 +84,11 @@ void MInstallWriter::Merge(MXMLItem& element, const MString& path, MLargeResourc
     progress.Log("Processing preset file ", path);
     const MPresetMergeOutcome outcome = MMergePresetFile(
         path, [&] { return library.OpenItem(&element); }, journal);
-    if (!outcome.failure.IsEmpty()) unmerged.Add({path, outcome.failure});
+    if (!outcome.backup.IsEmpty()) merged.Add({path, outcome.backup});
+    if (outcome.failure.IsEmpty())
+        progress.installed.CountFile();
+    else
+        unmerged.Add({path, outcome.failure});
     progress.doneBytes += outcome.sourceBytes;
     ++progress.itemIndex;
     progress.ShowBytes();

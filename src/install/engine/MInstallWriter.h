@@ -11,6 +11,12 @@ struct MUnmergedPresets {
     MString reason;
 };
 
+/// A preset file that has new presets, and what it held before.
+struct MMergedPresets {
+    MString path;
+    MString backup;
+};
+
 /// Puts the files of an installation onto the disk: writes what may be written, merges the presets of what is
 /// there and protected, and leaves everything else.
 class MInstallWriter {
@@ -34,6 +40,7 @@ public:
     }
 
     [[nodiscard]] const MList<MUnmergedPresets>& GetUnmerged() const { return unmerged; }
+    [[nodiscard]] const MList<MMergedPresets>& GetMerged() const { return merged; }
 
 private:
     void Merge(MXMLItem& element, const MString& path, MLargeResourceLibrary& library);
@@ -50,4 +57,5 @@ private:
     MBuffer buffer;
     MPresetJournal journal;
     MList<MUnmergedPresets> unmerged;
+    MList<MMergedPresets> merged;
 };

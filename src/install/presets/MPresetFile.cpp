@@ -69,15 +69,17 @@ void CopyBackup(const MString& path, MMemoryStream& existing, const MString& bac
     copy.Commit();
 }
 
-/// A backup that shares no bytes with the file.
-void CopyBackup(const MString& path, MMemoryStream& existing) {
+/// Makes a backup that shares no bytes with the file, and gives its path.
+MString CopyBackup(const MString& path, MMemoryStream& existing) {
+    MString backup = GetBackup(path);
     try {
-        CopyBackup(path, existing, GetBackup(path));
+        CopyBackup(path, existing, backup);
     } catch (const MException&) {
-        const MString backup = GetDistantBackup(path);
+        backup = GetDistantBackup(path);
         MFile::CreatePath(MFile::GetDirectory(backup));
         CopyBackup(path, existing, backup);
     }
+    return backup;
 }
 
 /// Takes no more space than the file has. What is begun and not completed is seen by its first byte.
@@ -94,23 +96,25 @@ void Overwrite(MStdFileStream& file, MMemoryStream& content) {
     file.Sync();
 }
 
-void WriteInPlace(const MPresetMergeRecord& record, MMemoryStream& existing, MMemoryStream& result,
-                  MPresetJournal& journal) {
+/// Gives the path of the backup, as `Replace` does.
+MString WriteInPlace(const MPresetMergeRecord& record, MMemoryStream& existing, MMemoryStream& result,
+                     MPresetJournal& journal) {
     MStdFileStream file;
     file.Open(record.path, MOpenWrite);
     file.Reserve(result.GetSize());
     journal.Add(record);
-    CopyBackup(record.path, existing);
+    const MString backup = CopyBackup(record.path, existing);
     try {
         Overwrite(file, result);
     } catch (const MException&) {
         MGuard("Merge presets", [&] { Overwrite(file, existing); });
         throw;
     }
+    return backup;
 }
 
-void Replace(const MPresetMergeRecord& record, MMemoryStream& existing, MMemoryStream& result,
-             MPresetJournal& journal) {
+MString Replace(const MPresetMergeRecord& record, MMemoryStream& existing, MMemoryStream& result,
+                MPresetJournal& journal) {
     MOutputFile file(record.path);
     file.CopyOwnership(record.path);
     result.Rewind();
@@ -119,7 +123,9 @@ void Replace(const MPresetMergeRecord& record, MMemoryStream& existing, MMemoryS
     journal.Add(record);
     if (!MGuard("Rename current preset as backup", [&] { LinkBackup(record.path); }))
         CopyBackup(record.path, existing, GetBackup(record.path));
-    if (!MGuard("Merge presets", [&] { file.Commit(); })) WriteInPlace(record, existing, result, journal);
+    if (!MGuard("Merge presets", [&] { file.Commit(); }))
+        return WriteInPlace(record, existing, result, journal);
+    return GetBackup(record.path);
 }
 
 /// Reads what a file holds, or what it held before a merge was killed that was writing into it; true for the
@@ -136,11 +142,12 @@ bool ReadExisting(const MString& path, MMemoryStream& content, const MPresetJour
     MRaise(MExceptionGeneral, "The file \"{0}\" is damaged.", path);
 }
 
-void Merge(const MString& path, MMemoryStream& source, MPresetJournal& journal) {
+/// Gives the path of the backup, empty where nothing was to be changed.
+MString Merge(const MString& path, MMemoryStream& source, MPresetJournal& journal) {
     MMemoryStream existing;
     const bool isTorn = ReadExisting(path, existing, journal);
     MPresetMergeRecord record{path, GetDigest(source), MString(), GetDigest(existing)};
-    if (journal.IsMerged(path, record.sourceDigest, record.beforeDigest)) return;
+    if (journal.IsMerged(path, record.sourceDigest, record.beforeDigest)) return MString();
     MXMLItem target;
     target.Load(existing);
     MMemoryStream former;
@@ -148,7 +155,7 @@ void Merge(const MString& path, MMemoryStream& source, MPresetJournal& journal) 
     MXMLItem presets;
     presets.Load(source);
     // What is torn must be made whole, whatever comes.
-    if (MergePresets(target, presets, InstalledIndex, MMergeReplace, false) == 0 && !isTorn) return;
+    if (MergePresets(target, presets, InstalledIndex, MMergeReplace, false) == 0 && !isTorn) return MString();
 
     const MRewriteWay way = MFindRewriteWay(path);
     if (way == MRewriteWay::None) MRaise(MExceptionGeneral, "The file \"{0}\" is write-protected.", path);
@@ -156,9 +163,10 @@ void Merge(const MString& path, MMemoryStream& source, MPresetJournal& journal) 
     target.Save(result, false, "utf-8");
     record.resultDigest = GetDigest(result);
     // An installation that is repeated brings nothing new, and must not cost the backup.
-    if (!isTorn && record.resultDigest == GetDigest(former)) return;
+    if (!isTorn && record.resultDigest == GetDigest(former)) return MString();
     // What is torn must not become the backup.
-    (way == MRewriteWay::Replace && !isTorn ? Replace : WriteInPlace)(record, existing, result, journal);
+    return (way == MRewriteWay::Replace && !isTorn ? Replace : WriteInPlace)(record, existing, result,
+                                                                             journal);
 }
 
 }  // namespace
@@ -174,7 +182,7 @@ MPresetMergeOutcome MMergePresetFile(const MString& path, const MPresetSource& o
             MMemoryStream source;
             content->CopyAllToInLargePieces(source);
             source.Rewind();
-            Merge(path, source, journal);
+            outcome.backup = Merge(path, source, journal);
             journal.Visit(path);
             outcome.failure = MString();
         } catch (const MException& exception) {

@@ -12,6 +12,7 @@ using MPresetSource = std::function<std::unique_ptr<MStream>()>;
 struct MPresetMergeOutcome {
     int64_t sourceBytes = 0;  ///< size of the presets that came; 0 if they were not opened
     MString failure;          ///< why the file was left without them; empty if it has them
+    MString backup;           ///< where this merge has kept what the file held before; empty if nowhere
 };
 
 /// Merges new presets into the preset file at `path`, which exists. If any were added or changed, what the

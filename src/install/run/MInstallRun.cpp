@@ -71,13 +71,18 @@ void MInstallRun::Enter() {
 void MInstallRun::Perform() {
     const std::unique_ptr<MSetupLocks> held = std::move(locks);
     MInstallProcessor processor;
+    const auto keepResults = [&] {
+        unmerged = processor.GetUnmerged();
+        merged = processor.GetMerged();
+        installed = processor.GetProgress().installed.GetParts();
+    };
     try {
         processor.Perform(session.GetDefinition(), session.Library, views, MRunKind::Install);
     } catch (const MException&) {
-        unmerged = processor.GetUnmerged();
+        keepResults();
         throw;
     }
-    unmerged = processor.GetUnmerged();
+    keepResults();
 
     const MString setupPath = MGetSetupPath(mainPath);
     session.InstalledExecutable = MPlatform::GetPathText(setupPath);

@@ -25,8 +25,14 @@ public:
     /// and there is no new "setup.state".
     void Perform();
 
-    /// The preset files that `Perform` has left as they were, also if it has failed.
+    // What `Perform` has done so far, also if it has failed.
+
+    /// The preset files that were left as they were.
     [[nodiscard]] const MList<MUnmergedPresets>& GetUnmerged() const { return unmerged; }
+    /// The preset files that have new presets, as far as something changed in them, and their backups.
+    [[nodiscard]] const MList<MMergedPresets>& GetMergedPresets() const { return merged; }
+    /// What was installed where, in the order of the definition.
+    [[nodiscard]] const MList<MInstalledPart>& GetInstalled() const { return installed; }
 
 private:
     void SaveState();
@@ -35,6 +41,8 @@ private:
     MInstallViews views;
     MList<MString> directories;
     MList<MUnmergedPresets> unmerged;
+    MList<MMergedPresets> merged;
+    MList<MInstalledPart> installed;
     MString mainPath;  ///< the first available directory, else the maker's data
     std::unique_ptr<MSetupLocks> locks;
 };
