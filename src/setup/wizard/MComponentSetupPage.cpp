@@ -1,23 +1,31 @@
 #include "setup/wizard/MComponentSetupPage.h"
 
+#include "foundation/text/MByteSizeText.h"
 #include "setup/wizard/MChoiceText.h"
 #include "setup/wizard/MSetupWindow.h"
-#include "ui/layout/MLayoutClient.h"
+#include "ui/layout/MLayoutGrid.h"
 #include "ui/layout/MLayoutSide.h"
 #include "ui/widgets/buttons/MCheckBox.h"
 #include "ui/widgets/content/MStaticMultiLine.h"
 #include "ui/widgets/scrolling/MScroller.h"
 
 MComponentSetupPage::MComponentSetupPage(MControl& parent, const MString& name)
-    : MSetupPage(parent, name), rows(GetDefinition()) {
+    : MSetupPage(parent, name), rows(GetDefinition()), needs(GetDefinition()) {
     AddHeader(MTranslate("Select components you want to install, then click Next."));
     List = new MListBoxT<MComponentListBoxItem>(this, "componentpanel");
     List->SetCheckBoxes(true);
     for (int32_t i = 0; i < rows.GetCount(); ++i) {
         MComponentRow& row = rows.GetRow(i);
-        List->AddItem(MChoiceText(row.name, row.description)).row = &row;
+        const MString size = MByteSizeText(needs.GetBytes(row));
+        const MString about = row.description.IsEmpty() ? size : row.description + " (" + size + ")";
+        List->AddItem(MChoiceText(row.name, about)).row = &row;
     }
     List->SortItems();
+    List->OnItemChecked().Connect(this, &MComponentSetupPage::OnItem);
+    needed = new MStatic(this, "needed");
+    needed->SetContentAlignment(MAlignRight);
+    needed->layoutRatio.y = 0;
+    (new MLayoutBottom(*this))->Add(*needed);
     if (List->GetItemCount() > MaximumBoxes)
         SetClientControl(List);
     else
@@ -29,19 +37,25 @@ void MComponentSetupPage::AddBoxes() {
     auto& view = *new MScroller(this, "view");
     view.SetControlType(MControlType::Empty);
     SetClientControl(&view);
-    auto& column = *new MLayoutVertical(view.GetContainer());
-    column.space = 8;
+    auto& grid = *new MLayoutGrid(view.GetContainer(), 2);
+    grid.space = 8;
     for (int32_t i = 0; i < List->GetItemCount(); ++i) {
+        const MComponentRow& row = *List->GetItem(i)->row;
         auto& box = *new MCheckBox(&view.GetContainer(), MFormat("CheckBox{0}", i));
         box.Set(MControlFlag::Plastic);
-        box.SetContent(std::make_unique<MContentSTML>(List->GetItem(i)->text));
+        box.SetContent(std::make_unique<MContentSTML>(MChoiceText(row.name, row.description)));
         box.Set(MCheckBoxState::On);
+        box.OnChange().Connect(this, &MComponentSetupPage::OnBox);
         box.minClientSize.x = 400;
         box.layoutRatio.y = 0;
-        column.Add(box);
+        grid.Attach(box);
         Boxes.Add(&box);
+        auto& size = *new MStatic(&view.GetContainer(), MFormat("size{0}", i));
+        size.SetText(MByteSizeText(needs.GetBytes(row)));
+        size.layoutRatio = {0, 0};
+        size.layoutPlacement = MAlignRight | MAlignTop;
+        grid.Attach(size);
     }
-    column.Add(*new MControlContainer(&view.GetContainer(), "Space"));
 }
 
 MControl* MComponentSetupPage::GetFirstControl() {
@@ -58,15 +72,25 @@ bool MComponentSetupPage::ShouldSkip(bool back) {
             if (!Boxes.IsEmpty()) Boxes[i]->Set(item.row->checked ? MCheckBoxState::On : MCheckBoxState::Off);
         }
         List->Invalidate();
+        ShowNeeded();
     }
     return !session.ShowComponents;
 }
 
-bool MComponentSetupPage::OnNext() {
+void MComponentSetupPage::ReadControls() {
     for (int32_t i = 0; i < List->GetItemCount(); ++i) {
         MComponentListBoxItem& item = *List->GetItem(i);
         item.row->checked = Boxes.IsEmpty() ? item.IsChecked() : Boxes[i]->IsOn();
     }
+}
+
+void MComponentSetupPage::ShowNeeded() {
+    ReadControls();
+    needed->SetText(MFormat(MTranslate("Needed: {0}"), MByteSizeText(needs.GetTickedBytes(rows))));
+}
+
+bool MComponentSetupPage::OnNext() {
+    ReadControls();
     rows.Store();
     return true;
 }

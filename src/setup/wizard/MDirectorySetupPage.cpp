@@ -2,6 +2,7 @@
 
 #include "foundation/files/MFile.h"
 #include "foundation/text/MStringFormatter.h"
+#include "foundation/xml/MEntities.h"
 #include "setup/wizard/MSetupWindow.h"
 #include "ui/dialogs/MDirectoryDialog.h"
 #include "ui/layout/MLayoutGrid.h"
@@ -10,9 +11,29 @@
 #include "ui/widgets/edits/MEdit.h"
 #include "ui/widgets/scrolling/MScroller.h"
 
+#include <memory>
+
+namespace {
+
+MString GetInfo(const MXMLItem& element) {
+    return "<alpha value=178>" + element.GetValue() + "</alpha>";
+}
+
+/// What is to be said of a folder: figures if all is well, what is wrong if not. Empty for nothing.
+MString GetFactsText(const MDirectorySpace& space, const MFolderFacts& facts) {
+    const bool isFine = space.isSufficient && facts.fault.IsEmpty();
+    const MString text = MEntities::Escape(facts.fault.IsEmpty() ? space.GetText() : facts.fault);
+    return isFine ? "<alpha value=178>" + text + "</alpha>" : "<cred>" + text + "</cred>";
+}
+
+}  // namespace
+
 MDirectorySetupPage::MDirectorySetupPage(MControl& parent, const MString& name)
-    : MSetupPage(parent, name), choices(GetWindow().GetSession()) {
+    : MSetupPage(parent, name), choices(GetWindow().GetSession()), needs(GetDefinition()) {
     AddHeader(MTranslate("Specify installation directories, then click Next."));
+    hiddenInfo = new MStaticMultiLine(this, "hiddeninfo");
+    hiddenInfo->layoutRatio.y = 0;
+    (new MLayoutBottom(*this))->Add(*hiddenInfo);
     auto& view = *new MScroller(this, "view");
     view.SetControlType(MControlType::Empty);
     SetClientControl(&view);
@@ -43,13 +64,15 @@ void MDirectorySetupPage::AddRow(MControl& table, MLayoutGrid& grid, const MXMLI
     Edits.Add(&edit);
     Buttons.Add(&button);
     shown.Add(MString());
-    if (!isShown) return;
+    edit.OnString().Connect(this, &MDirectorySetupPage::OnPath);
+    if (!isShown) return infos.Add(nullptr);
     auto& info = *new MStaticMultiLine(&table, "info" + id);
-    info.SetText("<alpha value=178>" + element.GetValue());
+    info.SetText(GetInfo(element));
     info.layoutRatio.y = 0;
     info.layoutSpaceAfter = 8;
     grid.Attach(info);
     grid.SetSpanX(info, 3, true);
+    infos.Add(&info);
 }
 
 bool MDirectorySetupPage::ShouldSkip(bool) {
@@ -58,7 +81,50 @@ bool MDirectorySetupPage::ShouldSkip(bool) {
         Edits[i]->SetText(choices.GetRow(i).path);
         shown[i] = Edits[i]->GetText();
     }
-    return UpdateAvailability();
+    const bool isNoneUsed = UpdateAvailability();
+    LookAtFolders();
+    return isNoneUsed;
+}
+
+void MDirectorySetupPage::OnTimer() {
+    StopTimer();
+    LookAtFolders();
+}
+
+void MDirectorySetupPage::LookAtFolders() {
+    MList<MString> paths;
+    auto facts = std::make_shared<MList<MDirectoryFacts>>();
+    for (int32_t i = 0; i < choices.GetCount(); ++i) {
+        const MXMLItem& element = *choices.GetRow(i).element;
+        if (element.GetInt32Attribute("Available", 0) == 0) continue;
+        paths.Add(MFile::Normalize(Edits[i]->GetText()));
+        facts->Add({element.GetAttribute("id"), {}});
+    }
+    looking.Begin(
+        [paths, facts] {
+            for (int32_t i = 0; i < paths.GetCount(); ++i) (*facts)[i].facts = MFindFolderFacts(paths[i]);
+        },
+        [this, facts] { ShowFacts(*facts); });
+}
+
+void MDirectorySetupPage::ShowFacts(const MList<MDirectoryFacts>& facts) {
+    const MList<MDirectorySpace> spaces = needs.Compare(facts);
+    MString hidden;
+    int32_t next = 0;
+    for (int32_t i = 0; i < choices.GetCount(); ++i) {
+        const MXMLItem& element = *choices.GetRow(i).element;
+        MString text = GetInfo(element);
+        if (element.GetInt32Attribute("Available", 0) != 0) {
+            const bool isFine = spaces[next].isSufficient && facts[next].facts.fault.IsEmpty();
+            text += " " + GetFactsText(spaces[next], facts[next].facts);
+            if (!infos[i] && !isFine)
+                hidden += MEntities::Escape(Edits[i]->GetText()) + ": " +
+                          GetFactsText(spaces[next], facts[next].facts) + "<p>";
+            ++next;
+        }
+        if (infos[i]) infos[i]->SetText(text);
+    }
+    hiddenInfo->SetText(hidden);
 }
 
 bool MDirectorySetupPage::UpdateAvailability() {
@@ -88,7 +154,8 @@ void MDirectorySetupPage::OnBrowse(const MOnClickParams& params) {
         MString path = dialog.GetPath();
         // Who picks the folder above keeps the product's own one.
         if (!last.IsEmpty() && !(MFile::GetFileName(path) == last)) path = MFile::Join(path, last);
-        return Edits[i]->SetText(path);
+        Edits[i]->SetText(path);
+        return LookAtFolders();
     }
 }
 

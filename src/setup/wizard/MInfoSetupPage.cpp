@@ -4,7 +4,9 @@
 #include "foundation/text/MStringFormatter.h"
 #include "foundation/xml/MEntities.h"
 #include "foundation/xml/MXMLSubItems.h"
+#include "setup/wizard/MInstallReport.h"
 #include "setup/wizard/MSetupWindow.h"
+#include "ui/dialogs/MViewerWindow.h"
 #include "ui/layout/MLayoutClient.h"
 #include "ui/layout/MLayoutSide.h"
 #include "ui/widgets/buttons/MCheckBox.h"
@@ -69,7 +71,39 @@ MInfoSetupPage::MInfoSetupPage(MControl& parent, const MString& name, MXMLItem& 
     Body->layoutRatio.y = 0;
     (new MLayoutTop(view->GetContainer()))->Add(*Body);
     SetClientControl(view);
+    AddDetails();
     AddBoxes(updateOffer);
+}
+
+void MInfoSetupPage::AddDetails() {
+    details = new MControlContainer(this, "installed");
+    details->layoutRatio.y = 0;
+    details->SetVisible(false);
+    (new MLayoutBottom(*this))->Add(*details);
+    auto& row = *new MLayoutHorizontal(*details);
+    row.space = 4;
+    auto& button = *new MButton(details, "details");
+    button.SetText(MTranslate("Details"));
+    button.layoutRatio = {0, 0};
+    button.MControl::OnClick(Click::Left).Connect(this, &MInfoSetupPage::OnDetails);
+    row.Add(button);
+    summary = new MStaticMultiLine(details, "summary");
+    summary->layoutRatio.y = 0;
+    row.Add(*summary);
+}
+
+void MInfoSetupPage::ShowDetails() {
+    const MInstallRun& run = GetWindow().GetRun();
+    if (MReportInstallation(run).IsEmpty()) return;
+    details->SetVisible(true);
+    summary->SetText(MSummarizeInstallation(run));
+}
+
+void MInfoSetupPage::OnDetails(const MOnClickParams&) {
+    MViewerWindow window(MTranslate("What was installed, and where"),
+                         MReportInstallation(GetWindow().GetRun()));
+    window.Set(MControlFlag::AutoSaveState, false);
+    (void)window.RunModal(&GetRoot());
 }
 
 void MInfoSetupPage::AddBoxes(MUpdateOffer* updateOffer) {
@@ -149,6 +183,7 @@ void MInfoSetupPage::ShowInfo(const MXMLItem& info) {
     Body->SetText(text);
     sign->SetVisible(bitmap.has_value());
     if (bitmap) sign->SetContent(std::make_unique<MContentStdBitmap>(*bitmap));
+    if (IsFinal) ShowDetails();
     GetRoot().UpdateLayout();
     view->ScrollTo({});
 }

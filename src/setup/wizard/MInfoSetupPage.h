@@ -13,7 +13,8 @@ class MStatic;
 class MStaticMultiLine;
 
 /// Screens of information one after the other, and programs that start between them: the page "onstart" and
-/// those at the end. Programs with a text have a tick box on the page.
+/// those at the end. Programs with a text have a tick box on the page. At the end of a run a button shows what it has
+/// done.
 class MInfoSetupPage : public MSetupPage {
 public:
     /// `element` holds the screens and programs. With an offer to look for updates, which may be null and is not
@@ -30,6 +31,10 @@ private:
     void OnExecuteBox(const MOnNotifyParams& params);
     void OnUpdateBox(const MOnNotifyParams& params);
     void ShowInfo(const MXMLItem& info);
+    void AddDetails();
+    /// Of a run that has done something.
+    void ShowDetails();
+    void OnDetails(const MOnClickParams& params);
 
     MXMLItem& Element;
     MUpdateOffer* offer;
@@ -42,4 +47,6 @@ private:
     MStaticHeader* Header;
     MScroller* view;
     MStaticMultiLine* Body;
+    MControlContainer* details;
+    MStaticMultiLine* summary;
 };
