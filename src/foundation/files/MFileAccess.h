@@ -8,7 +8,10 @@
 /// Who may delete it, as part of a sentence: "the user NAME" or "an administrator".
 [[nodiscard]] MString MWhoMayDelete(const MString& path);
 
-/// Whether the system lets this process create files and folders in a folder that stands.
-[[nodiscard]] bool MMayCreate(const MString& folder);
+enum class MNewEntry { File, Folder };
+
+/// Whether the system lets this process create something in a folder that stands. Windows lets users make
+/// folders at some places where it does not let them make files.
+[[nodiscard]] bool MMayCreate(MNewEntry entry, const MString& folder);
 /// Who may, as `MWhoMayDelete` says it.
 [[nodiscard]] MString MWhoMayCreate(const MString& folder);

@@ -27,7 +27,8 @@ MString FindFault(const MString& path, const MString& standing, const MVolume& v
                    standing);
     if (volume.isReadOnly)
         return Say("Nothing can be written to where \"{0}\" is. Please choose a folder elsewhere.", standing);
-    if (!MMayCreate(standing))
+    const MNewEntry first = path.IsExactly(standing) ? MNewEntry::File : MNewEntry::Folder;
+    if (!MMayCreate(first, standing))
         return Say("You may not create files in \"{0}\". Please choose another folder, or have it done by "
                    "{1}.",
                    standing, MWhoMayCreate(standing));

@@ -42,7 +42,7 @@ MString MWhoMayDelete(const MString& path) {
     return NameOwner((directory.st_mode & S_ISVTX) != 0 ? GetStatus(path).st_uid : directory.st_uid);
 }
 
-bool MMayCreate(const MString& folder) {
+bool MMayCreate(MNewEntry /*entry*/, const MString& folder) {
     return faccessat(AT_FDCWD, MNativePath(folder).c_str(), W_OK | X_OK, AT_EACCESS) == 0;
 }
 

@@ -47,13 +47,13 @@ MString MWhoMayDelete(const MString& /*path*/) {
     return MTranslate("an administrator");
 }
 
-bool MMayCreate(const MString& folder) {
-    constexpr DWORD Access = FILE_ADD_FILE | FILE_ADD_SUBDIRECTORY;
-    if (!MOpenFileHandle(folder, Access)) return false;
+bool MMayCreate(MNewEntry entry, const MString& folder) {
+    const DWORD access = entry == MNewEntry::File ? FILE_ADD_FILE : FILE_ADD_SUBDIRECTORY;
+    if (!MOpenFileHandle(folder, access)) return false;
     // Wine opens any folder so. What is noted on one of another machine may speak of users unknown here.
     if (!MIsOnFixedDrive(folder)) return true;
     const MFileHandle readable = MOpenFileHandle(folder, READ_CONTROL);
-    return !readable || GrantsByDescriptor(readable.get(), Access);
+    return !readable || GrantsByDescriptor(readable.get(), access);
 }
 
 MString MWhoMayCreate(const MString& /*folder*/) {

@@ -32,7 +32,8 @@ MString GetVolumeName(const std::wstring& mount) {
 MVolume MFindVolume(const MString& folder) {
     MVolume volume;
     // A path of a network, and that of a drive, must end in a separator.
-    const std::wstring native = MNativePath(folder) + L'\\';
+    std::wstring native = MNativePath(folder);
+    if (native.back() != L'\\') native += L'\\';
     std::vector<wchar_t> mount(native.size() + MAX_PATH);
     if (GetVolumePathNameW(native.c_str(), mount.data(), static_cast<DWORD>(mount.size()))) {
         volume.name = GetVolumeName(mount.data());

@@ -29,14 +29,14 @@ TEST(MFolderFactsWin32, DrivesThatAreMissingAndFoldersThatAreClosedAreTold) {
     EXPECT_THAT(Text(MFindFolderFacts(MFromWide(missing)).fault), HasSubstr("is not there"));
 
     const MScratch scratch;
-    const MString closed = scratch.Join("closed");
-    MFile::CreatePath(closed);
+    MFile::CreatePath(scratch.Join("closed"));
     // Everybody may read, and the owner give it rights again.
     PSECURITY_DESCRIPTOR descriptor = nullptr;
     ASSERT_TRUE(ConvertStringSecurityDescriptorToSecurityDescriptorW(L"D:P(A;;FRFX;;;WD)", SDDL_REVISION_1,
                                                                      &descriptor, nullptr));
-    const std::wstring native = MNativePath(closed);
+    const std::wstring native = MNativePath(scratch.Join("closed"));
     ASSERT_TRUE(SetFileSecurityW(native.c_str(), DACL_SECURITY_INFORMATION, descriptor));
     LocalFree(descriptor);
-    EXPECT_THAT(Text(MFindFolderFacts(MFile::Join(closed, "new/one")).fault), HasSubstr("an administrator"));
+    for (const char* name : {"closed", "closed/new/one"})
+        EXPECT_THAT(Text(MFindFolderFacts(scratch.Join(name)).fault), HasSubstr("an administrator"));
 }
