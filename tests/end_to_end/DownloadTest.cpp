@@ -44,8 +44,7 @@ TEST_F(DownloadSetTest, FetchesAnInstallerThatThenInstalls) {
     MFile::Rename(GetInstaller(), InProduct("release/" + setup));
     Publish("100K");
 
-    EXPECT_EQ(Start(downloader, {}).errors,
-              "This build has no window for downloading. To download, add the word: silent\n");
+    EXPECT_THAT(StartWithoutDisplay(downloader), SaysWhatToDo("silent"));
     EXPECT_EQ(Start(downloader, ToList({"silent", "accept-licence"})).exitCode, 2);
     EXPECT_FALSE(IsInHome("Product"));
 

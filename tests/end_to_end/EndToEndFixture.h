@@ -79,6 +79,16 @@ protected:
     [[nodiscard]] MProgramResult Install(std::initializer_list<const char*> words) const {
         return Start(GetInstaller(), ToList(words));
     }
+    /// What a program says that would show a window, and has no display; empty where there always is one.
+    [[nodiscard]] std::string StartWithoutDisplay(const MString& program,
+                                                  std::initializer_list<const char*> words = {}) const {
+        return MPlatform::GetName() == "windows" ? std::string() : Start(program, ToList(words)).errors;
+    }
+    /// That it says so in one line, with the words that do without.
+    static auto SaysWhatToDo(const std::string& words) {
+        return testing::AnyOf("", testing::AllOf(testing::StartsWith("There is no display for windows"),
+                                                 testing::EndsWith(words + "\n")));
+    }
     /// Installs without window into the folder "to" of the home.
     [[nodiscard]] MProgramResult InstallSilently(std::initializer_list<const char*> words = {}) const {
         MList<MString> arguments = ToList({"silent", "directory:destination=to"});

@@ -28,9 +28,7 @@ protected:
 };
 
 TEST_F(RunModesTest, ABareProgramHasNoData) {
-    const MProgramResult result = Start(PutProgram("setup"), {});
-    EXPECT_EQ(result.exitCode, 0);
-    EXPECT_EQ(result.errors, lastResort);
+    EXPECT_THAT(StartWithoutDisplay(PutProgram("setup")), testing::AnyOf("", lastResort));
     MFile::Rename(GetRemover(""), GetInstaller());
     ExpectRefused(lastResort);
 }
@@ -38,14 +36,13 @@ TEST_F(RunModesTest, ABareProgramHasNoData) {
 TEST_F(RunModesTest, InstallsFromDataBesideTheProgramUnlessTheyAreDamaged) {
     PackBeside("setup.dat", {"--form", "dat"});
     ExpectInstalled();
-    EXPECT_EQ(Install({}).errors,
-              "This build has no wizard window. To install, add the words: silent accept-licence\n");
+    EXPECT_THAT(StartWithoutDisplay(GetInstaller()), SaysWhatToDo("silent accept-licence"));
     std::string data = ReadHome("setup.dat");
     data[0] = static_cast<char>(data[0] ^ 1);
     scratch.WriteFile("home/setup.dat", data);
     ExpectRefused("We are very sorry, but the installer is corrupt.");
     // Nobody answers: the question counts as declined.
-    EXPECT_EQ(static_cast<int8_t>(Install({}).exitCode), -1);
+    if (MPlatform::GetName() != "windows") EXPECT_EQ(static_cast<int8_t>(Install({}).exitCode), -1);
 }
 
 TEST_F(RunModesTest, InstallsFromPartsBesideTheIndexAndAboveUnlessTheyAreDamaged) {
@@ -72,17 +69,17 @@ TEST_F(RunModesTest, APayloadWinsOverTheStateOfAnInstallation) {
 
 TEST_F(RunModesTest, AnInstalledCopyRemovesOrReplacesTheProgram) {
     const MString program = PutProgram("updatesetup");
-    EXPECT_EQ(Start(program, {}).errors, lastResort);
+    EXPECT_THAT(StartWithoutDisplay(program), testing::AnyOf("", lastResort));
     scratch.WriteFile("home/setup.state", "<install/>");
-    EXPECT_EQ(Start(program, ToList({"UPDATE"})).errors, "This build has no update manager.\n");
+    EXPECT_THAT(StartWithoutDisplay(program, {"UPDATE"}),
+                testing::AnyOf("", "This build has no update manager.\n"));
     EXPECT_EQ(Start(program, {}).exitCode, 0);
     EXPECT_EQ(MReadTestFile(GetRemover("")), MReadTestFile(SETUP_PROGRAM));
-    const MProgramResult asked = Start(GetRemover(""), {});
-    EXPECT_EQ(asked.errors,
-              "This build has no window for removing. To remove the software, add the word: silent\n");
+    EXPECT_THAT(StartWithoutDisplay(GetRemover("")), SaysWhatToDo("silent"));
 }
 
 TEST_F(RunModesTest, TheMD5ToolHashesDataOfTheCurrentDirectory) {
+    if (MPlatform::GetName() == "windows") GTEST_SKIP() << "shows what it found in a window";
     const MString program = PutProgram("tool");
     scratch.WriteFile("home/setup.dat", "abc");
     OpenForEverybody(InHome("setup.dat"));

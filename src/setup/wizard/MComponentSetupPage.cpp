@@ -25,6 +25,7 @@ MComponentSetupPage::MComponentSetupPage(MControl& parent, const MString& name)
     needed = new MStatic(this, "needed");
     needed->SetContentAlignment(MAlignRight);
     needed->layoutRatio.y = 0;
+    needed->layoutBorder = {0, 4};
     (new MLayoutBottom(*this))->Add(*needed);
     if (List->GetItemCount() > MaximumBoxes)
         SetClientControl(List);
@@ -39,6 +40,12 @@ void MComponentSetupPage::AddBoxes() {
     SetClientControl(&view);
     auto& grid = *new MLayoutGrid(view.GetContainer(), 2);
     grid.space = 8;
+    // The first column takes what the sizes leave.
+    for (const int32_t weight : {100, 0}) {
+        auto& top = *new MControlContainer(&view.GetContainer(), "Space");
+        top.layoutRatio = {weight, 0};
+        grid.Attach(top);
+    }
     for (int32_t i = 0; i < List->GetItemCount(); ++i) {
         const MComponentRow& row = *List->GetItem(i)->row;
         auto& box = *new MCheckBox(&view.GetContainer(), MFormat("CheckBox{0}", i));
@@ -46,7 +53,6 @@ void MComponentSetupPage::AddBoxes() {
         box.SetContent(std::make_unique<MContentSTML>(MChoiceText(row.name, row.description)));
         box.Set(MCheckBoxState::On);
         box.OnChange().Connect(this, &MComponentSetupPage::OnBox);
-        box.minClientSize.x = 400;
         box.layoutRatio.y = 0;
         grid.Attach(box);
         Boxes.Add(&box);

@@ -69,7 +69,7 @@ void MDirectorySetupPage::AddRow(MControl& table, MLayoutGrid& grid, const MXMLI
     auto& info = *new MStaticMultiLine(&table, "info" + id);
     info.SetText(GetInfo(element));
     info.layoutRatio.y = 0;
-    info.layoutSpaceAfter = 8;
+    info.layoutBorder = {0, 4};
     grid.Attach(info);
     grid.SetSpanX(info, 3, true);
     infos.Add(&info);

@@ -58,7 +58,8 @@ MTestProcess::MTestProcess(const MString& program, const MList<MString>& argumen
     id = fork();
     if (id != 0) return;
     for (const char* variable : {"HOME", "TMPDIR"}) setenv(variable, nativeHome.c_str(), 1);
-    for (const char* variable : {"XDG_DATA_HOME", "XDG_CONFIG_HOME", "XDG_CACHE_HOME", "XDG_DESKTOP_DIR"})
+    for (const char* variable :
+         {"XDG_DATA_HOME", "XDG_CONFIG_HOME", "XDG_CACHE_HOME", "XDG_DESKTOP_DIR", "DISPLAY"})
         unsetenv(variable);
     if (asOrdinaryUser && geteuid() == 0 &&
         (setgroups(0, nullptr) != 0 || setgid(MOrdinaryUser) != 0 || setuid(MOrdinaryUser) != 0))
