@@ -70,6 +70,7 @@ void MUninstallRun::RemoveLinks(const MString& key) {
 
 MList<MString> MUninstallRun::GetLeftovers() const {
     MList<MString> all = leftovers;
+    if (!processor) return all;
     for (const MString& path : processor->GetRemover().GetLeftovers()) all.Add(path);
     return all;
 }
@@ -84,7 +85,8 @@ MList<MString> MUninstallRun::GetKeptDirectories() const {
         MGuard("MUninstallRun", [&] { holdsSomething = !MFile::GetFileList(path).IsEmpty(); });
         if (holdsSomething) kept.Add(path);
     };
-    for (const MString& path : processor->GetRemover().GetKeptDirectories()) add(path);
+    if (processor)
+        for (const MString& path : processor->GetRemover().GetKeptDirectories()) add(path);
     for (const MString& path : keptFolders) add(path);
     return kept;
 }

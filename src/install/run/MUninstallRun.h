@@ -22,9 +22,13 @@ public:
     /// state that lacks an attribute, or names what lies outside of the product's directories.
     void PerformUninstallation();
 
+    /// What "setup.state" says.
+    [[nodiscard]] const MXMLItem& GetState() const { return state; }
+
+    // What has come of it, also after a failure.
     /// How many files and directories could not be removed.
     [[nodiscard]] int32_t GetFailureCount() const {
-        return processor->GetRemover().GetFailureCount() + failureCount;
+        return failureCount + (processor ? processor->GetRemover().GetFailureCount() : 0);
     }
     /// What is still there and should not be: files, links, empty directories, the key, the state.
     [[nodiscard]] MList<MString> GetLeftovers() const;

@@ -15,7 +15,8 @@ class MMenuItem;
 /// stands in it, is told at `MEditDocument`; indices are in units of UTF-16.
 ///
 /// When the user has changed the text, `OnString` and then `ExecuteOnChange` are raised. Enter in a single line
-/// raises `Change::Committed`, or goes on to the window if nobody listens to that.
+/// raises `Change::Committed`, or goes on to the window if nobody listens to that. As long as there is no text,
+/// `infoText` stands in its place, quieter.
 class MEdit : public MControl, public MTimer {
 public:
     explicit MEdit(MControl* parent = nullptr, const MString& name = MString());
@@ -112,6 +113,7 @@ private:
     [[nodiscard]] MPoint GetPlaceOf(int32_t index);
     void OnReplaced(const MEditChange& change);
     void InvalidateSelection(MTextRange before);
+    void PaintHint(MDrawer& drawer);
     void PaintRow(MDrawer& drawer, int32_t row, const MRect& clip);
     void ShowCaret();
     void ScrollToCursor();

@@ -184,12 +184,24 @@ void MEdit::PaintContent(MDrawer& drawer) {
     const int32_t first = std::max(0, (area.top - top) / height);
     const int32_t last = std::min(rows.GetCount() - 1, (area.bottom - top) / height);
     for (int32_t row = first; row <= last; ++row) PaintRow(drawer, row, area);
+    if (GetLength() == 0 && !infoText.IsEmpty()) PaintHint(drawer);
     if (isCaretShown) {
         MColor color;
         (void)drawer.GetFont(GetFont(), 0, drawer.inverted, GetDrawState(), color);
         drawer.FillRectangle(GetCaret(), color, MDrawMode::Copy);
     }
     drawer.SetClip(clip);
+}
+
+void MEdit::PaintHint(MDrawer& drawer) {
+    constexpr int32_t Strength = 178;  // as all that is secondary
+    MColor color;
+    MFont* const font = drawer.GetFont(GetFont(), 0, drawer.inverted, GetDrawState(), color);
+    color.alpha = static_cast<uint8_t>(color.alpha * Strength / 255);
+    const MTextAlignment horizontal = isCentered ? MTextCenter : MTextLeft;
+    MRect rect = GetRowRectangle(0);
+    if (isCentered) rect.left = GetTextRectangle().left;
+    drawer.AlignedTextOut(rect, *font, infoText, color, horizontal | MTextTop);
 }
 
 void MEdit::PaintRow(MDrawer& drawer, int32_t row, const MRect& clip) {

@@ -1,0 +1,4 @@
+#include "setup/MDesktopNotice.h"
+
+/// There are always windows.
+void MNotifyDesktop(const MString&, const MString&) {}
