@@ -5,7 +5,6 @@
 #include "foundation/xml/MEntities.h"
 #include "setup/wizard/MProgressLine.h"
 #include "ui/layout/MLayoutClient.h"
-#include "ui/layout/MLayoutOccupyBorder.h"
 #include "ui/layout/MLayoutSide.h"
 #include "ui/widgets/content/MColorBox.h"
 #include "ui/widgets/content/MStaticMultiLine.h"
@@ -77,13 +76,18 @@ MUninstallWindow::MUninstallWindow(const MString& directory, MWizardDialogs& dia
     Set(MControlFlag::EnableSaveState, false);
     minClientSize.x = 400;
     dialogs.SetOwner(this);
-    footer = new MColorBox(this, "Buttons");
+    auto& bar = *new MColorBox(this, "Buttons");
+    bar.layoutRatio.y = 0;
+    (new MLayoutBottom(*this))->Add(bar);
+    footer = new MControlContainer(&bar, "Footer");
+    footer->layoutBorder = {16, 8};
+    bar.SetClientControl(footer);
     info = new MProgressLine(footer, "info", dialogs.GetPulse());
-    auto* const bar = new MLiveProgressBar(footer, "progress", dialogs.GetPulse());
-    progress = bar;
+    auto* const liveBar = new MLiveProgressBar(footer, "progress", dialogs.GetPulse());
+    progress = liveBar;
     MInstallViews views;
     views.infoText = info;
-    views.totalBar = bar;
+    views.totalBar = liveBar;
     views.dialogs = &dialogs;
     Load(directory, views);
     if (!run) return;
@@ -135,12 +139,6 @@ void MUninstallWindow::AddOptions() {
 }
 
 void MUninstallWindow::AddFooter(bool hasUpdates) {
-    constexpr int32_t Margin = 16;
-    footer->layoutRatio.y = 0;
-    (new MLayoutBottom(*this))->Add(*footer);
-    auto& margins = *new MLayoutOccupyBorder(*footer);
-    margins.x1 = margins.x2 = Margin;
-    margins.y1 = margins.y2 = 8;
     auto& buttons = *new MControlContainer(footer, "ButtonRow");
     auto& row = *new MLayoutHorizontal(buttons);
     auto& space = *new MControlContainer(&buttons, "Space");

@@ -10,7 +10,6 @@
 #include <array>
 #include <functional>
 
-class MColorBox;
 class MProgressBar;
 class MProgressLine;
 
@@ -57,7 +56,7 @@ private:
 
     // Children.
     MControlContainer* survey = nullptr;
-    MColorBox* footer = nullptr;
+    MControlContainer* footer = nullptr;
     MProgressLine* info = nullptr;
     MProgressBar* progress = nullptr;
     MMultiLineEdit* details = nullptr;
