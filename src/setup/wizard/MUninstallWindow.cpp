@@ -149,7 +149,7 @@ void MUninstallWindow::AddFooter(bool hasUpdates) {
     cancelButton = &AddButton(buttons, row, "Cancel", nullptr);
     cancelButton->SetModalValue(MModalValue::Cancel);
     cancelButton->SetDefault(true);
-    AddBelow(buttons, 2);
+    AddBelow(buttons, 4);
     info->SetText(MTranslate("Preparing..."));
     for (MControl* control : {static_cast<MControl*>(info), static_cast<MControl*>(progress)}) {
         // What they show begins with the removal.
