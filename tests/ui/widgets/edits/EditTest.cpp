@@ -132,6 +132,18 @@ TEST_F(EditTest, MovesAndSelectsByWordsRowsAndMouse) {
     EXPECT_TRUE(IsPaintedWhole(window.root));
 }
 
+TEST_F(EditTest, SaysWhatToTypeAsLongAsItIsEmpty) {
+    EditWindow<MMultiLineEdit> window;
+    Open(window.root);
+    window.root.RedrawNow();
+    window.edit.infoText = "Comments";
+    EXPECT_FALSE(IsPaintedWhole(window.root)) << "it has come";
+    user.Type("i");
+    EXPECT_TRUE(IsPaintedWhole(window.root)) << "and gone";
+    Press(MKeyBackspace);
+    EXPECT_TRUE(IsPaintedWhole(window.root));
+}
+
 TEST_F(EditTest, KeepsPasswordsSecret) {
     EditWindow<MEdit> window;
     MEdit& edit = window.edit;
