@@ -73,11 +73,18 @@ TEST_F(UninstallWindowTest, RemovesWhatTheSilentRemovalRemoves) {
     }
 }
 
-TEST_F(UninstallWindowTest, LeavingTouchesNothing) {
-    Install();
+TEST_F(UninstallWindowTest, LeavingAndUpdatingTouchNothing) {
+    Install("update=\"1\"");
     const std::string before = scratch.ListTree();
+    bool isShown = true;
+    updates = [&] {
+        isShown = system.GetActiveRoot() != nullptr;
+        MRaise(MExceptionGeneral, "No server.");
+    };
     EXPECT_EQ(RunUninstaller([&] { user.PressKey(MKeyEnter); }), MModalValue::Cancel);
     EXPECT_EQ(RunUninstaller([&] { user.PressKey(MKeyEscape); }), MModalValue::Cancel);
+    EXPECT_EQ(RunUninstaller([&] { Click("update"); }), MModalValue::Ok);
+    EXPECT_FALSE(isShown) << "the update manager comes in place of the window";
     EXPECT_EQ(scratch.ListTree(), before);
 }
 
@@ -114,19 +121,6 @@ TEST_F(UninstallWindowTest, TellsTheMakerWhyAndIsStoppedByNoAnswer) {
                        "specify what it does)</i>\n\n\nIt hums.&subject=UNINSTALLATION - Test "
                        "Product&hash=" +
                        hash + "&attachementname=&attachement=")));
-}
-
-TEST_F(UninstallWindowTest, HandsOverToTheUpdates) {
-    Install("update=\"1\"");
-    const std::string before = scratch.ListTree();
-    bool isShown = true;
-    updates = [&] {
-        isShown = system.GetActiveRoot() != nullptr;
-        MRaise(MExceptionGeneral, "No server.");
-    };
-    EXPECT_EQ(RunUninstaller([&] { Click("update"); }), MModalValue::Ok);
-    EXPECT_FALSE(isShown);
-    EXPECT_EQ(scratch.ListTree(), before);
 }
 
 TEST_F(UninstallWindowTest, TellsAtOnceWhatItCannotRemove) {
