@@ -40,7 +40,8 @@ void MUninstallRun::PerformUninstallation() {
     try {
         MUninstallEntry::Delete(key, mainPath, MRegistrationOwner::OfEntry(state));
     } catch (const MException& exception) {
-        views.dialogs->ShowError(exception.GetMessage());
+        // The display may have gone meanwhile.
+        MGuard("MUninstallRun", [&] { views.dialogs->ShowError(exception.GetMessage()); });
         leftovers.Add(MFormat(MTranslate("the entry \"{0}\" in the list of installed programs"), key));
     }
     const MString path = MGetStatePath(mainPath);
