@@ -3,7 +3,9 @@
 #include "foundation/base/MRefusal.h"
 #include "foundation/files/MFile.h"
 #include "foundation/text/MStringFormatter.h"
+#include "setup/MDesktopNotice.h"
 #include "setup/wizard/MSetupWindow.h"
+#include "setup/wizard/MUninstallWindow.h"
 #include "ui/control/windows/MWindowsModule.h"
 #include "ui/style/MProgramIcons.h"
 #include "ui/style/MTexturedStyle.h"
@@ -34,7 +36,9 @@ MUserDialogs& MWizardFrontEnd::GetDialogs() {
 }
 
 MExitCode MWizardFrontEnd::RefuseWithoutWindows(const char* advice) {
-    terminal.ShowError(missing + " " + MTranslate(advice));
+    const MString text = missing + " " + MTranslate(advice);
+    terminal.ShowError(text);
+    MNotifyDesktop(MModule::GetInstance()->GetName(), text);
     return MExitFailed;
 }
 
@@ -66,10 +70,11 @@ MExitCode MWizardFrontEnd::Update(const MString&) {
     return MExitDone;
 }
 
-MExitCode MWizardFrontEnd::Remove(const MString&) {
+MExitCode MWizardFrontEnd::Remove(const MString& directory) {
     if (!OpenWindows())
         return RefuseWithoutWindows("To remove the software without windows, add the word: silent");
-    dialogs.ShowError("This build has no window for removing. To remove the software, add the word: silent");
+    MUninstallWindow window(directory, dialogs, [&] { (void)Update(directory); });
+    (void)window.RunModal(nullptr);
     return MExitDone;
 }
 

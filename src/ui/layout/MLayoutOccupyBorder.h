@@ -4,7 +4,7 @@
 
 #include <cstdint>
 
-/// Leaves the margins of the rectangle free, so many pixels on each side. It takes no controls.
+/// Leaves the margins of the rectangle free, so many pixels of scale 100 on each side. It takes no controls.
 class MLayoutOccupyBorder final : public MLayout {
 public:
     using MLayout::MLayout;
@@ -22,4 +22,11 @@ public:
     int32_t y1 = 0;
     int32_t x2 = 0;
     int32_t y2 = 0;
+
+private:
+    struct Margins {
+        int32_t left, top, right, bottom;
+    };
+    /// In pixels.
+    [[nodiscard]] Margins GetMargins() const;
 };

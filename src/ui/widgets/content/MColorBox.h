@@ -13,5 +13,5 @@ public:
     [[nodiscard]] MRect GetOpaquePart() override { return {}; }
     [[nodiscard]] bool PaintsNothing() override { return false; }
 
-    MColor color{0, 0, 0, 48};  ///< a level below the ground
+    MColor color{0, 0, 0, 36};  ///< a level below the ground
 };
