@@ -121,6 +121,30 @@ TEST_F(SetupWindowTest, FollowsItsUserForthAndBack) {
     EXPECT_EQ(scratch.ReadFile("chosen/in/extra"), "extra");
 }
 
+TEST_F(SetupWindowTest, SearchesTheAgreement) {
+    Define("<licence" + payload.Add("Terms of use: \xC3\xBC terms\r\nTERMS") + "/>");
+    (void)Run([&] {
+        auto& text = static_cast<MEdit&>(Get("licenceedit"));
+        user.HoldKeys(MModifierControl);
+        user.PressKey('F');
+        user.HoldKeys(MModifierNone);
+        user.Type("terms");
+        std::vector<int32_t> places;
+        for (int32_t i = 0; i < 4; ++i) {
+            places.push_back(text.GetSelection().start);
+            user.PressKey(MKeyEnter, u'\r');
+        }
+        EXPECT_EQ(places, (std::vector<int32_t>{0, 16, 22, 0}));
+        user.HoldKeys(MModifierShift);
+        user.PressKey(MKeyEnter, u'\r');
+        user.HoldKeys(MModifierNone);
+        EXPECT_EQ(Text(text.GetSelectedText()), "Terms");
+        user.PressKey(MKeyEscape);
+        EXPECT_TRUE(text.HasFocus());
+        Click("Exit");
+    });
+}
+
 TEST_F(SetupWindowTest, IsLeftFromEveryPageByExitAndByTheBoxThatClosesIt) {
     for (const bool byExit : {true, false})
         for (int32_t steps = 0; steps < 5; ++steps) {

@@ -30,7 +30,12 @@ MLicenceSetupPage::MLicenceSetupPage(MControl& parent, const MString& name, MXML
     Text = new MMultiLineEdit(this, "licenceedit");
     Text->SetText(MReadLicence(*GetWindow().GetSession().Library->OpenItem(&element)));
     Text->SetReadOnly(true);
+    // What was found, while the keyboard is in the search.
+    Text->SetSelectionShown(true);
     SetClientControl(Text);
+    // Wherever the keyboard is in the window.
+    GetRoot().GetShortcuts().Connect(this, &MLicenceSetupPage::OnFindKey,
+                                     {'F', MModifierControl, MShortcutPhase::Press});
 
     auto& bottom = *new MControlContainer(this, "agreement");
     bottom.layoutRatio.y = 0;
@@ -57,15 +62,15 @@ MControl* MLicenceSetupPage::GetFirstControl() {
 }
 
 bool MLicenceSetupPage::PreviewEvent(MControl* target, const MSystemEvent& event) {
-    if (event.type == MEventType::KeyDown && event.Has(MModifierControl) && event.key == 'F') {
-        OpenFindBar();
-        return true;
-    }
     if (event.type == MEventType::KeyDown && findBar->Holds(target)) {
         if (event.key == MKeyEnter) return Step(event.Has(MModifierShift) ? -1 : 1), true;
         if (event.key == MKeyEscape) return Step(0), true;
     }
     return MSetupPage::PreviewEvent(target, event);
+}
+
+void MLicenceSetupPage::OnFindKey(const MOnKeyboardShortcutParams&) {
+    if (IsShown()) OpenFindBar();
 }
 
 void MLicenceSetupPage::OnSave(const MOnClickParams&) {

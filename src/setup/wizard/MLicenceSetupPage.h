@@ -21,6 +21,7 @@ private:
     void OnAgree(const MOnNotifyParams&) { UpdateButtons(); }
     void OnSave(const MOnClickParams& params);
     void OnWanted(const MOnStringParams& params);
+    void OnFindKey(const MOnKeyboardShortcutParams& params);
     void OpenFindBar();
     void Step(int32_t step);
     /// Selects the next place from an index on, around the ends.

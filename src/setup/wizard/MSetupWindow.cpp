@@ -10,6 +10,7 @@
 #include "setup/wizard/MLeftPicture.h"
 #include "setup/wizard/MLicenceSetupPage.h"
 #include "setup/wizard/MProcessingSetupPage.h"
+#include "ui/control/MControlRoot.h"
 #include "ui/control/kinds/MStdFont.h"
 #include "ui/dialogs/MTimeLine.h"
 #include "ui/layout/MLayoutClient.h"
@@ -203,17 +204,23 @@ void MSetupWindow::ShowButtons(const MWalkButtons& buttons) {
     ExitButton->SetDefault(!buttons.isNextVisible);
 }
 
-/// What comes next has the keyboard, unless there is something to do on the page before.
 void MSetupWindow::Repaint() {
     UpdateLayout();
-    for (MControl* control : {static_cast<MControl*>(NextButton),
-                              static_cast<MSetupPage&>(*walk.GetCurrentPage()).GetFirstControl(),
-                              static_cast<MControl*>(ExitButton)}) {
-        if (!control || !control->CanFocus()) continue;
-        SetFocus(control);
-        break;
-    }
+    FocusFirst();
     RedrawNow();
+}
+
+/// The first page has come before the window.
+void MSetupWindow::OnPrepared() {
+    MWindow::OnPrepared();
+    if (!GetRootState().focusedControl) FocusFirst();
+}
+
+/// What comes next has the keyboard, unless there is something to do on the page before.
+void MSetupWindow::FocusFirst() {
+    MControl* const onPage = static_cast<MSetupPage*>(walk.GetCurrentPage())->GetFirstControl();
+    for (MControl* control : {static_cast<MControl*>(NextButton), onPage, static_cast<MControl*>(ExitButton)})
+        if (control && control->CanFocus()) return SetFocus(control);
 }
 
 bool MSetupWindow::ConfirmExit(MWalkPage&) {

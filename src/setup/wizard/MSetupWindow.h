@@ -37,6 +37,7 @@ public:
 
     /// `Ok` for a walk that has come to its end, `Cancel` for one that was left.
     MModalValue RunModal(MControl* parent) override;
+    void OnPrepared() override;
     [[nodiscard]] bool CanClose() override;
     void AdjustRectangles(MRect& newWindowRect, MRect& newClientRect) override;
 
@@ -50,6 +51,7 @@ private:
     /// Makes a page below the others; one of the chain unless it stands beside it.
     template <class Page, class... Arguments>
     Page& AddPage(bool isInChain, Arguments&&... arguments);
+    void FocusFirst();
     void OnButton(const MOnClickParams& params);
 
     // The walk.

@@ -62,6 +62,11 @@ void MEdit::SetCenterText(bool newIsCentered) {
     Invalidate();
 }
 
+void MEdit::SetSelectionShown(bool newIsShown) {
+    isSelectionShown = newIsShown;
+    Invalidate();
+}
+
 void MEdit::SetMultiLine(bool isMultiLine) {
     layoutRatio.y = isMultiLine ? 100 : 0;
     document.SetMultiLine(isMultiLine);

@@ -54,6 +54,8 @@ public:
     /// Shown in place of every character, as for passwords, which then cannot be copied; 0 for none.
     void SetShowChar(char16_t character);
     void SetCenterText(bool newIsCentered);
+    /// Whether what is selected is marked also while the keyboard is elsewhere.
+    void SetSelectionShown(bool newIsShown);
     void SetMultiLine(bool isMultiLine);
     [[nodiscard]] bool IsMultiLine() const { return document.IsMultiLine(); }
     /// Whether lines that are too long go on in the next row. Of several lines only.
@@ -140,6 +142,7 @@ private:
     MPoint scroll;  ///< what of the text lies left of and above the rectangle that shows it
     bool isReadOnly = false;
     bool isCentered = false;
+    bool isSelectionShown = false;
     bool isWrapping = false;
     char16_t showChar = 0;
     char16_t highSurrogate = 0;  ///< that waits for its other half

@@ -207,7 +207,7 @@ void MEdit::PaintHint(MDrawer& drawer) {
 void MEdit::PaintRow(MDrawer& drawer, int32_t row, const MRect& clip) {
     const MRect rect = GetRowRectangle(row);
     const int32_t end = rows.GetEnd(row);
-    const MTextRange selection = HasFocus() ? GetSelection() : MTextRange();
+    const MTextRange selection = HasFocus() || isSelectionShown ? GetSelection() : MTextRange();
     if (!selection.IsEmpty() && selection.start <= end && selection.end > rows.GetStart(row)) {
         MRect selected = rect;
         selected.left += rows.GetX(row, selection.start);
