@@ -2,6 +2,7 @@
 #include "setup/choices/MPageWalk.h"
 #include "tests/support/MTestText.h"
 
+#include <functional>
 #include <gtest/gtest.h>
 
 namespace {
@@ -21,6 +22,7 @@ public:
     bool IsNextEnabled() override { return canGoOn; }
     bool OnNext() override {
         Tell("next");
+        if (meanwhile) meanwhile();
         return !vetoes;
     }
     bool OnPrevious() override { return !vetoes; }
@@ -32,6 +34,7 @@ public:
     bool fails = false;
     bool vetoes = false;
     bool canGoOn = true;
+    std::function<void()> meanwhile;  ///< what happens while the page is left
 
 private:
     std::string& log;
@@ -89,6 +92,24 @@ TEST_F(PageWalkTest, GoesForthAndBackOverWhatIsSkipped) {
     walk.Previous();
     walk.Exit();
     EXPECT_EQ(Take(), "dexit end2 ") << "the last page is left without a question";
+}
+
+TEST_F(PageWalkTest, GoesOneWayAtATime) {
+    walk.Begin();
+    a.meanwhile = [this] {
+        walk.Next();
+        walk.Exit();
+    };
+    Take();
+    walk.Next();
+    EXPECT_EQ(Take(), "anext b? [b] bshown ") << "clicks while a program is waited for";
+    walk.Previous();
+    a.meanwhile = [] { throw MException({}, "broken", MExceptionGeneral); };
+    EXPECT_THROW(walk.Next(), MException);
+    a.meanwhile = nullptr;
+    Take();
+    walk.Next();
+    EXPECT_EQ(Take(), "anext b? [b] bshown ");
 }
 
 TEST_F(PageWalkTest, EndsWhereNoPageIsLeft) {

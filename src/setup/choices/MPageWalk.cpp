@@ -2,6 +2,22 @@
 
 #include "foundation/base/MException.h"
 
+namespace {
+
+/// Sets something for the length of a block, however that ends.
+class GoingScope final {
+public:
+    explicit GoingScope(bool& isGoing) : isGoing(isGoing) { isGoing = true; }
+    GoingScope(const GoingScope&) = delete;
+    GoingScope& operator=(const GoingScope&) = delete;
+    ~GoingScope() { isGoing = false; }
+
+private:
+    bool& isGoing;
+};
+
+}  // namespace
+
 void MPageWalk::Add(MWalkPage& page) {
     if (!chain.IsEmpty()) {
         MWalkPage& last = *chain[chain.GetCount() - 1];
@@ -69,18 +85,24 @@ bool MPageWalk::CanGoPrevious() {
 }
 
 void MPageWalk::Next() {
+    if (isGoing) return;
+    const GoingScope going(isGoing);
     MWalkPage& page = *CurrentPage;
     if (!CanGoNext() || !page.OnNext()) return;
     Activate(*page.NextPage, false);
 }
 
 void MPageWalk::Previous() {
+    if (isGoing) return;
+    const GoingScope going(isGoing);
     MWalkPage& page = *CurrentPage;
     if (!CanGoPrevious() || !page.OnPrevious()) return;
     Activate(*page.PreviousPage, true);
 }
 
 void MPageWalk::Exit() {
+    if (isGoing) return;
+    const GoingScope going(isGoing);
     MWalkPage& page = *CurrentPage;
     if (page.IsFinal) {
         page.OnExit();

@@ -73,7 +73,8 @@ public:
     /// The state of the buttons on the present page has changed.
     void UpdateButtons();
 
-    // What the user does on the present page.
+    // What the user does on the present page. Does nothing while something of this is still going on: a page
+    // that waits for a program leaves the window alive.
     void Next();
     void Previous();
     void Exit();
@@ -97,4 +98,5 @@ private:
     MWalkPage* AbortPage = nullptr;
     MWalkPage* ErrorPage = nullptr;
     MWalkPage* CurrentPage = nullptr;
+    bool isGoing = false;  ///< while the user is led somewhere
 };
