@@ -209,4 +209,14 @@ TEST_F(SetupWindowTest, BeginsWithTheInstallingWhereNothingIsToBeAsked) {
     EXPECT_EQ(scratch.ReadFile("to/core"), "core");
 }
 
+TEST_F(SetupWindowTest, EndsWithoutAPageWhereTheFirstOneFailsAndNothingIsSaidToThat) {
+    Define(
+        "<configuration id=\"c\" name=\"C\" setup=\"0\"/><files required=\"1\" destination=\"{data}\"><file name=\"setup.dat\" op=\"create\"" +
+        payload.Add("core") + "/></files>");
+    std::string told;
+    system.Post([&] { told = Answer("closebutton"); }, 2 * MWindowMessages::HoldOff);
+    EXPECT_EQ(Run(), MModalValue::Ok);
+    EXPECT_THAT(told, HasSubstr("brings a file"));
+}
+
 }  // namespace

@@ -205,6 +205,7 @@ void MSetupWindow::ShowButtons(const MWalkButtons& buttons) {
 }
 
 void MSetupWindow::Repaint() {
+    if (!walk.GetCurrentPage()) return;  // the walk has ended before its first page
     UpdateLayout();
     FocusFirst();
     RedrawNow();
