@@ -209,6 +209,20 @@ TEST_F(SetupWindowTest, BeginsWithTheInstallingWhereNothingIsToBeAsked) {
     EXPECT_EQ(scratch.ReadFile("to/core"), "core");
 }
 
+TEST_F(SetupWindowTest, ABoxDecidesAboutItsOwnProgram) {
+    Define("", "",
+           "<onsuccess><info/><execute destination=\"x\" enabled=\"0\">One</execute><execute destination=\"y\">"
+           "Two</execute></onsuccess><onerror/><onabort/>");
+    EXPECT_EQ(Run([] {},
+                  [&] {
+                      Click("CheckBox1");
+                      Click("Exit");
+                  }),
+              MModalValue::Cancel);
+    for (const MXMLItem* item : library.FindSubItem("onsuccess")->GetSubItems())
+        EXPECT_NE(item->GetAttribute("enabled", "0"), "1");
+}
+
 TEST_F(SetupWindowTest, EndsWithoutAPageWhereTheFirstOneFailsAndNothingIsSaidToThat) {
     Define(
         "<configuration id=\"c\" name=\"C\" setup=\"0\"/><files required=\"1\" destination=\"{data}\"><file name=\"setup.dat\" op=\"create\"" +

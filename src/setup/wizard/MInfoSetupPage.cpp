@@ -140,9 +140,9 @@ MCheckBox& MInfoSetupPage::AddBox(MControl& panel, MLayout& column, const MStrin
     return box;
 }
 
-void MInfoSetupPage::OnExecuteBox(const MOnNotifyParams&) {
+void MInfoSetupPage::OnExecuteBox(const MOnNotifyParams& params) {
     for (int32_t i = 0; i < boxElements.GetCount(); ++i)
-        boxElements[i]->SetAttribute("enabled", boxes[i]->IsOn() ? "1" : "0");
+        if (boxes[i] == params.sender) boxElements[i]->SetAttribute("enabled", boxes[i]->IsOn() ? "1" : "0");
 }
 
 void MInfoSetupPage::OnUpdateBox(const MOnNotifyParams&) {

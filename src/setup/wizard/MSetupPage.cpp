@@ -8,6 +8,7 @@
 MSetupPage::MSetupPage(MControl& parent, const MString& name) : MPanel(&parent, name) {
     SetControlType(MControlType::Empty);
     SetVisible(false);
+    minClientSize.x = 400;
     layoutBorder = {8, 8};
 }
 
