@@ -223,6 +223,21 @@ TEST_F(SetupWindowTest, ABoxDecidesAboutItsOwnProgram) {
         EXPECT_NE(item->GetAttribute("enabled", "0"), "1");
 }
 
+TEST_F(SetupWindowTest, TellsWhyAKindOfInstallationIsRefusedAndStaysOnThePage) {
+    folders.SetPath(MSpecialFolderProgramFiles, scratch.Join("{programfiles64}"));
+    Define("<configuration id=\"a\" name=\"A\"/><configuration id=\"wide\" name=\"B\" x64=\"1\"/>", "",
+           "<onsuccess/><onerror/><onabort><info/></onabort>");
+    std::string told;
+    (void)Run([&] {
+        Click("wide");
+        system.Post([&] { told = Answer("closebutton"); });
+        Click("Next");
+        EXPECT_EQ(GetPage(), "configuration");
+        system.GetActiveRoot()->CloseWindow(MModalValue::Cancel);
+    });
+    EXPECT_THAT(told, HasSubstr("cannot be used"));
+}
+
 TEST_F(SetupWindowTest, EndsWithoutAPageWhereTheFirstOneFailsAndNothingIsSaidToThat) {
     Define(
         "<configuration id=\"c\" name=\"C\" setup=\"0\"/><files required=\"1\" destination=\"{data}\"><file name=\"setup.dat\" op=\"create\"" +

@@ -1,6 +1,5 @@
 #include "setup/wizard/MConfigurationSetupPage.h"
 
-#include "foundation/base/MRefusal.h"
 #include "foundation/text/MStringFormatter.h"
 #include "setup/wizard/MChoiceText.h"
 #include "setup/wizard/MSetupWindow.h"
@@ -42,8 +41,6 @@ bool MConfigurationSetupPage::OnNext() {
         for (int32_t i = 0; i < Group.GetBoxes().GetCount(); ++i)
             if (Group.GetBoxes()[i]->IsOn())
                 choice.Apply(*choice.GetAlternatives()[i], GetWindow().GetSession());
-    } catch (const MRefusal&) {
-        throw;
     } catch (const MException& exception) {
         GetWindow().GetDialogs().ShowError(exception.GetMessage());
         throw MException(MString(), MString(), MExceptionGeneral);
