@@ -209,10 +209,23 @@ TEST_F(SetupWindowTest, BeginsWithTheInstallingWhereNothingIsToBeAsked) {
     EXPECT_EQ(scratch.ReadFile("to/core"), "core");
 }
 
+TEST_F(SetupWindowTest, AsksAboutOlderVersionsThatAreThereFirst) {
+    for (const char* state :
+         {"programfiles/Corvanth/Old/setup.state", "programfiles/Corvanth/Older & Co/setup.state"})
+        scratch.WriteFile(state, "<install/>");
+    Define("<uninstall>Old</uninstall><uninstall>Absent</uninstall><uninstall>Older &amp; Co</uninstall>");
+    std::string asked;
+    system.Post([&] { asked = Answer("cancelbutton"); }, 2 * MWindowMessages::HoldOff);
+    EXPECT_EQ(Run([] {}), MModalValue::Ok) << "and goes on";
+    EXPECT_EQ(asked, "Setup needs to uninstall following software from your computer.<p><p>Old<p>Older &amp; "
+                     "Co<p><p>Do you want to proceed?");
+}
+
 TEST_F(SetupWindowTest, ABoxDecidesAboutItsOwnProgram) {
-    Define("", "",
-           "<onsuccess><info/><execute destination=\"x\" enabled=\"0\">One</execute><execute destination=\"y\">"
-           "Two</execute></onsuccess><onerror/><onabort/>");
+    Define(
+        "", "",
+        "<onsuccess><info/><execute destination=\"x\" enabled=\"0\">One</execute><execute destination=\"y\">"
+        "Two</execute></onsuccess><onerror/><onabort/>");
     EXPECT_EQ(Run([] {},
                   [&] {
                       Click("CheckBox1");
@@ -224,7 +237,7 @@ TEST_F(SetupWindowTest, ABoxDecidesAboutItsOwnProgram) {
 }
 
 TEST_F(SetupWindowTest, TellsWhyAKindOfInstallationIsRefusedAndStaysOnThePage) {
-    folders.SetPath(MSpecialFolderProgramFiles, scratch.Join("{programfiles64}"));
+    folders.SetPath(MSpecialFolderProgramFiles, scratch.Join("{programfiles64} (x86)"));
     Define("<configuration id=\"a\" name=\"A\"/><configuration id=\"wide\" name=\"B\" x64=\"1\"/>", "",
            "<onsuccess/><onerror/><onabort><info/></onabort>");
     std::string told;

@@ -36,11 +36,9 @@ MControl* MWizardDialogs::GetOwner() const {
 }
 
 MString MWizardDialogs::ToMarkup(const MString& text) {
-    MString markup;
-    for (const MString& line : text.Split('\n')) {
-        if (!markup.IsEmpty()) markup += "\n";
-        markup += MEntities::Escape(line);
-    }
+    MString markup = MEntities::Escape(text);
+    // The end of a line is one in mark-up too, and an empty line an empty one.
+    markup.Replace("&#10;", "\n");
     return markup;
 }
 

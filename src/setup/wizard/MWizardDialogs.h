@@ -23,7 +23,7 @@ public:
     /// In another thread.
     void Await(const std::function<void()>& work) override;
 
-    /// Plain text as mark-up, line by line.
+    /// Plain text as mark-up; lines stay lines.
     [[nodiscard]] static MString ToMarkup(const MString& text);
 
 private:
