@@ -9,8 +9,8 @@ class MWalkPage {
 public:
     virtual ~MWalkPage() noexcept(false) = default;
 
-    /// Asked before the page is shown; `back` is true for a user who comes from the following page. True skips
-    /// the page.
+    /// Asked before the page is shown; `back` is true for a user who comes from the following page. True
+    /// skips the page.
     [[nodiscard]] virtual bool ShouldSkip(bool /*back*/) { return false; }
     /// Called after the page has been shown and painted, and also if it was skipped.
     virtual void OnShown() {}
@@ -67,8 +67,8 @@ public:
 
     /// Goes to the first page.
     void Begin() { Activate(*chain[0], false); }
-    /// Shows a page, or goes on to the next one in the direction that does not skip; the walk ends where there
-    /// is none. An `MException` leads to the page for failures.
+    /// Shows a page, or goes on to the next one in the direction that does not skip; the walk ends where
+    /// there is none. An `MException` leads to the page for failures.
     void Activate(MWalkPage& page, bool back);
     /// The state of the buttons on the present page has changed.
     void UpdateButtons();

@@ -16,8 +16,9 @@ public:
     MComponentRow* row = nullptr;  ///< what it stands for; not owned
 };
 
-/// Which parts of the product are installed, and how large they are: tick boxes, or a list where there are many. What
-/// the user has ticked is overwritten by the kind of installation each time the page is entered forward.
+/// Which parts of the product are installed, and how large they are: tick boxes, or a list where there are
+/// many. What the user has ticked is overwritten by the kind of installation each time the page is entered
+/// forward.
 class MComponentSetupPage : public MSetupPage {
 public:
     MComponentSetupPage(MControl& parent, const MString& name);

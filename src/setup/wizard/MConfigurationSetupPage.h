@@ -12,8 +12,8 @@ public:
     /// With nothing to choose from.
     [[nodiscard]] bool ShouldSkip(bool back) override;
     [[nodiscard]] bool IsNextEnabled() override { return Group.GetChosen() != nullptr; }
-    /// Raises an `MException` without text, after telling why, for an alternative that cannot be taken on this
-    /// system.
+    /// Raises an `MException` without text, after telling why, for an alternative that cannot be taken on
+    /// this system.
     bool OnNext() override;
     [[nodiscard]] MControl* GetFirstControl() override { return Group.GetChosen(); }
 

@@ -11,9 +11,9 @@ class MEdit;
 class MLayoutGrid;
 class MStaticMultiLine;
 
-/// Where the parts of the product go: a row for each directory, with what is proposed for it. A directory that
-/// no chosen part uses is greyed. Below each row stands what the directory needs and what its volume has, and what
-/// keeps it from being written; whoever goes on in spite of that may.
+/// Where the parts of the product go: a row for each directory, with what is proposed for it. A directory
+/// that no chosen part uses is greyed. Below each row stands what the directory needs and what its volume
+/// has, and what keeps it from being written; whoever goes on in spite of that may.
 class MDirectorySetupPage : public MSetupPage, private MTimer {
 public:
     MDirectorySetupPage(MControl& parent, const MString& name);

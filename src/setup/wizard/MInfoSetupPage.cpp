@@ -15,8 +15,8 @@
 
 namespace {
 
-/// What a screen shows: title and text with mark-up, `{0}` and `{1}` for the product and `{2}` for the maker's
-/// web host, and a sign.
+/// What a screen shows: title and text with mark-up, `{0}` and `{1}` for the product and `{2}` for the
+/// maker's web host, and a sign.
 struct Screen {
     const char* type;
     const char* title;
@@ -26,7 +26,8 @@ struct Screen {
 
 constexpr Screen Screens[] = {
     {"introduction", "Welcome to {0} installation wizard.",
-     "<p>You are going to install {0}.</p> It is strongly recommended that you uninstall any previous version of {1} "
+     "<p>You are going to install {0}.</p> It is strongly recommended that you uninstall any previous "
+     "version of {1} "
      "and exit all programs before proceeding to installation. "
      "<p/><p><alpha value=178>This program is protected by copyright law and international treaties.</p>"
      "<p>Unauthorised reproduction or distribution of it, or of any portion of it, may result in civil and "
@@ -36,8 +37,8 @@ constexpr Screen Screens[] = {
      "<p>Thank you for choosing {0}. For more information about Corvanth products see <cgreen>{2}</cgreen>.",
      MStdBitmap::Yes},
     {"error", "Installation has not been completed.",
-     "An error occured during installation. It is usually caused by corrupt installation files or insufficient "
-     "rights.",
+     "An error occured during installation. It is usually caused by corrupt installation files or "
+     "insufficient rights.",
      MStdBitmap::Exclamation},
     {"abort", "Installation has been aborted.",
      "You have aborted the installation. Launch the installation wizard again to install the software.",

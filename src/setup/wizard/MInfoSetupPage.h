@@ -13,12 +13,12 @@ class MStatic;
 class MStaticMultiLine;
 
 /// Screens of information one after the other, and programs that start between them: the page "onstart" and
-/// those at the end. Programs with a text have a tick box on the page. At the end of a run a button shows what it has
-/// done.
+/// those at the end. Programs with a text have a tick box on the page. At the end of a run a button shows
+/// what it has done.
 class MInfoSetupPage : public MSetupPage {
 public:
-    /// `element` holds the screens and programs. With an offer to look for updates, which may be null and is not
-    /// owned, the page has a box for that. Raises "Could not find required attribute (destination)." (0).
+    /// `element` holds the screens and programs. With an offer to look for updates, which may be null and is
+    /// not owned, the page has a box for that. Raises "Could not find required attribute (destination)." (0).
     MInfoSetupPage(MControl& parent, const MString& name, MXMLItem& element, MUpdateOffer* updateOffer);
 
     [[nodiscard]] bool ShouldSkip(bool back) override;

@@ -5,8 +5,8 @@
 #include "ui/widgets/content/MStatic.h"
 #include "ui/widgets/values/MProgressBar.h"
 
-/// A line of text beside work in the thread of the windows, shown as often as the eye can follow. What does not
-/// fit is left out in its middle.
+/// A line of text beside work in the thread of the windows, shown as often as the eye can follow. What does
+/// not fit is left out in its middle.
 class MProgressLine final : public MStatic, public MTextView {
 public:
     MProgressLine(MControl* parent, const MString& name, MWindowPulse& pulse)

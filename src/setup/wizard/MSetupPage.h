@@ -8,8 +8,8 @@ class MSetupWindow;
 class MStaticHeader;
 class MXMLItem;
 
-/// A page of the setup window. Pages know neither each other nor what the others decide: what they have to say
-/// they write into the definition and the session. A page begins hidden.
+/// A page of the setup window. Pages know neither each other nor what the others decide: what they have to
+/// say they write into the definition and the session. A page begins hidden.
 class MSetupPage : public MPanel, public MWalkPage {
 public:
     /// Below a control of the window.
@@ -21,7 +21,8 @@ public:
 
     /// The state of Next, Previous or Exit has changed on this page.
     void UpdateButtons();
-    /// The control that gets the keyboard when the page is shown and cannot be left yet; null for the first one.
+    /// The control that gets the keyboard when the page is shown and cannot be left yet; null for the first
+    /// one.
     [[nodiscard]] virtual MControl* GetFirstControl() { return nullptr; }
 
 protected:

@@ -7,8 +7,8 @@
 
 #include <memory>
 
-/// Meets the user through windows, which are opened when the first one is needed. Where they cannot be, it says
-/// so in one line, with the words that do without, and tools ask on the terminal.
+/// Meets the user through windows, which are opened when the first one is needed. Where they cannot be, it
+/// says so in one line, with the words that do without, and tools ask on the terminal.
 class MWizardFrontEnd final : public MFrontEnd {
 public:
     [[nodiscard]] MUserDialogs& GetDialogs() override;
