@@ -1,4 +1,5 @@
 #include "setup/console/MUnattendedRun.h"
+#include "setup/wizard/MWizardFrontEnd.h"
 #include "tests/setup/WizardFixture.h"
 #include "tests/support/MTreeSnapshot.h"
 #include "ui/widgets/buttons/MCheckBox.h"
@@ -259,6 +260,15 @@ TEST_F(SetupWindowTest, EndsWithoutAPageWhereTheFirstOneFailsAndNothingIsSaidToT
     system.Post([&] { told = Answer("closebutton"); }, 2 * MWindowMessages::HoldOff);
     EXPECT_EQ(Run(), MModalValue::Ok);
     EXPECT_THAT(told, HasSubstr("brings a file"));
+}
+
+TEST_F(SetupWindowTest, SaysThatTheDisplayWasLostBeforeAnythingWasInstalled) {
+    DefineProduct();
+    MWizardFrontEnd frontEnd;
+    testing::internal::CaptureStderr();
+    system.Post([&] { system.Quit(); }, 1);
+    EXPECT_EQ(frontEnd.Install(library), MExitFailed);
+    EXPECT_THAT(testing::internal::GetCapturedStderr(), HasSubstr("display was lost"));
 }
 
 }  // namespace

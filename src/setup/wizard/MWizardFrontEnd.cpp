@@ -48,7 +48,15 @@ MExitCode MWizardFrontEnd::Install(MLargeResourceLibrary& definition) {
     MString executable;
     try {
         MSetupWindow window(definition, dialogs);
-        (void)window.RunModal(nullptr);
+        const MModalValue result = window.RunModal(nullptr);
+        const MPageWalk& walk = window.GetWalk();
+        const bool hasFailed = walk.GetCurrentPage() == &walk.GetErrorPage();
+        // A loop that ends without an answer has lost its display.
+        if (result == MModalValue::None && (hasFailed || window.GetInstalledExecutable().IsEmpty())) {
+            terminal.ShowError(MTranslate(hasFailed ? "The display was lost, and the installation has failed."
+                                                    : "The display was lost, and nothing was installed."));
+            return MExitFailed;
+        }
         if (window.GetUpdateOffer().IsAccepted()) executable = window.GetInstalledExecutable();
     } catch (const MRefusal& refusal) {
         // A definition that is none is another matter.
