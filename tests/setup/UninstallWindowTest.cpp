@@ -26,7 +26,8 @@ protected:
                    payload.Add("core") +
                    "/></files><shortcut name=\"Tool\" destination=\"{destination}/sub/core\"/>",
                attributes);
-        MUnattendedRun run(library, MUnattendedOptions({}, scratch.GetPath()), views);
+        const MUnattendedOptions options({}, scratch.GetPath());
+        MUnattendedRun run(library, options, views);
         run.Validate();
         run.Perform();
     }

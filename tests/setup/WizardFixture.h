@@ -45,6 +45,14 @@ protected:
         Click(button);
         return text;
     }
+    /// Does something as soon as a message is in front, however busy the program is before.
+    void WhenAsked(const std::function<void()>& action) {
+        const auto look = [this, action] {
+            const bool isAsked = system.GetActiveRoot() && Find(*system.GetActiveRoot(), "Info");
+            isAsked ? action() : WhenAsked(action);
+        };
+        system.Post(look, 1);
+    }
     /// Runs the wizard, with a user who does these things.
     template <class... Actions>
     MModalValue Run(Actions... actions) {

@@ -188,9 +188,10 @@ TEST_F(SetupWindowTest, TellsWhatStoppedItAndEndsOnThePageForThat) {
         Agree();
         Next();
         Next();
-        system.Post([&] {
+        WhenAsked([&] {
             asked = Answer("cancelbutton");
-            system.Post([&] { asked += Answer("closebutton"); }, 2 * MWindowMessages::HoldOff);
+            system.Post([&] { WhenAsked([&] { asked += Answer("closebutton"); }); },
+                        2 * MWindowMessages::HoldOff);
         });
         Next();
         system.AdvanceTime(2 * MWindowMessages::HoldOff);
