@@ -19,7 +19,7 @@ bool MWizardFrontEnd::OpenWindows() {
         MResourceLibrary& resources = MModule::GetInstance()->GetResources();
         MShowProgramIcons(*windows, resources);
         auto style = std::make_unique<MTexturedStyle>(windows.get(), &resources,
-                                                      MTexturedStyle::FontSource::Traveling);
+                                                      MTexturedStyle::FontSource::TravelingFirst);
         style->LoadStyle();
         windows->SetStyle(std::move(style));
         return true;

@@ -30,6 +30,10 @@ TEST_F(MRegistryKeyTest, ValuesAreKeptUnderNamesThatIgnoreCaseAndKeysLieBelowOth
     key.SetValue("UninstallString", text);
     key.SetValue("A/strange\\name: *?", "");
     key.SetValue("NoModify", -7);
+    MString longName;
+    for (int32_t i = 0; i < 90; ++i) longName += MDecodeUTF8Exact("\xE6\x97\xA5");
+    for (const char* end : {"a", "b"}) key.SetValue(longName + end, end);
+    EXPECT_EQ(Text(key.GetValue(longName + "A")), "a");
 
     MRegistryKey again;
     again.Open(MRegistryRoot::CurrentUser, MString(TestKey).ToLower());

@@ -7,6 +7,7 @@
 #include "streams/basic/MMemoryStream.h"
 #include "streams/basic/MOutputFile.h"
 #include "streams/basic/MStdFileStream.h"
+#include "streams/hashes/MMD5Text.h"
 
 #include <string>
 
@@ -17,8 +18,10 @@
 namespace {
 
 /// Any name as the name of a file: what is no lower-case letter or digit becomes a percent sign and two
-/// digits for each byte.
+/// digits for each byte. Of a name that is too long for a file a digest stands for the end.
 MString EscapeName(const MString& name) {
+    constexpr int32_t LongestName = 200;
+    constexpr int32_t KeptLength = 160;
     MString escaped;
     for (const char byte : MEncodeUTF8Exact(name.ToLower())) {
         const MChar character(byte);
@@ -30,7 +33,10 @@ MString EscapeName(const MString& name) {
         escaped.Append(MChar::FromHexDigit(static_cast<uint8_t>(byte) >> 4));
         escaped.Append(MChar::FromHexDigit(static_cast<uint8_t>(byte)));
     }
-    return escaped;
+    if (escaped.GetLength() <= LongestName) return escaped;
+    const std::string whole = MEncodeUTF8Exact(escaped);
+    const MString digest = MMD5OfBlock(whole.data(), static_cast<int32_t>(whole.size()));
+    return escaped.Substring(0, KeptLength) + "+" + digest.ToLower();
 }
 
 /// Deletes a key that has no subkeys; false if it has.

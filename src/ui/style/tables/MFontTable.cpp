@@ -78,7 +78,7 @@ void MFontTable::Open(Entry& entry) {
         entry.font.reset();
         return;
     }
-    if (source == Source::System) entry.font->SetSubstitutes(&MFontSubstitutes::GetInstance());
+    if (source != Source::Traveling) entry.font->SetSubstitutes(&MFontSubstitutes::GetInstance());
     ApplySize(entry);
 }
 

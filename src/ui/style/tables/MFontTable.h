@@ -20,10 +20,10 @@ class MXMLItem;
 /// the items "face_regular" and "face_bold" of a resource library.
 class MFontTable final : public MObject {
 public:
-    enum class Source { System, Traveling };
+    enum class Source { System, Traveling, TravelingFirst };
 
     /// `traveling` outlives the fonts; null for none. With `Source::Traveling` the machine's fonts are not
-    /// asked, for the same picture everywhere.
+    /// asked, for the same picture everywhere; with `TravelingFirst` for what those lack alone.
     MFontTable(MResourceLibrary* traveling, Source source) : traveling(traveling), source(source) {}
 
     /// Raises "No fonts are available on the system." (0) if there is none for normal text.
