@@ -35,9 +35,7 @@ MComponentSetupPage::MComponentSetupPage(MControl& parent, const MString& name)
 
 void MComponentSetupPage::AddBoxes() {
     List->SetVisible(false);
-    auto& view = *new MScroller(this, "view");
-    view.SetControlType(MControlType::Empty);
-    SetClientControl(&view);
+    MScroller& view = AddView();
     auto& grid = *new MLayoutGrid(view.GetContainer(), 2);
     grid.space = 8;
     // The first column takes what the sizes leave.

@@ -11,9 +11,7 @@
 MConfigurationSetupPage::MConfigurationSetupPage(MControl& parent, const MString& name)
     : MSetupPage(parent, name), choice(GetDefinition()) {
     AddHeader(MTranslate("Click the type of setup you prefer, then click Next."));
-    auto& view = *new MScroller(this, "view");
-    view.SetControlType(MControlType::Empty);
-    SetClientControl(&view);
+    MScroller& view = AddView();
     auto& column = *new MLayoutVertical(view.GetContainer());
     column.space = 8;
     for (const MXMLItem* alternative : choice.GetAlternatives()) {

@@ -3,6 +3,7 @@
 #include "foundation/files/MFile.h"
 #include "foundation/text/MStringFormatter.h"
 #include "foundation/xml/MEntities.h"
+#include "setup/wizard/MChoiceText.h"
 #include "setup/wizard/MSetupWindow.h"
 #include "ui/dialogs/MDirectoryDialog.h"
 #include "ui/layout/MLayoutGrid.h"
@@ -15,15 +16,14 @@
 
 namespace {
 
-MString GetInfo(const MXMLItem& element) {
-    return "<alpha value=178>" + element.GetValue() + "</alpha>";
+bool IsFine(const MDirectorySpace& space, const MFolderFacts& facts) {
+    return space.isSufficient && facts.fault.IsEmpty();
 }
 
-/// What is to be said of a folder: figures if all is well, what is wrong if not. Empty for nothing.
+/// What is to be said of a folder: figures, or what is wrong.
 MString GetFactsText(const MDirectorySpace& space, const MFolderFacts& facts) {
-    const bool isFine = space.isSufficient && facts.fault.IsEmpty();
     const MString text = MEntities::Escape(facts.fault.IsEmpty() ? space.GetText() : facts.fault);
-    return isFine ? "<alpha value=178>" + text + "</alpha>" : "<cred>" + text + "</cred>";
+    return IsFine(space, facts) ? MQuietText(text) : "<cred>" + text + "</cred>";
 }
 
 }  // namespace
@@ -34,9 +34,7 @@ MDirectorySetupPage::MDirectorySetupPage(MControl& parent, const MString& name)
     hiddenInfo = new MStaticMultiLine(this, "hiddeninfo");
     hiddenInfo->layoutRatio.y = 0;
     (new MLayoutBottom(*this))->Add(*hiddenInfo);
-    auto& view = *new MScroller(this, "view");
-    view.SetControlType(MControlType::Empty);
-    SetClientControl(&view);
+    MScroller& view = AddView();
     auto& grid = *new MLayoutGrid(view.GetContainer(), 3);
     for (int32_t i = 0; i < choices.GetCount(); ++i)
         AddRow(view.GetContainer(), grid, *choices.GetRow(i).element);
@@ -67,7 +65,7 @@ void MDirectorySetupPage::AddRow(MControl& table, MLayoutGrid& grid, const MXMLI
     edit.OnString().Connect(this, &MDirectorySetupPage::OnPath);
     if (!isShown) return infos.Add(nullptr);
     auto& info = *new MStaticMultiLine(&table, "info" + id);
-    info.SetText(GetInfo(element));
+    info.SetText(MQuietText(element.GetValue()));
     info.layoutRatio.y = 0;
     info.layoutBorder = {0, 4};
     grid.Attach(info);
@@ -113,13 +111,12 @@ void MDirectorySetupPage::ShowFacts(const MList<MDirectoryFacts>& facts) {
     int32_t next = 0;
     for (int32_t i = 0; i < choices.GetCount(); ++i) {
         const MXMLItem& element = *choices.GetRow(i).element;
-        MString text = GetInfo(element);
+        MString text = MQuietText(element.GetValue());
         if (element.GetInt32Attribute("Available", 0) != 0) {
-            const bool isFine = spaces[next].isSufficient && facts[next].facts.fault.IsEmpty();
-            text += " " + GetFactsText(spaces[next], facts[next].facts);
-            if (!infos[i] && !isFine)
-                hidden += MEntities::Escape(Edits[i]->GetText()) + ": " +
-                          GetFactsText(spaces[next], facts[next].facts) + "<p>";
+            const MString told = GetFactsText(spaces[next], facts[next].facts);
+            text += " " + told;
+            if (!infos[i] && !IsFine(spaces[next], facts[next].facts))
+                hidden += MEntities::Escape(Edits[i]->GetText()) + ": " + told + "<p>";
             ++next;
         }
         if (infos[i]) infos[i]->SetText(text);

@@ -66,12 +66,10 @@ MInfoSetupPage::MInfoSetupPage(MControl& parent, const MString& name, MXMLItem& 
     Header = new MStaticHeader(this, "title");
     Header->layoutRatio.y = 0;
     (new MLayoutTop(*this))->Add(*Header);
-    view = new MScroller(this, "view");
-    view->SetControlType(MControlType::Empty);
+    view = &AddView();
     Body = new MStaticMultiLine(&view->GetContainer(), "info");
     Body->layoutRatio.y = 0;
     (new MLayoutTop(view->GetContainer()))->Add(*Body);
-    SetClientControl(view);
     AddDetails();
     AddBoxes(updateOffer);
 }

@@ -4,6 +4,7 @@
 #include "ui/control/kinds/MStdFont.h"
 #include "ui/layout/MLayoutSide.h"
 #include "ui/widgets/content/MStaticMultiLine.h"
+#include "ui/widgets/scrolling/MScroller.h"
 
 MSetupPage::MSetupPage(MControl& parent, const MString& name) : MPanel(&parent, name) {
     SetControlType(MControlType::Empty);
@@ -38,4 +39,11 @@ MStaticHeader& MSetupPage::AddHeader(const MString& text) {
     top.Add(header);
     header.layoutBorder = {0, 4};
     return header;
+}
+
+MScroller& MSetupPage::AddView() {
+    auto& view = *new MScroller(this, "view");
+    view.SetControlType(MControlType::Empty);
+    SetClientControl(&view);
+    return view;
 }

@@ -3,7 +3,7 @@
 #include "setup/choices/MPageWalk.h"
 #include "ui/control/MContainers.h"
 
-class MPathMacros;
+class MScroller;
 class MSetupWindow;
 class MStaticHeader;
 class MXMLItem;
@@ -28,4 +28,6 @@ public:
 protected:
     /// A line at the top that says what is to be done; `text` has mark-up.
     MStaticHeader& AddHeader(const MString& text);
+    /// What the page shows, which scrolls where the window is too small for it.
+    MScroller& AddView();
 };

@@ -39,16 +39,12 @@ MControlContainer& AddSpace(MControl& parent, MLayout& row, int32_t width) {
 }  // namespace
 
 MSetupWindow::MSetupWindow(MLargeResourceLibrary& definition, MWizardDialogs& dialogs)
-    : MWindow("MSetupWindow"), dialogs(dialogs), session(definition), updateOffer(definition) {
+    : MProductWindow("MSetupWindow"), dialogs(dialogs), session(definition), updateOffer(definition) {
     for (const char* page : {"onsuccess", "onabort", "onerror"}) (void)RequirePage(GetDefinition(), page);
     RemoveOlderVersions();
     session.CreatePathMacros();
     SetCaption(session.SoftwareName + MTranslate(" installer"), MCaptionType::Normal);
-    Set(MControlFlag::WindowMovable);
     Set(MControlFlag::Resizable);
-    Set(MControlFlag::InTaskbar);
-    Set(MControlFlag::ShowHelpKey, false);
-    Set(MControlFlag::EnableSaveState, false);
     minClientSize = {750, 400};
     // Tab goes along the children: from the page to the buttons below it.
     AddBand();
@@ -156,19 +152,16 @@ const MInstallRun& MSetupWindow::GetRun() const {
     return processing->GetRun();
 }
 
-/// Band, picture and bar of buttons reach to the edges, where only the line of the frame is left.
+/// Nor is there a rim above the band.
 void MSetupWindow::AdjustRectangles(MRect& newWindowRect, MRect& newClientRect) {
-    const int32_t border = newWindowRect.right - newClientRect.right;
-    newClientRect.top -= border;
-    newClientRect.left = newWindowRect.left + 1;
-    newClientRect.right = newWindowRect.right - 1;
-    newClientRect.bottom = newWindowRect.bottom - 1;
+    newClientRect.top -= newWindowRect.right - newClientRect.right;
+    MProductWindow::AdjustRectangles(newWindowRect, newClientRect);
 }
 
 MModalValue MSetupWindow::RunModal(MControl* parent) {
     if (ended != MModalValue::None) return ended;
     if (!Is(MControlFlag::HasWindow)) CreateWindow(parent);
-    return MWindow::RunModal(parent);
+    return MProductWindow::RunModal(parent);
 }
 
 bool MSetupWindow::CanClose() {
@@ -213,7 +206,7 @@ void MSetupWindow::Repaint() {
 
 /// The first page has come before the window.
 void MSetupWindow::OnPrepared() {
-    MWindow::OnPrepared();
+    MProductWindow::OnPrepared();
     if (!GetRootState().focusedControl) FocusFirst();
 }
 

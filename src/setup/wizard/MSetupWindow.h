@@ -3,8 +3,8 @@
 #include "install/run/MInstallRun.h"
 #include "setup/choices/MPageWalk.h"
 #include "setup/choices/MUpdateOffer.h"
+#include "setup/wizard/MProductWindow.h"
 #include "setup/wizard/MWizardDialogs.h"
-#include "ui/control/MContainers.h"
 #include "ui/widgets/buttons/MButton.h"
 
 class MLayoutSwitch;
@@ -16,7 +16,7 @@ class MTimeLine;
 /// shows one at a time. It is made in one go from the definition of an installation.
 ///
 /// The box that closes the window does what Exit does.
-class MSetupWindow : public MWindow, private MPageWalkView {
+class MSetupWindow : public MProductWindow, private MPageWalkView {
 public:
     /// Asks about older versions and removes them, makes the pages, and goes to the first one. The definition
     /// and the dialogs are not owned. Raises what makes of a definition none: "Could not find required

@@ -65,15 +65,11 @@ MString ListPaths(const char* heading, const MList<MString>& paths) {
 
 MUninstallWindow::MUninstallWindow(const MString& directory, MWizardDialogs& dialogs,
                                    std::function<void()> runUpdates)
-    : MWindow("uninstaller", "Uninstaller"),
+    : MProductWindow("uninstaller", "Uninstaller"),
       noteAddress(MGetNoteAddress()),
       dialogs(dialogs),
       runUpdates(std::move(runUpdates)) {
-    for (const MControlFlag flag :
-         {MControlFlag::WindowMovable, MControlFlag::InTaskbar, MControlFlag::CloseOnEscape})
-        Set(flag);
-    Set(MControlFlag::ShowHelpKey, false);
-    Set(MControlFlag::EnableSaveState, false);
+    Set(MControlFlag::CloseOnEscape);
     minClientSize.x = 400;
     dialogs.SetOwner(this);
     auto& bar = *new MColorBox(this, "Buttons");
@@ -168,22 +164,15 @@ MButton& MUninstallWindow::AddButton(MControl& buttons, MLayout& row, const char
     return button;
 }
 
-/// The bar of buttons reaches to the edges, where only the line of the frame is left.
-void MUninstallWindow::AdjustRectangles(MRect& newWindowRect, MRect& newClientRect) {
-    newClientRect.left = newWindowRect.left + 1;
-    newClientRect.right = newWindowRect.right - 1;
-    newClientRect.bottom = newWindowRect.bottom - 1;
-}
-
 void MUninstallWindow::OnPrepared() {
-    MWindow::OnPrepared();
+    MProductWindow::OnPrepared();
     if (!isWorking) cancelButton->SetFocus();
 }
 
 MModalValue MUninstallWindow::RunModal(MControl* parent) {
     if (!run) return MModalValue::Ok;
     if (!Is(MControlFlag::HasWindow)) CreateWindow(parent);
-    const MModalValue result = MWindow::RunModal(parent);
+    const MModalValue result = MProductWindow::RunModal(parent);
     if (isUpdateWanted) MGuard("OnUpdate", runUpdates);
     return result;
 }

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "install/run/MUninstallRun.h"
+#include "setup/wizard/MProductWindow.h"
 #include "setup/wizard/MWizardDialogs.h"
-#include "ui/control/MContainers.h"
 #include "ui/widgets/buttons/MButton.h"
 #include "ui/widgets/buttons/MCheckBox.h"
 #include "ui/widgets/edits/MMultiLineEdit.h"
@@ -15,7 +15,7 @@ class MProgressLine;
 
 /// Asks whether the installation in a folder shall be removed, and why, offers to look for updates instead,
 /// removes it and tells what has come of it. There is no way out of a removal but its end.
-class MUninstallWindow : public MWindow {
+class MUninstallWindow : public MProductWindow {
 public:
     static constexpr size_t ReasonCount = 7;
 
@@ -29,7 +29,6 @@ public:
     MModalValue RunModal(MControl* parent) override;
     [[nodiscard]] bool CanClose() override { return !isWorking; }
     void OnPrepared() override;
-    void AdjustRectangles(MRect& newWindowRect, MRect& newClientRect) override;
 
     /// Where what the user tells goes: the maker's own address unless another one is set.
     MString noteAddress;

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "ui/control/MContainers.h"
+
+/// A window that is about a product: what it shows reaches to the edges, where only the line of the frame is
+/// left. It remembers nothing from one time to the next.
+class MProductWindow : public MWindow {
+public:
+    explicit MProductWindow(const MString& name, const MString& caption = MString())
+        : MWindow(name, caption) {
+        Set(MControlFlag::WindowMovable);
+        Set(MControlFlag::InTaskbar);
+        Set(MControlFlag::ShowHelpKey, false);
+        Set(MControlFlag::EnableSaveState, false);
+    }
+
+    void AdjustRectangles(MRect& newWindowRect, MRect& newClientRect) override {
+        newClientRect.left = newWindowRect.left + 1;
+        newClientRect.right = newWindowRect.right - 1;
+        newClientRect.bottom = newWindowRect.bottom - 1;
+    }
+};
