@@ -92,7 +92,8 @@ TEST_F(UninstallTest, OlderVersionsGoOnlyWhenAskedFor) {
 }
 
 TEST_F(UninstallTest, ARegistryThatRefusesEndsTheRunWithoutLinksAndState) {
-    const std::string name(300, 'n');
+    std::string name(300, 'n');  // nested too deep for a path, and too long for a key of Windows
+    for (int level = 0; level < 5; level++) name += "\\" + name;
     scratch.WriteFile("product/a.txt", "a");
     PackAs(GetInstaller(), "name=\"T\" installationname=\"" + name + "\"",
            ToDestination("a.txt") + "<shortcut name=\"Uninstall Test refused\" preset=\"uninstall\"/>");
