@@ -2,11 +2,18 @@
 
 #include "foundation/MProductConstants.h"
 #include "foundation/base/MRaise.h"
+#include "foundation/files/MFile.h"
+#include "foundation/text/MUnicode.h"
 #include "foundation/xml/MXMLItem.h"
 #include "streams/basic/MDispatchStream.h"
 #include "update/MHTTPBody.h"
 
+#include <chrono>
+#include <cstring>
+
 namespace {
+
+constexpr std::chrono::minutes Patience(1);
 
 /// Shows the count of bytes that it hands on.
 class ShownStream final : public MDispatchStream {
@@ -39,6 +46,23 @@ bool Send(MHTTPStream& request, const MString& host, const MString& path, uint16
     }
 }
 
+/// A text as the value of a query: its bytes in UTF-8, of which those that mean something there have the percent form
+/// (RFC 3986).
+MString EncodeValue(const MString& text) {
+    MString encoded;
+    for (const char byte : MEncodeUTF8Exact(text)) {
+        const MChar character(byte);
+        if (static_cast<uint8_t>(byte) < 0x80 && (character.IsAlphanumeric() || std::strchr("-._~", byte))) {
+            encoded.Append(character);
+            continue;
+        }
+        encoded.Append('%');
+        encoded.Append(MChar::FromHexDigit(static_cast<uint8_t>(byte) >> 4));
+        encoded.Append(MChar::FromHexDigit(static_cast<uint8_t>(byte)));
+    }
+    return encoded;
+}
+
 [[noreturn]] void RaiseRefused() {
     MRaise(MExceptionGeneral, "Could not download a file from the update server.");
 }
@@ -64,7 +88,20 @@ void MUpdateServer::FetchFile(const MString& query, MStream& stream, MProgressVi
                               int64_t limit) const {
     if (bar) bar->SetProgress(1, 0);
     MHTTPStream request;
+    request.SetWatcher([](std::chrono::steady_clock::duration quiet) { return quiet < Patience; });
     if (!Send(request, host, basePath + query, port)) RaiseRefused();
     ShownStream target(stream, bar, request.GetSize());
-    if (MReadHTTPBody(request, target, limit) < request.GetSize()) RaiseRefused();
+    try {
+        if (MReadHTTPBody(request, target, limit) >= request.GetSize()) return;
+    } catch (const MException& exception) {
+        if (exception.GetCode() != MExceptionNetwork) throw;
+    }
+    RaiseRefused();
+}
+
+void MUpdateServer::FetchUpdate(const MString& fileName, MStream& stream, MProgressView* bar) const {
+    const MString extension = MFile::GetExtension(fileName);
+    const int32_t dropped = extension.IsEmpty() ? 0 : extension.GetLength() + 1;
+    FetchFile("op=getupdate&updatename=" + EncodeValue(fileName.Substring(0, fileName.GetLength() - dropped)),
+              stream, bar);
 }

@@ -17,9 +17,13 @@ public:
     /// null. Raises "Could not connect to the update server. The computer probably does not have internet
     /// access. ..." (0) if there is no connection or no HTTP reply, and "Could not download a file from the
     /// update server." (0) if the server refuses or the reply breaks off. A reply without length is taken as
-    /// it comes; one of more than `limit` bytes raises "The server has sent more than {0} bytes." (0).
+    /// it comes; one of more than `limit` bytes raises "The server has sent more than {0} bytes." (0). A server from
+    /// which nothing comes for a minute has broken off.
     void FetchFile(const MString& query, MStream& stream, MProgressView* bar,
                    int64_t limit = INT64_MAX) const;
+
+    /// Asks for the content of an offer, by its `filename`. Raises as `FetchFile`.
+    void FetchUpdate(const MString& fileName, MStream& stream, MProgressView* bar) const;
 
     [[nodiscard]] const MString& GetHost() const { return host; }
     /// 80, unless the address has one of its own, as "host:8080/path".

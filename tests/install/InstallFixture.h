@@ -23,6 +23,7 @@ public:
         errors.push_back(Text(text));
         if (onError) onError();
     }
+    void ShowInformation(const MString& markup) override { told.push_back(Text(markup)); }
     void ShowText(const MString&, const MString&) override {}
     std::unique_ptr<MProgressView> OpenProgress(const MString&) override { return nullptr; }
 
@@ -31,6 +32,7 @@ public:
     std::function<void()> onError;
     std::vector<std::string> questions;
     std::vector<std::string> errors;
+    std::vector<std::string> told;
 };
 
 /// A product in memory, installed into scratch folders.

@@ -15,3 +15,8 @@ inline constexpr const char* MUninstallKeyName = "software\\microsoft\\windows\\
 [[nodiscard]] inline MString MGetSetupPath(const MString& directory) {
     return MFile::Join(directory, MString("setup.") + MPlatform::ExecutableExtension());
 }
+
+/// While an update is fetched: what has come of it.
+[[nodiscard]] inline MString MGetFetchedUpdatePath(const MString& directory) {
+    return MFile::Join(directory, "setup.update");
+}

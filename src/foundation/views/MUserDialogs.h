@@ -19,6 +19,8 @@ public:
     [[nodiscard]] virtual bool AskYesNo(const MString& question) = 0;
     [[nodiscard]] virtual MRetryAnswer AskRetry(const MString& question) = 0;
     virtual void ShowError(const MString& text) = 0;
+    /// Shows mark-up (MSTMLParser.h).
+    virtual void ShowInformation(const MString& markup) = 0;
     /// Shows a text that the user can copy.
     virtual void ShowText(const MString& prompt, const MString& text) = 0;
     /// Opens a progress display under a title; destroying it closes it.

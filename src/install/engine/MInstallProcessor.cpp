@@ -39,7 +39,7 @@ MProcessOptions MakeOptions(const MXMLItem& pass, const MString& directory, MRun
 void MInstallProcessor::Perform(MXMLItem& root, MLargeResourceLibrary* contents, const MInstallViews& views,
                                 MRunKind kind) {
     library = contents;
-    progress.views = views;
+    progress.Begin(views);
     views.ShowInfo(MTranslate("Checking installation..."));
     MCheckItemNames(root);
     for (MXMLItem& files : MXMLSubItems(root, "files")) Prepare(files, kind);

@@ -11,6 +11,13 @@
 
 /// How far a run is, what shows it, and its log: what the classes of the engine share.
 struct MInstallProgress {
+    /// A run of a processor follows another one.
+    void Begin(const MInstallViews& newViews) {
+        totalBytes = doneBytes = 0;
+        itemCount = itemIndex = 0;
+        views = newViews;
+    }
+
     int64_t totalBytes = 0;    ///< that the run will write
     int64_t doneBytes = 0;     ///< written or merged so far
     int64_t fileBytes = 0;     ///< of the file in hand

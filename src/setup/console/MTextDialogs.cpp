@@ -4,6 +4,7 @@
 #include "setup/console/MConsoleView.h"
 #include "streams/basic/MConsole.h"
 #include "streams/basic/MConsoleStream.h"
+#include "ui/stml/MSTMLPlainText.h"
 
 namespace {
 
@@ -27,6 +28,10 @@ MChar ReadAnswer(const MString& question, const char* choices) {
 
 void MTextDialogs::ShowError(const MString& text) {
     WriteLine(stderr, text);
+}
+
+void MTextDialogs::ShowInformation(const MString& markup) {
+    WriteLine(stdout, MSTMLPlainText::Of(markup));
 }
 
 void MTextDialogs::ShowText(const MString& prompt, const MString& text) {

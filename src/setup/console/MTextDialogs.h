@@ -6,6 +6,7 @@
 class MTextDialogs : public MUserDialogs {
 public:
     void ShowError(const MString& text) override;
+    void ShowInformation(const MString& markup) override;
     void ShowText(const MString& prompt, const MString& text) override;
     [[nodiscard]] std::unique_ptr<MProgressView> OpenProgress(const MString& title) override;
 };

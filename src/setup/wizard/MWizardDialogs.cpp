@@ -61,8 +61,8 @@ void MWizardDialogs::ShowError(const MString& text) {
                                            GetOwner());
 }
 
-void MWizardDialogs::ShowInformation(const MString& text) {
-    (void)MMessageDialogWindow::MessageBox(text, MMessageButtons::Close, MStdBitmap::Notice, GetOwner());
+void MWizardDialogs::ShowInformation(const MString& markup) {
+    (void)MMessageDialogWindow::MessageBox(markup, MMessageButtons::Close, MStdBitmap::Notice, GetOwner());
 }
 
 void MWizardDialogs::ShowText(const MString& prompt, const MString& text) {

@@ -5,7 +5,7 @@
 #include "ui/control/MControlRef.h"
 
 /// Asks and tells by windows: over that of `owner`, or over none while there is no other. What is asked and
-/// told is plain text.
+/// told is plain text, but for information.
 class MWizardDialogs final : public MUserDialogs {
 public:
     /// Null for none. Not owned, and may end.
@@ -17,7 +17,7 @@ public:
     /// A window that is closed without an answer refuses.
     [[nodiscard]] MRetryAnswer AskRetry(const MString& question) override;
     void ShowError(const MString& text) override;
-    void ShowInformation(const MString& text);
+    void ShowInformation(const MString& markup) override;
     void ShowText(const MString& prompt, const MString& text) override;
     [[nodiscard]] std::unique_ptr<MProgressView> OpenProgress(const MString& title) override;
     /// In another thread.

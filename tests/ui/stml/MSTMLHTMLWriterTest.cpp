@@ -1,5 +1,6 @@
 #include "ui/stml/MSTMLHTMLWriter.h"
 #include "tests/support/MTestText.h"
+#include "ui/stml/MSTMLPlainText.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>
@@ -29,6 +30,13 @@ TEST(MSTMLHTMLWriterTest, WritesWhatAPageSays) {
     };
     for (const auto& [markup, expected] : cases) EXPECT_EQ(Body(markup), expected) << markup;
     EXPECT_NE(Text(MSTMLHTMLWriter::Write("<x>", "a")).find("<title>&lt;x&gt;</title>"), std::string::npos);
+}
+
+TEST(MSTMLPlainTextTest, KeepsWordsAndLines) {
+    EXPECT_EQ(Text(MSTMLPlainText::Of(
+                  "<p><b>a</b> <i>b</i> &lt;<p> <p>c<tr><td>d<td>e</tr><tagset name=n><p></tagset>"
+                  "f<n>g<broken")),
+              "a b <\nc\nd\ne\nf\ng");
 }
 
 TEST(MSTMLHTMLWriterTest, ClosesWhatItOpens) {

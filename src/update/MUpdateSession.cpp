@@ -1,0 +1,109 @@
+#include "update/MUpdateSession.h"
+
+#include "foundation/base/MAddSize.h"
+#include "foundation/base/MGuard.h"
+#include "foundation/files/MInstallationNames.h"
+#include "foundation/xml/MEntities.h"
+#include "update/MUpdateServer.h"
+
+#include <algorithm>
+
+namespace {
+
+/// The part of a bar that belongs to one of several works of equal length.
+class ProgressSlice final : public MProgressView {
+public:
+    ProgressSlice(MProgressView* bar, int32_t index, int32_t count) : bar(bar), index(index), count(count) {}
+
+    void SetProgress(double maximum, double value) override {
+        if (bar) bar->SetProgress(count, index + (maximum > 0 ? value / maximum : 0));
+    }
+
+private:
+    MProgressView* bar;
+    int32_t index;
+    int32_t count;
+};
+
+/// What was fetched, in the main directory: there is the right to write, and room for what it brings. It is gone with
+/// the object; what a killed run leaves is replaced by the next.
+class FetchedFile final : public MStdFileStream {
+public:
+    explicit FetchedFile(const MString& directory) {
+        Open(MGetFetchedUpdatePath(directory), MOpenRead | MOpenWrite | MOpenCreate);
+    }
+    ~FetchedFile() override {
+        MGuard("MUpdateSession", [this] {
+            Close();
+            MFile::Delete(GetFileName());
+        });
+    }
+};
+
+int64_t GetSize(const MXMLItem& offer) {
+    return std::max<int64_t>(offer.GetInt64Attribute("size", 0), 0);
+}
+
+}  // namespace
+
+void MUpdateSession::Query() {
+    selected.Clear();
+    offers.Fetch(MUpdateServer(run.GetState()), run.GetState());
+}
+
+void MUpdateSession::SelectPackages(const MList<int32_t>& indices) {
+    selected.Clear();
+    for (const int32_t index : indices) selected.Add(offers.GetPackages()[index]);
+}
+
+MUpdateSummary MUpdateSession::GetSummary() const {
+    MUpdateSummary summary;
+    summary.updateCount = offers.GetUpdates().GetCount();
+    summary.packageCount = offers.GetPackages().GetCount();
+    summary.selectedCount = selected.GetCount();
+    for (const MXMLItem* offer : offers.GetUpdates()) MAddSize(summary.updateBytes, GetSize(*offer));
+    for (const MXMLItem* offer : selected) MAddSize(summary.selectedBytes, GetSize(*offer));
+    return summary;
+}
+
+int32_t MUpdateSession::Perform(const MInstallViews& views, const StopQuery& stop) {
+    MUpdateOffers::List all = offers.GetUpdates();
+    for (const MXMLItem* package : selected) all.Add(package);
+    for (int32_t i = 0; i < all.GetCount(); ++i) {
+        if (stop()) return i;
+        const MXMLItem& offer = *all[i];
+        ProgressSlice slice(views.totalBar, i, all.GetCount());
+        slice.SetProgress(1, 0);
+        MInstallViews own = views;
+        own.totalBar = &slice;
+        FetchedFile content(run.GetMainPath());
+        Fetch(offer, content, own);
+        Lay(offer, content, own, Source::Server);
+        if (MNeedsRestart(offer)) return i + 1;
+    }
+    return all.GetCount();
+}
+
+void MUpdateSession::Fetch(const MXMLItem& offer, MStream& content, const MInstallViews& views) const {
+    const MString name = offer.GetAttribute("name");
+    views.ShowInfo(MFormat(MTranslate("<b>Installing {0}..."), MEntities::Escape(name)));
+    views.ShowFile(MFormat(MTranslate("Downloading {0}..."), name));
+    MUpdateServer(run.GetState()).FetchUpdate(offer.GetAttribute("filename"), content, views.fileBar);
+}
+
+void MUpdateSession::InstallLocal(const MXMLItem& offer, MStream& content, const MInstallViews& views) {
+    Lay(offer, content, views, Source::Local);
+}
+
+void MUpdateSession::Lay(const MXMLItem& offer, MStream& content, const MInstallViews& views, Source source) {
+    views.ShowInfo(
+        MFormat(MTranslate("<b>Installing <i>{0}</i>..."), MEntities::Escape(offer.GetAttribute("name"))));
+    run.Install(offer, content, views);
+    views.ShowTotalProgress(1, 1);
+    const MString told = offer.GetAttribute("showinfo", "");
+    if (!told.IsEmpty()) views.dialogs->ShowInformation(told);
+    if (MNeedsRestart(offer) && source == Source::Server)
+        views.dialogs->ShowInformation(MTranslate(
+            "The update requires the installer to exit. Please run the update installer again later."));
+    run.Execute(offer);
+}
