@@ -10,19 +10,22 @@
 
 namespace {
 
-/// The part of a bar that belongs to one of several works of equal length.
+/// The part of a bar that belongs to one of several works of equal length, which may have a bar of its own.
 class ProgressSlice final : public MProgressView {
 public:
-    ProgressSlice(MProgressView* bar, int32_t index, int32_t count) : bar(bar), index(index), count(count) {}
+    ProgressSlice(MProgressView* bar, int32_t index, int32_t count, MProgressView* ownBar = nullptr)
+        : bar(bar), index(index), count(count), ownBar(ownBar) {}
 
     void SetProgress(double maximum, double value) override {
         if (bar) bar->SetProgress(count, index + (maximum > 0 ? value / maximum : 0));
+        if (ownBar) ownBar->SetProgress(maximum, value);
     }
 
 private:
     MProgressView* bar;
     int32_t index;
     int32_t count;
+    MProgressView* ownBar;
 };
 
 /// What was fetched, in the main directory: there is the right to write, and room for what it brings. It is gone with
@@ -72,12 +75,15 @@ int32_t MUpdateSession::Perform(const MInstallViews& views, const StopQuery& sto
     for (int32_t i = 0; i < all.GetCount(); ++i) {
         if (stop()) return i;
         const MXMLItem& offer = *all[i];
-        ProgressSlice slice(views.totalBar, i, all.GetCount());
-        slice.SetProgress(1, 0);
+        // An offer is half done when it has been fetched.
+        ProgressSlice fetching(views.totalBar, 2 * i, 2 * all.GetCount(), views.fileBar);
+        ProgressSlice installing(views.totalBar, 2 * i + 1, 2 * all.GetCount());
         MInstallViews own = views;
-        own.totalBar = &slice;
+        own.fileBar = &fetching;
         FetchedFile content(run.GetMainPath());
         Fetch(offer, content, own);
+        own.fileBar = views.fileBar;
+        own.totalBar = &installing;
         Lay(offer, content, own, Source::Server);
         if (MNeedsRestart(offer)) return i + 1;
     }
@@ -98,7 +104,9 @@ void MUpdateSession::InstallLocal(const MXMLItem& offer, MStream& content, const
 void MUpdateSession::Lay(const MXMLItem& offer, MStream& content, const MInstallViews& views, Source source) {
     views.ShowInfo(
         MFormat(MTranslate("<b>Installing <i>{0}</i>..."), MEntities::Escape(offer.GetAttribute("name"))));
-    run.Install(offer, content, views);
+    MInstallViews own = views;
+    own.infoText = nullptr;
+    run.Install(offer, content, own);
     views.ShowTotalProgress(1, 1);
     const MString told = offer.GetAttribute("showinfo", "");
     if (!told.IsEmpty()) views.dialogs->ShowInformation(told);

@@ -15,10 +15,10 @@ MProcessingSetupPage::MProcessingSetupPage(MControl& parent, const MString& name
         control.layoutRatio.y = 0;
         grid.Attach(control);
     };
-    infoText = new MProgressLine(this, "Info", pulse);
+    infoText = new MProgressLine(this, "Info", &pulse);
     infoText->SetText(MTranslate("Actually performing"));
     add(*infoText);
-    fileText = new MProgressLine(this, "FileInfo", pulse);
+    fileText = new MProgressLine(this, "FileInfo", &pulse);
     add(*fileText);
     auto& space = *new MControlContainer(this, "space");
     space.minClientSize.y = 24;

@@ -5,11 +5,11 @@
 #include "ui/widgets/content/MStatic.h"
 #include "ui/widgets/values/MProgressBar.h"
 
-/// A line of text beside work in the thread of the windows, shown as often as the eye can follow. What does
-/// not fit is left out in its middle.
+/// A line of text beside work, shown as often as the eye can follow. What does not fit is left out in its middle.
 class MProgressLine final : public MStatic, public MTextView {
 public:
-    MProgressLine(MControl* parent, const MString& name, MWindowPulse& pulse)
+    /// The pulse is beside work in the thread of the windows.
+    MProgressLine(MControl* parent, const MString& name, MWindowPulse* pulse = nullptr)
         : MStatic(parent, name), pulse(pulse) {
         Set(MControlFlag::IgnoreWidthInLayout);
         auto text = std::make_unique<MContentText>();
@@ -21,7 +21,7 @@ public:
     void SetText(const MString& text) override {
         content->text = text;
         Invalidate();
-        pulse.Beat();
+        if (pulse) pulse->Beat();
     }
     [[nodiscard]] const MString& GetText() const { return content->text; }
     /// Of one line, whatever the text.
@@ -34,7 +34,7 @@ public:
 
 private:
     MContentText* content;
-    MWindowPulse& pulse;
+    MWindowPulse* pulse;
 };
 
 /// A bar beside such work, of which nothing is missed.

@@ -78,7 +78,7 @@ MUninstallWindow::MUninstallWindow(const MString& directory, MWizardDialogs& dia
     footer = new MControlContainer(&bar, "Footer");
     footer->layoutBorder = {16, 8};
     bar.SetClientControl(footer);
-    info = new MProgressLine(footer, "info", dialogs.GetPulse());
+    info = new MProgressLine(footer, "info", &dialogs.GetPulse());
     auto* const liveBar = new MLiveProgressBar(footer, "progress", dialogs.GetPulse());
     progress = liveBar;
     MInstallViews views;

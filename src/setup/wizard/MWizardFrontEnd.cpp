@@ -6,6 +6,7 @@
 #include "setup/MDesktopNotice.h"
 #include "setup/wizard/MSetupWindow.h"
 #include "setup/wizard/MUninstallWindow.h"
+#include "setup/wizard/MUpdateInstallerWindow.h"
 #include "ui/control/windows/MWindowsModule.h"
 #include "ui/style/MProgramIcons.h"
 #include "ui/style/MTexturedStyle.h"
@@ -73,8 +74,15 @@ MExitCode MWizardFrontEnd::InstallUpdate(MLargeResourceLibrary&) {
     return MExitDone;
 }
 
-MExitCode MWizardFrontEnd::Update(const MString&) {
-    GetDialogs().ShowError("This build has no update manager.");
+MExitCode MWizardFrontEnd::Update(const MString& directory) {
+    if (!OpenWindows())
+        return RefuseWithoutWindows("To update without windows, begin with the words: silent update");
+    try {
+        MUpdateInstallerWindow window(directory, dialogs);
+        (void)window.RunModal(nullptr);
+    } catch (const MException& exception) {
+        dialogs.ShowError(exception.GetMessage());
+    }
     return MExitDone;
 }
 
