@@ -22,6 +22,8 @@ public:
     /// MLargeResourceLibraryStream.h.
     [[nodiscard]] std::unique_ptr<MStream> OpenItem(MXMLItem* item);
 
+    /// What it is attached to.
+    [[nodiscard]] MStream& GetStream() const { return *library; }
     [[nodiscard]] bool AreItemsCompressed() const { return itemsCompressed; }
 
 private:

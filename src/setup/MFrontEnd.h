@@ -14,6 +14,7 @@ enum MExitCode : int32_t {
     MExitFailed = 1,      ///< the run failed; its text is on standard error
     MExitRefused = 2,     ///< refused before anything was written
     MExitIncomplete = 3,  ///< installed or removed, but for what is listed
+    MExitOffered = 5,     ///< there are updates or packages, and only that was asked
 };
 
 /// How a process meets its user: through windows, or without any by the words of its command line and lines

@@ -7,39 +7,8 @@
 #include "install/registration/MShortcuts.h"
 #include "install/registration/MUninstallEntry.h"
 #include "install/run/MInstallCheck.h"
-#include "payload/MSfx.h"
+#include "install/run/MInstalledProgram.h"
 #include "streams/basic/MOutputFile.h"
-
-#include <cstring>
-
-namespace {
-
-/// Whether a file is just what the stream gives. A program that runs cannot be replaced on Windows, and where
-/// the installer itself stands in the main path, or nothing changed, it need not be.
-bool HoldsAlready(const MString& path, MStream& content) {
-    if (!MFile::IsFile(path) || MFile::GetFileSize(path) != content.GetSize()) return false;
-    MStdFileStream file;
-    file.Open(path, MOpenRead);
-    char expected[4096];
-    char found[sizeof expected];
-    int32_t count;
-    while ((count = content.Read(expected, sizeof expected)) > 0)
-        if (file.Read(found, count) != count || std::memcmp(expected, found, static_cast<size_t>(count)) != 0)
-            return false;
-    return true;
-}
-
-/// Leaves a copy of this program without its payload.
-void CopySetup(const MString& setupPath) {
-    MSfx program;
-    if (HoldsAlready(setupPath, *program.OpenExecutable())) return;
-    MFile::CreatePath(MFile::GetDirectory(setupPath));
-    MOutputFile copy(setupPath);
-    program.OpenExecutable()->CopyAllToInLargePieces(copy);
-    copy.CommitProgram();
-}
-
-}  // namespace
 
 MInstallRun::MInstallRun(MSetupSession& session, const MInstallViews& views)
     : session(session), views(views) {}
@@ -86,7 +55,7 @@ void MInstallRun::Perform() {
 
     const MString setupPath = MGetSetupPath(mainPath);
     session.InstalledExecutable = MPlatform::GetPathText(setupPath);
-    CopySetup(setupPath);
+    MLeaveInstalledProgram(setupPath);
     MUninstallEntry{session.GetInstallationName(), session.SoftwareName, setupPath}.Write();
 
     views.ShowInfo(MTranslate("Creating shortcuts..."));

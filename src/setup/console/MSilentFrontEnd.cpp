@@ -4,6 +4,7 @@
 #include "foundation/files/MFile.h"
 #include "install/run/MUninstallRun.h"
 #include "setup/console/MConsoleView.h"
+#include "setup/console/MSilentUpdate.h"
 #include "setup/console/MUnattendedRun.h"
 #include "update/MDownloader.h"
 
@@ -78,14 +79,16 @@ MExitCode MSilentFrontEnd::Install(MLargeResourceLibrary& definition) {
     });
 }
 
-MExitCode MSilentFrontEnd::InstallUpdate(MLargeResourceLibrary& /*package*/) {
-    dialogs.ShowError("This build cannot install update packages.");
-    return MExitFailed;
+MExitCode MSilentFrontEnd::InstallUpdate(MLargeResourceLibrary& package) {
+    return Guard([&] {
+        return MSilentUpdate(MSilentUpdate::Kind::Local, words, startDirectory).RunLocal(package, dialogs);
+    });
 }
 
-MExitCode MSilentFrontEnd::Update(const MString& /*directory*/) {
-    dialogs.ShowError("This build has no update manager.");
-    return MExitFailed;
+MExitCode MSilentFrontEnd::Update(const MString& directory) {
+    return Guard([&] {
+        return MSilentUpdate(MSilentUpdate::Kind::FromServer, words, startDirectory).Run(directory, dialogs);
+    });
 }
 
 MExitCode MSilentFrontEnd::Remove(const MString& directory) {

@@ -7,10 +7,6 @@ namespace {
 
 const char* const RequestWord = "silent";
 
-[[noreturn]] void RaiseWord(const MString& word, const char* advice) {
-    MRefuse("The word \"{0}\" cannot be used: {1}.", word, advice);
-}
-
 /// What stands behind `prefix` in `word`; absent if the word begins otherwise.
 std::optional<MString> TextAfter(const MString& word, const char* prefix) {
     if (!word.StartsWith(prefix)) return std::nullopt;
@@ -19,7 +15,7 @@ std::optional<MString> TextAfter(const MString& word, const char* prefix) {
 
 /// Splits "name=text" at the sign whose index is given, which may be missing.
 MNamedChoice SplitChoice(const MString& word, const MString& choice, int32_t sign, const char* advice) {
-    if (sign <= 0) RaiseWord(word, advice);
+    if (sign <= 0) MRefuseWord(word, advice);
     return {choice.Substring(0, sign), choice.Substring(sign + 1)};
 }
 
@@ -28,7 +24,7 @@ Value FindAnswer(const MString& word, const MString& answer,
                  std::initializer_list<std::pair<const char*, Value>> answers, const char* advice) {
     for (const auto& [name, value] : answers)
         if (answer == name) return value;
-    RaiseWord(word, advice);
+    MRefuseWord(word, advice);
 }
 
 /// Where there are drives, a path that depends on the current one or on the current directory of one, and one
@@ -43,6 +39,10 @@ bool LacksFixedDrive(const MString& path) {
 }
 
 }  // namespace
+
+void MRefuseWord(const MString& word, const char* advice) {
+    MRefuse("The word \"{0}\" cannot be used: {1}.", word, advice);
+}
 
 bool MUnattendedOptions::IsRequested(const MList<MString>& arguments) {
     for (const MString& argument : arguments)
@@ -75,8 +75,8 @@ void MUnattendedOptions::ReadWord(const MString& word, const MString& startDirec
     } else if (const auto directory = TextAfter(word, "directory:")) {
         const char* const advice = "write directory:ID=PATH";
         MNamedChoice choice = SplitChoice(word, *directory, directory->FindChar('='), advice);
-        if (choice.text.IsEmpty()) RaiseWord(word, advice);
-        if (LacksFixedDrive(choice.text)) RaiseWord(word, "begin the path with a drive, as in C:\\Folder");
+        if (choice.text.IsEmpty()) MRefuseWord(word, advice);
+        if (LacksFixedDrive(choice.text)) MRefuseWord(word, "begin the path with a drive, as in C:\\Folder");
         const MString path = MPlatform::TakePathText(choice.text);
         choice.text = MFile::Normalize(MFile::IsAbsolute(path) ? path : MFile::Join(startDirectory, path));
         directories.Add(choice);
@@ -94,8 +94,8 @@ void MUnattendedOptions::ReadWord(const MString& word, const MString& startDirec
                                            {"retry", MRetryAnswer::Retry}},
                                           "write locked=abort, locked=ignore or locked=retry");
     } else {
-        RaiseWord(word,
-                  "the words of a silent run are accept-licence, configuration=ID, component:NAME=on|off, "
-                  "directory:ID=PATH, remove-older=yes|no, execute=all|none and locked=abort|ignore|retry");
+        MRefuseWord(word,
+                    "the words of a silent run are accept-licence, configuration=ID, component:NAME=on|off, "
+                    "directory:ID=PATH, remove-older=yes|no, execute=all|none and locked=abort|ignore|retry");
     }
 }

@@ -7,6 +7,9 @@
 
 #include <optional>
 
+/// Raises `MRefusal` for a word of the command line, with what would be right.
+[[noreturn]] void MRefuseWord(const MString& word, const char* advice);
+
 /// A name and the text given for it.
 struct MNamedChoice {
     MString name;

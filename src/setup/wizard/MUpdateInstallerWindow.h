@@ -28,6 +28,8 @@ public:
     /// Lets the offer in hand be installed to its end.
     ~MUpdateInstallerWindow() override;
 
+    /// Whether there is anything to do.
+    [[nodiscard]] bool IsUsable() const { return session.has_value(); }
     /// `Ok` if the installing has ended, well or not, or there was nothing to do; `Cancel` if the user has left.
     MModalValue RunModal(MControl* parent) override;
     [[nodiscard]] bool CanClose() override;

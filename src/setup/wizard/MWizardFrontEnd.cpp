@@ -4,6 +4,7 @@
 #include "foundation/files/MFile.h"
 #include "foundation/text/MStringFormatter.h"
 #include "setup/MDesktopNotice.h"
+#include "setup/wizard/MLocalUpdate.h"
 #include "setup/wizard/MSetupWindow.h"
 #include "setup/wizard/MUninstallWindow.h"
 #include "setup/wizard/MUpdateInstallerWindow.h"
@@ -69,8 +70,14 @@ MExitCode MWizardFrontEnd::Install(MLargeResourceLibrary& definition) {
     return Update(directory);
 }
 
-MExitCode MWizardFrontEnd::InstallUpdate(MLargeResourceLibrary&) {
-    GetDialogs().ShowError("This build cannot install update packages.");
+MExitCode MWizardFrontEnd::InstallUpdate(MLargeResourceLibrary& package) {
+    if (!OpenWindows())
+        return RefuseWithoutWindows("To install the update without windows, add the word: silent");
+    try {
+        MRunLocalUpdate(package, dialogs);
+    } catch (const MException& exception) {
+        dialogs.ShowError(exception.GetMessage());
+    }
     return MExitDone;
 }
 
