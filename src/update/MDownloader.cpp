@@ -227,3 +227,8 @@ MString MFindDownloadedSetup(const MString& directory) {
             return MFile::Join(directory, entry.name);
     return MString();
 }
+
+MString MGetDownloadTarget(const MString& program) {
+    const MString target = MFile::Join(MFile::GetDirectory(program), MFile::GetBaseName(program));
+    return target.IsExactly(program) ? program + "-download" : target;
+}

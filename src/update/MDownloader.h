@@ -71,3 +71,7 @@ private:
 /// The first program in a directory whose name holds "setup"; empty if there is none. Raises what
 /// `MFile::GetFileList` raises.
 [[nodiscard]] MString MFindDownloadedSetup(const MString& directory);
+
+/// The directory that the program at a path downloads into: beside it, with its name without the extension. A program
+/// without extension cannot share its name with a directory, so "-download" stands behind it there.
+[[nodiscard]] MString MGetDownloadTarget(const MString& program);

@@ -27,12 +27,6 @@ std::unique_ptr<MUninstallRun> LoadState(const MString& directory, const MInstal
     }
 }
 
-/// A program without extension cannot share its name with a directory.
-MString GetDownloadTarget(const MString& program) {
-    const MString target = MFile::Join(MFile::GetDirectory(program), MFile::GetBaseName(program));
-    return target.IsExactly(program) ? program + "-download" : target;
-}
-
 }  // namespace
 
 MSilentFrontEnd::MSilentFrontEnd(const MList<MString>& words)
@@ -119,7 +113,7 @@ MExitCode MSilentFrontEnd::Download(const MDownloadDefinition& definition, const
     return Guard([&] {
         if (!words.IsEmpty())
             MRefuse("The word \"{0}\" cannot be used: a silent download knows no words.", words[0]);
-        const MString target = GetDownloadTarget(program);
+        const MString target = MGetDownloadTarget(program);
         MDownloadConsoleView console;
         console.SetText(definition.GetID() + MTranslate(" downloader"));
         if (!MDownloader(definition, target, console).Run()) {

@@ -4,6 +4,7 @@
 #include "foundation/files/MFile.h"
 #include "foundation/text/MStringFormatter.h"
 #include "setup/MDesktopNotice.h"
+#include "setup/wizard/MDownloadWindow.h"
 #include "setup/wizard/MLocalUpdate.h"
 #include "setup/wizard/MSetupWindow.h"
 #include "setup/wizard/MUninstallWindow.h"
@@ -101,8 +102,15 @@ MExitCode MWizardFrontEnd::Remove(const MString& directory) {
     return MExitDone;
 }
 
-MExitCode MWizardFrontEnd::Download(const MDownloadDefinition&, const MString&) {
+MExitCode MWizardFrontEnd::Download(const MDownloadDefinition& definition, const MString& program) {
     if (!OpenWindows()) return RefuseWithoutWindows("To download without windows, add the word: silent");
-    dialogs.ShowError("This build has no window for downloading. To download, add the word: silent");
-    return MExitDone;
+    try {
+        if (MRunDownloadWindow(definition, program, dialogs) != MModalValue::None) return MExitDone;
+        terminal.ShowError(
+            MTranslate("The display was lost. Start the download again to go on where it has ended."));
+        return MExitFailed;
+    } catch (const MException& exception) {
+        dialogs.ShowError(exception.GetMessage());
+        return MExitDone;
+    }
 }

@@ -90,6 +90,7 @@ MModalValue MProgressWindow::Run(MControl* owner, Worker worker) {
     state = {};
     cancelButton->SetEnabled(true);
     WorkerThread thread(*this, worker);
+    bool isLost = false;
     if (windows) {
         startTime = windows->GetSystem().GetTime();
         thread.SetTarget(windows);
@@ -97,7 +98,7 @@ MModalValue MProgressWindow::Run(MControl* owner, Worker worker) {
         thread.Start();
         Refresh();
         StartTimer(RefreshTime);
-        (void)RunModal(owner);
+        isLost = RunModal(owner) == MModalValue::None;
         StopTimer();
         // The window may have been closed together with its owner.
         if (thread.GetResult() == MThread::NotFinished) isCancelled = true;
@@ -105,11 +106,11 @@ MModalValue MProgressWindow::Run(MControl* owner, Worker worker) {
         thread.Start();
     }
     thread.Wait();
-    if (!thread.failure) return MModalValue::Ok;
+    if (!thread.failure) return isLost ? MModalValue::None : MModalValue::Ok;
     try {
         std::rethrow_exception(thread.failure);
     } catch (const Cancelled&) {
-        return MModalValue::Cancel;
+        return isLost ? MModalValue::None : MModalValue::Cancel;
     }
 }
 

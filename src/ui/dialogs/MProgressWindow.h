@@ -18,8 +18,8 @@ public:
 
     explicit MProgressWindow(const MString& caption = "Wait please...");
 
-    /// Runs a worker until it is done (`Ok`) or, asked for by the user, has stopped (`Cancel`). Raises what
-    /// the worker raises otherwise, and what making a thread raises. Without windows it runs the worker
+    /// Runs a worker until it is done (`Ok`) or, asked for by the user, has stopped (`Cancel`); `None` if the
+    /// display was lost meanwhile, which cancels, too. Raises what the worker raises otherwise, and what making a thread raises. Without windows it runs the worker
     /// alone.
     MModalValue Run(MControl* owner, Worker worker);
     /// Shows it beside work in the thread of the windows, which calls `Refresh` and cannot be cancelled. Whoever
