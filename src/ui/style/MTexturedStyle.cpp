@@ -217,9 +217,8 @@ MPoint MTexturedStyle::GetMinimalSize(MControl& control) {
         MColor color;
         MFont* const font = GetFont(caption->font, 0, false, MDrawEnabled, color);
         const ControlCaptionInstance* const instance = ControlCaptionInstance::Find(control);
-        const int32_t text =
-            (font ? font->GetTextWidth(TransformCaption(control, control.GetCaption())) : 0) +
-            (instance ? instance->GetWidth() : 0);
+        const int32_t title = font ? font->GetTextWidth(TransformCaption(control, control.GetCaption())) : 0;
+        const int32_t text = std::min(title, GetMostTitleWidth()) + (instance ? instance->GetWidth() : 0);
         const int32_t borders =
             GetScale().GetX(caption->contentLeftBorder + caption->textOffset + caption->contentRightBorder);
         size = {std::max(size.x, text + borders), std::max(size.y, GetCaptionHeight(control))};

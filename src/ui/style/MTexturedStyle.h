@@ -91,6 +91,8 @@ private:
     /// Null for a control without a caption of its own.
     [[nodiscard]] MCaptionLook* FindCaption(MControl& control);
     [[nodiscard]] int32_t GetCaptionHeight(MControl& control);
+    /// How wide a title makes its control at most, in pixels: a longer one ends in an ellipsis.
+    [[nodiscard]] int32_t GetMostTitleWidth() const;
     /// Where title and buttons stand.
     [[nodiscard]] MRect GetCaptionRect(MControl& control);
     [[nodiscard]] MImageContext GetContext() const;

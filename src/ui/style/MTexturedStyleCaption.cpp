@@ -2,12 +2,14 @@
 
 #include "foundation/base/MGuard.h"
 #include "ui/control/MControl.h"
+#include "ui/control/windows/MWindows.h"
 #include "ui/drawing/MClipScope.h"
 #include "ui/style/MTexturedStyle.h"
 #include "ui/style/captions/ControlCaptionInstance.h"
 #include "ui/style/captions/MCaptionPanel.h"
 #include "ui/style/colors/MContrast.h"
 #include "ui/style/images/MImageContext.h"
+#include "ui/text/MShortenText.h"
 
 namespace {
 
@@ -50,6 +52,11 @@ int32_t MTexturedStyle::GetCaptionHeight(MControl& control) {
     return caption ? GetScale().GetY(caption->height + caption->topBorder) : 0;
 }
 
+int32_t MTexturedStyle::GetMostTitleWidth() const {
+    const MRect desktop = owner ? owner->GetSystem().GetWorkArea(std::nullopt) : MRect();
+    return desktop.IsEmpty() ? MControl::Unlimited : desktop.GetWidth() / 2;
+}
+
 bool MTexturedStyle::HitCaption(MControl& control, MPoint point) {
     return point.y >= 0 && point.y < GetCaptionHeight(control) && point.x >= 0 &&
            point.x < control.GetShownSize().x;
@@ -88,7 +95,8 @@ void MTexturedStyle::PaintCaption(MControl& control, MDrawer& drawer) {
         MClipScope clip(drawer);
         if (clip.Intersect(rect)) return;
         const MTextAlignment alignment = (caption->isCentered ? MTextCenter : MTextLeft) | MTextMiddle;
-        drawer.DrawText(rect, *font, TransformCaption(control, control.GetCaption()), color, alignment);
+        const MString title = TransformCaption(control, control.GetCaption());
+        drawer.DrawText(rect, *font, MShortenText(*font, title, rect.GetWidth()), color, alignment);
     });
 }
 

@@ -1,3 +1,4 @@
+#include "foundation/text/MUnicode.h"
 #include "tests/ui/style/StyleFixture.h"
 #include "ui/control/MContainers.h"
 #include "ui/control/windows/MWindows.h"
@@ -150,6 +151,13 @@ TEST_F(CaptionTest, AWindowThatIsTooLargeForTheScreenMakesTheStyleSmaller) {
     EXPECT_LE(window.minimalSize.y, 600);
     EXPECT_LT(style->GetScale().x, 300);
     EXPECT_GT(style->GetScale().x, 200);
+}
+
+TEST_F(CaptionTest, ALongTitleMakesNoWindowTooLargeForTheScreen) {
+    window.SetCaption(MDecodeUTF8Exact(std::string(2000, 'W')), MCaptionType::Normal);
+    Open();
+    EXPECT_LT(window.size.x, system.GetWorkArea(std::nullopt).GetWidth());
+    EXPECT_EQ(style->GetScale().x, 100);
 }
 
 }  // namespace
