@@ -112,6 +112,8 @@ public:
     virtual void OnMouseEnter();
     virtual void OnMouseLeave();
     [[nodiscard]] virtual MStdCursor GetCursorAt(MPoint point);
+    /// Of a control that can have the focus: whether the walk by the keyboard gives it that.
+    [[nodiscard]] virtual bool IsReachedByTab() { return true; }
     /// Has what scrolls this control show a rectangle of it, in own coordinates. What the keyboard goes to is
     /// shown so.
     virtual void Reveal(const MRect& rect);

@@ -43,8 +43,9 @@ bool MControl::MoveFocus(MControl* MControl::*direction) {
     MControl* const focused = GetRootState().focusedControl;
     MControl* const start = focused ? focused : root;
     MControl* control = start->*direction;
-    while (control != start && !control->CanFocus()) control = control->*direction;
-    if (control == focused || !control->CanFocus()) return false;
+    const auto isStop = [](MControl& on) { return on.CanFocus() && on.IsReachedByTab(); };
+    while (control != start && !isStop(*control)) control = control->*direction;
+    if (control == focused || !isStop(*control)) return false;
     const MControlRef got(control);
     SetFocus(control);
     if (got) got->Reveal(got->contentRect);

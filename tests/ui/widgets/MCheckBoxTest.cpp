@@ -62,7 +62,18 @@ TEST_F(MCheckBoxTest, OneOfAGroupIsOn) {
         ASSERT_EQ(group->GetChosen(), boxes.front()) << "who was there first stays on";
     }
     boxes[2]->SetEnabled(false);
+    auto& behind = Add<MCheckBox>({10, 150, 89, 170}, "behind");
     Open(root);
+    root.Set(MControlFlag::TabStop, false);
+    for (const auto& [chosen, stop] : {std::pair{3, 3}, {2, 0}, {0, 0}}) {
+        boxes[static_cast<size_t>(chosen)]->Set(On);
+        behind.SetFocus();
+        user.PressKey(MKeyTab);
+        EXPECT_TRUE(boxes[static_cast<size_t>(stop)]->HasFocus())
+            << "the one that is on, if it can be reached";
+        user.PressKey(MKeyTab);
+        EXPECT_TRUE(behind.HasFocus()) << "and no other one";
+    }
     user.Click(At(*boxes[1]));
     std::mt19937 random(1);
     size_t model = 1;

@@ -136,6 +136,10 @@ bool MCheckBox::ProcessEvent(const MSystemEvent& event) {
     return MControlContent::ProcessEvent(event);
 }
 
+bool MCheckBox::IsReachedByTab() {
+    return !group || group->GetTabStop() == this;
+}
+
 bool MCheckBox::GoTo(MCheckBox& box) {
     const MControlRef next(&box);
     SetFocus(&box);

@@ -45,6 +45,8 @@ public:
     [[nodiscard]] int32_t ComputePlasticSize(int32_t dimension, int32_t otherDimensionSize) override;
     void PaintContent(MDrawer& drawer) override;
     bool ProcessEvent(const MSystemEvent& event) override;
+    /// Of a group one button is.
+    [[nodiscard]] bool IsReachedByTab() override;
     void ResetToDefault() override;
     [[nodiscard]] bool IsModifiedByUser() override { return state != defaultState; }
     void SaveValueState(MXMLItem& item) override;

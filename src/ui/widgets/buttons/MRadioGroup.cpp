@@ -26,6 +26,13 @@ MCheckBox* MRadioGroup::GetChosen() const {
     return nullptr;
 }
 
+MCheckBox* MRadioGroup::GetTabStop() const {
+    MCheckBox* stop = nullptr;
+    for (MCheckBox* box : boxes)
+        if (box->CanFocus() && (!stop || box->IsOn())) stop = box;
+    return stop;
+}
+
 MCheckBox& MRadioGroup::FindNext(MCheckBox& box, int32_t direction) const {
     const int32_t count = boxes.GetCount();
     int32_t start = 0;

@@ -3,7 +3,8 @@
 #include "foundation/base/MList.h"
 #include "ui/widgets/buttons/MCheckBox.h"
 
-/// Radio buttons of which one is on at a time. Neither the group nor its buttons own the other; either may
+/// Radio buttons of which one is on at a time. Tab stops at one of them, and the arrow keys move the choice.
+/// Neither the group nor its buttons own the other; either may
 /// end first.
 class MRadioGroup final {
 public:
@@ -18,6 +19,9 @@ public:
     [[nodiscard]] const MList<MCheckBox, MListPointers>& GetBoxes() const { return boxes; }
     /// The one that is on, or null.
     [[nodiscard]] MCheckBox* GetChosen() const;
+    /// Where Tab enters the group: the one that is on, or else the first one that can have the focus; null if
+    /// none can.
+    [[nodiscard]] MCheckBox* GetTabStop() const;
     /// The next one from a button in a direction that can be chosen, around the ends; the button itself if
     /// there is no other.
     [[nodiscard]] MCheckBox& FindNext(MCheckBox& box, int32_t direction) const;
