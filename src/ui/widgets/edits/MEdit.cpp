@@ -49,6 +49,7 @@ void MEdit::SetSelection(int32_t start, int32_t end) {
 
 void MEdit::SetReadOnly(bool newIsReadOnly) {
     isReadOnly = newIsReadOnly;
+    ShowCaret();
     Invalidate();
 }
 

@@ -17,6 +17,9 @@ class MMenuItem;
 /// When the user has changed the text, `OnString` and then `ExecuteOnChange` are raised. Enter in a single line
 /// raises `Change::Committed`, or goes on to the window if nobody listens to that. As long as there is no text,
 /// `infoText` stands in its place, quieter.
+///
+/// Several lines that are read-only show no cursor: the keys that would move it scroll. With Shift they select,
+/// from the cursor on where that is seen, else from the first row that is.
 class MEdit : public MControl, public MTimer {
 public:
     explicit MEdit(MControl* parent = nullptr, const MString& name = MString());
@@ -99,6 +102,8 @@ protected:
     void ScrollRows(int32_t count);
     [[nodiscard]] MEditRows& GetRows() { return rows; }
     [[nodiscard]] bool IsWrapping() const { return isWrapping && IsMultiLine(); }
+    /// Whether there is no cursor to be seen.
+    [[nodiscard]] bool IsReading() const { return isReadOnly && IsMultiLine(); }
 
 private:
     using Anchor = MEditDocument::Anchor;
@@ -127,6 +132,9 @@ private:
     bool ProcessKey(const MSystemEvent& event);
     bool ProcessControlKey(const MSystemEvent& event);
     bool ProcessMove(const MSystemEvent& event);
+    bool ProcessScroll(int32_t key);
+    [[nodiscard]] int32_t GetRowsOfPage();
+    void BringCursorIntoView();
     bool ProcessCharacter(const MSystemEvent& event);
     bool Commit();
     void Remove(int32_t to);

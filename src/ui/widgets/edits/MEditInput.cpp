@@ -160,7 +160,7 @@ void MEdit::OnCaptureLost() {
 
 void MEdit::OnTimer() {
     if (isDragging && !GetTextRectangle().Contains(dragPoint)) return DragTo(dragPoint);
-    isCaretShown = !isCaretShown;
+    isCaretShown = !isCaretShown && !IsReading();
     InvalidateRect(GetCaret());
 }
 

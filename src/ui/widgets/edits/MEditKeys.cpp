@@ -15,6 +15,15 @@ void MEdit::MoveByRows(int32_t count, Anchor anchor) {
     wantedX = x;
 }
 
+void MEdit::BringCursorIntoView() {
+    PrepareRows();
+    const MRect area = GetTextRectangle();
+    const MRect row = GetRowRectangle(rows.GetRowOf(GetCursor()));
+    if (row.top >= area.top && row.bottom <= area.bottom) return;
+    const int32_t first = MAddPixels(scroll.y, GetRowHeight() - 1) / GetRowHeight();
+    document.MoveCursor(rows.GetStart(std::min(first, rows.GetCount() - 1)), Anchor::Moves);
+}
+
 bool MEdit::ProcessCharacter(const MSystemEvent& event) {
     const MChar unit = event.character;
     // Ctrl and Alt together give the third sign of a key.
@@ -92,13 +101,33 @@ bool MEdit::ProcessControlKey(const MSystemEvent& event) {
     }
 }
 
+bool MEdit::ProcessScroll(int32_t key) {
+    switch (key) {
+    case MKeyUp: ScrollRows(-1); return true;
+    case MKeyDown: ScrollRows(1); return true;
+    case MKeyPageUp: ScrollRows(-GetRowsOfPage()); return true;
+    case MKeyPageDown: ScrollRows(GetRowsOfPage()); return true;
+    case MKeyHome: ScrollTo({}); return true;
+    case MKeyEnd: ScrollTo({0, GetTextSize().y}); return true;
+    default: return false;
+    }
+}
+
+int32_t MEdit::GetRowsOfPage() {
+    return std::max(1, GetTextRectangle().GetHeight() / GetRowHeight() - 1);
+}
+
 bool MEdit::ProcessMove(const MSystemEvent& event) {
     const Anchor anchor = event.Has(MModifierShift) ? Anchor::Stays : Anchor::Moves;
     const bool isControl = event.Has(MModifierControl);
     const bool isByWords = isControl && !showChar;
     const MEditText& text = document.GetText();
-    const int32_t cursor = GetCursor();
+    if (IsReading()) {
+        if (anchor == Anchor::Moves && ProcessScroll(event.key)) return true;
+        if (GetSelection().IsEmpty()) BringCursorIntoView();
+    }
     const MTextRange selection = GetSelection();
+    const int32_t cursor = GetCursor();
     const bool isLeaving = anchor == Anchor::Moves && !selection.IsEmpty() && !isControl;
     const auto move = [&](int32_t target) {
         wantedX = -1;
@@ -125,13 +154,12 @@ bool MEdit::ProcessMove(const MSystemEvent& event) {
     case MKeyPageUp:
     case MKeyPageDown: {
         if (!IsMultiLine()) return false;
-        const int32_t page = std::max(1, GetTextRectangle().GetHeight() / GetRowHeight() - 1);
         const bool isPage = event.key == MKeyPageUp || event.key == MKeyPageDown;
         const bool isUp = event.key == MKeyUp || event.key == MKeyPageUp;
         if (isControl && !isPage)
             ScrollRows(isUp ? -1 : 1);
         else
-            MoveByRows((isUp ? -1 : 1) * (isPage ? page : 1), anchor);
+            MoveByRows((isUp ? -1 : 1) * (isPage ? GetRowsOfPage() : 1), anchor);
         return true;
     }
     default: return false;

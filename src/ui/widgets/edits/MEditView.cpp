@@ -62,7 +62,7 @@ MFlexibility MEdit::GetFlexibility() {
 }
 
 void MEdit::OnSizeChanged(MPoint) {
-    HasFocus() ? ScrollToCursor() : ScrollTo(scroll);
+    HasFocus() && !IsReading() ? ScrollToCursor() : ScrollTo(scroll);
 }
 
 MRect MEdit::GetRowRectangle(int32_t row) {
@@ -160,7 +160,7 @@ void MEdit::InvalidateSelection(MTextRange before) {
 }
 
 void MEdit::ShowCaret() {
-    const bool isBlinking = HasFocus() && IsEnabled();
+    const bool isBlinking = HasFocus() && IsEnabled() && !IsReading();
     isCaretShown = isBlinking;
     isBlinking ? StartTimer(BlinkTime) : StopTimer();
     if (GetStyle()) InvalidateRect(GetCaret());

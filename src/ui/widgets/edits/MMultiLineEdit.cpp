@@ -17,10 +17,17 @@ MMultiLineEdit::MMultiLineEdit(MControl* parent, const MString& name) : MEdit(pa
     }
 }
 
+MRect MMultiLineEdit::GetTextRectangle() {
+    MRect rect = MEdit::GetTextRectangle();
+    const int32_t height = GetRowHeight();
+    if (IsMultiLine() && rect.GetHeight() > height) rect.bottom -= rect.GetHeight() % height;
+    return rect;
+}
+
 MMultiLineEdit::Needs MMultiLineEdit::GetNeeds(const MRect& rect) {
     if (!IsMultiLine() || !GetStyle()) return {};
     // The text's border is the same on both sides of each rectangle.
-    const MRect text = GetTextRectangle();
+    const MRect text = MEdit::GetTextRectangle();
     const MPoint border{clientRect.GetWidth() - text.GetWidth(), clientRect.GetHeight() - text.GetHeight()};
     const MPoint room{rect.GetWidth() - border.x, rect.GetHeight() - border.y};
     const int32_t rowHeight = GetRowHeight();

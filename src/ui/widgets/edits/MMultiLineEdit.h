@@ -12,6 +12,8 @@ public:
     void AdjustRectangles(MRect& newWindowRect, MRect& newClientRect) override;
 
 protected:
+    /// As high as whole rows are.
+    [[nodiscard]] MRect GetTextRectangle() override;
     void OnViewChanged() override;
 
 private:

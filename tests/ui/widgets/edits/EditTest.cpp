@@ -132,6 +132,29 @@ TEST_F(EditTest, MovesAndSelectsByWordsRowsAndMouse) {
     EXPECT_TRUE(IsPaintedWhole(window.root));
 }
 
+TEST_F(EditTest, IsReadByKeysThatScroll) {
+    struct Reader : MMultiLineEdit {
+        using MMultiLineEdit::MMultiLineEdit;
+        int32_t GetPlace() { return GetScroll().y % GetRowHeight() ? -1 : GetScroll().y / GetRowHeight(); }
+    };
+    EditWindow<Reader> window;
+    Reader& edit = window.edit;
+    Open(window.root);
+    edit.SetText("0\n1\n2\n3\n4\n5\n6\n7\n8\n9");
+    edit.SetReadOnly(true);
+    std::vector<int32_t> places;
+    for (const int32_t key :
+         {MKeyDown, MKeyUp, MKeyUp, MKeyPageDown, MKeyEnd, MKeyHome, MKeyEnd, MKeyPageUp}) {
+        Press(key);
+        places.push_back(edit.GetPlace());
+    }
+    EXPECT_EQ(places, (std::vector<int32_t>{1, 0, 0, 4, 5, 0, 5, 1}))
+        << "by whole rows of which five are seen";
+    Press(MKeyDown, MModifierShift);
+    Press(MKeyDown);
+    EXPECT_EQ(Text(edit.GetSelectedText()), "1\n") << "from what was seen";
+}
+
 TEST_F(EditTest, SaysWhatToTypeAsLongAsItIsEmpty) {
     EditWindow<MMultiLineEdit> window;
     Open(window.root);
