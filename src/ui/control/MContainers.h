@@ -14,6 +14,22 @@ public:
     }
 };
 
+/// Groups controls that wrap, as texts do: it is as high as they are at the width that it gets.
+class MPlasticContainer : public MControlContainer {
+public:
+    explicit MPlasticContainer(MControl* parent = nullptr, const MString& name = MString())
+        : MControlContainer(parent, name) {
+        Set(MControlFlag::Plastic);
+        // They are asked at a width alone.
+        Set(MControlFlag::UseLayouts, false);
+        Set(MControlFlag::UseOverlays, false);
+    }
+
+    [[nodiscard]] int32_t ComputePlasticSize(int32_t dimension, int32_t otherDimensionSize) override {
+        return dimension == 0 ? MeasureLayouts(std::nullopt).x : MeasureLayouts(otherDimensionSize).y;
+    }
+};
+
 /// A surface for controls, which may have a caption.
 class MPanel : public MControl {
 public:

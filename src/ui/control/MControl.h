@@ -24,6 +24,7 @@
 #include <cstdint>
 #include <limits>
 #include <memory>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -221,6 +222,9 @@ public:
     /// Measures all below by their present sizes, for those that adapt, and lets them grow.
     void ComputeCurrentSize();
     [[nodiscard]] MPoint AdjustPlasticSize();
+    /// The client area that all in it need: by their minimal sizes, or where it is given a width. Whatever
+    /// the control shows itself is not counted.
+    [[nodiscard]] MPoint MeasureLayouts(std::optional<int32_t> width);
     /// As `ComputePlasticSize`, from and to sizes with the frame.
     [[nodiscard]] int32_t GetPlasticSize(int32_t dimension, int32_t other);
     void ArrangeChildren();

@@ -18,6 +18,10 @@ MPoint GetGreater(MPoint a, MPoint b) {
     return {std::max(a.x, b.x), std::max(a.y, b.y)};
 }
 
+MPoint GetLesser(MPoint a, MPoint b) {
+    return {std::min(a.x, b.x), std::min(a.y, b.y)};
+}
+
 MPoint Clamped(MPoint size) {
     return {MClampLength(size.x), MClampLength(size.y)};
 }
@@ -61,6 +65,19 @@ MPoint GetReachOfFreeChildren(MControl& control) {
     return reach;
 }
 
+MPoint GetMinimalClientSize(const MControl& control) {
+    MStyle& style = *control.GetStyle();
+    return Clamped({style.ScaleX(control.minClientSize.x), style.ScaleY(control.minClientSize.y)});
+}
+
+MPoint GetMaximalSize(const MControl& control) {
+    constexpr int32_t Unlimited = MControl::Unlimited;
+    MStyle& style = *control.GetStyle();
+    const MPoint maximal = control.maximalSize;
+    return {maximal.x == Unlimited ? Unlimited : style.ScaleX(maximal.x),
+            maximal.y == Unlimited ? Unlimited : style.ScaleY(maximal.y)};
+}
+
 /// The client area that a control needs for its layouts, its client control, the children that stand by
 /// themselves, and its content.
 MPoint MeasureInside(MControl& control, Sizes sizes) {
@@ -69,11 +86,7 @@ MPoint MeasureInside(MControl& control, Sizes sizes) {
         for (MLayout* layout : control.GetLayouts())
             sizes == Sizes::Minimal ? layout->MeasureMinimal(control, needs)
                                     : layout->MeasureCurrent(control, needs);
-
-    MStyle& style = *control.GetStyle();
-    needs.needed =
-        GetGreater(needs.needed,
-                   Clamped({style.ScaleX(control.minClientSize.x), style.ScaleY(control.minClientSize.y)}));
+    needs.needed = GetGreater(needs.needed, GetMinimalClientSize(control));
 
     if (MControl* const client = control.GetClientControl(); client && client->Is(MControlFlag::Visible)) {
         const MinimalSizeComputer minimal;
@@ -91,6 +104,9 @@ MPoint MeasureInside(MControl& control, Sizes sizes) {
     MPoint content;
     if (control.Is(MControlFlag::Plastic)) {
         content = control.AdjustPlasticSize();
+        // What has to be wider for another reason is lower than that.
+        if (needs.needed.x > content.x)
+            content = {needs.needed.x, control.ComputePlasticSize(1, needs.needed.x)};
     } else {
         sizes == Sizes::Minimal ? control.GetMinimalContentSize(content.x, content.y)
                                 : control.GetContentSize(content.x, content.y);
@@ -151,8 +167,7 @@ void MControl::ComputeMinimalSize() {
         collapsedSize = style->GetCollapsedSize(*this);
         measured = GetGreater(measured, collapsedSize);
     }
-    if (maximalSize.x != Unlimited) measured.x = std::min(measured.x, style->ScaleX(maximalSize.x));
-    if (maximalSize.y != Unlimited) measured.y = std::min(measured.y, style->ScaleY(maximalSize.y));
+    measured = GetLesser(measured, GetMaximalSize(*this));
     if (Is(MControlFlag::AutoDetectMinimalSize) && !Is(MControlFlag::MinimalSizeLocked))
         minimalSize = Clamped(measured);
     if (Is(MControlFlag::SaveMinimal)) style->StoreMinimalSize(*this, minimalSize);
@@ -173,14 +188,31 @@ void MControl::ComputeCurrentSize() {
     if (!style) return;
     for (MControl* child : children) child->ComputeCurrentSize();
     if (!Is(MControlFlag::AdaptSize) || Is(MControlFlag::Plastic)) return;
-    const MPoint measured =
-        GetGreater(size, style->ConvertToWindow(*this, MeasureInside(*this, Sizes::Current)));
+    const MPoint needed = style->ConvertToWindow(*this, MeasureInside(*this, Sizes::Current));
+    const MPoint measured = GetGreater(size, GetLesser(needed, GetMaximalSize(*this)));
     StoreSize(
         {Is(MControlFlag::AdaptX) ? measured.x : size.x, Is(MControlFlag::AdaptY) ? measured.y : size.y});
 }
 
 int32_t MControl::ComputePlasticSize(int32_t, int32_t) {
     MRaise(MExceptionNotImplemented, "Service \"{0}\" is not implemented.", "compute plastic control size");
+}
+
+MPoint MControl::MeasureLayouts(std::optional<int32_t> width) {
+    MLayoutNeeds needs;
+    needs.width = width;
+    for (MLayout* layout : layouts) layout->MeasureMinimal(*this, needs);
+    if (MControl* const client = clientControl; client && client->Is(MControlFlag::Visible)) {
+        const MinimalSizeComputer minimal;
+        MPoint size{minimal.GetX(*client), minimal.GetY(*client)};
+        if (client->Is(MControlFlag::Plastic)) {
+            const auto getBorders = [&](MAxis axis) { return 2 * SizeComputer::GetBorder(*client, axis); };
+            const int32_t room = needs.GetRoom(size.x) - getBorders(MAxis::X);
+            size.y = MClampLength(int64_t{client->GetPlasticSize(1, room)} + getBorders(MAxis::Y));
+        }
+        needs.Fill(size);
+    }
+    return GetGreater(GetGreater(needs.needed, GetMinimalClientSize(*this)), GetReachOfFreeChildren(*this));
 }
 
 MPoint MControl::AdjustPlasticSize() {
@@ -221,6 +253,7 @@ int32_t MControl::GetPlasticSize(int32_t dimension, int32_t other) {
     if (style) shape = style->ConvertToClient(*this, shape);
     shape[Across(axis)] = MClampLength(shape[Across(axis)]);
     shape[axis] = MClampLength(ComputePlasticSize(dimension, shape[Across(axis)]));
-    if (style) shape = style->ConvertToWindow(*this, shape);
-    return MClampLength(shape[axis]);
+    if (!style) return MClampLength(shape[axis]);
+    shape = style->ConvertToWindow(*this, shape);
+    return MClampLength(GetLesser(shape, GetMaximalSize(*this))[axis]);
 }

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <optional>
 
 /// What one layout after the other of a control adds up while its size is measured, in pixels.
 ///
@@ -14,6 +15,13 @@
 struct MLayoutNeeds {
     MPoint taken;   ///< of the free rectangle, with the gaps behind
     MPoint needed;  ///< by all until now
+    /// Of the whole, where that is given already and only the height is asked for.
+    std::optional<int32_t> width;
+
+    /// What is free of the width, or what something needs that may have any.
+    [[nodiscard]] int32_t GetRoom(int32_t neededWidth) const {
+        return width ? MClampLength(int64_t{*width} - taken.x) : neededWidth;
+    }
 
     /// Something that lies in what is free along an axis and takes nothing of it.
     void Fill(MAxis axis, int32_t length) {

@@ -10,7 +10,8 @@ MRect MLayoutClient::Arrange(MControl& arranged, const MRect& rect) {
 
 void MLayoutClient::Measure(MControl&, MLayoutNeeds& needs, const SizeComputer& computer) {
     const MLayoutFlow flow(controls, direction, GetSpace());
-    const int32_t thickness = flow.GetThickness(computer);
+    int32_t thickness = flow.GetThickness(computer);
+    if (direction == MAxis::Y) thickness = needs.GetRoom(thickness);
     needs.Fill(direction, flow.MeasureFlow(computer, thickness));
     needs.Fill(Across(direction), thickness);
 }

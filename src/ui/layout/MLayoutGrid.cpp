@@ -147,7 +147,7 @@ MRect MLayoutGrid::Arrange(MControl& arranged, const MRect& rect) {
 void MLayoutGrid::Measure(MControl&, MLayoutNeeds& needs, const SizeComputer& computer) {
     MGridPlan plan(*this, computer, GetGaps());
     plan.MeasureColumns();
-    const int32_t width = plan.GetNeededWidth();
+    const int32_t width = needs.GetRoom(plan.GetNeededWidth());
     plan.FitColumns(width);
     const int32_t height = plan.GetNeededHeight();
     needs.Fill(MAxis::X, width);

@@ -13,14 +13,7 @@ MRect MLayoutSide::Arrange(MControl& arranged, const MRect& rect) {
     const MLayoutFlow flow(controls, along, GetSpace());
     if (flow.IsEmpty()) return rect;
 
-    if (controls.GetCount() == 1 && controls[0]->Is(MControlFlag::Plastic)) {
-        MControl& control = *controls[0];
-        const int64_t inside = int64_t{rect.GetLength(along)} - SizeComputer::GetSpaceAfter(control, along) -
-                               int64_t{2} * SizeComputer::GetBorder(control, along);
-        control.minimalSize[across] =
-            control.GetPlasticSize(static_cast<int32_t>(across), MClampLength(inside));
-    }
-
+    FitPlastic(rect.GetLength(along));
     const int64_t thickness = flow.GetThickness(CurrentSizeComputer());
     const int64_t low = rect.GetLow(across);
     const int64_t high = rect.GetHigh(across);
@@ -38,10 +31,21 @@ MRect MLayoutSide::Arrange(MControl& arranged, const MRect& rect) {
     return rest;
 }
 
+void MLayoutSide::FitPlastic(int32_t length) {
+    if (controls.GetCount() != 1 || !controls[0]->Is(MControlFlag::Plastic)) return;
+    const MAxis along = GetFlowAxis();
+    const MAxis across = Across(along);
+    MControl& control = *controls[0];
+    const int64_t inside = int64_t{length} - SizeComputer::GetSpaceAfter(control, along) -
+                           int64_t{2} * SizeComputer::GetBorder(control, along);
+    control.minimalSize[across] = control.GetPlasticSize(static_cast<int32_t>(across), MClampLength(inside));
+}
+
 void MLayoutSide::Measure(MControl&, MLayoutNeeds& needs, const SizeComputer& computer) {
     const MAxis along = GetFlowAxis();
     const MLayoutFlow flow(controls, along, GetSpace());
     if (flow.IsEmpty()) return;
+    if (along == MAxis::X && needs.width) FitPlastic(needs.GetRoom(0));
     const int32_t thickness = flow.GetThickness(StripSizeComputer(computer));
     needs.Fill(along, flow.MeasureFlow(computer, thickness));
     needs.Take(Across(along), thickness, GetSpace());

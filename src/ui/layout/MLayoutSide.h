@@ -25,6 +25,8 @@ public:
 private:
     /// Raises as `Arrange` does.
     [[nodiscard]] MAxis GetFlowAxis() const;
+    /// Of a strip of a length: the thickness of a plastic control that has it for itself follows from that.
+    void FitPlastic(int32_t length);
 };
 
 class MLayoutLeft final : public MLayoutSide {

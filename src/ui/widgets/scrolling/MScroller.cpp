@@ -10,7 +10,7 @@
 #include <cmath>
 
 MScroller::MScroller(MControl* parent, const MString& name) : MControl(parent, name) {
-    SetContent(*new MControlContainer(&view, "container"));
+    SetContent(*new MPlasticContainer(&view, "container"));
     // It has no face of its own that could show the focus.
     for (MScrollBar* bar : {&horizontal, &vertical}) bar->SetFocusOwner(*this);
 }
