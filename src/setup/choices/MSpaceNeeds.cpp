@@ -69,10 +69,6 @@ int64_t MSpaceNeeds::GetTickedBytes(const MComponentRows& rows) const {
     return sum;
 }
 
-int64_t MSpaceNeeds::GetEnabledBytes() const {
-    return Sum([](const Pass& pass) { return IsEnabled(*pass.element); });
-}
-
 int64_t MSpaceNeeds::GetEnabledBytes(const MString& directoryId) const {
     return Sum([&](const Pass& pass) { return pass.directoryId == directoryId && IsEnabled(*pass.element); });
 }

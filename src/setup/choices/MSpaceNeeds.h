@@ -34,8 +34,6 @@ public:
     [[nodiscard]] int64_t GetBytes(const MComponentRow& row) const;
     /// Of the rows that are ticked, whether that is stored yet or not, and of the parts that are required.
     [[nodiscard]] int64_t GetTickedBytes(const MComponentRows& rows) const;
-    /// Of what is enabled.
-    [[nodiscard]] int64_t GetEnabledBytes() const;
     /// Of what is enabled and goes to the `directory` of that id: the first one whose macro stands in the
     /// destination.
     [[nodiscard]] int64_t GetEnabledBytes(const MString& directoryId) const;
