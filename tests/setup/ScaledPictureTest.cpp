@@ -52,12 +52,14 @@ TEST_F(ScaledPictureTest, ShowsTheNextLargerPictureInTheSizeOfTheScale) {
     for (const auto& [percent, expected] : cases) EXPECT_EQ(Describe(picture, percent), expected) << percent;
     EXPECT_EQ(Describe(MScaledPicture(library, "leftimage"), 100), "none");
 
-    MContentScaledPicture content(picture);
+    MContentScaledPicture content(picture, {150, 100});
     DrawerAtScale drawer;
     EXPECT_EQ(content.GetSize(drawer, {}), (MPoint{75, 6}));
     drawer.percent = 150;
     EXPECT_EQ(content.GetSize(drawer, {}), (MPoint{113, 9}));
     EXPECT_EQ(content.GetLowestColor(drawer), MColor::FromRGB(2, 2, 2));
+    for (const auto& [most, size] : {std::pair{MPoint{50, 9}, MPoint{75, 6}}, {{900, 3}, {38, 3}}})
+        EXPECT_EQ(MContentScaledPicture(picture, most).GetSize(drawer, {}), size) << "of its shape";
 }
 
 // One head tells of 30000 by 30000 pixels, that of a TGA of none.

@@ -1,7 +1,9 @@
 #include "setup/wizard/MLeftPicture.h"
 
 MLeftPicture::MLeftPicture(MControl* parent, const MScaledPicture& picture) : MStatic(parent, "leftimage") {
-    auto content = std::make_unique<MContentScaledPicture>(picture);
+    // The narrowest page has room beside it.
+    constexpr MPoint Most = {200, MScaledPicture::LongestSide};
+    auto content = std::make_unique<MContentScaledPicture>(picture, Most);
     shown = content.get();
     layoutRatio.x = 0;
     SetContentAlignment(MAlignLeft | MAlignTop);

@@ -3,8 +3,9 @@
 #include "setup/wizard/MScaledPicture.h"
 #include "ui/widgets/content/MStatic.h"
 
-/// The picture left of the pages: in its own size, from the top down and to the edges. Where the window is
-/// higher, the colour of its lowest row goes on. As wide as the picture; its height makes no window higher.
+/// The picture left of the pages: in its own size, unless that is too wide, from the top down and to the
+/// edges. Where the window is higher, the colour of its lowest row goes on. As wide as the picture; its
+/// height makes no window higher.
 class MLeftPicture final : public MStatic {
 public:
     MLeftPicture(MControl* parent, const MScaledPicture& picture);

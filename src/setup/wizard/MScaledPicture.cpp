@@ -8,6 +8,7 @@
 #include "ui/style/images/MComposite.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace {
 
@@ -37,18 +38,18 @@ void MScaledPicture::AddFile(MLargeResourceLibrary& library, MXMLItem& element, 
     });
 }
 
-MBitmap MScaledPicture::GetBitmap(int32_t percent) const {
+MBitmap MScaledPicture::GetBitmap(int32_t percent, MPoint most) const {
     percent = std::max(percent, 1);
     const File* const larger =
         std::find_if(files.begin(), files.end(), [&](const File& file) { return file.percent >= percent; });
     for (const File* file = larger; file != files.end(); ++file)
-        if (MBitmap bitmap = Decode(*file, percent); !bitmap.IsEmpty()) return bitmap;
+        if (MBitmap bitmap = Decode(*file, percent, most); !bitmap.IsEmpty()) return bitmap;
     for (const File* file = larger; file != files.begin(); --file)
-        if (MBitmap bitmap = Decode(file[-1], percent); !bitmap.IsEmpty()) return bitmap;
+        if (MBitmap bitmap = Decode(file[-1], percent, most); !bitmap.IsEmpty()) return bitmap;
     return {};
 }
 
-MBitmap MScaledPicture::Decode(const File& file, int32_t percent) {
+MBitmap MScaledPicture::Decode(const File& file, int32_t percent, MPoint most) {
     MBitmap shown;
     MGuard("Decode picture", [&] {
         MMemoryStream source(file.bytes);
@@ -62,7 +63,12 @@ MBitmap MScaledPicture::Decode(const File& file, int32_t percent) {
         const int64_t longest =
             std::max({width, height, int64_t{bitmap.GetWidth()}, int64_t{bitmap.GetHeight()}});
         if (longest > LongestSide) return;
-        shown = MResample(bitmap, {static_cast<int32_t>(width), static_cast<int32_t>(height)});
+        const double part = std::min({1.0, static_cast<double>(most.x) / static_cast<double>(width),
+                                      static_cast<double>(most.y) / static_cast<double>(height)});
+        const auto shrink = [part](int64_t length) {
+            return std::max(static_cast<int32_t>(std::lround(static_cast<double>(length) * part)), 1);
+        };
+        shown = MResample(bitmap, {shrink(width), shrink(height)});
     });
     return shown;
 }
@@ -77,7 +83,7 @@ MColor MContentScaledPicture::GetLowestColor(MDrawer& drawer) {
 
 const MBitmap* MContentScaledPicture::FindBitmap(MDrawer& drawer) {
     const int32_t wanted = drawer.ScaleX(OwnScale);
-    if (scale != wanted) bitmap = picture.GetBitmap(wanted);
+    if (scale != wanted) bitmap = picture.GetBitmap(wanted, {drawer.ScaleX(most.x), drawer.ScaleY(most.y)});
     scale = wanted;
     return &bitmap;
 }

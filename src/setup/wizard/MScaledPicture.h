@@ -25,7 +25,9 @@ public:
     /// The picture for a scale in percent: the file drawn for it, else for the next larger one, else for the
     /// largest smaller one, in the size that its own at 100 percent has at that scale. A file that is no
     /// picture, or too large a one, is passed over. Empty if none is left; raises nothing.
-    [[nodiscard]] MBitmap GetBitmap(int32_t percent) const;
+    ///
+    /// One that is larger than `most` pixels, either way, is shrunk to that and keeps its shape.
+    [[nodiscard]] MBitmap GetBitmap(int32_t percent, MPoint most = {LongestSide, LongestSide}) const;
 
 private:
     struct File {
@@ -34,7 +36,7 @@ private:
     };
 
     void AddFile(MLargeResourceLibrary& library, MXMLItem& element, int32_t percent);
-    [[nodiscard]] static MBitmap Decode(const File& file, int32_t percent);
+    [[nodiscard]] static MBitmap Decode(const File& file, int32_t percent, MPoint most);
 
     MList<File> files;  ///< by rising scale
 };
@@ -42,7 +44,8 @@ private:
 /// Shows the picture for the scale of the style that it is painted by.
 class MContentScaledPicture final : public MContentPicture {
 public:
-    explicit MContentScaledPicture(const MScaledPicture& picture) : picture(picture) {}
+    /// `most`: what it takes at most, in pixels of scale 100.
+    MContentScaledPicture(const MScaledPicture& picture, MPoint most) : picture(picture), most(most) {}
 
     /// The mean colour of the lowest row; transparent if there is none.
     [[nodiscard]] MColor GetLowestColor(MDrawer& drawer);
@@ -52,6 +55,7 @@ protected:
 
 private:
     MScaledPicture picture;
+    const MPoint most;
     MBitmap bitmap;  ///< for the scale
     int32_t scale = 0;
 };

@@ -22,6 +22,9 @@
 
 namespace {
 
+/// Half of the window's height.
+constexpr MPoint MostOfBand = {MScaledPicture::LongestSide, 200};
+
 MXMLItem& RequirePage(const MXMLItem& definition, const char* name) {
     MXMLItem* const page = definition.FindSubItem(name);
     if (!page) MRaise(MExceptionGeneral, "Could not find required subitem ({0}).", name);
@@ -79,7 +82,7 @@ void MSetupWindow::AddBand() {
     if (picture.GetBitmap(100).IsEmpty())
         band.minClientSize.y = 66;
     else
-        band.SetContent(std::make_unique<MContentScaledPicture>(picture));
+        band.SetContent(std::make_unique<MContentScaledPicture>(picture, MostOfBand));
     band.layoutRatio.y = 0;
     (new MLayoutTop(*this))->Add(band);
 }
