@@ -146,6 +146,31 @@ TEST_F(SetupWindowTest, SearchesTheAgreement) {
     });
 }
 
+TEST_F(SetupWindowTest, StaysAsWideAsItIsWhateverTheNamesAre) {
+    const auto getWidth = [&](const std::string& name) {
+        const std::string named = " name=\"" + name + "\"/>";
+        Define("<licence agreetext=\"" + name + "\"" + payload.Add("terms") + "/><configuration id=\"a\"" +
+               named + "<configuration id=\"b\"" + named + "<directory id=\"d\" default=\"{scratch}\"" +
+               named + "<files destination=\"{d}\"" + named);
+        int32_t width = 0;
+        (void)Run([&] {
+            MControl& window = *system.GetActiveRoot();
+            Agree();
+            for (const char* box : {"a", "CheckBox0"}) {
+                MControl& control = Get(box);
+                EXPECT_EQ(control.size.y, control.GetPlasticSize(1, control.size.x)) << "all of it is seen";
+                EXPECT_FALSE(Find(window, "hscrollbar"));
+                Next();
+            }
+            EXPECT_FALSE(Find(window, "hscrollbar"));
+            width = window.size.x;
+            window.CloseWindow(MModalValue::Cancel);
+        });
+        return width;
+    };
+    EXPECT_EQ(getWidth("W"), getWidth(std::string(2000, 'W')));
+}
+
 TEST_F(SetupWindowTest, IsLeftFromEveryPageByExitAndByTheBoxThatClosesIt) {
     for (const bool byExit : {true, false})
         for (int32_t steps = 0; steps < 5; ++steps) {

@@ -3,7 +3,7 @@
 #include "foundation/text/MByteSizeText.h"
 #include "setup/wizard/MChoiceText.h"
 #include "setup/wizard/MSetupWindow.h"
-#include "ui/layout/MLayoutGrid.h"
+#include "ui/layout/MLayoutClient.h"
 #include "ui/layout/MLayoutSide.h"
 #include "ui/widgets/buttons/MCheckBox.h"
 #include "ui/widgets/content/MStaticMultiLine.h"
@@ -36,30 +36,26 @@ MComponentSetupPage::MComponentSetupPage(MControl& parent, const MString& name)
 void MComponentSetupPage::AddBoxes() {
     List->SetVisible(false);
     MScroller& view = AddView();
-    auto& grid = *new MLayoutGrid(view.GetContainer(), 2);
-    grid.space = 8;
-    // The first column takes what the sizes leave.
-    for (const int32_t weight : {100, 0}) {
-        auto& top = *new MControlContainer(&view.GetContainer(), "Space");
-        top.layoutRatio = {weight, 0};
-        grid.Attach(top);
-    }
+    auto& column = *new MLayoutVertical(view.GetContainer());
+    column.space = 8;
     for (int32_t i = 0; i < List->GetItemCount(); ++i) {
         const MComponentRow& row = *List->GetItem(i)->row;
-        auto& box = *new MCheckBox(&view.GetContainer(), MFormat("CheckBox{0}", i));
-        box.Set(MControlFlag::Plastic);
-        box.SetContent(std::make_unique<MContentSTML>(MChoiceText(row.name, row.description)));
+        auto& line = *new MPlasticContainer(&view.GetContainer(), MFormat("row{0}", i));
+        LetWrap(line);
+        column.Add(line);
+        MCheckBox& box = AddBox(line, MFormat("CheckBox{0}", i), MChoiceText(row.name, row.description));
         box.Set(MCheckBoxState::On);
         box.OnChange().Connect(this, &MComponentSetupPage::OnBox);
-        box.layoutRatio.y = 0;
-        grid.Attach(box);
+        line.SetClientControl(&box);
         Boxes.Add(&box);
-        auto& size = *new MStatic(&view.GetContainer(), MFormat("size{0}", i));
+        auto& size = *new MStatic(&line, MFormat("size{0}", i));
         size.SetText(MByteSizeText(needs.GetBytes(row)));
         size.layoutRatio = {0, 0};
-        size.layoutPlacement = MAlignRight | MAlignTop;
-        grid.Attach(size);
+        auto& right = *new MLayoutRight(line);
+        right.space = 8;
+        right.Add(size);
     }
+    column.Add(*new MControlContainer(&view.GetContainer(), "Space"));
 }
 
 MControl* MComponentSetupPage::GetFirstControl() {

@@ -15,12 +15,8 @@ MConfigurationSetupPage::MConfigurationSetupPage(MControl& parent, const MString
     auto& column = *new MLayoutVertical(view.GetContainer());
     column.space = 8;
     for (const MXMLItem* alternative : choice.GetAlternatives()) {
-        auto& box = *new MCheckBox(&view.GetContainer(), alternative->GetAttribute("id"));
-        box.Set(MControlFlag::Plastic);
-        box.SetContent(std::make_unique<MContentSTML>(
-            MChoiceText(alternative->GetAttribute("name"), alternative->GetValue())));
-        box.minClientSize.x = 400;
-        box.layoutRatio.y = 0;
+        MCheckBox& box = AddBox(view.GetContainer(), alternative->GetAttribute("id"),
+                                MChoiceText(alternative->GetAttribute("name"), alternative->GetValue()));
         column.Add(box);
         box.Set(MCheckBoxState::On);
         Group.Add(box);

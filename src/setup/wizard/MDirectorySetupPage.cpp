@@ -16,6 +16,8 @@
 
 namespace {
 
+constexpr int32_t WidestLabel = 160;  ///< at 100 percent; the end of a longer one is an ellipsis
+
 bool IsFine(const MDirectorySpace& space, const MFolderFacts& facts) {
     return space.isSufficient && facts.fault.IsEmpty();
 }
@@ -32,7 +34,7 @@ MDirectorySetupPage::MDirectorySetupPage(MControl& parent, const MString& name)
     : MSetupPage(parent, name), choices(GetWindow().GetSession()), needs(GetDefinition()) {
     AddHeader(MTranslate("Specify installation directories, then click Next."));
     hiddenInfo = new MStaticMultiLine(this, "hiddeninfo");
-    hiddenInfo->layoutRatio.y = 0;
+    LetWrap(*hiddenInfo);
     (new MLayoutBottom(*this))->Add(*hiddenInfo);
     MScroller& view = AddView();
     auto& grid = *new MLayoutGrid(view.GetContainer(), 3);
@@ -47,6 +49,7 @@ void MDirectorySetupPage::AddRow(MControl& table, MLayoutGrid& grid, const MXMLI
     label.SetText(element.GetAttribute("name"));
     label.layoutRatio = {0, 0};
     label.layoutPlacement = MAlignLeft;
+    label.maximalSize.x = WidestLabel;
     auto& edit = *new MEdit(&table);
     edit.minClientSize.x = 300;
     edit.layoutRatio = {100, 0};
@@ -66,7 +69,7 @@ void MDirectorySetupPage::AddRow(MControl& table, MLayoutGrid& grid, const MXMLI
     if (!isShown) return infos.Add(nullptr);
     auto& info = *new MStaticMultiLine(&table, "info" + id);
     info.SetText(MQuietText(element.GetValue()));
-    info.layoutRatio.y = 0;
+    LetWrap(info);
     info.layoutBorder = {0, 4};
     grid.Attach(info);
     grid.SetSpanX(info, 3, true);

@@ -63,32 +63,33 @@ MInfoSetupPage::MInfoSetupPage(MControl& parent, const MString& name, MXMLItem& 
     sign->layoutRatio = {0, 0};
     sign->layoutBorder = {0, 2};
     (new MLayoutLeft(*this))->Add(*sign);
-    Header = new MStaticHeader(this, "title");
-    Header->layoutRatio.y = 0;
-    (new MLayoutTop(*this))->Add(*Header);
     view = &AddView();
+    Header = new MStaticHeader(&view->GetContainer(), "title");
     Body = new MStaticMultiLine(&view->GetContainer(), "info");
-    Body->layoutRatio.y = 0;
-    (new MLayoutTop(view->GetContainer()))->Add(*Body);
+    for (MControl* text : {static_cast<MControl*>(Header), static_cast<MControl*>(Body)}) {
+        LetWrap(*text);
+        (new MLayoutTop(view->GetContainer()))->Add(*text);
+    }
     AddDetails();
     AddBoxes(updateOffer);
 }
 
 void MInfoSetupPage::AddDetails() {
-    details = new MControlContainer(this, "installed");
-    details->layoutRatio.y = 0;
+    details = new MPlasticContainer(this, "installed");
+    LetWrap(*details);
     details->SetVisible(false);
     (new MLayoutBottom(*this))->Add(*details);
-    auto& row = *new MLayoutHorizontal(*details);
-    row.space = 4;
+    auto& left = *new MLayoutLeft(*details);
+    left.space = 4;
     auto& button = *new MButton(details, "details");
     button.SetText(MTranslate("Details"));
     button.layoutRatio = {0, 0};
     button.MControl::OnClick(Click::Left).Connect(this, &MInfoSetupPage::OnDetails);
-    row.Add(button);
+    left.Add(button);
     summary = new MStaticMultiLine(details, "summary");
-    summary->layoutRatio.y = 0;
-    row.Add(*summary);
+    LetWrap(*summary);
+    summary->SetContentAlignment(MAlignLeft);
+    details->SetClientControl(summary);
 }
 
 void MInfoSetupPage::ShowDetails() {
@@ -111,16 +112,15 @@ void MInfoSetupPage::AddBoxes(MUpdateOffer* updateOffer) {
         if (!execute.GetValue().IsEmpty()) boxElements.Add(&execute);
     if (boxElements.IsEmpty() && !offersUpdate) return;
 
-    auto& panel = *new MPanel(this, "boxes");
-    panel.layoutRatio.y = 0;
+    auto& panel = *new MPlasticContainer(this, "boxes");
+    panel.SetControlType(MControlType::Panel);
+    LetWrap(panel);
     (new MLayoutBottom(*this))->Add(panel);
     auto& column = *new MLayoutVertical(panel);
     for (const MXMLItem* execute : boxElements)
-        AddBox(panel, column, execute->GetValue(), true)
-            .OnChange()
-            .Connect(this, &MInfoSetupPage::OnExecuteBox);
+        AddBox(column, execute->GetValue(), true).OnChange().Connect(this, &MInfoSetupPage::OnExecuteBox);
     if (!offersUpdate) return;
-    AddBox(panel, column,
+    AddBox(column,
            MTranslate("<b>Search for updates</b><p>The sofware supports automatic update management. It is "
                       "highly recommended to update it now."),
            false)
@@ -128,13 +128,10 @@ void MInfoSetupPage::AddBoxes(MUpdateOffer* updateOffer) {
         .Connect(this, &MInfoSetupPage::OnUpdateBox);
 }
 
-MCheckBox& MInfoSetupPage::AddBox(MControl& panel, MLayout& column, const MString& text, bool isOn) {
-    auto& box = *new MCheckBox(&panel, MFormat("CheckBox{0}", boxes.GetCount()));
-    box.Set(MControlFlag::Plastic);
-    box.SetContent(std::make_unique<MContentSTML>(text));
-    box.Set(isOn ? MCheckBoxState::On : MCheckBoxState::Off);
-    box.layoutRatio.y = 0;
+MCheckBox& MInfoSetupPage::AddBox(MLayout& column, const MString& markup, bool isOn) {
+    MCheckBox& box = MSetupPage::AddBox(column.GetOwner(), MFormat("CheckBox{0}", boxes.GetCount()), markup);
     column.Add(box);
+    box.Set(isOn ? MCheckBoxState::On : MCheckBoxState::Off);
     boxes.Add(&box);
     return box;
 }

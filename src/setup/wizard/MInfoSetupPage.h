@@ -27,7 +27,7 @@ public:
 
 private:
     void AddBoxes(MUpdateOffer* updateOffer);
-    MCheckBox& AddBox(MControl& panel, MLayout& column, const MString& text, bool isOn);
+    MCheckBox& AddBox(MLayout& column, const MString& markup, bool isOn);
     void OnExecuteBox(const MOnNotifyParams& params);
     void OnUpdateBox(const MOnNotifyParams& params);
     void ShowInfo(const MXMLItem& info);

@@ -1,11 +1,11 @@
 #include "setup/wizard/MLicenceSetupPage.h"
 
 #include "foundation/text/MUnicode.h"
+#include "foundation/xml/MEntities.h"
 #include "setup/choices/MLicenceText.h"
 #include "setup/wizard/MSetupWindow.h"
 #include "streams/basic/MOutputFile.h"
 #include "ui/dialogs/MFileDialog.h"
-#include "ui/layout/MLayoutClient.h"
 #include "ui/layout/MLayoutSide.h"
 #include "ui/widgets/buttons/MCheckBox.h"
 #include "ui/widgets/content/MStaticMultiLine.h"
@@ -37,20 +37,20 @@ MLicenceSetupPage::MLicenceSetupPage(MControl& parent, const MString& name, MXML
     GetRoot().GetShortcuts().Connect(this, &MLicenceSetupPage::OnFindKey,
                                      {'F', MModifierControl, MShortcutPhase::Press});
 
-    auto& bottom = *new MControlContainer(this, "agreement");
-    bottom.layoutRatio.y = 0;
+    auto& bottom = *new MPlasticContainer(this, "agreement");
+    LetWrap(bottom);
     (new MLayoutBottom(*this))->Add(bottom);
-    auto& row = *new MLayoutHorizontal(bottom);
-    AgreeBox = new MCheckBox(&bottom, "licenceagree");
-    AgreeBox->SetText(element.GetAttribute("agreetext", MTranslate("I agree to the licence terms.")));
-    AgreeBox->layoutRatio.y = 0;
+    const MString agreement = element.GetAttribute("agreetext", MTranslate("I agree to the licence terms."));
+    AgreeBox = &AddBox(bottom, "licenceagree", MEntities::Escape(agreement));
     AgreeBox->OnChange().Connect(this, &MLicenceSetupPage::OnAgree);
-    row.Add(*AgreeBox);
+    bottom.SetClientControl(AgreeBox);
     auto& save = *new MButton(&bottom, "licencesave");
     save.SetText(MTranslate("Save..."));
     save.layoutRatio = {0, 0};
     save.MControl::OnClick(Click::Left).Connect(this, &MLicenceSetupPage::OnSave);
-    row.Add(save);
+    auto& right = *new MLayoutRight(bottom);
+    right.space = 4;
+    right.Add(save);
 }
 
 bool MLicenceSetupPage::IsNextEnabled() {

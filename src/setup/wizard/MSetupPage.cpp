@@ -3,13 +3,14 @@
 #include "setup/wizard/MSetupWindow.h"
 #include "ui/control/kinds/MStdFont.h"
 #include "ui/layout/MLayoutSide.h"
+#include "ui/widgets/buttons/MCheckBox.h"
 #include "ui/widgets/content/MStaticMultiLine.h"
 #include "ui/widgets/scrolling/MScroller.h"
 
 MSetupPage::MSetupPage(MControl& parent, const MString& name) : MPanel(&parent, name) {
     SetControlType(MControlType::Empty);
     SetVisible(false);
-    minClientSize.x = 400;
+    minClientSize.x = LeastWidth;
     layoutBorder = {8, 8};
 }
 
@@ -30,11 +31,24 @@ void MSetupPage::UpdateButtons() {
     if (walk.GetCurrentPage() == this) walk.UpdateButtons();
 }
 
+void MSetupPage::LetWrap(MControl& text) {
+    text.Set(MControlFlag::Plastic);
+    text.minClientSize.x = text.maximalSize.x = LeastWidth;
+    text.layoutRatio.y = 0;
+}
+
+MCheckBox& MSetupPage::AddBox(MControl& parent, const MString& name, const MString& markup) {
+    auto& box = *new MCheckBox(&parent, name);
+    box.SetContent(std::make_unique<MContentSTML>(markup));
+    LetWrap(box);
+    return box;
+}
+
 MStaticHeader& MSetupPage::AddHeader(const MString& text) {
     auto& header = *new MStaticHeader(this, "header");
     header.SetFont(static_cast<int32_t>(MStdFont::Normal));
     header.SetText(text);
-    header.layoutRatio.y = 0;
+    LetWrap(header);
     auto& top = *new MLayoutTop(*this);
     top.Add(header);
     header.layoutBorder = {0, 4};

@@ -3,6 +3,7 @@
 #include "setup/choices/MPageWalk.h"
 #include "ui/control/MContainers.h"
 
+class MCheckBox;
 class MScroller;
 class MSetupWindow;
 class MStaticHeader;
@@ -26,6 +27,12 @@ public:
     [[nodiscard]] virtual MControl* GetFirstControl() { return nullptr; }
 
 protected:
+    static constexpr int32_t LeastWidth = 400;  ///< of a page, at 100 percent
+
+    /// Has a text, or what holds texts, wrap at the width of the page, which gets no wider for it.
+    static void LetWrap(MControl& text);
+    /// A tick box with a text that wraps, which has mark-up.
+    static MCheckBox& AddBox(MControl& parent, const MString& name, const MString& markup);
     /// A line at the top that says what is to be done; `text` has mark-up.
     MStaticHeader& AddHeader(const MString& text);
     /// What the page shows, which scrolls where the window is too small for it.
