@@ -1,12 +1,15 @@
-// Usage: wizard-places INSTALLER FOLDER
+// Usage: wizard-places INSTALLER-OR-FOLDER PICTURES
 //
 // Lays out the wizard of a packed installer in memory, as it is on a display of 1280 by 1024 pixels, and goes through
-// its pages without installing anything. Prints a line for each control that is shown, with its place in the window:
+// its pages without installing anything; or the uninstaller of the installation in a folder, without removing anything.
+// Prints a line for each control that is shown, with its place in the window:
 //
-//     PAGE NAME LEFT TOP WIDTH HEIGHT TEXT
+//     PAGE NAME LEFT TOP WIDTH HEIGHT STOP TEXT
 //
 // Of a page with several screens, the second one is called "onstart-2". "question" is the box that asks at Exit, and
-// "window" in each page the window itself. FOLDER gets a picture PAGE.png of each.
+// "window" in each page the window itself. STOP tells how often Tab is pressed to get there from the control that has
+// the keyboard first, as "2+1" with the arrows that go on from there in a group, or "-". The folder for pictures gets
+// PAGE.png of each.
 //
 // As the wizard does, it makes the maker's folder below HOME, and starts what stands in "onstart" and "onsuccess".
 
@@ -16,6 +19,8 @@
 #include "payload/MSfx.h"
 #include "setup/wizard/MSetupPage.h"
 #include "setup/wizard/MSetupWindow.h"
+#include "setup/wizard/MUninstallWindow.h"
+#include "ui/control/MControlRoot.h"
 #include "ui/control/windows/MWindows.h"
 #include "ui/control/windows/MWindowsModule.h"
 #include "ui/dialogs/MDialogs.h"
@@ -30,29 +35,93 @@
 
 namespace {
 
+/// Tells of the window that is in front.
 class Places {
 public:
-    Places(MWindowSystemHeadless& system, MSetupWindow& window, MString folder)
-        : system(system), window(window), folder(std::move(folder)) {}
+    Places(MWindowSystemHeadless& system, MString folder) : system(system), folder(std::move(folder)) {}
+
+    void SavePicture(const std::string& page) {
+        MControl& root = *system.GetActiveRoot();
+        root.RedrawNow();
+        MStdFileStream file;
+        file.Open(MFile::Join(folder, MDecodeUTF8Exact(page + ".png")), MOpenWrite | MOpenCreate);
+        system.GetPicture(root).SavePNG(file);
+        file.Close();
+    }
+    void Print(const std::string& page) {
+        MControl& root = *system.GetActiveRoot();
+        FindStops(root);
+        PrintLine(page, "window", {}, root, root.GetCaption());
+        PrintBelow(page, root);
+    }
+
+private:
+    /// As a user does who presses Tab until that goes around.
+    void FindStops(MControl& root) {
+        stops.clear();
+        MControl* const& focused = root.GetRootState().focusedControl;
+        for (int32_t tabs = 0; focused && !stops.contains(focused); ++tabs) {
+            stops[focused] = std::to_string(tabs);
+            system.GetUser().PressKey(MKeyTab);
+        }
+        // Arrows choose, and come back to what was chosen.
+        for (size_t i = 0, count = stops.size(); i < count; ++i, system.GetUser().PressKey(MKeyTab)) {
+            const auto* const box = dynamic_cast<MCheckBox*>(focused);
+            if (!box || !box->IsRadioButton() || !box->IsOn()) continue;
+            const std::string stop = stops[focused];
+            for (int32_t arrows = 1; true; ++arrows) {
+                system.GetUser().PressKey(MKeyDown);
+                if (!stops.try_emplace(focused, stop + "+" + std::to_string(arrows)).second) break;
+            }
+            root.SetFocus(const_cast<MCheckBox*>(box));
+        }
+    }
+    void PrintBelow(const std::string& page, MControl& parent) {
+        for (MControl* child : parent.GetChildren()) {
+            if (!child->IsShown()) continue;
+            const auto* const content = dynamic_cast<MControlContent*>(child);
+            if (!child->GetName().IsEmpty())
+                PrintLine(page, MEncodeUTF8Exact(child->GetName()), child->GetWindowPoint({}), *child,
+                          content ? content->GetCaption() : MString());
+            PrintBelow(page, *child);
+        }
+    }
+    void PrintLine(const std::string& page, const std::string& name, MPoint place, MControl& control,
+                   const MString& caption) const {
+        const MPoint size = control.GetShownSize();
+        const auto stop = stops.find(&control);
+        std::string text = MEncodeUTF8Exact(caption);
+        std::ranges::replace(text, '\n', ' ');
+        std::printf("%s %s %d %d %d %d %s %s\n", page.c_str(), name.c_str(), place.x, place.y, size.x, size.y,
+                    stop == stops.end() ? "-" : stop->second.c_str(), text.c_str());
+    }
+
+    MWindowSystemHeadless& system;
+    MString folder;
+    std::map<const MControl*, std::string> stops;
+};
+
+/// Goes through the pages of a wizard.
+class WizardWalk {
+public:
+    WizardWalk(MWindowSystemHeadless& system, MSetupWindow& window, Places& places)
+        : system(system), window(window), places(places) {}
 
     void TellAll() {
         MPageWalk& walk = window.GetWalk();
         MWalkPage& first = *walk.GetCurrentPage();
         MWalkPage& success = TakeProcessingOut(first);
-        for (Tell(GetPageName()); walk.GetCurrentPage()->NextPage; Tell(GetPageName())) {
-            if (MControl* const box = Find(window, "licenceagree"))
-                static_cast<MCheckBox*>(box)->Set(MCheckBoxState::On);
-            walk.Next();
-        }
+        for (Tell(); walk.GetCurrentPage()->NextPage; Tell()) walk.Next();
         walk.Activate(success, false);
-        Tell(GetPageName());
+        Tell();
         walk.Activate(first, false);
         system.Post([&] {
-            Tell("question");
+            places.SavePicture("question");
+            places.Print("question");
             system.GetActiveRoot()->CloseWindow(MModalValue::Yes);
         });
         walk.Exit();
-        Tell(GetPageName());
+        Tell();
         walk.Exit();
     }
 
@@ -71,49 +140,49 @@ private:
             if (MControl* const found = Find(*child, name)) return found;
         return nullptr;
     }
-    std::string GetPageName() {
-        std::string name =
-            MEncodeUTF8Exact(static_cast<MSetupPage*>(window.GetWalk().GetCurrentPage())->GetName());
-        const int32_t count = ++screens[name];
-        return count == 1 ? name : name + "-" + std::to_string(count);
-    }
-
-    void Tell(const std::string& page) {
-        MControl& root = *system.GetActiveRoot();
-        root.RedrawNow();
-        const MPoint size = root.GetShownSize();
-        Print(page, "window", {}, size, root);
-        TellBelow(page, root);
-        MStdFileStream file;
-        file.Open(MFile::Join(folder, MDecodeUTF8Exact(page + ".png")), MOpenWrite | MOpenCreate);
-        system.GetPicture(root).SavePNG(file);
-        file.Close();
-    }
-    static void TellBelow(const std::string& page, MControl& parent) {
-        for (MControl* child : parent.GetChildren()) {
-            if (!child->IsShown()) continue;
-            if (!child->GetName().IsEmpty())
-                Print(page, MEncodeUTF8Exact(child->GetName()), child->GetWindowPoint({}),
-                      child->GetShownSize(), *child);
-            TellBelow(page, *child);
-        }
-    }
-    static void Print(const std::string& page, const std::string& name, MPoint place, MPoint size,
-                      MControl& control) {
-        const auto* const content = dynamic_cast<MControlContent*>(&control);
-        std::string text = content ? MEncodeUTF8Exact(content->GetCaption()) : "";
-        std::ranges::replace(text, '\n', ' ');
-        std::printf("%s %s %d %d %d %d %s\n", page.c_str(), name.c_str(), place.x, place.y, size.x, size.y,
-                    text.c_str());
+    /// The picture is that of the page as it comes, and the places are those with which it can be left.
+    void Tell() {
+        auto name = MEncodeUTF8Exact(static_cast<MSetupPage*>(window.GetWalk().GetCurrentPage())->GetName());
+        if (const int32_t count = ++screens[name]; count > 1) name += "-" + std::to_string(count);
+        places.SavePicture(name);
+        if (MControl* const box = Find(window, "licenceagree")) static_cast<MCheckBox*>(box)->Toggle();
+        places.Print(name);
     }
 
     MWindowSystemHeadless& system;
     MSetupWindow& window;
-    MString folder;
+    Places& places;
     std::map<std::string, int32_t> screens;
 };
 
-void Run(const MString& installer, const MString& folder) {
+void TellInstaller(MWindowSystemHeadless& system, const MString& installer, Places& places) {
+    MSfx payload(installer);
+    MLargeResourceLibrary definition;
+    definition.Attach(&payload);
+    MWizardDialogs dialogs;
+    MSetupWindow window(definition, dialogs);
+    system.Post([&] { WizardWalk(system, window, places).TellAll(); });
+    (void)window.RunModal(nullptr);
+}
+
+void TellUninstaller(MWindowSystemHeadless& system, const MString& directory, Places& places) {
+    MWizardDialogs dialogs;
+    MUninstallWindow window(directory, dialogs, nullptr);
+    system.Post([&] {
+        places.SavePicture("uninstaller");
+        places.Print("uninstaller");
+        system.Post([&] {
+            places.SavePicture("removed");
+            places.Print("removed");
+            system.GetActiveRoot()->CloseWindow(MModalValue::Cancel);
+        });
+        dialogs.ShowInformation("Uninstallation has been completed.");
+        window.CloseWindow(MModalValue::Cancel);
+    });
+    (void)window.RunModal(nullptr);
+}
+
+void Run(const MString& told, const MString& folder) {
     MWindowsModule module;
     MModule::SetInstance(&module);
     module.SetEmbeddedBlocks(MGetProgramBlocks());
@@ -125,21 +194,15 @@ void Run(const MString& installer, const MString& folder) {
                                                   MTexturedStyle::FontSource::Traveling);
     style->LoadStyle();
     windows.SetStyle(std::move(style));
-
-    MSfx payload(installer);
-    MLargeResourceLibrary definition;
-    definition.Attach(&payload);
-    MWizardDialogs dialogs;
-    MSetupWindow window(definition, dialogs);
-    system.Post([&] { Places(system, window, folder).TellAll(); });
-    (void)window.RunModal(nullptr);
+    Places places(system, folder);
+    MFile::IsDirectory(told) ? TellUninstaller(system, told, places) : TellInstaller(system, told, places);
 }
 
 }  // namespace
 
 int main(int count, char** arguments) {
     if (count != 3) {
-        std::fputs("Usage: wizard-places INSTALLER FOLDER\n", stderr);
+        std::fputs("Usage: wizard-places INSTALLER-OR-FOLDER PICTURES\n", stderr);
         return 2;
     }
     try {
