@@ -27,7 +27,8 @@ begin_walks() {
 }
 
 end_walks() {
-    kill "${processes[@]}" $wizard 2>/dev/null || true
+    find_programs | xargs -r kill
+    kill "${processes[@]}" 2>/dev/null || true
     wait 2>/dev/null || true
     rm -rf "$scratch"
 }
@@ -197,7 +198,7 @@ shows() {
 }
 
 # expect_page PAGE [TENTHS]: what has the keyboard then is told by places for a page that comes first, and is Next for
-# one that comes again; the box that asks gives it back.
+# one that comes again and can be left; the box that asks gives it back.
 expect_page() {
     await "${2:-150}" shows "$1" || give_up "the page $1 does not come"
     if [ "$1" = question ]; then
@@ -206,7 +207,7 @@ expect_page() {
         focused=$stop_before
     else
         focused=0
-        [ "${visited/ $1 /}" = "$visited" ] || focused=$(stop_of Next "$1")
+        [ "${visited/ $1 /}" = "$visited" ] || must_agree "$1" || focused=$(stop_of Next "$1")
         visited+=" $1 "
     fi
     page=$1
@@ -297,6 +298,13 @@ focus() {
     case $stop in *+*) for ((i = ${stop#*+}; i > 0; i--)); do press Down; done ;; esac
 }
 
+# focus_before CONTROL: what Tab reaches before it, as the path that belongs to a button.
+focus_before() {
+    focus "$1"
+    press shift+Tab
+    focused=$((focused - 1))
+}
+
 # choose CONTROL: ticks or unticks, or chooses one of several.
 choose() {
     if [ "$hand" = mouse ]; then click "$1"; else focus "$1" && press space; fi
@@ -309,7 +317,7 @@ push() {
 
 # go_on: to the page that follows; a licence is agreed to.
 go_on() {
-    if has_control licenceagree && [ $has_agreed = no ]; then
+    if must_agree "$page"; then
         choose licenceagree
         has_agreed=yes
     fi
@@ -317,6 +325,12 @@ go_on() {
     expect_page "$(page_after "$page")" "$@"
 }
 
+# must_agree PAGE: before it can be left.
+must_agree() {
+    has_control licenceagree "$1" && [ $has_agreed = no ]
+}
+
+# go_back PAGE: which is the one before.
 go_back() {
     push Prev
     expect_page "$1"
@@ -349,9 +363,14 @@ has_ended() {
     ! kill -0 "$wizard" 2>/dev/null
 }
 
-# kill_program: as an end of the system would.
+# kill_program: as an end of the system would. Under Wine the program goes on when the one that has started it is gone.
 kill_program() {
-    kill -KILL "$wizard" 2>/dev/null || true
+    find_programs | xargs -r kill -KILL
     wait "$wizard" 2>/dev/null || true
     wizard=
+}
+
+# Those of this run, by their path, which nothing else has.
+find_programs() {
+    pgrep -f "${scratch##*/}.*\.$extension" || true
 }
