@@ -254,6 +254,7 @@ begin_program() {
     (as_user "$@") >"$scratch/wizard.log" 2>&1 &
     wizard=$! page='' visited='' has_agreed=no
     expect_page "${sequence[0]}"
+    mapfile -t victims < <(find_programs)
 }
 
 # click CONTROL: on the page on view. Not quite where the last click was: two would be a double click.
@@ -363,9 +364,9 @@ has_ended() {
     ! kill -0 "$wizard" 2>/dev/null
 }
 
-# kill_program: as an end of the system would. Under Wine the program goes on when the one that has started it is gone.
+# kill_program: as an end of the system would, at once. Under Wine the program goes on when the one that has started it is gone.
 kill_program() {
-    find_programs | xargs -r kill -KILL
+    kill -KILL "${victims[@]}"
     wait "$wizard" 2>/dev/null || true
     wizard=
 }
