@@ -1,4 +1,4 @@
-// Usage: wizard-places INSTALLER-OR-FOLDER PICTURES
+// Usage: wizard-places [--light] [--scale PERCENT] [--processing] INSTALLER-OR-FOLDER PICTURES
 //
 // Lays out the wizard of a packed installer in memory, as it is on a display of 1280 by 1024 pixels, and goes through
 // its pages without installing anything; or the uninstaller of the installation in a folder, without removing anything.
@@ -12,6 +12,7 @@
 // PAGE.png of each.
 //
 // As the wizard does, it makes the maker's folder below HOME, and starts what stands in "onstart" and "onsuccess".
+// --processing also shows the page that installs, with bars as in its middle, and makes the directories for that.
 
 #include "embedded/MProgramBlocks.h"
 #include "foundation/files/MFile.h"
@@ -26,12 +27,17 @@
 #include "ui/dialogs/MDialogs.h"
 #include "ui/style/MTexturedStyle.h"
 #include "ui/widgets/buttons/MCheckBox.h"
+#include "ui/widgets/values/MProgressBar.h"
 #include "ui/window/headless/MWindowSystemHeadless.h"
 
 #include <algorithm>
 #include <cstdio>
+#include <cstdlib>
 #include <map>
+#include <optional>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -40,6 +46,10 @@ class Places {
 public:
     Places(MWindowSystemHeadless& system, MString folder) : system(system), folder(std::move(folder)) {}
 
+    void Tell(const std::string& page) {
+        SavePicture(page);
+        Print(page);
+    }
     void SavePicture(const std::string& page) {
         MControl& root = *system.GetActiveRoot();
         root.RedrawNow();
@@ -101,38 +111,55 @@ private:
     std::map<const MControl*, std::string> stops;
 };
 
+struct Options {
+    bool isLight = false;
+    int32_t scalePercent = 100;
+    bool showsProcessing = false;
+    std::vector<MString> paths;
+};
+
 /// Goes through the pages of a wizard.
 class WizardWalk {
 public:
     WizardWalk(MWindowSystemHeadless& system, MSetupWindow& window, Places& places)
         : system(system), window(window), places(places) {}
 
-    void TellAll() {
+    void TellAll(bool showsProcessing) {
         MPageWalk& walk = window.GetWalk();
         MWalkPage& first = *walk.GetCurrentPage();
-        MWalkPage& success = TakeProcessingOut(first);
+        MSetupPage& processing = TakeProcessingOut(first);
         for (Tell(); walk.GetCurrentPage()->NextPage; Tell()) walk.Next();
-        walk.Activate(success, false);
+        walk.Activate(*processing.NextPage, false);
+        Tell();
+        walk.Activate(walk.GetErrorPage(), false);
         Tell();
         walk.Activate(first, false);
         system.Post([&] {
-            places.SavePicture("question");
-            places.Print("question");
+            places.Tell("question");
             system.GetActiveRoot()->CloseWindow(MModalValue::Yes);
         });
         walk.Exit();
         Tell();
-        walk.Exit();
+        if (showsProcessing) TellProcessing(processing);
+        window.CloseWindow(MModalValue::Cancel);
     }
 
 private:
-    /// The chain ends before the installing. Returns the page after that.
-    static MWalkPage& TakeProcessingOut(MWalkPage& first) {
+    /// The chain ends before the page that installs, which is returned.
+    static MSetupPage& TakeProcessingOut(MWalkPage& first) {
         MWalkPage* last = &first;
         while (static_cast<MSetupPage*>(last->NextPage)->GetName() != "processing") last = last->NextPage;
-        MWalkPage& success = *last->NextPage->NextPage;
-        last->NextPage = nullptr;
-        return success;
+        return static_cast<MSetupPage&>(*std::exchange(last->NextPage, nullptr));
+    }
+    /// In a window that seems not to run yet it waits for its loop before it installs.
+    void TellProcessing(MSetupPage& processing) {
+        (void)processing.PreviousPage->OnNext();
+        window.Set(MControlFlag::ModalRunning, false);
+        window.GetWalk().Activate(processing, false);
+        window.Set(MControlFlag::ModalRunning);
+        for (const auto& [name, percent] : {std::pair{"TotalProgess", 60}, {"OpProgress", 25}})
+            static_cast<MProgressBar*>(Find(processing, name))->SetPercent(percent);
+        Tell();
     }
     static MControl* Find(MControl& control, const MString& name) {
         if (control.GetName() == name && control.IsShown()) return &control;
@@ -155,13 +182,13 @@ private:
     std::map<std::string, int32_t> screens;
 };
 
-void TellInstaller(MWindowSystemHeadless& system, const MString& installer, Places& places) {
-    MSfx payload(installer);
+void TellInstaller(MWindowSystemHeadless& system, const Options& options, Places& places) {
+    MSfx payload(options.paths[0]);
     MLargeResourceLibrary definition;
     definition.Attach(&payload);
     MWizardDialogs dialogs;
     MSetupWindow window(definition, dialogs);
-    system.Post([&] { WizardWalk(system, window, places).TellAll(); });
+    system.Post([&] { WizardWalk(system, window, places).TellAll(options.showsProcessing); });
     (void)window.RunModal(nullptr);
 }
 
@@ -169,11 +196,9 @@ void TellUninstaller(MWindowSystemHeadless& system, const MString& directory, Pl
     MWizardDialogs dialogs;
     MUninstallWindow window(directory, dialogs, nullptr);
     system.Post([&] {
-        places.SavePicture("uninstaller");
-        places.Print("uninstaller");
+        places.Tell("uninstaller");
         system.Post([&] {
-            places.SavePicture("removed");
-            places.Print("removed");
+            places.Tell("removed");
             system.GetActiveRoot()->CloseWindow(MModalValue::Cancel);
         });
         dialogs.ShowInformation("Uninstallation has been completed.");
@@ -182,32 +207,53 @@ void TellUninstaller(MWindowSystemHeadless& system, const MString& directory, Pl
     (void)window.RunModal(nullptr);
 }
 
-void Run(const MString& told, const MString& folder) {
+void Run(const Options& options) {
     MWindowsModule module;
     MModule::SetInstance(&module);
     module.SetEmbeddedBlocks(MGetProgramBlocks());
     module.Initialize();
-    auto owned = std::make_unique<MWindowSystemHeadless>(MPoint{1280, 1024});
+    auto owned = std::make_unique<MWindowSystemHeadless>(
+        MPoint{1280 * options.scalePercent / 100, 1024 * options.scalePercent / 100});
     MWindowSystemHeadless& system = *owned;
     MWindows windows(std::move(owned));
     auto style = std::make_unique<MTexturedStyle>(&windows, &module.GetResources(),
                                                   MTexturedStyle::FontSource::Traveling);
     style->LoadStyle();
     windows.SetStyle(std::move(style));
-    Places places(system, folder);
-    MFile::IsDirectory(told) ? TellUninstaller(system, told, places) : TellInstaller(system, told, places);
+    system.SetDesktop(options.scalePercent, !options.isLight);
+    Places places(system, options.paths[1]);
+    MFile::IsDirectory(options.paths[0]) ? TellUninstaller(system, options.paths[0], places)
+                                         : TellInstaller(system, options, places);
+}
+
+std::optional<Options> ReadArguments(int count, char** arguments) {
+    Options options;
+    for (int i = 1; i < count; ++i) {
+        const std::string word = arguments[i];
+        if (word == "--light")
+            options.isLight = true;
+        else if (word == "--processing")
+            options.showsProcessing = true;
+        else if (word == "--scale" && i + 1 < count)
+            options.scalePercent = std::atoi(arguments[++i]);
+        else
+            options.paths.push_back(MFile::Normalize(MDecodeUTF8Exact(word)));
+    }
+    return options.paths.size() == 2 ? std::optional(options) : std::nullopt;
 }
 
 }  // namespace
 
 int main(int count, char** arguments) {
-    if (count != 3) {
-        std::fputs("Usage: wizard-places INSTALLER-OR-FOLDER PICTURES\n", stderr);
+    const std::optional<Options> options = ReadArguments(count, arguments);
+    if (!options) {
+        std::fputs(
+            "Usage: wizard-places [--light] [--scale PERCENT] [--processing] INSTALLER-OR-FOLDER PICTURES\n",
+            stderr);
         return 2;
     }
     try {
-        Run(MFile::Normalize(MDecodeUTF8Exact(arguments[1])),
-            MFile::Normalize(MDecodeUTF8Exact(arguments[2])));
+        Run(*options);
         return 0;
     } catch (const MException& exception) {
         std::fprintf(stderr, "%s\n", MEncodeUTF8Exact(exception.GetMessage()).c_str());
