@@ -15,7 +15,7 @@
 # begin_walks PROGRAM-FOLDER [RUNNER]: with the programs of a build. Natively the user is an ordinary one on a display
 # made here; a RUNNER, as scripts/lib/run-under-wine, has a display in DISPLAY, and no other users.
 begin_walks() {
-    programs=$(realpath "$1") runner=${2:-}
+    programs=$(realpath -m "$1") runner=${2:-}
     [ -n "$runner" ] && root=Z: extension=exe || root='' extension=run
     scratch=$(mktemp -d "${TMPDIR:-/tmp}/corvanth-wizard.XXXXXX")
     chmod 755 "$scratch"
@@ -27,10 +27,16 @@ begin_walks() {
 }
 
 end_walks() {
-    find_programs | xargs -r kill
-    kill "${processes[@]}" 2>/dev/null || true
-    wait 2>/dev/null || true
+    end_programs
     rm -rf "$scratch"
+}
+
+# Those of the user, and the display.
+end_programs() {
+    find_programs | xargs -r kill
+    [ ${#processes[@]} = 0 ] || kill "${processes[@]}" 2>/dev/null || true
+    [ ${#processes[@]} = 0 ] || wait "${processes[@]}" 2>/dev/null || true
+    processes=()
 }
 
 # keep_pictures_in FOLDER: from now on one of each page that is expected.
