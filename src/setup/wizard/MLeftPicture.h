@@ -10,6 +10,9 @@ class MLeftPicture final : public MStatic {
 public:
     MLeftPicture(MControl* parent, const MScaledPicture& picture);
 
+    void AdjustRectangles(MRect& newWindowRect, MRect& newClientRect) override {
+        newClientRect = newWindowRect;
+    }
     void GetMinimalContentSize(int32_t& x, int32_t& y) override;
     void PaintContent(MDrawer& drawer) override;
 

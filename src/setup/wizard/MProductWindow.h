@@ -1,6 +1,9 @@
 #pragma once
 
 #include "ui/control/MContainers.h"
+#include "ui/control/MStyle.h"
+
+#include <algorithm>
 
 /// A window that is about a product: what it shows reaches to the edges, where only the line of the frame is
 /// left. It remembers nothing from one time to the next.
@@ -15,8 +18,9 @@ public:
     }
 
     void AdjustRectangles(MRect& newWindowRect, MRect& newClientRect) override {
-        newClientRect.left = newWindowRect.left + 1;
-        newClientRect.right = newWindowRect.right - 1;
-        newClientRect.bottom = newWindowRect.bottom - 1;
+        const int32_t line = std::max(GetStyle()->ScaleX(100) / 100, 1);
+        newClientRect.left = newWindowRect.left + line;
+        newClientRect.right = newWindowRect.right - line;
+        newClientRect.bottom = newWindowRect.bottom - line;
     }
 };

@@ -31,6 +31,12 @@ MXMLItem& RequirePage(const MXMLItem& definition, const char* name) {
     return *page;
 }
 
+/// Along an edge of the window, and what is next to it touches it.
+void AddEdge(MLayoutSide& edge, MControl& control) {
+    edge.space = -1;
+    edge.Add(control);
+}
+
 MControlContainer& AddSpace(MControl& parent, MLayout& row, int32_t width) {
     auto& space = *new MControlContainer(&parent, "Space");
     space.layoutRatio = {width == 0 ? 100 : 0, 0};
@@ -84,7 +90,7 @@ void MSetupWindow::AddBand() {
     else
         band.SetContent(std::make_unique<MContentScaledPicture>(picture, MostOfBand));
     band.layoutRatio.y = 0;
-    (new MLayoutTop(*this))->Add(band);
+    AddEdge(*new MLayoutTop(*this), band);
 }
 
 void MSetupWindow::AddLeftPicture() {
@@ -96,7 +102,7 @@ void MSetupWindow::AddLeftPicture() {
 void MSetupWindow::AddButtons() {
     auto& bar = *new MColorBox(this, "Buttons");
     bar.layoutRatio.y = 0;
-    (new MLayoutBottom(*this))->Add(bar);
+    AddEdge(*new MLayoutBottom(*this), bar);
     auto& row = *new MLayoutHorizontal(bar);
     timeLine = new MTimeLine(&bar, "TimeLine");
     timeLine->layoutRatio = {0, 0};
