@@ -50,7 +50,8 @@ void MComponentSetupPage::AddBoxes() {
         Boxes.Add(&box);
         auto& size = *new MStatic(&line, MFormat("size{0}", i));
         size.SetText(MByteSizeText(needs.GetBytes(row)));
-        size.layoutRatio = {0, 0};
+        // Beside the first line of the text; a single one stands in the middle.
+        size.layoutRatio = {0, row.description.IsEmpty() ? 100 : 0};
         auto& right = *new MLayoutRight(line);
         right.space = 8;
         right.Add(size);

@@ -1,5 +1,7 @@
 #include "setup/wizard/MLeftPicture.h"
 
+#include <algorithm>
+
 MLeftPicture::MLeftPicture(MControl* parent, const MScaledPicture& picture) : MStatic(parent, "leftimage") {
     // The narrowest page has room beside it.
     constexpr MPoint Most = {200, MScaledPicture::LongestSide};
@@ -16,8 +18,10 @@ void MLeftPicture::GetMinimalContentSize(int32_t& x, int32_t& y) {
 }
 
 void MLeftPicture::PaintContent(MDrawer& drawer) {
+    const MPoint size = shown->GetSize(drawer, {});
     MRect below = GetContentRectangle();
-    below.top += shown->GetSize(drawer, {}).y;
+    below.top += size.y;
+    below.right = std::min(below.right, below.left + size.x - 1);
     if (!below.IsEmpty()) drawer.FillRectangle(below, shown->GetLowestColor(drawer), MDrawMode::Overlay);
     MStatic::PaintContent(drawer);
 }
