@@ -8,7 +8,7 @@
 #
 #   scratch     a folder of this run; $scratch/user is the user's, of which the installers may write nothing else
 #   extension   that of installers on this system; root is what stands before absolute paths in them
-#   sequence    the pages of the installer or uninstaller: those of the walk, and behind them question and onabort
+#   sequence    the pages of the installer or uninstaller: those of the walk, and behind them onerror, question, onabort
 #   page        the page on view
 #   hand        mouse or keyboard: by which of them choose and push reach a control
 
@@ -172,8 +172,8 @@ page_after() {
     done
 }
 
-# find_window PAGE: the place of the window that has the page, if it has its size. That of a message depends on its text,
-# which need not be known: its buttons are at its lower right.
+# find_window PAGE: the place of the window that has the page, if it has its size. That of a message depends on its
+# text, which need not be known: its buttons are at its lower right.
 find_window() {
     local id
     find_place window "$1"
@@ -245,8 +245,8 @@ begin_wizard() {
     begin_program "$scratch/$1.$extension"
 }
 
-# begin_uninstaller FOLDER: of an installation, and waits for its page "uninstaller"; the message at the end is "removed".
-# For places the installation is said to be where these can be told.
+# begin_uninstaller FOLDER: of an installation, and waits for its page "uninstaller"; the message at the end is
+# "removed". For places the installation is said to be where these can be told.
 begin_uninstaller() {
     rm -rf "$scratch/removal" "$scratch/places/removal"
     mkdir "$scratch/removal"
@@ -370,7 +370,8 @@ has_ended() {
     ! kill -0 "$wizard" 2>/dev/null
 }
 
-# kill_program: as an end of the system would, at once. Under Wine the program goes on when the one that has started it is gone.
+# kill_program: as an end of the system would, at once. Under Wine the program goes on when the one that has started it
+# is gone.
 kill_program() {
     kill -KILL "${victims[@]}"
     wait "$wizard" 2>/dev/null || true
