@@ -13,15 +13,6 @@ public:
 
 class ScaledPictureTest : public SetupTest {
 protected:
-    /// The bytes of a PNG file of one colour; `shade` tells pictures apart.
-    static std::string MakePNG(int32_t width, int32_t height, uint8_t shade) {
-        MBitmap bitmap;
-        bitmap.CreateOpaque(width, height);
-        bitmap.ChangeColors([&](MColor) { return MColor::FromRGB(shade, shade, shade); });
-        MMemoryStream stream;
-        bitmap.SavePNG(stream);
-        return MBytesOf(stream);
-    }
     /// A picture of `own` with those of other scales.
     MScaledPicture Make(const std::string& own,
                         const std::vector<std::pair<const char*, std::string>>& scaled) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "foundation/files/MFile.h"
+#include "foundation/module/MPlatform.h"
 #include "install/definition/MSetupSession.h"
 #include "setup/console/MTextDialogs.h"
 #include "streams/basic/MMemoryStream.h"
@@ -8,6 +9,7 @@
 #include "tests/support/MTestModule.h"
 #include "tests/support/MTestPayload.h"
 #include "tests/support/MTestText.h"
+#include "ui/image/MBitmap.h"
 
 /// Says yes or no, and keeps what it was asked and told last.
 class MTestDialogs final : public MTextDialogs {
@@ -43,6 +45,27 @@ protected:
         library.Attach(&source);
     }
     [[nodiscard]] std::string InScratch(const char* name) const { return Text(scratch.Join(name)); }
+    /// An `execute` element for a program that is put into the user's data, and writes its name to a log there.
+    [[nodiscard]] std::string Execute(const std::string& name, const std::string& attributes = "",
+                                      const char* label = "") const {
+        const bool isWindows = MPlatform::GetName() == "windows";
+        const std::string program = name + (isWindows ? ".bat" : ".run");
+        const MString path =
+            scratch.WriteFile(MDecodeUTF8Exact("userdata/sub/" + program),
+                              (isWindows ? "@echo " : "#!/bin/sh\necho ") + name + ">>log\n");
+        MFile::MakeExecutable(path);
+        return "<execute wait=\"1\" destination=\"{userdata}\\sub\\" + program + "\" " + attributes + ">" +
+               label + "</execute>";
+    }
+    /// The bytes of a PNG file of one colour; `shade` tells pictures apart.
+    static std::string MakePNG(int32_t width, int32_t height, uint8_t shade) {
+        MBitmap bitmap;
+        bitmap.CreateOpaque(width, height);
+        bitmap.ChangeColors([&](MColor) { return MColor::FromRGB(shade, shade, shade); });
+        MMemoryStream stream;
+        bitmap.SavePNG(stream);
+        return MBytesOf(stream);
+    }
 
     MScratch scratch;
     MScratchFolders folders{scratch};

@@ -252,18 +252,6 @@ class UnattendedProgramsTest : public SetupTest {
 protected:
     ~UnattendedProgramsTest() noexcept override = default;
 
-    /// An `execute` element for a program that is put into the user's data.
-    [[nodiscard]] std::string Execute(const std::string& name, const std::string& attributes = "",
-                                      const char* label = "") const {
-        const bool isWindows = MPlatform::GetName() == "windows";
-        const std::string program = name + (isWindows ? ".bat" : ".run");
-        const MString path =
-            scratch.WriteFile(MDecodeUTF8Exact("userdata/sub/" + program),
-                              (isWindows ? "@echo " : "#!/bin/sh\necho ") + name + ">>log\n");
-        MFile::MakeExecutable(path);
-        return "<execute wait=\"1\" destination=\"{userdata}\\sub\\" + program + "\" " + attributes + ">" +
-               label + "</execute>";
-    }
     /// Installs, and gives the exit code and what was started.
     [[nodiscard]] std::string Install(const std::string& children, const char* word) {
         Define(children, "",

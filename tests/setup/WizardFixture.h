@@ -1,8 +1,10 @@
 #pragma once
 
 #include "examples/windows/MPlainStyle.h"
+#include "setup/console/MSilentFrontEnd.h"
 #include "setup/wizard/MSetupWindow.h"
 #include "tests/setup/SetupFixture.h"
+#include "tests/support/MTreeSnapshot.h"
 #include "ui/control/MControlRoot.h"
 #include "ui/control/windows/MWindows.h"
 #include "ui/dialogs/MMessageDialogWindow.h"
@@ -62,6 +64,22 @@ protected:
         const MModalValue result = window.RunModal(nullptr);
         path = Text(window.GetInstalledExecutable());
         return result;
+    }
+
+    [[nodiscard]] MTreeSnapshot Look() const {
+        MList<MString> roots;
+        roots.Add(scratch.GetPath());
+        MList<MString> ignored;
+        ignored.Add("InstallerLog.txt");
+        return MTreeSnapshot(roots, ignored);
+    }
+    /// Everything as it is proposed, without the wizard.
+    void InstallSilently() {
+        MList<MString> words;
+        words.Add("accept-licence");
+        const MString before = MFile::GetCurrentPath();
+        EXPECT_EQ(MSilentFrontEnd(words).Install(library), MExitDone);
+        MFile::SetCurrentPath(before);
     }
 
     MWindowSystemHeadless& system;

@@ -1,7 +1,5 @@
-#include "setup/console/MUnattendedRun.h"
 #include "setup/wizard/MWizardFrontEnd.h"
 #include "tests/setup/WizardFixture.h"
-#include "tests/support/MTreeSnapshot.h"
 #include "ui/widgets/buttons/MCheckBox.h"
 #include "ui/widgets/edits/MEdit.h"
 
@@ -37,13 +35,6 @@ protected:
         Click("licenceagree");
         Next();
     }
-    [[nodiscard]] MTreeSnapshot Look() const {
-        MList<MString> roots;
-        roots.Add(scratch.GetPath());
-        MList<MString> ignored;
-        ignored.Add("InstallerLog.txt");
-        return MTreeSnapshot(roots, ignored);
-    }
 };
 
 TEST_F(SetupWindowTest, InstallsWhatTheSilentRunInstalls) {
@@ -70,15 +61,7 @@ TEST_F(SetupWindowTest, InstallsWhatTheSilentRunInstalls) {
 
         before.Restore();
         DefineProduct(offer, attributes);
-        MList<MString> words;
-        words.Add("accept-licence");
-        const MUnattendedOptions options(words, scratch.GetPath());
-        MTestDialogs answers(false);
-        MInstallViews views;
-        views.dialogs = &answers;
-        MUnattendedRun run(library, options, views);
-        run.Validate();
-        run.Perform();
+        InstallSilently();
         EXPECT_EQ(byWizard.DescribeChanges(Look()), "");
         before.Restore();
     }
