@@ -105,6 +105,29 @@ TEST_F(SetupWindowTest, FollowsItsUserForthAndBack) {
     EXPECT_EQ(scratch.ReadFile("chosen/in/extra"), "extra");
 }
 
+TEST_F(SetupWindowTest, InstallsIntoNoFolderWithoutAName) {
+    DefineProduct();
+    std::string told;
+    (void)Run([&] {
+        Next();
+        Next();
+        Agree();
+        Next();
+        Next();
+        user.Click(Get("browsedestination").GetScreenPoint({-20, 10}));
+        user.HoldKeys(MModifierControl);
+        user.PressKey('A');
+        user.HoldKeys(MModifierNone);
+        user.PressKey(MKeyDelete);
+        WhenAsked([&] { told = Answer("closebutton"); });
+        Next();
+        system.AdvanceTime(2 * MWindowMessages::HoldOff);
+        EXPECT_EQ(GetPage(), "onerror");
+        Click("Exit");
+    });
+    EXPECT_THAT(told, HasSubstr("no complete path"));
+}
+
 TEST_F(SetupWindowTest, SearchesTheAgreement) {
     Define("<licence" + payload.Add("Terms of use: \xC3\xBC terms\r\nTERMS") + "/>");
     (void)Run([&] {

@@ -91,6 +91,9 @@ bool CarriesPayload(const MString& program) {
 
 void MCheckDirectories(const MSetupSession& session, const MList<MString>& directories) {
     for (const MString& directory : directories) {
+        if (!MFile::IsAbsolute(directory))
+            MRefuse("The folder \"{0}\" cannot be used: this is no complete path. Please choose another one.",
+                    directory);
         const MString key = session.Macros.FindKey(directory);
         if (key.IsEmpty()) continue;
         MRefuse("The folder \"{0}\" cannot be used: \"{1}\" in its name stands for another folder here. "

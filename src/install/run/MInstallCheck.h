@@ -2,7 +2,8 @@
 
 #include "install/definition/MSetupSession.h"
 
-/// Refuses a directory that a user has chosen, or that the system gives, whose text holds the key of a macro,
+/// Refuses a directory that a user has chosen, or that the system gives, if it is no complete path, as none
+/// at all; or if its text holds the key of a macro,
 /// as "{documents}": what is expanded later would lead elsewhere, or never end. The macros of the directories
 /// are in the table already. Raises `MRefusal`.
 void MCheckDirectories(const MSetupSession& session, const MList<MString>& directories);
