@@ -2,10 +2,9 @@
 
 #include "install/definition/MSetupSession.h"
 
-/// Refuses a directory that a user has chosen, or that the system gives, if it is no complete path, as none
-/// at all; or if its text holds the key of a macro,
-/// as "{documents}": what is expanded later would lead elsewhere, or never end. The macros of the directories
-/// are in the table already. Raises `MRefusal`.
+/// Refuses a directory that a user has chosen, or that the system gives, if it is no complete path, as an empty one
+/// is not; or if its text holds the key of a macro, as "{documents}": what is expanded later would lead
+/// elsewhere, or never end. The macros of the directories are in the table already. Raises `MRefusal`.
 void MCheckDirectories(const MSetupSession& session, const MList<MString>& directories);
 
 /// Refuses paths that "setup.state" would not give back as they are, such as names that are no text: the
