@@ -1,6 +1,7 @@
 #include "setup/choices/MComponentRows.h"
 #include "setup/choices/MConfigurationChoice.h"
 #include "setup/choices/MDirectoryChoices.h"
+#include "setup/choices/MLicenceText.h"
 #include "tests/setup/SetupFixture.h"
 
 class ChoicesTest : public SetupTest {
@@ -146,4 +147,17 @@ TEST_F(ChoicesTest, OnlyDirectoriesThatAnEnabledPartUsesAreAvailable) {
     for (const char* id : {"used", "copied", "off", "wide"})
         available += Text(library.FindSubItem("directory", "id", id)->GetAttribute("Available"));
     EXPECT_EQ(available, "1100");
+}
+
+TEST(LicenceTextTest, ReadsTheEncodingsOfMakers) {
+    const std::pair<std::string, std::string> cases[] = {
+        {"\xEF\xBB\xBF\xC5\xBE\r\nx", "\xC5\xBE\nx"},
+        {"\xE9\x80", "\xC3\xA9\xE2\x82\xAC"},
+        {std::string("\xFF\xFE\x7E\x01\r\0\n\0x", 9), "\xC5\xBE\n"},
+        {std::string("a\0b", 3), "ab"},
+    };
+    for (const auto& [bytes, text] : cases) {
+        MMemoryStream stream = MStreamOf(bytes);
+        EXPECT_EQ(Text(MReadLicence(stream)), text);
+    }
 }

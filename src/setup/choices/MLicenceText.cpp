@@ -10,6 +10,11 @@ MString MReadLicence(MStream& stream) {
     char block[256];
     int32_t count;
     while ((count = stream.Read(block, sizeof block)) > 0) bytes.append(block, static_cast<size_t>(count));
+    if (bytes.starts_with("\xFF\xFE")) {
+        MString text = MEncoding::FindCodec("utf-16").Decode(std::string_view(bytes).substr(2));
+        text.Replace("\r", MString());
+        return text;
+    }
     if (bytes.starts_with("\xEF\xBB\xBF")) bytes.erase(0, 3);
     // To a codec a zero is the end.
     std::erase_if(bytes, [](char byte) { return byte == '\r' || byte == '\0'; });

@@ -8,6 +8,7 @@
 #include "ui/dialogs/MDirectoryDialog.h"
 #include "ui/layout/MLayoutGrid.h"
 #include "ui/layout/MLayoutSide.h"
+#include "ui/stml/MSTMLPlainText.h"
 #include "ui/widgets/content/MStaticMultiLine.h"
 #include "ui/widgets/edits/MEdit.h"
 #include "ui/widgets/scrolling/MScroller.h"
@@ -112,14 +113,18 @@ void MDirectorySetupPage::ShowFacts(const MList<MDirectoryFacts>& facts) {
     const MList<MDirectorySpace> spaces = needs.Compare(facts);
     MString hidden;
     int32_t next = 0;
+    problems = MString();
     for (int32_t i = 0; i < choices.GetCount(); ++i) {
         const MXMLItem& element = *choices.GetRow(i).element;
         MString text = MQuietText(element.GetValue());
         if (element.GetInt32Attribute("Available", 0) != 0) {
             const MString told = GetFactsText(spaces[next], facts[next].facts);
             text += " " + told;
-            if (!infos[i] && !IsFine(spaces[next], facts[next].facts))
-                hidden += MEntities::Escape(Edits[i]->GetText()) + ": " + told + "<p>";
+            if (!IsFine(spaces[next], facts[next].facts)) {
+                const MString problem = MEntities::Escape(Edits[i]->GetText()) + ": " + told;
+                if (!infos[i]) hidden += problem + "<p>";
+                problems += MSTMLPlainText::Of(problem) + "\n";
+            }
             ++next;
         }
         if (infos[i]) infos[i]->SetText(text);
@@ -160,6 +165,10 @@ void MDirectorySetupPage::OnBrowse(const MOnClickParams& params) {
 }
 
 bool MDirectorySetupPage::OnNext() {
+    // What was found may not hold any more, or not matter.
+    if (!problems.IsEmpty() &&
+        !GetWindow().GetDialogs().AskYesNo(problems + "\n" + MTranslate("Do you want to continue anyway?")))
+        return false;
     for (int32_t i = 0; i < choices.GetCount(); ++i) {
         const MString text = Edits[i]->GetText();
         if (!text.IsExactly(shown[i])) choices.GetRow(i).path = text;

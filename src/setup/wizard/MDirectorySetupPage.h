@@ -13,7 +13,7 @@ class MStaticMultiLine;
 
 /// Where the parts of the product go: a row for each directory, with what is proposed for it. A directory
 /// that no chosen part uses is greyed. Below each row stands what the directory needs and what its volume
-/// has, and what keeps it from being written; whoever goes on in spite of that may.
+/// has, and what keeps it from being written; whoever goes on in spite of that is asked.
 class MDirectorySetupPage : public MSetupPage, private MTimer {
 public:
     MDirectorySetupPage(MControl& parent, const MString& name);
@@ -28,7 +28,10 @@ public:
 private:
     void AddRow(MControl& table, MLayoutGrid& grid, const MXMLItem& element);
     void OnBrowse(const MOnClickParams& params);
-    void OnPath(const MOnStringParams&) { StartTimer(TypingPause); }
+    void OnPath(const MOnStringParams&) {
+        problems = MString();
+        StartTimer(TypingPause);
+    }
     void OnTimer() override;
     /// Asks the disk about all folders, and shows what it says when it says it.
     void LookAtFolders();
@@ -44,5 +47,6 @@ private:
     MSpaceNeeds needs;
     MList<MStaticMultiLine, MListPointers> infos;  ///< by row of the choices; null for a hidden one
     MStaticMultiLine* hiddenInfo;                  ///< of hidden directories
+    MString problems;  ///< what is wrong with the folders, a line each, as far as it is known
     MAwaitedTask looking;
 };
