@@ -1,9 +1,8 @@
 #include "builder/commands/MBuilderCommandLine.h"
 
 #include "builder/commands/MRunBuilder.h"
+#include "builder/commands/MUpdateOptions.h"
 #include "foundation/text/MUnicode.h"
-
-#include <CLI/CLI.hpp>
 
 #include <map>
 #include <sstream>
@@ -36,6 +35,19 @@ const char* const DownloadSetExamples =
     "      --mirror http://two.example/pub --output publish --stub setup.exe\n"
     "  setup-builder download-set files --id Product-8.1 --mirror http://one.example/get \\\n"
     "      --part-size 4M --output publish";
+const char* const UpdateExamples =
+    "Examples:\n"
+    "  setup-builder update Tamborel-8.0.exe Tamborel-8.1.exe --output Tamborel-8.1.dat\n"
+    "  setup-builder update 8.0/product.xml 8.1/product.xml --define VERSION=8.1 --define-old VERSION=8.0 \\\n"
+    "      --output Tamborel-8.1-update.exe --stub setup.exe --name \"Tamborel 8.1\"";
+const char* const PackageExamples =
+    "Example:\n"
+    "  setup-builder package Tamborel-8.0.exe piano/product.xml --output Grand-Piano.dat \\\n"
+    "      --name \"Grand piano\" --description \"88 keys, 12 velocities.\"";
+const char* const UpdateServerExamples =
+    "Examples:\n"
+    "  setup-builder update-server updates --output /srv/www/tamborel --base /tamborel/\n"
+    "  setup-builder update-server updates --output /srv/www/updates --id Tamborel8";
 const char* const Overview = "Run \"setup-builder COMMAND --help\" for a command's options and examples.\n"
                              "Exit codes: 0 done, 1 failed or problems found, 2 wrong command line.";
 
@@ -59,24 +71,6 @@ std::string CheckDownloadPartSize(const std::string& bytes) {
 std::string CheckNotEmpty(const std::string& text) {
     return text.empty() ? "the name is empty" : "";
 }
-
-/// The options as the parser fills them: bytes of UTF-8.
-struct RawOptions {
-    std::string input;
-    std::string description;
-    std::string output;
-    std::string stub;
-    std::string form = "exe";
-    int64_t partSize = MBuilderOptions::DefaultPartSize;
-    std::string compression = "bzip2";
-    int32_t level = 9;
-    int32_t threads = 0;
-    std::vector<std::string> defines;
-    bool showsXML = false;
-    int64_t downloadPartSize = MBuilderOptions::DefaultDownloadPartSize;
-    std::string id;
-    std::vector<std::string> mirrors;
-};
 
 int32_t GetThreadCount(int32_t wanted) {
     const auto cores = static_cast<int32_t>(std::thread::hardware_concurrency());
@@ -105,6 +99,16 @@ public:
         AddExtract();
         AddBlob();
         AddDownloadSet();
+        MAddUpdateOptions(AddCommand(MBuilderCommand::Update, "update",
+                                     "Makes the update between two versions of a product", UpdateExamples),
+                          raw);
+        MAddPackageOptions(AddCommand(MBuilderCommand::Package, "package",
+                                      "Makes a package that adds to a product", PackageExamples),
+                           raw);
+        MAddUpdateServerOptions(AddCommand(MBuilderCommand::UpdateServer, "update-server",
+                                           "Writes what a web server offers updates and packages with",
+                                           UpdateServerExamples),
+                                raw);
     }
 
     void Parse(const MList<MString>& arguments) {
@@ -146,6 +150,12 @@ public:
         options.showsXML = raw.showsXML;
         options.id = MDecodeUTF8Exact(raw.id);
         for (const std::string& mirror : raw.mirrors) options.mirrors.Add(MDecodeUTF8Exact(mirror));
+        for (const std::string& define : raw.olderDefines) options.olderDefines.Add(MDecodeUTF8Exact(define));
+        options.newer = MDecodeUTF8Exact(raw.newer);
+        options.offer = {MDecodeUTF8Exact(raw.name),    MDecodeUTF8Exact(raw.offerDescription),
+                         MDecodeUTF8Exact(raw.time),    MDecodeUTF8Exact(raw.showInfo),
+                         MDecodeUTF8Exact(raw.execute), raw.restarts};
+        options.base = MDecodeUTF8Exact(raw.base);
         return options;
     }
 
@@ -172,13 +182,6 @@ private:
         command.add_option(name, raw.input, description)->required()->option_text("REQUIRED");
     }
 
-    void AddDefines(CLI::App& command) {
-        command.add_option("--define", raw.defines, "NAME=TEXT fills {{NAME}} in the definition")
-            ->take_all()
-            ->expected(1)
-            ->type_name("NAME=TEXT");
-    }
-
     void AddPack() {
         CLI::App& pack =
             AddCommand(MBuilderCommand::Pack, "pack", "Makes an installer of a definition", PackExamples);
@@ -198,24 +201,15 @@ private:
             ->transform(CLI::AsNumberWithUnit(SizeUnits))
             ->check(CheckPartSize)
             ->option_text("BYTES or N[K|M|G]");
-        pack.add_option("--compression", raw.compression,
-                        "How the items are stored; bzip2 if it is not given")
-            ->check(CLI::IsMember({"bzip2", "zlib", "none"}))
-            ->option_text("bzip2|zlib|none");
-        pack.add_option("--level", raw.level, "1 is fast, 9 is small; 9 if it is not given")
-            ->check(CLI::Range(1, 9))
-            ->option_text("N");
-        pack.add_option("--threads", raw.threads, "How many compress at once; all cores if it is not given")
-            ->check(CLI::Range(1, MBuilderOptions::MaximumThreads))
-            ->option_text("N");
-        AddDefines(pack);
+        MAddCompressionOptions(pack, raw);
+        MAddDefines(pack, "--define", "NAME=TEXT fills {{NAME}} in the definition", raw.defines);
     }
 
     void AddCheck() {
         CLI::App& check = AddCommand(MBuilderCommand::Check, "check",
                                      "Tells all that is wrong with a definition", CheckExamples);
         AddInput(check, "DEFINITION", "The install definition, an XML file");
-        AddDefines(check);
+        MAddDefines(check, "--define", "NAME=TEXT fills {{NAME}} in the definition", raw.defines);
     }
 
     void AddInspect() {
@@ -283,7 +277,7 @@ private:
             ->type_name("PROGRAM");
     }
 
-    RawOptions raw;
+    MRawOptions raw;
     CLI::App app;
     std::map<const CLI::App*, MBuilderCommand> commands;
 };

@@ -2,14 +2,12 @@
 
 #include "builder/checks/MDefinitionCheck.h"
 #include "builder/commands/MRunBuilder.h"
-#include "builder/compression/MBzip2Pieces.h"
-#include "builder/compression/MPlainPieces.h"
-#include "builder/compression/MZLibPieces.h"
 #include "builder/output/MCommandInputs.h"
 #include "builder/output/MTextProgress.h"
 #include "builder/packing/MFileSetOutput.h"
 #include "builder/packing/MHashingStream.h"
 #include "builder/packing/MPayloadWriter.h"
+#include "builder/packing/MPieceCodecs.h"
 #include "builder/packing/MSetupProgram.h"
 #include "foundation/base/MAddSize.h"
 #include "foundation/files/MFile.h"
@@ -18,18 +16,10 @@ namespace {
 
 constexpr const char* CompanionSuffix = ".md5";
 
-std::unique_ptr<MPieceCodec> MakeCodec(const MBuilderOptions& options) {
-    switch (options.compression) {
-    case MCompression::ZLib: return std::make_unique<MZLibPieces>(options.level);
-    case MCompression::None: return std::make_unique<MPlainPieces>();
-    default: return std::make_unique<MBzip2Pieces>(options.level);
-    }
-}
-
 }  // namespace
 
 MPackCommand::MPackCommand(const MBuilderOptions& options, MBuilderOutput& output)
-    : options(options), output(output), sources(definition, problems), codec(MakeCodec(options)) {}
+    : options(options), output(output), sources(definition, problems), codec(MMakePieceCodec(options)) {}
 
 int32_t MPackCommand::Run() {
     if (!Prepare()) return MBuilderExitFailed;

@@ -5,6 +5,8 @@
 #include "builder/commands/MBuilderCommandLine.h"
 #include "builder/commands/MDownloadSetCommand.h"
 #include "builder/commands/MPackCommand.h"
+#include "builder/commands/MUpdateCommand.h"
+#include "builder/commands/MUpdateServerCommand.h"
 #include "builder/output/MConsoleOutput.h"
 #include "builder/reports/MFileSet.h"
 #include "builder/reports/MPayloadExtractor.h"
@@ -64,6 +66,9 @@ int32_t RunCommand(const MBuilderOptions& options, MBuilderOutput& output) {
     case MBuilderCommand::Extract: return Extract(options, output);
     case MBuilderCommand::Blob: return MRunBlobCommand(options, output);
     case MBuilderCommand::DownloadSet: return MDownloadSetCommand(options, output).Run();
+    case MBuilderCommand::Update:
+    case MBuilderCommand::Package: return MUpdateCommand(options, output).Run();
+    case MBuilderCommand::UpdateServer: return MUpdateServerCommand(options, output).Run();
     }
     return MBuilderExitWrongUsage;
 }

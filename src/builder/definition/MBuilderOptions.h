@@ -6,7 +6,18 @@
 #include <cstdint>
 
 /// What the tool is to do.
-enum class MBuilderCommand { Pack, Check, Inspect, Verify, Extract, Blob, DownloadSet };
+enum class MBuilderCommand {
+    Pack,
+    Check,
+    Inspect,
+    Verify,
+    Extract,
+    Blob,
+    DownloadSet,
+    Update,
+    Package,
+    UpdateServer
+};
 
 /// How a payload is delivered.
 enum class MPayloadForm {
@@ -16,6 +27,16 @@ enum class MPayloadForm {
 };
 
 enum class MCompression { Bzip2, ZLib, None };
+
+/// What an update is to say of itself; what is empty is taken from the newer version, or left out.
+struct MOfferOptions {
+    MString name;
+    MString description;
+    MString time;
+    MString showInfo;
+    MString execute;
+    bool restarts = false;
+};
 
 /// A command line, taken apart.
 struct MBuilderOptions {
@@ -34,6 +55,7 @@ struct MBuilderOptions {
     MString description;  ///< of a blob; empty to list one
     MString output;       ///< a file for packing, a directory for extracting and for a download set
     MString stub;  ///< the setup program; empty for the one beside the tool, or for none in a download set
+                   ///< or an update
     MPayloadForm form = MPayloadForm::Executable;
     int64_t partSize = DefaultPartSize;
     MCompression compression = MCompression::Bzip2;
@@ -41,6 +63,10 @@ struct MBuilderOptions {
     int32_t threads = 1;
     MList<MString> defines;  ///< each "NAME=TEXT"
     bool showsXML = false;
-    MString id;              ///< of a download set
-    MList<MString> mirrors;  ///< base URLs
+    MString id;                   ///< of a download set, or of a product on a server of several
+    MList<MString> mirrors;       ///< base URLs
+    MString newer;                ///< the version that an update leads to; `input` is the older one
+    MList<MString> olderDefines;  ///< those of the older version, which count before `defines`
+    MOfferOptions offer;
+    MString base;  ///< path of a server's address
 };

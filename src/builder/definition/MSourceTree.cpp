@@ -5,6 +5,7 @@
 #include "foundation/files/MFile.h"
 #include "foundation/text/MStringFormatter.h"
 #include "foundation/xml/MXMLSubItems.h"
+#include "streams/basic/MStdFileStream.h"
 
 #include <algorithm>
 
@@ -33,6 +34,13 @@ MXMLItem* AddCreated(MXMLItem& parent, const char* elementName, const MString& n
 }
 
 }  // namespace
+
+std::unique_ptr<MStream> MSourceItem::Open() const {
+    if (payload) return payload->OpenItem(stored);
+    auto file = std::make_unique<MStdFileStream>();
+    file->Open(path, MOpenRead);
+    return file;
+}
 
 void MSourceTree::Collect() {
     for (MXMLItem* element : definition.GetRoot().GetSubItems()) {

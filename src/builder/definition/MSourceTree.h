@@ -2,12 +2,19 @@
 
 #include "builder/definition/MDefinition.h"
 #include "foundation/base/MList.h"
+#include "payload/MLargeResourceLibrary.h"
 
-/// An element of a definition that stands for stored data, and the file that its data come from.
+/// An element that stands for stored data, and where its data come from: a file, or an item of another payload.
 struct MSourceItem {
     MXMLItem* element = nullptr;
-    MString path;
+    MString path;      ///< of the file; for an item of a payload what messages call it
     int64_t size = 0;  ///< in bytes
+    MLargeResourceLibrary* payload = nullptr;  ///< null for a file; must outlive the item
+    MXMLItem* stored = nullptr;                ///< the item's element in that payload
+
+    /// The data from their beginning. Those of one payload are read one after the other. Raises what opening
+    /// raises.
+    [[nodiscard]] std::unique_ptr<MStream> Open() const;
 };
 
 using MSourceItemList = MList<MSourceItem>;

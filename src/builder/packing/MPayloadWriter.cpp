@@ -5,7 +5,6 @@
 #include "foundation/base/MRaise.h"
 #include "payload/MPayloadFormat.h"
 #include "streams/basic/MMemoryStream.h"
-#include "streams/basic/MStdFileStream.h"
 #include "streams/hashes/MMD5Stream.h"
 
 using namespace MPayloadFormat;
@@ -37,9 +36,7 @@ void MPayloadWriter::WriteItems(const MSourceItemList& items, const MParallelCom
             if (progress) progress(items[i].size);
             continue;
         }
-        MStdFileStream file;
-        file.Open(items[i].path, MOpenRead);
-        compressor.AddItem(file, items[i].size, items[i].path);
+        compressor.AddItem(*items[i].Open(), items[i].size, items[i].path);
         ++storedCount;
     }
     compressor.Finish();

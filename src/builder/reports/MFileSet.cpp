@@ -7,11 +7,9 @@
 
 namespace {
 
-/// A payload may begin with an item that is XML, but it ends in flags or a size, never in a tag.
 bool EndsInTag(MStream& file) {
     char tail[4096];
     const int64_t size = file.GetSize();
-    if (size > MMultiFileStream::MaximumIndexSize) return false;
     file.Seek(std::max<int64_t>(0, size - static_cast<int64_t>(sizeof tail)), MSeekOrigin::Begin);
     int32_t count = file.Read(tail, sizeof tail);
     while (count > 0 && MChar(tail[count - 1]).IsBlank()) --count;
@@ -21,7 +19,7 @@ bool EndsInTag(MStream& file) {
 bool IsIndex(const MString& path) {
     MStdFileStream file;
     file.Open(path, MOpenRead);
-    if (!EndsInTag(file)) return false;
+    if (file.GetSize() > MMultiFileStream::MaximumIndexSize || !EndsInTag(file)) return false;
     MXMLItem root;
     file.Rewind();
     return MGuard("MOpenFileSet", [&] { root.Load(file); }) && root.FindSubItem("File");
@@ -35,6 +33,12 @@ MString DescribeFault(const MMultiFileStream& set, int32_t part) {
 }
 
 }  // namespace
+
+bool MIsXMLFile(const MString& path) {
+    MStdFileStream file;
+    file.Open(path, MOpenRead);
+    return EndsInTag(file);
+}
 
 std::unique_ptr<MMultiFileStream> MOpenFileSet(const MString& path) {
     if (!IsIndex(path)) return nullptr;
