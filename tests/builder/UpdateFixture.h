@@ -32,8 +32,8 @@ protected:
     }
 
     int32_t Make(const std::string& command, std::vector<std::string> more = {}) {
-        more.insert(more.begin(),
-                    {command, "@old/product.xml", "@new/product.xml", "--output", "@update.dat"});
+        if (std::ranges::count(more, "--output") == 0) more.insert(more.end(), {"--output", "@update.dat"});
+        more.insert(more.begin(), {command, "@old/product.xml", "@new/product.xml"});
         return Run(more);
     }
 

@@ -206,16 +206,17 @@ private:
     }
 
     void AddCheck() {
-        CLI::App& check = AddCommand(MBuilderCommand::Check, "check",
-                                     "Tells all that is wrong with a definition", CheckExamples);
-        AddInput(check, "DEFINITION", "The install definition, an XML file");
+        CLI::App& check =
+            AddCommand(MBuilderCommand::Check, "check",
+                       "Tells all that is wrong with a definition, an update or an index", CheckExamples);
+        AddInput(check, "FILE", "An install definition, an update, or the index of an update server");
         MAddDefines(check, "--define", "NAME=TEXT fills {{NAME}} in the definition", raw.defines);
     }
 
     void AddInspect() {
-        CLI::App& inspect =
-            AddCommand(MBuilderCommand::Inspect, "inspect", "Shows what an installer holds", InspectExamples);
-        AddInput(inspect, "FILE", "An installer, a setup.dat or a setup.multi");
+        CLI::App& inspect = AddCommand(MBuilderCommand::Inspect, "inspect",
+                                       "Shows what an installer or an update holds", InspectExamples);
+        AddInput(inspect, "FILE", "An installer, a setup.dat, a setup.multi or an update");
         inspect.add_flag("--xml", raw.showsXML, "Print the definition as it is stored, and nothing else");
     }
 
@@ -223,13 +224,13 @@ private:
         CLI::App& verify = AddCommand(MBuilderCommand::Verify, "verify",
                                       "Reads every item of an installer to its end", VerifyExamples);
         AddInput(verify, "FILE",
-                 "An installer, a setup.dat or a setup.multi; an .md5 and parts are tested too");
+                 "An installer, a setup.dat, a setup.multi or an update; an .md5 and parts are tested too");
     }
 
     void AddExtract() {
         CLI::App& extract = AddCommand(MBuilderCommand::Extract, "extract",
                                        "Unpacks an installer without installing", ExtractExamples);
-        AddInput(extract, "FILE", "An installer, a setup.dat or a setup.multi");
+        AddInput(extract, "FILE", "An installer, a setup.dat, a setup.multi or an update");
         extract.add_option("--output", raw.output, "The directory to write; new or empty")
             ->required()
             ->type_name("DIR");

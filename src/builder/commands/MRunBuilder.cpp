@@ -1,8 +1,9 @@
 #include "builder/commands/MRunBuilder.h"
 
-#include "builder/checks/MDefinitionCheck.h"
+#include "builder/checks/MUpdateFileCheck.h"
 #include "builder/commands/MBlobCommand.h"
 #include "builder/commands/MBuilderCommandLine.h"
+#include "builder/commands/MCheckCommand.h"
 #include "builder/commands/MDownloadSetCommand.h"
 #include "builder/commands/MPackCommand.h"
 #include "builder/commands/MUpdateCommand.h"
@@ -19,21 +20,6 @@
 
 namespace {
 
-/// Warnings alone do not change the exit code.
-int32_t Check(const MBuilderOptions& options, MBuilderOutput& output) {
-    MPlaceholders placeholders;
-    for (const MString& define : options.defines) placeholders.Define(define);
-    MProblemList problems;
-    MDefinition definition;
-    MSourceTree sources(definition, problems);
-    MPrepareDefinition(options.input, placeholders, definition, sources, problems);
-
-    problems.Print(options.input, output);
-    output.Tell(MFormat("{0}: errors: {1}, warnings: {2}, items to store: {3}", options.input,
-                        problems.GetErrorCount(), problems.GetWarningCount(), sources.GetItems().GetCount()));
-    return problems.GetErrorCount() > 0 ? MBuilderExitFailed : MBuilderExitDone;
-}
-
 int32_t Inspect(const MBuilderOptions& options, MBuilderOutput& output) {
     MPayloadFile file(options.input);
     MPayloadReport report(file, output);
@@ -48,7 +34,11 @@ int32_t Verify(const MBuilderOptions& options, MBuilderOutput& output) {
     // Bad parts are told even where the payload in them can no longer be read.
     const bool arePartsGood = MVerifyFileSet(options.input, output);
     MPayloadFile file(options.input);
-    return MPayloadVerifier(file, output).Run() && arePartsGood ? MBuilderExitDone : MBuilderExitFailed;
+    MList<MString> faults;
+    if (MIsUpdate(file.GetLibrary())) faults = MFindUpdateFaults(file.GetLibrary());
+    for (const MString& fault : faults) output.Complain(MFormat("{0} {1}", options.input, fault));
+    const bool areItemsGood = MPayloadVerifier(file, output).Run();
+    return areItemsGood && arePartsGood && faults.IsEmpty() ? MBuilderExitDone : MBuilderExitFailed;
 }
 
 int32_t Extract(const MBuilderOptions& options, MBuilderOutput& output) {
@@ -60,7 +50,7 @@ int32_t Extract(const MBuilderOptions& options, MBuilderOutput& output) {
 int32_t RunCommand(const MBuilderOptions& options, MBuilderOutput& output) {
     switch (options.command) {
     case MBuilderCommand::Pack: return MPackCommand(options, output).Run();
-    case MBuilderCommand::Check: return Check(options, output);
+    case MBuilderCommand::Check: return MRunCheckCommand(options, output);
     case MBuilderCommand::Inspect: return Inspect(options, output);
     case MBuilderCommand::Verify: return Verify(options, output);
     case MBuilderCommand::Extract: return Extract(options, output);

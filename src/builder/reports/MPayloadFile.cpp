@@ -1,6 +1,7 @@
 #include "builder/reports/MPayloadFile.h"
 
 #include "builder/reports/MFileSet.h"
+#include "foundation/base/MGuard.h"
 #include "foundation/base/MRaise.h"
 #include "foundation/files/MFile.h"
 #include "payload/MPayloadFormat.h"
@@ -68,4 +69,8 @@ std::string MPayloadFile::ReadIndexText() {
     MMemoryStream text;
     MReadPayloadIndex(stored, flags, text);
     return {text.GetBuffer().Get(), static_cast<size_t>(text.GetSize())};
+}
+
+bool MIsPayloadFile(const MString& path) {
+    return MGuard("MIsPayloadFile", [&] { MPayloadFile{path}; });
 }

@@ -46,3 +46,6 @@ private:
     uint8_t digest[MMD5Stream::DigestSize] = {};
     MLargeResourceLibrary library;
 };
+
+/// Whether a file can be read as an installer or an update. Raises nothing.
+[[nodiscard]] bool MIsPayloadFile(const MString& path);

@@ -1,9 +1,13 @@
 #include "builder/reports/MPayloadReport.h"
 
+#include "builder/checks/MUpdateFileCheck.h"
 #include "builder/reports/MPayloadItem.h"
+#include "builder/reports/MUpdateCounts.h"
+#include "builder/updates/MUpdateOffer.h"
 #include "foundation/base/MAddSize.h"
 #include "foundation/text/MStringFormatter.h"
 #include "foundation/text/MUnicode.h"
+#include "foundation/xml/MXMLSubItems.h"
 #include "payload/MPayloadFormat.h"
 
 #include <algorithm>
@@ -44,9 +48,13 @@ void CountFiles(const MXMLItem& item, int32_t& count, int64_t& bytes) {
 
 void MPayloadReport::Print() {
     PrintFields();
+    PrintOffer();
     PrintParts();
     PrintConfigurations();
-    PrintComponents();
+    if (MIsUpdate(file.GetLibrary()))
+        PrintChanges();
+    else
+        PrintComponents();
     PrintDirectories();
     PrintItems();
 }
@@ -61,7 +69,8 @@ void MPayloadReport::PrintXML() {
 
 void MPayloadReport::PrintFields() {
     const bool isExecutable = file.GetProgramSize() >= 0;
-    output.Tell(MFormat("product     {0}", file.GetLibrary().GetAttribute("name", "")));
+    if (!MIsUpdate(file.GetLibrary()))
+        output.Tell(MFormat("product     {0}", file.GetLibrary().GetAttribute("name", "")));
     output.Tell(MFormat("form        {0}", DescribeForm(file)));
     if (isExecutable) output.Tell(MFormat("program     {0} bytes", file.GetProgramSize()));
     output.Tell(
@@ -70,6 +79,24 @@ void MPayloadReport::PrintFields() {
                         static_cast<int64_t>(file.ReadIndexText().size())));
     output.Tell(MFormat("flags       {0}", DescribeFlags(file.GetFlags())));
     output.Tell(MFormat("digest      {0}", file.GetDigestText()));
+}
+
+void MPayloadReport::PrintOffer() {
+    const MXMLItem* information = file.GetLibrary().FindSubItem("updateinformation");
+    if (!information) return;
+    const MUpdateOffer offer = MUpdateOffer::Read(*information);
+    output.Tell(offer.isPackage ? "\nPackage" : "\nUpdate");
+    const auto tell = [&](const char* what, const MString& value) {
+        if (!value.IsEmpty()) output.Tell(MFormat("  {0}{1}", what, value));
+    };
+    tell("name        ", offer.name);
+    tell("text        ", offer.text);
+    tell("time        ", offer.time);
+    tell("laid over   ", offer.baseTime);
+    tell("product     ", offer.installationName);
+    tell("shows       ", offer.showInfo);
+    tell("executes    ", offer.execute);
+    if (offer.restarts) output.Tell("  restarts");
 }
 
 void MPayloadReport::PrintParts() {
@@ -101,6 +128,27 @@ void MPayloadReport::PrintComponents() {
         for (const MXMLItem* copy : files->GetSubItems())
             if (copy->GetName() == "copy")
                 output.Tell(MFormat("    copied to {0}", copy->GetAttribute("destination", "")));
+    }
+}
+
+void MPayloadReport::PrintChanges() {
+    output.Tell("\nChanges");
+    int32_t number = 0;
+    for (const MXMLItem& files : MXMLSubItems(file.GetLibrary(), "files")) {
+        const MString folder = MGetGroupFolder(files, ++number);
+        const bool isUnchanged = files.GetInt32Attribute("unchanged", 0) != 0;
+        output.Tell(
+            MFormat("  {0}: {1}", folder, isUnchanged ? "unchanged" : MUpdateCounts(files).Describe()));
+        PrintOps(files, folder);
+    }
+}
+
+void MPayloadReport::PrintOps(const MXMLItem& parent, const MString& folder) {
+    for (const MXMLItem* item : parent.GetSubItems()) {
+        const MString path = folder + "/" + item->GetAttribute("name", "");
+        const MString op = item->GetAttribute("op", "");
+        if (!(op == "leave")) output.Tell(MFormat("    {0}  {1}", op, path));
+        PrintOps(*item, path);
     }
 }
 

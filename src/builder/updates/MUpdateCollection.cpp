@@ -1,12 +1,12 @@
 #include "builder/updates/MUpdateCollection.h"
 
 #include "builder/checks/MFileNameRules.h"
+#include "builder/checks/MUpdateFileCheck.h"
 #include "builder/definition/MDefinitionText.h"
 #include "builder/definition/MSortedFileList.h"
 #include "builder/reports/MPayloadFile.h"
 #include "foundation/files/MFile.h"
 #include "foundation/text/MStringFormatter.h"
-#include "install/definition/MItemNames.h"
 
 #include <algorithm>
 #include <string_view>
@@ -61,15 +61,14 @@ void MUpdateCollection::ReadFile(const MString& path, MList<MString>& problems) 
             "in front.");
     try {
         MPayloadFile payload(path);
-        const MXMLItem* information = payload.GetLibrary().FindSubItem("updateinformation");
-        if (!information || payload.GetProgramSize() >= 0)
+        const MXMLItem& root = payload.GetLibrary();
+        if (!MIsUpdate(root) || payload.GetProgramSize() >= 0)
             return add("is no update for a server. Make it by \"update\" or \"package\" without --stub.");
-        MCheckItemNames(payload.GetLibrary());
-        Entry entry{MUpdateOffer::Read(*information), path, name, payload.GetPayloadSize()};
-        MList<MString> faults;
-        entry.offer.Check(faults);
+        const MList<MString> faults = MFindUpdateFaults(root);
         for (const MString& fault : faults) add(fault);
-        if (faults.IsEmpty()) entries.push_back(entry);
+        if (faults.IsEmpty())
+            entries.push_back({MUpdateOffer::Read(*root.GetSubItem("updateinformation")), path, name,
+                               payload.GetPayloadSize()});
     } catch (const MException& exception) {
         add("cannot be used: " + exception.GetMessage());
     }
