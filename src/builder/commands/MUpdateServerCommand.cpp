@@ -126,8 +126,8 @@ void MUpdateServerCommand::WriteConfiguration() const {
     const bool isShared = !options.id.IsEmpty();
     const MString product = isShared ? "/$arg_name" : "";
     MString text =
-        "# Answers update managers. Include this file in a \"server\" block of nginx, and say there in \"root\"\n"
-        "# where the tree lies if that is another place.\n";
+        "# Answers update managers. Include this file in a \"server\" block of nginx. \"root\" is where the tree was\n"
+        "# written: correct it if the server finds it elsewhere.\n";
     const auto add = [&text](const MString& line) { text += line + "\n"; };
     const auto require = [&](const char* argument) {
         add(MFormat("    if (${0} !~ \"{1}\") {{ return 404; }}", argument, NamePattern));
