@@ -118,7 +118,13 @@ TEST_F(UpdateTest, RefusesWhatNoInstallationCouldTake) {
     refuse(Group, Group + moved, "has 1 \"files\" elements, and the newer one 2.");
     refuse(Group, "<nonsense", "Nothing was written.");
 
-    WriteVersions(Group, {{"a/x", "1"}}, {{"a/x", "1"}});
+    const std::string twice = R"(<files name="C" path="c" destination="{main}" required="1"><copy )"
+                              R"(destination="{data}/C" required="1"/></files>)";
+    WriteVersions(Group + twice, {{"a/x", "1"}, {"c/y", ""}, {"c/moves", ""}},
+                  {{"a/x", "1"}, {"c/y", ""}, {"a/moves", ""}});
+    ExpectRefused("update", "\"moves\" is no longer in \"C\", and another group");
+    MFile::Delete(scratch.Join("new/a/moves"));
+    WriteVersions(Group, {}, {});
     ExpectRefused("update", "install the same files.");
     MFile::DeleteTree(scratch.Join("new/a"));
     scratch.WriteFile("new/a/x/y", "");

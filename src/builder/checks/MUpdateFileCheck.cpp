@@ -1,7 +1,7 @@
 #include "builder/checks/MUpdateFileCheck.h"
 
 #include "builder/definition/MDefinitionText.h"
-#include "builder/updates/MUpdateOffer.h"
+#include "builder/definition/MUpdateOffer.h"
 #include "foundation/base/MException.h"
 #include "foundation/text/MStringFormatter.h"
 #include "foundation/xml/MXMLSubItems.h"

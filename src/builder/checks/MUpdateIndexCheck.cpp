@@ -2,7 +2,7 @@
 
 #include "builder/checks/MFileNameRules.h"
 #include "builder/definition/MDefinitionText.h"
-#include "builder/updates/MUpdateOffer.h"
+#include "builder/definition/MUpdateOffer.h"
 #include "foundation/files/MFile.h"
 #include "foundation/files/MSafeName.h"
 #include "foundation/text/MStringFormatter.h"

@@ -1,9 +1,9 @@
 #include "builder/reports/MPayloadReport.h"
 
 #include "builder/checks/MUpdateFileCheck.h"
+#include "builder/definition/MUpdateOffer.h"
 #include "builder/reports/MPayloadItem.h"
 #include "builder/reports/MUpdateCounts.h"
-#include "builder/updates/MUpdateOffer.h"
 #include "foundation/base/MAddSize.h"
 #include "foundation/text/MStringFormatter.h"
 #include "foundation/text/MUnicode.h"

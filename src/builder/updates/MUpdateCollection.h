@@ -1,6 +1,6 @@
 #pragma once
 
-#include "builder/updates/MUpdateOffer.h"
+#include "builder/definition/MUpdateOffer.h"
 
 #include <vector>
 

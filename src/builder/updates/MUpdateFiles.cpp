@@ -160,28 +160,40 @@ void MUpdateFiles::WriteDeleted(const MString& path, MXMLItem& target) {
             const MString childPath = MUpdatePaths::Append(path, name);
             if (child->GetName() == "dir" && !(GetOp(*child) == "delete"))
                 DeleteDirectory(name, childPath, target);
-            if (!(child->GetName() == "file") || !IsWritten(*child) ||
-                after->files.contains(GetKey(childPath)) || IsStillNeeded(childPath))
-                continue;
-            AddItem(target, "file", name, "delete");
-            isChanged = true;
+            if (child->GetName() == "file" && IsWritten(*child)) DeleteFile(name, childPath, target);
         }
     }
 }
 
+void MUpdateFiles::DeleteFile(const MString& name, const MString& path, MXMLItem& target) {
+    if (after->files.contains(GetKey(path))) return;
+    const MUpdateTargets::Share needed = GetStillNeeded(path);
+    if (needed == MUpdateTargets::Share::Some)
+        MRaise(
+            MExceptionGeneral,
+            "\"{0}\" is no longer in \"{1}\", and another group brings it to one of its places, but not to all: "
+            "no update can delete it in the others alone. Give it another name, or leave it where it was.",
+            path, files->GetAttribute("name", ""));
+    if (needed == MUpdateTargets::Share::All) return;
+    AddItem(target, "file", name, "delete");
+    isChanged = true;
+}
+
 void MUpdateFiles::DeleteDirectory(const MString& name, const MString& path, MXMLItem& target) {
     if (after->directories.contains(GetKey(path)) || cleaned.contains(GetKey(path))) return;
-    MXMLItem& item = AddItem(target, "dir", name, IsStillNeeded(path) ? "leave" : "delete");
+    const bool isNeeded = GetStillNeeded(path) == MUpdateTargets::Share::All;
+    MXMLItem& item = AddItem(target, "dir", name, isNeeded ? "leave" : "delete");
     WriteDeleted(path, item);
-    if (item.GetSubItemCount() == 0 && GetOp(item) == "leave")
+    if (item.GetSubItemCount() == 0 && isNeeded)
         target.RemoveSubItem(target.GetSubItemCount() - 1);
     else
         isChanged = true;
 }
 
-bool MUpdateFiles::IsStillNeeded(const MString& path) const {
+MUpdateTargets::Share MUpdateFiles::GetStillNeeded(const MString& path) const {
     // A name that differs in case only is deleted before the new one is written.
     const std::string folded = GetFoldedKey(path);
-    if (after->foldedFiles.contains(folded) || after->foldedDirectories.contains(folded)) return false;
-    return targets.IsFilled(*files, path);
+    if (after->foldedFiles.contains(folded) || after->foldedDirectories.contains(folded))
+        return MUpdateTargets::Share::None;
+    return targets.GetFilled(*files, path);
 }

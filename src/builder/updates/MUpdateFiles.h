@@ -24,7 +24,8 @@ public:
         : older(older), newer(newer), targets(targets) {}
 
     /// Fills an empty `files` element, and gives whether anything differs. Raises what reading contents raises,
-    /// "\"{0}\" was a {1} and is a {2}. ..." (0) and "\"{0}\" brings no content. ..." (0).
+    /// "\"{0}\" was a {1} and is a {2}. ..." (0), "\"{0}\"
+    /// is no longer in this group, ..." (0) and "\"{0}\" brings no content. ..." (0).
     [[nodiscard]] bool Write(const MXMLItem& oldFiles, const MXMLItem& newFiles, MXMLItem& target);
     /// What the elements that were written bring, in their order.
     [[nodiscard]] const MSourceItemList& GetContents() const { return contents; }
@@ -47,8 +48,9 @@ private:
     /// Adds what only the older version has in a directory.
     void WriteDeleted(const MString& path, MXMLItem& target);
     void DeleteDirectory(const MString& name, const MString& path, MXMLItem& target);
-    /// Whether something of the newer version would be deleted with what the older one has at a path.
-    [[nodiscard]] bool IsStillNeeded(const MString& path) const;
+    void DeleteFile(const MString& name, const MString& path, MXMLItem& target);
+    /// How much of the newer version would be deleted with what the older one has at a path.
+    [[nodiscard]] MUpdateTargets::Share GetStillNeeded(const MString& path) const;
     void RequireSameKinds() const;
 
     const MUpdateVersion& older;

@@ -29,14 +29,16 @@ MUpdateTargets::MUpdateTargets(const MXMLItem& root) {
         for (const Pass& pass : GetPasses(files)) AddItems(files, MString(), pass);
 }
 
-bool MUpdateTargets::IsFilled(const MXMLItem& files, const MString& path) const {
+MUpdateTargets::Share MUpdateTargets::GetFilled(const MXMLItem& files, const MString& path) const {
     const std::vector<Pass> passes = GetPasses(files);
-    return std::ranges::any_of(passes, [&](const Pass& pass) {
+    const auto count = std::ranges::count_if(passes, [&](const Pass& pass) {
         const auto found = places.find(GetKey(pass.GetTarget(path)));
         return found != places.end() && std::ranges::any_of(found->second, [&](const MPlatforms& platforms) {
                    return platforms.Meets(pass.platforms);
                });
     });
+    if (count == 0) return Share::None;
+    return count == std::ssize(passes) ? Share::All : Share::Some;
 }
 
 MString MUpdateTargets::Pass::GetTarget(const MString& path) const {

@@ -14,9 +14,11 @@ class MUpdateTargets {
 public:
     explicit MUpdateTargets(const MXMLItem& root);
 
-    /// Whether something of the version stands at a path of a `files` element, in any of its passes, or below it.
-    /// The path has "/" between its components.
-    [[nodiscard]] bool IsFilled(const MXMLItem& files, const MString& path) const;
+    enum class Share { None, Some, All };
+
+    /// In how many passes of a `files` element something of the version stands at a path, or below it. The path has
+    /// "/" between its components.
+    [[nodiscard]] Share GetFilled(const MXMLItem& files, const MString& path) const;
 
 private:
     struct Pass {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "builder/updates/MUpdateOffer.h"
+#include "builder/definition/MUpdateOffer.h"
 #include "builder/updates/MUpdateVersion.h"
 
 /// The tree of an update, or of a package, that is laid over an installation of the older version:

@@ -1,4 +1,4 @@
-#include "builder/updates/MUpdateOffer.h"
+#include "builder/definition/MUpdateOffer.h"
 
 #include "builder/definition/MDefinitionText.h"
 #include "foundation/base/MGuard.h"
