@@ -93,7 +93,7 @@ protected:
 
 // An update gives what the newer version would have installed, and a removal then leaves nothing.
 TEST_F(UpdateRoundTripTest, LeadsToTheNewerVersion) {
-    constexpr int32_t Rounds = 60;
+    constexpr int32_t Rounds = 25;
     const MString updated = scratch.Join("updated");
     const MString fresh = scratch.Join("fresh");
     int32_t madeCount = 0;

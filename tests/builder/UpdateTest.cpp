@@ -199,6 +199,17 @@ TEST_F(UpdateTest, DestinationsThatNameAFileAreCut) {
     MPayloadFile file(scratch.Join("update.dat"));
     EXPECT_EQ(file.GetLibrary().GetSubItem("files")->GetInt32Attribute("removelastfilefrompath"), 1);
 
+    // The newer version may already go to the directory.
+    MTestPayload payload(0);
+    const std::string item = payload.Add("2");
+    scratch.WriteFile("new.dat",
+                      payload.Finish(std::string("<install name=\"T\" time=\"") + NewTime +
+                                     "\"><files destination=\"{main}/bin\"><file name=\"plug.dll\" "
+                                     "op=\"create\"" +
+                                     item + "/></files></install>"));
+    ASSERT_EQ(Run({"update", "@old.dat", "@new.dat", "--output", "@again.dat"}), 0) << JoinComplaints();
+    EXPECT_EQ(Describe("again.dat"), "update:plug.dll\n");
+
     // It would be cut again by the next update, or not at all.
     for (const char* destination : {"{main}/T 8.1/plug.dll", "{main}/bin/plug"}) {
         write("old.dat", OldTime, destination, "1");
