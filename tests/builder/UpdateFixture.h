@@ -20,9 +20,10 @@ protected:
     void WriteVersion(const std::string& directory, const std::string& time, const std::string& elements,
                       const Files& files) {
         std::string definition = MakeDefinition(elements);
-        definition.insert(definition.find(">"), " time=\"" + time + "\"");
+        definition.insert(definition.find('>'), " time=\"" + time + "\"");
         scratch.WriteFile(Name(directory + "/product.xml"), definition);
-        for (const auto& [name, content] : files) scratch.WriteFile(Name(directory + "/" + name), content);
+        const std::string folder = directory + "/";
+        for (const auto& [name, content] : files) scratch.WriteFile(Name(folder + name), content);
     }
 
     /// Both versions with the same elements; an empty directory counts as one that is not there.
