@@ -11,6 +11,8 @@ endif()
 find_package(BZip2 REQUIRED)
 find_package(PNG REQUIRED)
 find_package(JPEG REQUIRED)
+find_library(CORVANTH_DIGEST_LIBRARY mbedcrypto REQUIRED)
+find_path(CORVANTH_DIGEST_HEADERS mbedtls/sha256.h REQUIRED)
 if(CORVANTH_STATIC_LIBRARIES)
     # Has its own description, which knows what the archive needs.
     find_package(freetype CONFIG REQUIRED)
@@ -20,6 +22,10 @@ else()
     set(freetype_library Freetype::Freetype)
 endif()
 set(CMAKE_FIND_LIBRARY_SUFFIXES ${shared_suffixes})
+
+add_library(corvanth-digests INTERFACE)
+target_include_directories(corvanth-digests SYSTEM INTERFACE "${CORVANTH_DIGEST_HEADERS}")
+target_link_libraries(corvanth-digests INTERFACE "${CORVANTH_DIGEST_LIBRARY}")
 
 # In the order in which archives need each other.
 set(CORVANTH_DRAWING_LIBRARIES ${freetype_library} PNG::PNG JPEG::JPEG)

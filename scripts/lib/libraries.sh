@@ -9,7 +9,7 @@ lean_flags="-ffunction-sections -fdata-sections -fno-unwind-tables -fno-asynchro
 # library_key FILE...: tells builds apart by what they are made with.
 library_key() {
     {
-        cat "$project_directory"/scripts/lib/{apt,libraries}.sh "$project_directory/cmake/freetype-modules.h" "$@"
+        cat "$project_directory"/scripts/lib/{apt,libraries}.sh "$project_directory"/cmake/{freetype-modules,mbedtls-config}.h "$@"
         $compiler --version
         debian_codename
     } | sha256sum | cut -c 1-16
@@ -64,6 +64,16 @@ build_compressors() {
     compile_archive bz2 "$folder" "-D_FILE_OFFSET_BITS=64" \
         blocksort.c huffman.c crctable.c randtable.c compress.c decompress.c bzlib.c
     cp "$folder"/bzlib.h "$prefix/include/"
+}
+
+# Of the library for TLS only a digest and what reads keys.
+build_digests() {
+    say "compiling mbedtls"
+    local folder=$work/sources/mbedtls
+    cp "$project_directory/cmake/mbedtls-config.h" "$folder/include/mbedtls/config.h"
+    compile_archive mbedcrypto "$folder/library" "-I$folder/include" \
+        sha256.c pem.c base64.c asn1parse.c constant_time.c platform_util.c
+    cp -r "$folder/include/mbedtls" "$prefix/include/"
 }
 
 # What pictures and letters come from waits for disks: the smaller code.
