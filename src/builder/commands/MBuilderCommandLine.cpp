@@ -48,6 +48,10 @@ const char* const UpdateServerExamples =
     "Examples:\n"
     "  setup-builder update-server updates --output /srv/www/tamborel --base /tamborel/\n"
     "  setup-builder update-server updates --output /srv/www/updates --id Tamborel8";
+const char* const SignExamples =
+    "Examples:\n"
+    "  setup-builder sign --key private.pem updates/Tamborel-8.1.dat tree/index.xml\n"
+    "  openssl dgst -sha256 -verify public.pem -signature index.xml.sig index.xml";
 const char* const Overview = "Run \"setup-builder COMMAND --help\" for a command's options and examples.\n"
                              "Exit codes: 0 done, 1 failed or problems found, 2 wrong command line.";
 
@@ -109,6 +113,9 @@ public:
                                            "Writes what a web server offers updates and packages with",
                                            UpdateServerExamples),
                                 raw);
+        MAddSignOptions(AddCommand(MBuilderCommand::Sign, "sign",
+                                   "Writes signatures of files, FILE.sig beside each", SignExamples),
+                        raw);
     }
 
     void Parse(const MList<MString>& arguments) {
@@ -156,6 +163,8 @@ public:
                          MDecodeUTF8Exact(raw.time),    MDecodeUTF8Exact(raw.showInfo),
                          MDecodeUTF8Exact(raw.execute), raw.restarts};
         options.base = MDecodeUTF8Exact(raw.base);
+        options.key = MDecodeUTF8Exact(raw.key);
+        for (const std::string& file : raw.files) options.files.Add(MDecodeUTF8Exact(file));
         return options;
     }
 

@@ -30,4 +30,6 @@ struct MRawOptions {
     std::string execute;
     bool restarts = false;
     std::string base;
+    std::string key;
+    std::vector<std::string> files;
 };

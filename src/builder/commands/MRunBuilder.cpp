@@ -6,6 +6,7 @@
 #include "builder/commands/MCheckCommand.h"
 #include "builder/commands/MDownloadSetCommand.h"
 #include "builder/commands/MPackCommand.h"
+#include "builder/commands/MSignCommand.h"
 #include "builder/commands/MUpdateCommand.h"
 #include "builder/commands/MUpdateServerCommand.h"
 #include "builder/output/MConsoleOutput.h"
@@ -59,6 +60,7 @@ int32_t RunCommand(const MBuilderOptions& options, MBuilderOutput& output) {
     case MBuilderCommand::Update:
     case MBuilderCommand::Package: return MUpdateCommand(options, output).Run();
     case MBuilderCommand::UpdateServer: return MUpdateServerCommand(options, output).Run();
+    case MBuilderCommand::Sign: return MRunSignCommand(options, output);
     }
     return MBuilderExitWrongUsage;
 }

@@ -80,6 +80,15 @@ void MAddUpdateServerOptions(CLI::App& command, MRawOptions& raw) {
         ->type_name("DIR");
     command.add_option("--id", raw.id, "The product's id, for a server that answers for several products")
         ->type_name("ID");
+    command.add_option("--key", raw.key, "The private RSA key to sign all by, a PEM file without a password")
+        ->type_name("PEM");
     command.add_option("--base", raw.base, "The path behind the host of the address; / if it is not given")
         ->type_name("PATH");
+}
+
+void MAddSignOptions(CLI::App& command, MRawOptions& raw) {
+    command.add_option("FILES", raw.files, "The files to sign")->required()->option_text("REQUIRED");
+    command.add_option("--key", raw.key, "The private RSA key, a PEM file without a password")
+        ->required()
+        ->type_name("PEM");
 }

@@ -15,3 +15,4 @@ void MAddDefines(CLI::App& command, const char* option, const char* description,
 void MAddUpdateOptions(CLI::App& command, MRawOptions& raw);
 void MAddPackageOptions(CLI::App& command, MRawOptions& raw);
 void MAddUpdateServerOptions(CLI::App& command, MRawOptions& raw);
+void MAddSignOptions(CLI::App& command, MRawOptions& raw);

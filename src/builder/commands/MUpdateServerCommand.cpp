@@ -60,6 +60,7 @@ MUpdateServerCommand::MUpdateServerCommand(const MBuilderOptions& options, MBuil
 
 int32_t MUpdateServerCommand::Run() {
     CheckOptions();
+    if (!options.key.IsEmpty()) key = MReadSigningKey(options.key);
     MList<MString> passed;
     updates.Read(MFile::Normalize(options.input), problems, passed);
     for (const MString& name : passed)
@@ -73,9 +74,7 @@ int32_t MUpdateServerCommand::Run() {
     RefuseOutputAmongInputs();
     WriteUpdates();
     WriteConfiguration();
-    MXMLItem index;
-    updates.MakeIndex(index);
-    WriteText(MFile::Join(directory, "index.xml"), MGetDefinitionText(index));
+    WriteIndex();
     output.Tell(MFormat("{0}: {1} updates and packages", options.output,
                         static_cast<int64_t>(updates.GetEntries().size())));
     TellLeftovers();
@@ -101,8 +100,11 @@ void MUpdateServerCommand::CheckOptions() {
 void MUpdateServerCommand::RefuseOutputAmongInputs() const {
     MCommandInputs inputs;
     for (const MUpdateCollection::Entry& entry : updates.GetEntries()) inputs.Add(entry.path);
+    if (!options.key.IsEmpty()) inputs.Add(MFile::Normalize(options.key));
     const auto refuse = [&](const MString& path) {
-        for (const char* suffix : {"", MOutputFile::UnfinishedSuffix}) inputs.RefuseOutput(path + suffix);
+        for (const char* signature : {"", MSignatureSuffix})
+            for (const char* suffix : {"", MOutputFile::UnfinishedSuffix})
+                inputs.RefuseOutput(path + signature + suffix);
     };
     for (const MUpdateCollection::Entry& entry : updates.GetEntries()) refuse(GetUpdatePath(entry.fileName));
     refuse(MFile::Join(directory, "index.xml"));
@@ -114,12 +116,29 @@ void MUpdateServerCommand::WriteUpdates() const {
     for (const MUpdateCollection::Entry& entry : updates.GetEntries()) {
         const MString place = GetUpdatePath(entry.fileName);
         const MSourceItem source{nullptr, entry.path, entry.size};
-        if (MFile::IsFile(place) && MHasEqualContent({nullptr, place, MFile::GetFileSize(place)}, source))
-            continue;
-        MOutputFile file(place);
-        source.Open()->CopyAllToInLargePieces(file);
-        file.Commit();
+        if (!MFile::IsFile(place) || !MHasEqualContent({nullptr, place, MFile::GetFileSize(place)}, source)) {
+            MOutputFile file(place);
+            source.Open()->CopyAllToInLargePieces(file);
+            file.Commit();
+        }
+        Sign(place);
     }
+}
+
+void MUpdateServerCommand::WriteIndex() const {
+    const MString path = MFile::Join(directory, "index.xml");
+    MXMLItem index;
+    updates.MakeIndex(index);
+    WriteText(path, MGetDefinitionText(index));
+    Sign(path);
+}
+
+void MUpdateServerCommand::Sign(const MString& path) const {
+    const MString signature = path + MSignatureSuffix;
+    if (key)
+        MWriteSignature(path, *key);
+    else if (MFile::IsFile(signature))
+        MFile::Delete(signature);
 }
 
 void MUpdateServerCommand::WriteConfiguration() const {
@@ -137,10 +156,15 @@ void MUpdateServerCommand::WriteConfiguration() const {
     add("    types { }");
     add("    default_type application/octet-stream;");
     if (isShared) require("arg_name");
-    add(MFormat("    if ($arg_op = getindex) {{ rewrite ^ {0}/index.xml break; }}", product));
-    add("    if ($arg_op != getupdate) { return 404; }");
+    const auto answer = [&](const char* op, const char* file) {
+        add(MFormat("    if ($arg_op = {0}) {{ rewrite ^ {1}{2} break; }}", op, product, file));
+    };
+    answer("getindex", "/index.xml");
+    answer("getindexsignature", "/index.xml.sig");
     require("arg_updatename");
-    add(MFormat("    rewrite ^ {0}/updates/$arg_updatename.dat break;", product));
+    answer("getupdate", "/updates/$arg_updatename.dat");
+    answer("getupdatesignature", "/updates/$arg_updatename.dat.sig");
+    add("    return 404;");
     add("}");
     WriteText(MFile::Join(tree, "nginx.conf"), MEncodeUTF8Exact(text));
 }
@@ -148,7 +172,8 @@ void MUpdateServerCommand::WriteConfiguration() const {
 void MUpdateServerCommand::TellLeftovers() const {
     for (const MFileListEntry& entry : MGetSortedFileList(MFile::Join(directory, "updates"))) {
         const auto isOffered = [&](const MUpdateCollection::Entry& known) {
-            return known.fileName.IsExactly(entry.name);
+            return known.fileName.IsExactly(entry.name) ||
+                   (known.fileName + MSignatureSuffix).IsExactly(entry.name);
         };
         if (!std::ranges::any_of(updates.GetEntries(), isOffered))
             output.Tell(MFormat("{0} is no longer offered; delete it when nobody fetches it any more.",

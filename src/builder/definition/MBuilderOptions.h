@@ -16,7 +16,8 @@ enum class MBuilderCommand {
     DownloadSet,
     Update,
     Package,
-    UpdateServer
+    UpdateServer,
+    Sign
 };
 
 /// How a payload is delivered.
@@ -68,5 +69,7 @@ struct MBuilderOptions {
     MString newer;                ///< the version that an update leads to; `input` is the older one
     MList<MString> olderDefines;  ///< those of the older version, which count before `defines`
     MOfferOptions offer;
-    MString base;  ///< path of a server's address
+    MString base;          ///< path of a server's address
+    MString key;           ///< a private key, to sign by
+    MList<MString> files;  ///< to be signed
 };
