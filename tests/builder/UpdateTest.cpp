@@ -139,18 +139,21 @@ TEST_F(UpdateTest, TheOfferTellsWhatUsersSee) {
               0)
         << JoinComplaints();
     EXPECT_THAT(scratch.ReadFile("update.dat"), StartsWith("MZ this is the program"));
-    MPayloadFile file(scratch.Join("update.dat"));
-    const MXMLItem& item = *file.GetLibrary().GetSubItem("updateinformation");
-    EXPECT_EQ(Text(item.GetValue()), "<b>New</b>");
-    const std::pair<const char*, const char*> attributes[] = {{"name", "Eight & one"},
-                                                              {"time", NewTime},
-                                                              {"basetime", OldTime},
-                                                              {"showinfo", "Read!"},
-                                                              {"execute", "updatesetup.exe"},
-                                                              {"restart", "1"},
-                                                              {"installationname", "Corvanth Tamborel 8"}};
-    for (const auto& [name, value] : attributes) EXPECT_EQ(Text(item.GetAttribute(name)), value) << name;
-    EXPECT_EQ(item.GetAttributes().GetCount(), 7);
+    {
+        MPayloadFile file(scratch.Join("update.dat"));
+        const MXMLItem& item = *file.GetLibrary().GetSubItem("updateinformation");
+        EXPECT_EQ(Text(item.GetValue()), "<b>New</b>");
+        const std::pair<const char*, const char*> attributes[] = {
+            {"name", "Eight & one"},
+            {"time", NewTime},
+            {"basetime", OldTime},
+            {"showinfo", "Read!"},
+            {"execute", "updatesetup.exe"},
+            {"restart", "1"},
+            {"installationname", "Corvanth Tamborel 8"}};
+        for (const auto& [name, value] : attributes) EXPECT_EQ(Text(item.GetAttribute(name)), value) << name;
+        EXPECT_EQ(item.GetAttributes().GetCount(), 7);
+    }
 
     MFile::Delete(scratch.Join("update.dat"));
     for (const auto& [time, reason] : {std::pair(OldTime, "is not later than"),
