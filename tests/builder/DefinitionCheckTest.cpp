@@ -81,6 +81,19 @@ TEST_F(DefinitionCheckTest, EveryScaleHasOnePicture) {
                             StartsWith("6: error: \"scaled\" lacks the attribute \"name\".")));
 }
 
+TEST_F(DefinitionCheckTest, ProductsWithUpdatesNeedATime) {
+    const auto check = [this](const std::string& attributes) {
+        std::string definition = MakeDefinition("");
+        definition.insert(definition.find('>'), attributes);
+        return Check(definition);
+    };
+    for (const char* asking : {" updateaddress=\"a.example\"", " update=\"1\""}) {
+        EXPECT_THAT(check(asking), ElementsAre(StartsWith("1: warning: The \"time\" is \"\", so")));
+        EXPECT_THAT(check(asking + std::string(" time=\"2026-02-28 10:00:00\"")), IsEmpty());
+    }
+    EXPECT_THAT(check(" time=\"soon\""), IsEmpty());
+}
+
 TEST_F(DefinitionCheckTest, PresetFilesWantToBeProtected) {
     scratch.WriteFile("data/sub/Setpresets.xml", "<Set/>");
     const auto check = [this](const char* attributes) {

@@ -5,6 +5,7 @@
 #include "builder/checks/MFileNameRules.h"
 #include "builder/checks/MMainDirectoryCheck.h"
 #include "builder/checks/MReferenceCheck.h"
+#include "builder/definition/MUpdateOffer.h"
 #include "foundation/text/MStringFormatter.h"
 #include "foundation/xml/MXMLSubItems.h"
 #include "install/definition/MItemNames.h"
@@ -75,6 +76,20 @@ void CheckPresets(const MDefinition& definition, MProblemList& problems) {
     }
 }
 
+/// An installation that asks for updates compares their times with its own.
+void CheckTime(const MDefinition& definition, MProblemList& problems) {
+    const MXMLItem& root = definition.GetRoot();
+    const MString time = root.GetAttribute("time", "");
+    const bool isUpdated =
+        !root.GetAttribute("updateaddress", "").IsEmpty() || root.GetInt32Attribute("update", 0) != 0;
+    if (isUpdated && !MIsOfferTime(time))
+        problems.AddWarning(
+            definition.GetLine(root),
+            MFormat("The \"time\" is \"{0}\", so no installation will find its updates. Write it as "
+                    "\"2014-12-23 14:19:26\".",
+                    time));
+}
+
 }  // namespace
 
 void MPrepareDefinition(const MString& path, const MPlaceholders& placeholders, MDefinition& definition,
@@ -88,4 +103,5 @@ void MPrepareDefinition(const MString& path, const MPlaceholders& placeholders, 
     MDestinationCheck(definition, problems).Run();
     MCheckMainDirectory(definition, problems);
     CheckPresets(definition, problems);
+    CheckTime(definition, problems);
 }

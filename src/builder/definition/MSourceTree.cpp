@@ -65,8 +65,8 @@ void MSourceTree::CollectFiles(MXMLItem& files) {
     const MString path = definition.GetSourcePath(source);
     if (!HasContent(files) && source.IsEmpty()) {
         problems.AddWarning(definition.GetLine(files),
-                            "This \"files\" installs nothing. Give it a \"path\", or "
-                            "\"dir\" and \"file\" elements.");
+                            "This \"files\" installs nothing. Give it a \"path\", or \"dir\" and \"file\" "
+                            "elements, unless it is kept for a package.");
         return;
     }
     if (!HasContent(files)) FillFromDisk(files, path);
