@@ -5,6 +5,7 @@
 #include "foundation/xml/MXMLSubItems.h"
 #include "streams/basic/MMemoryStream.h"
 #include "update/MUpdateServer.h"
+#include "update/MUpdateTrust.h"
 
 namespace {
 
@@ -33,6 +34,7 @@ void MUpdateOffers::Fetch(const MUpdateServer& server, const MXMLItem& state) {
     } catch (const MException&) {
         MRaise(MExceptionGeneral, "Could not connect the server. Please try again later.");
     }
+    MUpdateTrust(state).Require(MTranslate("The list of updates"), reply, server, "op=getindexsignature");
     reply.Rewind();
     Read(reply, state);
 }

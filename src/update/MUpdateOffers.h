@@ -19,7 +19,7 @@ public:
     using List = MList<const MXMLItem*>;
 
     /// Asks the server and chooses. `state` is the root of "setup.state". Raises "Could not connect the
-    /// server. Please try again later." (0) if the list cannot be fetched, and what `Read` raises.
+    /// server. Please try again later." (0) if the list cannot be fetched, and what `MUpdateTrust` and `Read` raise.
     void Fetch(const MUpdateServer& server, const MXMLItem& state);
     /// Chooses from a reply. Raises what parsing XML raises, "Invalid datetime format." (0), and "The name
     /// \"{0}\" in the list of updates leads out of its directory. ..." (0) for the first offer whose file

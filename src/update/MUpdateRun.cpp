@@ -56,6 +56,25 @@ void ReplaceFiles(MXMLItem& state, const MXMLItem& update, MXMLItem& work) {
     }
 }
 
+/// Changes are changes of something: `basetime` is the level that an update begins at.
+void CheckOrigin(const MXMLItem& offer, const MXMLItem& library, const MXMLItem& state) {
+    const MXMLItem* const information = library.FindSubItem("updateinformation");
+    if (!information) return;
+    const MString name = offer.GetAttribute("name");
+    if (!(information->GetAttribute("time", "") == offer.GetAttribute("time")))
+        MRaise(MExceptionGeneral, "The server has sent another update than {0}. Please try again later.",
+               name);
+    const MString base = information->GetAttribute("basetime", "");
+    if (!MIsPackage(offer) && !base.IsEmpty() &&
+        MDateTime::Parse(state.GetAttribute("time")).GetMicroseconds() <
+            MDateTime::Parse(base).GetMicroseconds())
+        MRaise(
+            MExceptionGeneral,
+            "{0} changes a newer version than the one that is installed. Please install the updates in between first, "
+            "or the newest installer.",
+            name);
+}
+
 void Attach(MLargeResourceLibrary& library, MStream& content) {
     try {
         content.Rewind();
@@ -100,6 +119,7 @@ void MUpdateRun::Install(const MXMLItem& offer, MStream& content, const MInstall
     const MSetupLocks locks(mainPath, state.GetAttribute("name"));
     // Another setup may have been at work here until now.
     Load(mainPath);
+    CheckOrigin(offer, library, state);
     MXMLItem work;
     ReplaceFiles(state, library, work);
     processor.Perform(work, &library, views, MRunKind::Install);

@@ -63,6 +63,12 @@ MString EncodeValue(const MString& text) {
     return encoded;
 }
 
+MString EncodeUpdateName(const MString& fileName) {
+    const MString extension = MFile::GetExtension(fileName);
+    const int32_t dropped = extension.IsEmpty() ? 0 : extension.GetLength() + 1;
+    return EncodeValue(fileName.Substring(0, fileName.GetLength() - dropped));
+}
+
 [[noreturn]] void RaiseRefused() {
     MRaise(MExceptionGeneral, "Could not download a file from the update server.");
 }
@@ -100,8 +106,9 @@ void MUpdateServer::FetchFile(const MString& query, MStream& stream, MProgressVi
 }
 
 void MUpdateServer::FetchUpdate(const MString& fileName, MStream& stream, MProgressView* bar) const {
-    const MString extension = MFile::GetExtension(fileName);
-    const int32_t dropped = extension.IsEmpty() ? 0 : extension.GetLength() + 1;
-    FetchFile("op=getupdate&updatename=" + EncodeValue(fileName.Substring(0, fileName.GetLength() - dropped)),
-              stream, bar);
+    FetchFile("op=getupdate&updatename=" + EncodeUpdateName(fileName), stream, bar);
+}
+
+MString MUpdateServer::GetSignatureQuery(const MString& fileName) {
+    return "op=getupdatesignature&updatename=" + EncodeUpdateName(fileName);
 }

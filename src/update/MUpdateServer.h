@@ -24,6 +24,8 @@ public:
 
     /// Asks for the content of an offer, by its `filename`. Raises as `FetchFile`.
     void FetchUpdate(const MString& fileName, MStream& stream, MProgressView* bar) const;
+    /// What asks for the signature of that.
+    [[nodiscard]] static MString GetSignatureQuery(const MString& fileName);
 
     [[nodiscard]] const MString& GetHost() const { return host; }
     /// 80, unless the address has one of its own, as "host:8080/path".

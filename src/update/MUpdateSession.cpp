@@ -5,6 +5,7 @@
 #include "foundation/files/MInstallationNames.h"
 #include "foundation/xml/MEntities.h"
 #include "update/MUpdateServer.h"
+#include "update/MUpdateTrust.h"
 
 #include <algorithm>
 
@@ -94,7 +95,10 @@ void MUpdateSession::Fetch(const MXMLItem& offer, MStream& content, const MInsta
     const MString name = offer.GetAttribute("name");
     views.ShowInfo(MFormat(MTranslate("<b>Installing {0}..."), MEntities::Escape(name)));
     views.ShowFile(MFormat(MTranslate("Downloading {0}..."), name));
-    MUpdateServer(run.GetState()).FetchUpdate(offer.GetAttribute("filename"), content, views.fileBar);
+    const MUpdateServer server(run.GetState());
+    const MString file = offer.GetAttribute("filename");
+    server.FetchUpdate(file, content, views.fileBar);
+    MUpdateTrust(run.GetState()).Require(name, content, server, MUpdateServer::GetSignatureQuery(file));
 }
 
 void MUpdateSession::InstallLocal(const MXMLItem& offer, MStream& content, const MInstallViews& views) {

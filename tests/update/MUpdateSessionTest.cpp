@@ -1,6 +1,9 @@
 #include "update/MUpdateSession.h"
 
+#include "streams/ciphers/MRSAKey.h"
+#include "streams/hashes/MSHA256Stream.h"
 #include "tests/install/InstallFixture.h"
+#include "tests/support/MTestKey.h"
 #include "tests/update/DownloadFixture.h"
 
 namespace {
@@ -191,4 +194,54 @@ TEST_F(UpdateSessionTest, FailuresLeaveTheState) {
         FailureOf([&] { (void)Perform(); }),
         "0: Installation log is not complete. Please download and use the newest installer. There is no need to "
         "remove current installation.");
+}
+
+// What came another way than from the maker is not even looked into.
+TEST_F(UpdateSessionTest, OnlyWhatTheMakerHasSignedCountsWithAKey) {
+    const auto sign = [](const std::string& content) {
+        MSHA256Stream hash;
+        hash.Write(content.data(), static_cast<int32_t>(content.size()));
+        hash.Finish();
+        const std::vector<uint8_t> signature = MRSAKey::ReadPrivate(MTestPrivateKey).Sign(hash.GetDigest());
+        return MTestBody(std::string(signature.begin(), signature.end()));
+    };
+    LoadState().SetAttribute("updatekey", MTestPublicKey);
+    state.SaveFile(scratch.Join("target/setup.state"), false, "utf-8");
+    const std::string library = Library("<files>" + File("a.txt", "update") + "</files>");
+    const auto changed = [](const char* what) {
+        return "0: " + std::string(what) +
+               " is not signed by the maker of this software, or has been changed on its way. Nothing of it has been "
+               "installed. Please try again later, or get it from the maker's web site.";
+    };
+    const auto perform = [&](const std::string& published) {
+        server.Put("/?op=getindex", MTestBody(published));
+        return FailureOf([&] { (void)Perform(); });
+    };
+    const std::string index = "<x><update name=\"N\" filename=\"u.dat\" " + std::string(Update) + "/></x>";
+    EXPECT_EQ(perform(index), changed("The list of updates"));
+    server.Put("/?op=getindexsignature", sign(index));
+    server.Put("/?op=getupdate&updatename=u", MTestBody(library));
+    EXPECT_EQ(perform(index + " "), changed("The list of updates"));
+    EXPECT_EQ(perform(index), changed("N"));
+    server.Put("/?op=getupdatesignature&updatename=u", sign("another"));
+    EXPECT_EQ(perform(index), changed("N"));
+    EXPECT_EQ(Read("bin/a.txt"), "old");
+    server.Put("/?op=getupdatesignature&updatename=u", sign(library));
+    EXPECT_EQ(perform(index), "none");
+    EXPECT_EQ(Read("bin/a.txt"), "new");
+}
+
+TEST_F(UpdateSessionTest, AnotherUpdateThanTheOfferIsRefused) {
+    const std::pair<const char*, std::string> cases[] = {
+        {"time=\"2026-02-02 00:00:00\"",
+         "0: The server has sent another update than N1. Please try again later."},
+        {"time=\"2026-02-01 00:00:00\" basetime=\"2026-01-02 00:00:00\"",
+         "0: N1 changes a newer version than the one that is installed. Please install the updates in between first, "
+         "or the newest installer."},
+        {"time=\"2026-02-01 00:00:00\" basetime=\"2026-01-01 00:00:00\"", "none"},
+    };
+    for (const auto& [attributes, failure] : cases) {
+        Offer({{Update, Library("<updateinformation " + std::string(attributes) + "/>")}});
+        EXPECT_EQ(FailureOf([&] { (void)Perform(); }), failure);
+    }
 }

@@ -1,0 +1,97 @@
+#include "tests/end_to_end/EndToEndFixture.h"
+#include "tests/support/MTestServer.h"
+
+using testing::HasSubstr;
+
+/// A product in two versions, its update, and the server that offers it.
+class UpdateTest : public EndToEndTest {
+protected:
+    UpdateTest() : server([this](const std::string& request) { return Answer(request); }) {
+        scratch.WriteFile("product/1.0/same", "same");
+        scratch.WriteFile("product/1.0/changed", "old");
+        scratch.WriteFile("product/1.0/gone", "gone");
+        scratch.WriteFile("product/1.1/same", "same");
+        scratch.WriteFile("product/1.1/changed", "new");
+        scratch.WriteFile("product/1.1/sub/added", "added");
+        for (const char* version : {"1.0", "1.1"})
+            scratch.WriteFile(MString("product/presets/") + version + "/Roompresets.xml",
+                              std::string("<Set><preset name=\"Shipped ") + version + "\"/></Set>");
+        for (const char* version : {"1.0", "1.1"}) PackVersion(version);
+        MFile::CreatePath(InProduct("served"));
+        Build(ToList({"update", "1.0.dat", "1.1.dat", "--output", "served/Test-1.1.dat"}));
+        Build(ToList({"update-server", "served", "--output", "tree", "--base", "/u/"}));
+    }
+    void PackVersion(const std::string& version) {
+        const std::string address = "127.0.0.1:" + std::to_string(server.GetPort()) + "/u";
+        const std::string month = version == "1.0" ? "01" : "02";
+        const std::string attributes = "name=\"Test Product\" id=\"Test\" time=\"2026-" + month +
+                                       "-01 00:00:00\" updateaddress=\"" + address + "\"";
+        const std::string children =
+            "<files path=\"" + version + "\" destination=\"{destination}/files\" required=\"1\"/>" +
+            "<files path=\"presets/" + version +
+            "\" destination=\"{destination}/presets\" required=\"1\" rewritable=\"0\"/>";
+        PackAs(InHome(Name(version + "-installer.") + MPlatform::ExecutableExtension()), attributes,
+               children);
+        PackAs(InProduct(Name(version + ".dat")), attributes, children, {"--form", "dat"});
+    }
+    static MString Name(const std::string& name) { return MDecodeUTF8Exact(name); }
+    [[nodiscard]] MTestReply Answer(const std::string& request) const {
+        const std::string path = MTestServer::GetPath(request);
+        if (path == "/u/?op=getindex") return MTestBody(scratch.ReadFile("product/tree/index.xml"));
+        if (path == "/u/?op=getupdate&updatename=Test-1.1")
+            return MTestBody(scratch.ReadFile("product/tree/updates/Test-1.1.dat"));
+        return "HTTP/1.0 404 Not Found\n\n";
+    }
+    [[nodiscard]] MProgramResult InstallVersion(const char* version) const {
+        return Start(InHome(Name(std::string(version) + "-installer.") + MPlatform::ExecutableExtension()),
+                     ToList({"silent", "directory:destination=to"}));
+    }
+    void ExpectNewVersion() const {
+        EXPECT_EQ(ReadHome("to/files/changed") + ReadHome("to/files/sub/added") + ReadHome("to/files/same"),
+                  "newaddedsame");
+        EXPECT_FALSE(IsInHome("to/files/gone"));
+        for (const char* preset : {"Mine", "Shipped 1.1"})
+            EXPECT_THAT(ReadHome("to/presets/Roompresets.xml"), HasSubstr(preset));
+    }
+    void ExpectRemoved() const {
+        EXPECT_EQ(Start(GetRemover("to"), ToList({"silent"})).exitCode, 0);
+        EXPECT_FALSE(IsInHome("to/files"));
+        EXPECT_TRUE(IsInHome("to/presets/Roompresets.xml"));
+    }
+    [[nodiscard]] MProgramResult Update(std::initializer_list<const char*> words) const {
+        return Start(GetRemover("to"), ToList(words));
+    }
+
+    MTestServer server;
+};
+
+TEST_F(UpdateTest, BringsAnInstallationToTheNewVersion) {
+    ASSERT_EQ(InstallVersion("1.0").exitCode, 0);
+    MWriteTestFile(InHome("to/presets/Roompresets.xml"), "<Set><preset name=\"Mine\"/></Set>");
+    const MProgramResult checked = Update({"silent", "update", "check-only", "format=json"});
+    EXPECT_EQ(checked.exitCode, 5) << checked.errors;
+    EXPECT_THAT(checked.output, HasSubstr("\"installed\":0"));
+    EXPECT_EQ(Update({"silent", "update", "packages=None such"}).exitCode, 2);
+    EXPECT_EQ(ReadHome("to/files/changed"), "old");
+    const MProgramResult updated = Update({"silent", "update"});
+    EXPECT_EQ(updated.exitCode, 0) << updated.errors;
+    ExpectNewVersion();
+    EXPECT_EQ(Update({"silent", "update", "check-only"}).exitCode, 0);
+    ExpectRemoved();
+}
+
+TEST_F(UpdateTest, ComesAsAProgram) {
+    Build(ToList({"update", "1.0.dat", "1.1.dat", "--stub"}),
+          {SETUP_PROGRAM, "--output", InHome("Update.exe")});
+    ASSERT_EQ(InstallVersion("1.0").exitCode, 0);
+    MWriteTestFile(InHome("to/presets/Roompresets.xml"), "<Set><preset name=\"Mine\"/></Set>");
+    EXPECT_EQ(Start(InHome("Update.exe"), ToList({"silent", "directory=nowhere"})).exitCode, 2);
+    for (const char* outcome : {"successfully installed", "installed already"}) {
+        const MProgramResult updated = Start(InHome("Update.exe"), ToList({"silent", "directory=to"}));
+        EXPECT_EQ(updated.exitCode, 0) << updated.errors;
+        EXPECT_THAT(updated.output, HasSubstr(outcome));
+    }
+    ExpectNewVersion();
+    EXPECT_THAT(StartWithoutDisplay(InHome("Update.exe")), SaysWhatToDo("silent"));
+    ExpectRemoved();
+}
