@@ -1,5 +1,7 @@
 #include "tests/end_to_end/EndToEndFixture.h"
+#include "tests/support/MKilledProgram.h"
 #include "tests/support/MTestServer.h"
+#include "tests/support/MTreeSnapshot.h"
 
 using testing::HasSubstr;
 
@@ -62,12 +64,13 @@ protected:
         return Start(GetRemover("to"), ToList(words));
     }
 
+    static constexpr const char* Users = "<Set><preset name=\"Mine\"/></Set>";
     MTestServer server;
 };
 
 TEST_F(UpdateTest, BringsAnInstallationToTheNewVersion) {
     ASSERT_EQ(InstallVersion("1.0").exitCode, 0);
-    MWriteTestFile(InHome("to/presets/Roompresets.xml"), "<Set><preset name=\"Mine\"/></Set>");
+    MWriteTestFile(InHome("to/presets/Roompresets.xml"), Users);
     const MProgramResult checked = Update({"silent", "update", "check-only", "format=json"});
     EXPECT_EQ(checked.exitCode, 5) << checked.errors;
     EXPECT_THAT(checked.output, HasSubstr("\"installed\":0"));
@@ -84,7 +87,7 @@ TEST_F(UpdateTest, ComesAsAProgram) {
     Build(ToList({"update", "1.0.dat", "1.1.dat", "--stub"}),
           {SETUP_PROGRAM, "--output", InHome("Update.exe")});
     ASSERT_EQ(InstallVersion("1.0").exitCode, 0);
-    MWriteTestFile(InHome("to/presets/Roompresets.xml"), "<Set><preset name=\"Mine\"/></Set>");
+    MWriteTestFile(InHome("to/presets/Roompresets.xml"), Users);
     EXPECT_EQ(Start(InHome("Update.exe"), ToList({"silent", "directory=nowhere"})).exitCode, 2);
     for (const char* outcome : {"successfully installed", "installed already"}) {
         const MProgramResult updated = Start(InHome("Update.exe"), ToList({"silent", "directory=to"}));
@@ -94,4 +97,35 @@ TEST_F(UpdateTest, ComesAsAProgram) {
     ExpectNewVersion();
     EXPECT_THAT(StartWithoutDisplay(InHome("Update.exe")), SaysWhatToDo("silent"));
     ExpectRemoved();
+}
+
+// Whatever the moment, the musician's preset stands in the file or in its backup, and the next run completes the
+// update.
+TEST_F(UpdateTest, CanBeKilledAndRepeated) {
+    ASSERT_EQ(InstallVersion("1.0").exitCode, 0);
+    MWriteTestFile(InHome("to/presets/Roompresets.xml"), Users);
+    MGiveToTestUser(InHome("to/presets/Roompresets.xml"));
+    const MTreeSnapshot before(ToList({Text(InHome("to")).c_str()}));
+    const auto update = [&](int32_t fatalOperation, MDisturbance disturbance) {
+        before.Restore();
+        return MRunKilledProgram(GetRemover("to"), ToList({"silent", "update"}), InHome(""), InHome(""),
+                                 fatalOperation, disturbance);
+    };
+    for (const MDisturbance disturbance : {MDisturbance::Kill, MDisturbance::FullDisk}) {
+        const int32_t count = update(0, disturbance).operationCount;
+        ASSERT_GT(count, 30);
+        ExpectNewVersion();
+        for (int32_t fatal = 1; fatal <= count && !HasFailure(); fatal += KILLED_RUN_STRIDE) {
+            SCOPED_TRACE("disturbed at file operation " + std::to_string(fatal) + " of " +
+                         std::to_string(count));
+            (void)update(fatal, disturbance);
+            const MString backup = InHome("to/presets/Roompresets.xmlbackup");
+            EXPECT_THAT(ReadHome("to/presets/Roompresets.xml") +
+                            (MFile::Exists(backup) ? MReadTestFile(backup) : std::string()),
+                        HasSubstr("Mine"));
+            const MProgramResult next = Update({"silent", "update"});
+            EXPECT_EQ(next.exitCode, 0) << next.errors;
+            ExpectNewVersion();
+        }
+    }
 }
