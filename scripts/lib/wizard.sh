@@ -139,12 +139,13 @@ expect_nothing_installed() {
 # ---- Pages and their places.
 
 declare -A places
-# read_places NAME PROGRAM-OR-FOLDER: of an installer, or of the uninstaller of a folder. An installer does not change.
+# read_places NAME PROGRAM-OR-FOLDER [OPTION]: of an installer, or of a window of an installation. An installer does not
+# change.
 read_places() {
     local name control rest folder=$scratch/places/$1
     if [ ! -d "$folder" ]; then
         mkdir "$folder"
-        HOME=$scratch/places-home "$project_directory/build/linux/wizard-places" "$2" "$folder" >"$folder/places" ||
+        HOME=$scratch/places-home "$project_directory/build/linux/wizard-places" "${@:3}" "$2" "$folder" >"$folder/places" ||
             die "the places of $1 cannot be told"
     fi
     pages=$folder places=() sequence=()
@@ -248,11 +249,22 @@ begin_wizard() {
 # begin_uninstaller FOLDER: of an installation, and waits for its page "uninstaller"; the message at the end is
 # "removed". For places the installation is said to be where these can be told.
 begin_uninstaller() {
-    rm -rf "$scratch/removal" "$scratch/places/removal"
-    mkdir "$scratch/removal"
-    sed -e "s|mainpath=\"[^\"]*\"|mainpath=\"$scratch/removal\"|" "$1/setup.state" >"$scratch/removal/setup.state"
-    read_places removal "$scratch/removal"
+    read_installation "$1"
     begin_program "$1/setup.$extension"
+}
+
+# begin_updates FOLDER: likewise the update manager, whose page is "updates" and whose message is "updated".
+begin_updates() {
+    read_installation "$1" --updates
+    begin_program "$1/setup.$extension" update
+}
+
+# read_installation FOLDER [OPTION]
+read_installation() {
+    rm -rf "$scratch/moved" "$scratch/places/moved"
+    mkdir "$scratch/moved"
+    sed -e "s|mainpath=\"[^\"]*\"|mainpath=\"$scratch/moved\"|" "$1/setup.state" >"$scratch/moved/setup.state"
+    read_places moved "$scratch/moved" "${@:2}"
 }
 
 # begin_program PROGRAM [WORD...]: whose places are read.

@@ -1,7 +1,8 @@
-// Usage: wizard-places [--light] [--scale PERCENT] [--processing] INSTALLER-OR-FOLDER PICTURES
+// Usage: wizard-places [--light] [--scale PERCENT] [--processing] [--updates] INSTALLER-OR-FOLDER PICTURES
 //
 // Lays out the wizard of a packed installer in memory, as it is on a display of 1280 by 1024 pixels, and goes through
-// its pages without installing anything; or the uninstaller of the installation in a folder, without removing anything.
+// its pages without installing anything; or the uninstaller of the installation in a folder, without removing anything;
+// or with --updates its update manager, which asks the server of the installation.
 // Prints a line for each control that is shown, with its place in the window:
 //
 //     PAGE NAME LEFT TOP WIDTH HEIGHT STOP TEXT
@@ -21,6 +22,7 @@
 #include "setup/wizard/MSetupPage.h"
 #include "setup/wizard/MSetupWindow.h"
 #include "setup/wizard/MUninstallWindow.h"
+#include "setup/wizard/MUpdateInstallerWindow.h"
 #include "ui/control/MControlRoot.h"
 #include "ui/control/windows/MWindows.h"
 #include "ui/control/windows/MWindowsModule.h"
@@ -115,6 +117,7 @@ struct Options {
     bool isLight = false;
     int32_t scalePercent = 100;
     bool showsProcessing = false;
+    bool showsUpdates = false;
     std::vector<MString> paths;
 };
 
@@ -192,19 +195,32 @@ void TellInstaller(MWindowSystemHeadless& system, const Options& options, Places
     (void)window.RunModal(nullptr);
 }
 
-void TellUninstaller(MWindowSystemHeadless& system, const MString& directory, Places& places) {
-    MWizardDialogs dialogs;
-    MUninstallWindow window(directory, dialogs, nullptr);
+/// A window of one page, and the message that it ends with.
+void TellWindow(MWindowSystemHeadless& system, Places& places, MWindow& window, MWizardDialogs& dialogs,
+                const std::pair<const char*, const char*>& pages, const char* message) {
     system.Post([&] {
-        places.Tell("uninstaller");
+        places.Tell(pages.first);
         system.Post([&] {
-            places.Tell("removed");
+            places.Tell(pages.second);
             system.GetActiveRoot()->CloseWindow(MModalValue::Cancel);
         });
-        dialogs.ShowInformation("Uninstallation has been completed.");
+        dialogs.ShowInformation(message);
         window.CloseWindow(MModalValue::Cancel);
     });
     (void)window.RunModal(nullptr);
+}
+
+void TellInstallation(MWindowSystemHeadless& system, const Options& options, Places& places) {
+    MWizardDialogs dialogs;
+    if (options.showsUpdates) {
+        MUpdateInstallerWindow window(options.paths[0], dialogs);
+        TellWindow(system, places, window, dialogs, {"updates", "updated"},
+                   "Updates has been successfully installed.");
+    } else {
+        MUninstallWindow window(options.paths[0], dialogs, nullptr);
+        TellWindow(system, places, window, dialogs, {"uninstaller", "removed"},
+                   "Uninstallation has been completed.");
+    }
 }
 
 void Run(const Options& options) {
@@ -222,7 +238,7 @@ void Run(const Options& options) {
     windows.SetStyle(std::move(style));
     system.SetDesktop(options.scalePercent, !options.isLight);
     Places places(system, options.paths[1]);
-    MFile::IsDirectory(options.paths[0]) ? TellUninstaller(system, options.paths[0], places)
+    MFile::IsDirectory(options.paths[0]) ? TellInstallation(system, options, places)
                                          : TellInstaller(system, options, places);
 }
 
@@ -234,6 +250,8 @@ std::optional<Options> ReadArguments(int count, char** arguments) {
             options.isLight = true;
         else if (word == "--processing")
             options.showsProcessing = true;
+        else if (word == "--updates")
+            options.showsUpdates = true;
         else if (word == "--scale" && i + 1 < count)
             options.scalePercent = std::atoi(arguments[++i]);
         else
@@ -248,7 +266,8 @@ int main(int count, char** arguments) {
     const std::optional<Options> options = ReadArguments(count, arguments);
     if (!options) {
         std::fputs(
-            "Usage: wizard-places [--light] [--scale PERCENT] [--processing] INSTALLER-OR-FOLDER PICTURES\n",
+            "Usage: wizard-places [--light] [--scale PERCENT] [--processing] [--updates] INSTALLER-OR-FOLDER "
+            "PICTURES\n",
             stderr);
         return 2;
     }
