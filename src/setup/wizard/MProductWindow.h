@@ -2,6 +2,7 @@
 
 #include "ui/control/MContainers.h"
 #include "ui/control/MStyle.h"
+#include "ui/widgets/buttons/MButton.h"
 
 #include <algorithm>
 
@@ -22,5 +23,17 @@ public:
         newClientRect.left = newWindowRect.left + line;
         newClientRect.right = newWindowRect.right - line;
         newClientRect.bottom = newWindowRect.bottom - line;
+    }
+
+protected:
+    /// In the row of a bar at the lower edge.
+    static MButton& AddButton(MControl& bar, MLayout& row, const char* name, const char* text) {
+        auto& button = *new MButton(&bar, name);
+        button.SetText(MTranslate(text));
+        button.minClientSize.x = 72;
+        button.layoutRatio = {0, 0};
+        button.layoutBorder = {4, 10};
+        row.Add(button);
+        return button;
     }
 };

@@ -109,22 +109,13 @@ void MSetupWindow::AddButtons() {
     timeLine->layoutBorder = {8, 0};
     row.Add(*timeLine);
     AddSpace(bar, row, 0);
-    PreviousButton = &AddButton(bar, row, "< Previous", "Prev");
-    NextButton = &AddButton(bar, row, "Next >", "Next");
+    PreviousButton = &AddButton(bar, row, "Prev", "< Previous");
+    NextButton = &AddButton(bar, row, "Next", "Next >");
     AddSpace(bar, row, 16);
     ExitButton = &AddButton(bar, row, "Exit", "Exit");
     AddSpace(bar, row, 4);
-}
-
-MButton& MSetupWindow::AddButton(MControl& bar, MLayout& row, const char* text, const char* name) {
-    auto& button = *new MButton(&bar, name);
-    button.SetText(MTranslate(text));
-    button.MControl::OnClick(Click::Left).Connect(this, &MSetupWindow::OnButton);
-    button.minClientSize.x = 72;
-    button.layoutRatio = {0, 0};
-    button.layoutBorder = {4, 10};
-    row.Add(button);
-    return button;
+    for (MButton* button : {PreviousButton, NextButton, ExitButton})
+        button->MControl::OnClick(Click::Left).Connect(this, &MSetupWindow::OnButton);
 }
 
 template <class Page, class... Arguments>

@@ -5,7 +5,6 @@
 #include "setup/choices/MUpdateOffer.h"
 #include "setup/wizard/MProductWindow.h"
 #include "setup/wizard/MWizardDialogs.h"
-#include "ui/widgets/buttons/MButton.h"
 
 class MLayoutSwitch;
 class MProcessingSetupPage;
@@ -46,7 +45,6 @@ private:
     void AddBand();
     void AddLeftPicture();
     void AddButtons();
-    MButton& AddButton(MControl& bar, MLayout& row, const char* text, const char* name);
     void AddPages();
     /// Makes a page below the others; one of the chain unless it stands beside it.
     template <class Page, class... Arguments>

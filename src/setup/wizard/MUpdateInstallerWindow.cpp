@@ -224,16 +224,6 @@ void MUpdateInstallerWindow::AddFooter() {
     exitButton->MControl::OnClick(Click::Left).Connect(this, &MUpdateInstallerWindow::OnExit);
 }
 
-MButton& MUpdateInstallerWindow::AddButton(MControl& bar, MLayout& row, const char* name, const char* text) {
-    auto& button = *new MButton(&bar, name);
-    button.SetText(MTranslate(text));
-    button.minClientSize.x = 72;
-    button.layoutRatio = {0, 0};
-    button.layoutBorder = {4, 10};
-    row.Add(button);
-    return button;
-}
-
 void MUpdateInstallerWindow::UpdateSummary() {
     const MUpdateSummary sums = session->GetSummary();
     processButton->SetEnabled(sums.GetDownloadCount() > 0);

@@ -4,7 +4,6 @@
 #include "setup/wizard/MProductWindow.h"
 #include "setup/wizard/MWizardDialogs.h"
 #include "setup/wizard/MWorkerViews.h"
-#include "ui/widgets/buttons/MButton.h"
 #include "ui/widgets/lists/MSTMLListBoxItem.h"
 #include "update/MUpdateSession.h"
 
@@ -72,7 +71,6 @@ private:
     ListBoxType& AddList(MLayout& column, const char* name, const char* heading,
                          const MUpdateOffers::List& offers);
     void AddProcessing();
-    MButton& AddButton(MControl& bar, MLayout& row, const char* name, const char* text);
     void UpdateSummary();
 
     void OnProcess(const MOnClickParams& params);
