@@ -2,6 +2,8 @@
 #include "tests/setup/WizardFixture.h"
 #include "tests/update/DownloadFixture.h"
 
+#include <atomic>
+
 using testing::HasSubstr;
 
 namespace {
@@ -10,16 +12,16 @@ namespace {
 class UpdateWindowTest : public WizardTest {
 protected:
     UpdateWindowTest() {
-        SetState("2026-01-01 00:00:00");
+        SetState(server.GetAddress());
         Offer(MakeUpdate("new"));
     }
     ~UpdateWindowTest() noexcept override = default;
 
-    void SetState(const std::string& time) const {
+    void SetState(const MString& url) const {
         const std::string to = Text(directory);
         scratch.WriteFile("product/setup.state",
-                          "<install name=\"Reverb\" id=\"reverb\" time=\"" + time + "\" mainpath=\"" + to +
-                              "\" updateaddress=\"" + Text(server.GetAddress()).substr(strlen("http://")) +
+                          "<install name=\"Reverb\" id=\"reverb\" time=\"2026-01-01 00:00:00\" mainpath=\"" +
+                              to + "\" updateaddress=\"" + Text(url).substr(strlen("http://")) +
                               "\"><files enabled=\"1\" currentpath=\"" + to + "/bin\"/></install>");
     }
     static std::string MakeUpdate(const std::string& content) {
@@ -114,6 +116,37 @@ TEST_F(UpdateWindowTest, LeavingInstallsNothingAndFailuresAreTold) {
     scratch.WriteFile("product/setup.state", "<broken");
     EXPECT_EQ(RunManager([&] { told = Answer("closebutton"); }), MModalValue::Ok);
     EXPECT_EQ(told, "Software definition file has not been found. Please reinstall the application.");
+}
+
+TEST_F(UpdateWindowTest, AStopLetsTheUpdateInHandEnd) {
+    std::atomic<bool> isReleased = false;
+    MTestServer slow([&](const std::string& request) {
+        const std::string path = MTestServer::GetPath(request);
+        if (path == "/?op=getindex")
+            return MTestBody("<x><update name=\"1\" filename=\"u.dat\" time=\"2026-02-01 00:00:00\"/>"
+                             "<update name=\"2\" filename=\"v.dat\" time=\"2026-03-01 00:00:00\"/></x>");
+        while (!isReleased) MPlatform::Sleep(1);
+        return MTestBody(MakeUpdate(path.substr(path.size() - 1)));
+    });
+    SetState(slow.GetURL(""));
+    EXPECT_EQ(RunManager([&] { Click("Process"); },
+                         [&] {
+                             while (slow.GetRequests().size() < 2) MPlatform::Sleep(1);
+                             Click("Exit");
+                         },
+                         [&] {
+                             EXPECT_EQ(Answer("okbutton"),
+                                       "Are you sure you want to terminate the installation?");
+                         },
+                         [&] {
+                             EXPECT_EQ(Answer("closebutton"),
+                                       "Program will terminate as soon as current update is installed.");
+                             isReleased = true;
+                             Finish();
+                         }),
+              MModalValue::Ok);
+    EXPECT_EQ(scratch.ReadFile("product/bin/a.txt"), "u");
+    EXPECT_EQ(Text(GetTime()), "2026-02-01 00:00:00");
 }
 
 TEST_F(UpdateWindowTest, AnOfferAtHandAsksBeforeItIsInstalledAgain) {

@@ -289,7 +289,7 @@ void MUpdateInstallerWindow::InstallAll() {
     if (localItem)
         session->InstallLocal(*localItem, *localStream, views);
     else
-        session->Perform(views, [this] { return thread->IsStopRequested(); });
+        session->Perform(views, [this] { return isStopWanted || thread->IsStopRequested(); });
 }
 
 void MUpdateInstallerWindow::OnFinished(const MOnThreadNotifyParams&) {
@@ -314,7 +314,8 @@ bool MUpdateInstallerWindow::CanClose() {
     const MControlRef self(this);
     if (!AskOver(*this, MTranslate("Are you sure you want to terminate the installation?")) || !self)
         return false;
-    thread->RequestStop();
+    // A thread that is asked before it has begun would end without a word.
+    isStopWanted = true;
     if (!isFinished)
         dialogs.ShowInformation(MTranslate("Program will terminate as soon as current update is installed."));
     return false;

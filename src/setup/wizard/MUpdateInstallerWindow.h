@@ -7,6 +7,7 @@
 #include "ui/widgets/lists/MSTMLListBoxItem.h"
 #include "update/MUpdateSession.h"
 
+#include <atomic>
 #include <optional>
 
 class MLayoutSwitch;
@@ -96,6 +97,7 @@ private:
     MButton* exitButton = nullptr;
 
     // Of the thread.
+    std::atomic<bool> isStopWanted = false;
     MString errorText;  ///< written before it ends, and read afterwards
     std::unique_ptr<MWorkerViews> worker;
     std::unique_ptr<MProcessingThread> thread;
