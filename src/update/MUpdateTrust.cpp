@@ -24,7 +24,7 @@ void MUpdateTrust::Require(const MString& name, MStream& content, const MUpdateS
                            const MString& query) const {
     if (!key) return;
     MMemoryStream answer;
-    MGuard("MUpdateTrust", [&] { server.FetchFile(query, answer, nullptr, MRSAKey::MaximumBits); });
+    MGuard("MUpdateTrust", [&] { server.FetchFile(query, answer, nullptr, MRSAKey::MaximumBits / 8); });
     MSHA256Stream hash;
     content.Rewind();
     content.CopyAllToInLargePieces(hash);

@@ -30,6 +30,13 @@ protected:
             "<onabort><info type=\"abort\"/></onabort>");
     }
     void Next() { Click("Next"); }
+    void GoToDirectories() {
+        Next();
+        Next();
+        Agree();
+        Next();
+        Next();
+    }
     void Agree() {
         EXPECT_FALSE(Get("Next").IsEnabled());
         Click("licenceagree");
@@ -109,11 +116,7 @@ TEST_F(SetupWindowTest, InstallsIntoNoFolderWithoutAName) {
     DefineProduct();
     std::string told;
     (void)Run([&] {
-        Next();
-        Next();
-        Agree();
-        Next();
-        Next();
+        GoToDirectories();
         user.Click(Get("browsedestination").GetScreenPoint({-20, 10}));
         user.HoldKeys(MModifierControl);
         user.PressKey('A');
@@ -214,11 +217,7 @@ TEST_F(SetupWindowTest, TellsWhatStoppedItAndEndsOnThePageForThat) {
     scratch.WriteFile("extra/in/extra/in the way", "x");
     std::string asked;
     (void)Run([&] {
-        Next();
-        Next();
-        Agree();
-        Next();
-        Next();
+        GoToDirectories();
         WhenAsked([&] {
             asked = Answer("cancelbutton");
             system.Post([&] { WhenAsked([&] { asked += Answer("closebutton"); }); },

@@ -5,7 +5,7 @@
 #include "builder/checks/MFileNameRules.h"
 #include "builder/checks/MMainDirectoryCheck.h"
 #include "builder/checks/MReferenceCheck.h"
-#include "builder/definition/MUpdateOffer.h"
+#include "builder/definition/MUpdateInformation.h"
 #include "foundation/text/MStringFormatter.h"
 #include "foundation/xml/MXMLSubItems.h"
 #include "install/definition/MItemNames.h"

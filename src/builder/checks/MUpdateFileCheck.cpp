@@ -1,7 +1,7 @@
 #include "builder/checks/MUpdateFileCheck.h"
 
 #include "builder/definition/MDefinitionText.h"
-#include "builder/definition/MUpdateOffer.h"
+#include "builder/definition/MUpdateInformation.h"
 #include "foundation/base/MException.h"
 #include "foundation/text/MStringFormatter.h"
 #include "foundation/xml/MXMLSubItems.h"
@@ -38,7 +38,7 @@ bool MIsUpdate(const MXMLItem& root) {
 
 MList<MString> MFindUpdateFaults(const MXMLItem& root) {
     MList<MString> faults;
-    const MUpdateOffer offer = MUpdateOffer::Read(*root.GetSubItem("updateinformation"));
+    const MUpdateInformation offer = MUpdateInformation::Read(*root.GetSubItem("updateinformation"));
     offer.Check(faults);
     const bool areTimes = MIsOfferTime(offer.baseTime) && MIsOfferTime(offer.time);
     if (areTimes && !offer.isPackage && MFileTimeFromText(offer.time) <= MFileTimeFromText(offer.baseTime))

@@ -2,7 +2,7 @@
 
 #include "builder/checks/MFileNameRules.h"
 #include "builder/definition/MDefinitionText.h"
-#include "builder/definition/MUpdateOffer.h"
+#include "builder/definition/MUpdateInformation.h"
 #include "foundation/files/MFile.h"
 #include "foundation/files/MSafeName.h"
 #include "foundation/text/MStringFormatter.h"
@@ -23,7 +23,7 @@ void MUpdateIndexCheck::Run() {
 
 void MUpdateIndexCheck::CheckOffer(const MXMLItem& item) {
     MList<MString> faults;
-    MUpdateOffer::Read(item).Check(faults);
+    MUpdateInformation::Read(item).Check(faults);
     for (const MString& fault : faults) problems.AddError(index.GetLine(item), "This offer " + fault);
     if (item.GetInt64Attribute("size", 0) <= 0)
         problems.AddError(index.GetLine(item), "This offer has no size. Give it that of its file, in bytes.");

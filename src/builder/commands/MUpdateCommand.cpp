@@ -46,10 +46,10 @@ int32_t MUpdateCommand::Run() {
     return MBuilderExitDone;
 }
 
-MUpdateOffer MUpdateCommand::MakeOffer() const {
+MUpdateInformation MUpdateCommand::MakeOffer() const {
     const MXMLItem& root = newer.GetRoot();
     const MString product = older.GetRoot().GetAttribute("name", "");
-    MUpdateOffer made;
+    MUpdateInformation made;
     made.name = Choose(options.offer.name, root.GetAttribute("name", ""));
     made.text = options.offer.description;
     made.time = Choose(options.offer.time, root.GetAttribute("time", ""));

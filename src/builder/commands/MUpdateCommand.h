@@ -15,7 +15,7 @@ public:
     [[nodiscard]] int32_t Run();
 
 private:
-    [[nodiscard]] MUpdateOffer MakeOffer() const;
+    [[nodiscard]] MUpdateInformation MakeOffer() const;
     void CheckTimes();
     [[nodiscard]] int32_t Refuse() const;
     void RefuseOutputAmongInputs() const;
@@ -25,7 +25,7 @@ private:
     MBuilderOutput& output;
     MUpdateVersion older;
     MUpdateVersion newer;
-    MUpdateOffer offer;
+    MUpdateInformation offer;
     MUpdateTree tree;
     MList<MString> problems;
 };

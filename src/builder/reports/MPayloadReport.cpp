@@ -1,7 +1,7 @@
 #include "builder/reports/MPayloadReport.h"
 
 #include "builder/checks/MUpdateFileCheck.h"
-#include "builder/definition/MUpdateOffer.h"
+#include "builder/definition/MUpdateInformation.h"
 #include "builder/reports/MPayloadItem.h"
 #include "builder/reports/MUpdateCounts.h"
 #include "foundation/base/MAddSize.h"
@@ -84,7 +84,7 @@ void MPayloadReport::PrintFields() {
 void MPayloadReport::PrintOffer() {
     const MXMLItem* information = file.GetLibrary().FindSubItem("updateinformation");
     if (!information) return;
-    const MUpdateOffer offer = MUpdateOffer::Read(*information);
+    const MUpdateInformation offer = MUpdateInformation::Read(*information);
     output.Tell(offer.isPackage ? "\nPackage" : "\nUpdate");
     const auto tell = [&](const char* what, const MString& value) {
         if (!value.IsEmpty()) output.Tell(MFormat("  {0}{1}", what, value));

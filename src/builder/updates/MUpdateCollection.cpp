@@ -67,7 +67,7 @@ void MUpdateCollection::ReadFile(const MString& path, MList<MString>& problems) 
         const MList<MString> faults = MFindUpdateFaults(root);
         for (const MString& fault : faults) add(fault);
         if (faults.IsEmpty())
-            entries.push_back({MUpdateOffer::Read(*root.GetSubItem("updateinformation")), path, name,
+            entries.push_back({MUpdateInformation::Read(*root.GetSubItem("updateinformation")), path, name,
                                payload.GetPayloadSize()});
     } catch (const MException& exception) {
         add("cannot be used: " + exception.GetMessage());

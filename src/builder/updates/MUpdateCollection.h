@@ -1,6 +1,6 @@
 #pragma once
 
-#include "builder/definition/MUpdateOffer.h"
+#include "builder/definition/MUpdateInformation.h"
 
 #include <vector>
 
@@ -8,7 +8,7 @@
 class MUpdateCollection {
 public:
     struct Entry {
-        MUpdateOffer offer;
+        MUpdateInformation offer;
         MString path;      ///< canonical
         MString fileName;  ///< "NAME.dat"; NAME is what the update manager asks for
         int64_t size = 0;  ///< in bytes

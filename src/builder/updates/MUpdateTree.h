@@ -1,12 +1,12 @@
 #pragma once
 
-#include "builder/definition/MUpdateOffer.h"
+#include "builder/definition/MUpdateInformation.h"
 #include "builder/updates/MUpdateVersion.h"
 
 /// The tree of an update, or of a package, that is laid over an installation of the older version:
 ///
 ///     update = <update>
-///                  <updateinformation .../>              the offer (MUpdateOffer.h)
+///                  <updateinformation .../>              the offer (MUpdateInformation.h)
 ///                  { <files [removelastfilefrompath="1"]>  { dir | file }  </files>
 ///                  | <files unchanged="1"/> }
 ///              </update>
@@ -17,7 +17,7 @@
 class MUpdateTree {
 public:
     /// All of them outlive the tree.
-    MUpdateTree(const MUpdateVersion& older, const MUpdateVersion& newer, const MUpdateOffer& offer)
+    MUpdateTree(const MUpdateVersion& older, const MUpdateVersion& newer, const MUpdateInformation& offer)
         : older(older), newer(newer), offer(offer), root("update") {}
 
     /// Each fault becomes a problem that says what is wrong, where and what to do. Raises what comparing raises
@@ -36,7 +36,7 @@ private:
 
     const MUpdateVersion& older;
     const MUpdateVersion& newer;
-    const MUpdateOffer& offer;
+    const MUpdateInformation& offer;
     MXMLItem root;
     MSourceItemList contents;
 };

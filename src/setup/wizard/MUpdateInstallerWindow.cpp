@@ -87,6 +87,7 @@ MUpdateInstallerWindow::MUpdateInstallerWindow(const MString& directory, MWizard
 MUpdateInstallerWindow::~MUpdateInstallerWindow() {
     if (worker) worker->End();
     if (thread) {
+        isStopWanted = true;
         thread->RequestStop();
         thread->Wait();
     }
@@ -289,7 +290,7 @@ void MUpdateInstallerWindow::InstallAll() {
     if (localItem)
         session->InstallLocal(*localItem, *localStream, views);
     else
-        session->Perform(views, [this] { return isStopWanted || thread->IsStopRequested(); });
+        session->Perform(views, [this] { return isStopWanted.load(); });
 }
 
 void MUpdateInstallerWindow::OnFinished(const MOnThreadNotifyParams&) {

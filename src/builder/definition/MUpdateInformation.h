@@ -5,8 +5,8 @@
 
 /// What an update or a package says of itself: the "updateinformation" of its file, and an `update` of the index
 /// that a server answers with.
-struct MUpdateOffer {
-    MString name;              ///< rich text
+struct MUpdateInformation {
+    MString name;              ///< plain text
     MString text;              ///< the description, rich text
     MString time;              ///< "2014-12-23 14:19:26"
     MString baseTime;          ///< the time of the version that it is laid over
@@ -16,7 +16,7 @@ struct MUpdateOffer {
     bool restarts = false;     ///< whether the update manager ends afterwards
     bool isPackage = false;    ///< an addition that users choose, rather than an update
 
-    [[nodiscard]] static MUpdateOffer Read(const MXMLItem& item);
+    [[nodiscard]] static MUpdateInformation Read(const MXMLItem& item);
     /// Writes all but the base time and the installation's name, which an index does not have.
     void WriteTo(MXMLItem& item) const;
     /// Writes everything.

@@ -1,4 +1,4 @@
-#include "builder/definition/MUpdateOffer.h"
+#include "builder/definition/MUpdateInformation.h"
 
 #include "builder/definition/MDefinitionText.h"
 #include "foundation/base/MGuard.h"
@@ -13,8 +13,8 @@ void SetUnlessEmpty(MXMLItem& item, const char* attribute, const MString& value)
 
 }  // namespace
 
-MUpdateOffer MUpdateOffer::Read(const MXMLItem& item) {
-    MUpdateOffer offer;
+MUpdateInformation MUpdateInformation::Read(const MXMLItem& item) {
+    MUpdateInformation offer;
     offer.name = item.GetAttribute("name", "");
     offer.text = item.GetValue();
     offer.time = item.GetAttribute("time", "");
@@ -27,7 +27,7 @@ MUpdateOffer MUpdateOffer::Read(const MXMLItem& item) {
     return offer;
 }
 
-void MUpdateOffer::WriteTo(MXMLItem& item) const {
+void MUpdateInformation::WriteTo(MXMLItem& item) const {
     item.SetAttribute("name", name);
     item.SetAttribute("time", time);
     item.SetValue(text);
@@ -37,13 +37,13 @@ void MUpdateOffer::WriteTo(MXMLItem& item) const {
     if (isPackage) item.SetAttribute("package", 1);
 }
 
-void MUpdateOffer::WriteInformation(MXMLItem& item) const {
+void MUpdateInformation::WriteInformation(MXMLItem& item) const {
     WriteTo(item);
     item.SetAttribute("basetime", baseTime);
     item.SetAttribute("installationname", installationName);
 }
 
-void MUpdateOffer::Check(MList<MString>& faults) const {
+void MUpdateInformation::Check(MList<MString>& faults) const {
     if (name.IsEmpty()) faults.Add("has no name. Give it one by --name.");
     if (!MIsOfferTime(time))
         faults.Add(MFormat("has \"{0}\" for its time. Write it as \"2014-12-23 14:19:26\".", time));
