@@ -100,12 +100,12 @@ private:
             unsigned major = 0;
             unsigned minor = 0;
             unsigned long long inode = 0;
-            int end = 0;
+            int pathStart = 0;
             // Some file systems give their files other devices than this list has.
             isFound =
-                std::sscanf(line, "%*s %*s %*s %x:%x %llu %n", &major, &minor, &inode, &end) == 3 &&
+                std::sscanf(line, "%*s %*s %*s %x:%x %llu %n", &major, &minor, &inode, &pathStart) == 3 &&
                 inode == status.stx_ino &&
-                ((major == status.stx_dev_major && minor == status.stx_dev_minor) || path == line + end);
+                ((major == status.stx_dev_major && minor == status.stx_dev_minor) || path == line + pathStart);
             return !isFound;
         });
         return isFound;
