@@ -15,7 +15,7 @@ public:
     void BeginList(const char* name = nullptr) { Begin(name, '['); }
     void EndList() { End(']'); }
     void Add(const char* name, const MString& text);
-    void Add(const char* name, const char* text) { Add(name, MString(text)); }
+    void Add(const char* name, const char* value) { Add(name, MString(value)); }
     void Add(const char* name, bool value) { AddToken(name, value ? "true" : "false"); }
     template <std::integral Integer>
     void Add(const char* name, Integer number) {
