@@ -1,3 +1,4 @@
+#include "builder/reports/MFileSet.h"
 #include "foundation/files/MFile.h"
 #include "streams/file_sets/MMultiFileStream.h"
 #include "tests/builder/BuilderFixture.h"
@@ -141,4 +142,7 @@ TEST_F(FileSetTest, ContentTellsASetFromADataFile) {
     ASSERT_EQ(Pack("setup.multi", {"--form", "dat", "--compression", "none"}), 0);
     EXPECT_EQ(Run({"inspect", "@setup.multi"}), 0) << JoinComplaints();
     EXPECT_THAT(output.told, HasSubstr("form        data file\n"));
+    // And an executable whose last number looks like the end of a text.
+    scratch.WriteFile("program", std::string("x\xd8\xc0\x3e\x02\0\0\0\0", 9));
+    EXPECT_FALSE(MIsXMLFile(scratch.Join("program")));
 }

@@ -12,6 +12,8 @@ bool EndsInTag(MStream& file) {
     const int64_t size = file.GetSize();
     file.Seek(std::max<int64_t>(0, size - static_cast<int64_t>(sizeof tail)), MSeekOrigin::Begin);
     int32_t count = file.Read(tail, sizeof tail);
+    // A number can have any bytes where a text ends, but a text no two zeros.
+    if (count > 1 && tail[count - 1] == 0 && tail[count - 2] == 0) return false;
     while (count > 0 && MChar(tail[count - 1]).IsBlank()) --count;
     return count > 0 && tail[count - 1] == '>';
 }
