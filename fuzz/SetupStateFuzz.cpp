@@ -18,6 +18,7 @@ public:
     bool AskYesNo(const MString&) override { return false; }
     MRetryAnswer AskRetry(const MString&) override { return MRetryAnswer::Refuse; }
     void ShowError(const MString&) override {}
+    void ShowInformation(const MString&) override {}
     void ShowText(const MString&, const MString&) override {}
     std::unique_ptr<MProgressView> OpenProgress(const MString&) override { return nullptr; }
 };

@@ -7,7 +7,7 @@ namespace {
 /// Sets something for the length of a block, however that ends.
 class GoingScope final {
 public:
-    explicit GoingScope(bool& isGoing) : isGoing(isGoing) { isGoing = true; }
+    explicit GoingScope(bool& flag) : isGoing(flag) { isGoing = true; }
     GoingScope(const GoingScope&) = delete;
     GoingScope& operator=(const GoingScope&) = delete;
     ~GoingScope() { isGoing = false; }

@@ -60,32 +60,32 @@ public:
 
     bool AskYesNo(const MString& text) override {
         bool answer = false;
-        Ask([&](MUserDialogs& dialogs) { answer = dialogs.AskYesNo(text); });
+        Ask([&](MUserDialogs& user) { answer = user.AskYesNo(text); });
         return answer;
     }
     MRetryAnswer AskRetry(const MString& text) override {
         MRetryAnswer answer = MRetryAnswer::Refuse;
-        Ask([&](MUserDialogs& dialogs) { answer = dialogs.AskRetry(text); });
+        Ask([&](MUserDialogs& user) { answer = user.AskRetry(text); });
         return answer;
     }
     void ShowError(const MString& text) override {
-        Ask([&](MUserDialogs& dialogs) { dialogs.ShowError(text); });
+        Ask([&](MUserDialogs& user) { user.ShowError(text); });
     }
     void ShowInformation(const MString& markup) override {
-        Ask([&](MUserDialogs& dialogs) { dialogs.ShowInformation(markup); });
+        Ask([&](MUserDialogs& user) { user.ShowInformation(markup); });
     }
     void ShowText(const MString& prompt, const MString& text) override {
-        Ask([&](MUserDialogs& dialogs) { dialogs.ShowText(prompt, text); });
+        Ask([&](MUserDialogs& user) { user.ShowText(prompt, text); });
     }
     /// There is one already.
     std::unique_ptr<MProgressView> OpenProgress(const MString&) override { return nullptr; }
 
 private:
-    void Ask(const Question& question) {
+    void Ask(const Question& asked) {
         {
             const MLockGuard guard(&views.lock);
             if (views.isOver) return;
-            views.question = &question;
+            views.question = &asked;
         }
         (void)views.answered.Lock(MSynchronizer::Forever);
     }

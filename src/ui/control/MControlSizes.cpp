@@ -204,13 +204,13 @@ MPoint MControl::MeasureLayouts(std::optional<int32_t> width) {
     for (MLayout* layout : layouts) layout->MeasureMinimal(*this, needs);
     if (MControl* const client = clientControl; client && client->Is(MControlFlag::Visible)) {
         const MinimalSizeComputer minimal;
-        MPoint size{minimal.GetX(*client), minimal.GetY(*client)};
+        MPoint wanted{minimal.GetX(*client), minimal.GetY(*client)};
         if (client->Is(MControlFlag::Plastic)) {
             const auto getBorders = [&](MAxis axis) { return 2 * SizeComputer::GetBorder(*client, axis); };
-            const int32_t room = needs.GetRoom(size.x) - getBorders(MAxis::X);
-            size.y = MClampLength(int64_t{client->GetPlasticSize(1, room)} + getBorders(MAxis::Y));
+            const int32_t room = needs.GetRoom(wanted.x) - getBorders(MAxis::X);
+            wanted.y = MClampLength(int64_t{client->GetPlasticSize(1, room)} + getBorders(MAxis::Y));
         }
-        needs.Fill(size);
+        needs.Fill(wanted);
     }
     return GetGreater(GetGreater(needs.needed, GetMinimalClientSize(*this)), GetReachOfFreeChildren(*this));
 }
