@@ -5,14 +5,13 @@
 #include "builder/reports/MPayloadItem.h"
 #include "foundation/base/MException.h"
 #include "foundation/files/MFile.h"
+#include "fuzz/FuzzPayload.h"
 #include "install/definition/MItemNames.h"
 #include "payload/MLargeResourceLibrary.h"
-#include "streams/basic/MMemoryStream.h"
-#include "streams/hashes/MMD5Stream.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
 
 namespace {
 
@@ -61,17 +60,9 @@ void ReadPayload(MStream& stream) {
 
 void WritePayload(const uint8_t* data, size_t size, MStream& payload) {
     constexpr uint8_t ItemFlags = 5;
-    const void* const found = std::memchr(data + 1, '<', size - 1);
-    const uint8_t* const index = found ? static_cast<const uint8_t*>(found) : data + size;
-    const auto indexSize = static_cast<int32_t>(data + size - index);
-    payload.Write(data + 1, static_cast<int32_t>(index - data - 1));
-    payload.Write(index, indexSize);
-    MMD5Stream hash;
-    hash.Write(index, indexSize);
-    hash.Finish();
-    hash.WriteDigest(payload);
-    payload.WriteInt64(indexSize);
-    payload.WriteInt32(data[0] & ItemFlags);
+    const std::string_view parts(reinterpret_cast<const char*>(data + 1), size - 1);
+    const size_t index = std::min(parts.find('<'), parts.size());
+    WriteFuzzPayload(parts.substr(0, index), parts.substr(index), data[0] & ItemFlags, payload);
 }
 
 }  // namespace

@@ -18,6 +18,16 @@ class MStaticMultiLine;
 /// that one.
 class MUpdateInstallerWindow : public MProductWindow {
 public:
+    /// Rows of rich text, one for each offer.
+    class ListBoxType : public MListBoxT<MSTMLListBoxItem> {
+    public:
+        using MListBoxT::MListBoxT;
+
+        /// Raises "Could not find required attribute ({0})." (0) for an offer without name, and "Invalid datetime
+        /// format." (0).
+        void AddOffer(const MXMLItem& offer);
+    };
+
     /// Asks the server of the installation in `directory`; `RunModal` then only returns `Ok` if there is nothing
     /// new, which is told. The dialogs are not owned. Raises what `MUpdateSession::Query` raises. A state that
     /// cannot be read is told at once, and `RunModal` likewise.
@@ -40,14 +50,6 @@ public:
     [[nodiscard]] bool IsUpdateUsable(const MXMLItem* item);
 
 private:
-    /// Rows of rich text, one for each offer.
-    class ListBoxType : public MListBoxT<MSTMLListBoxItem> {
-    public:
-        using MListBoxT::MListBoxT;
-
-        void AddOffer(const MXMLItem& offer);
-    };
-
     class MProcessingThread final : public MThread {
     public:
         explicit MProcessingThread(MUpdateInstallerWindow& window) : window(window) {}
