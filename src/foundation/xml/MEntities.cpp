@@ -31,6 +31,8 @@ const Entity* FindByName(std::u16string_view text) {
 }
 
 const Entity* FindByCharacter(char16_t character) {
+    // None lies behind it.
+    if (character > u'>') return nullptr;
     const Entity* found = std::ranges::find(Entities, character, &Entity::character);
     return found == std::end(Entities) ? nullptr : found;
 }
@@ -59,7 +61,7 @@ void MEntities::Escape(const MString& text, MString& target) {
         target.Append(entity->reference);
         copied = i + 1;
     }
-    target.Append(text.Substring(copied));
+    target.Append(copied == 0 ? text : text.Substring(copied));
 }
 
 MString MEntities::Escape(const MString& text) {

@@ -3,6 +3,7 @@
 #include "foundation/base/MRaise.h"
 
 #include <memory>
+#include <utility>
 
 bool MXMLItem::HasSubItem(const MString& itemName, bool isRecursive) {
     cachedSubItem = isRecursive ? FindSubItemBelow(itemName) : FindSubItem(itemName);
@@ -137,15 +138,21 @@ void MXMLItem::CopyFrom(const MXMLItem& other) {
     copy.value = other.value;
     copy.attributes = other.attributes;
     copy.AddCopies(other);
+    MoveFrom(copy);
+}
+
+void MXMLItem::MoveFrom(MXMLItem& other) {
     Clear();
-    name = copy.name;
-    value = copy.value;
-    attributes = std::move(copy.attributes);
-    subItems = std::move(copy.subItems);
-    for (MXMLItem* item : subItems) {
-        item->parent = this;
-        item->SetDepth(depth + 1);
-    }
+    name = std::move(other.name);
+    value = std::move(other.value);
+    attributes = std::move(other.attributes);
+    TakeSubItems(other);
+    other.Clear();
+}
+
+void MXMLItem::TakeSubItems(MXMLItem& other) {
+    for (MXMLItem*& item : other.subItems) AddSubItem(std::exchange(item, nullptr));
+    other.RemoveAllSubItems();
 }
 
 void MXMLItem::AddCopies(const MXMLItem& other) {

@@ -113,6 +113,10 @@ public:
     /// Clears this item, then takes the other's attributes, value, name and a copy of its sub-items.
     /// The other one may be an item below this one.
     void CopyFrom(const MXMLItem& other);
+    /// The same without a copy: the other one, which must not be below this one, has nothing left afterwards.
+    void MoveFrom(MXMLItem& other);
+    /// Moves the other's sub-items to the end of this one's.
+    void TakeSubItems(MXMLItem& other);
 
     /// Makes this item the document element of what the stream holds (dialect: MMarkupReader.h). The
     /// observer, if given, hears of every item. Raises what `MLibraryInternals::MXMLParser` raises, and

@@ -15,6 +15,15 @@ bool EndsWithSurrogate(const MString& text, int32_t index) {
     return text[index].IsHighSurrogate() && !isLowNext;
 }
 
+/// Hardly any text has, and this is quick.
+bool HasSurrogates(const MString& text) {
+    const char16_t* const units = text.GetUnits();
+    // Without units it is a literal.
+    if (!units) return false;
+    return std::any_of(units, units + text.GetLength(),
+                       [](char16_t unit) { return (unit & 0xf800) == 0xd800; });
+}
+
 }  // namespace
 
 MXMLSaver::MXMLSaver(MStream& stream, bool isCompact, const MString& encoding)
@@ -87,7 +96,8 @@ void MXMLSaver::PutIndent(int32_t depth) {
 void MXMLSaver::WriteOut() {
     // A codec may drop the unit after a surrogate pair or after a lone surrogate, so each ends a piece.
     int32_t written = 0;
-    for (int32_t i = 0; i < pending.GetLength(); ++i) {
+    const bool hasSurrogates = HasSurrogates(pending);
+    for (int32_t i = 0; hasSurrogates && i < pending.GetLength(); ++i) {
         if (!EndsWithSurrogate(pending, i)) continue;
         writer.WriteText(pending.Substring(written, i + 1 - written));
         written = i + 1;
