@@ -141,15 +141,16 @@ void MInstallProcessor::ProcessDirectory(const Item& item, const MString& destin
 
 void MInstallProcessor::ProcessFile(const Item& item, const MProcessOptions& options) {
     const bool isRemoval = options.uninstall || item.op == "delete";
-    // Deleting is so quick that the log would take its time; there its lines are on the disk by the
-    // directory.
-    if (!isRemoval) progress.log.Flush();
+    const bool isWritten = !isRemoval && (item.op == "create" || item.op == "update");
+    // Deleting is so quick that the log would take its time, and what stays needs none; there its lines are on the
+    // disk by the directory.
+    if (isWritten) progress.log.Flush();
     Log("Processing file \"", item.path, "\" operation ", item.op);
     if (isRemoval) {
         ShowRemoval("deleting file {0} ({1} of {2})", item, options);
         ++progress.itemIndex;
         if (item.rewritable) remover.RemoveFile(item.path);
-    } else if (item.op == "create" || item.op == "update") {
+    } else if (isWritten) {
         writer.Write(item.element, item.path, item.rewritable, *library);
     }
 }
