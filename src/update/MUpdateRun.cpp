@@ -1,5 +1,6 @@
 #include "update/MUpdateRun.h"
 
+#include "foundation/base/MGuard.h"
 #include "foundation/base/MRaise.h"
 #include "foundation/base/MRefusal.h"
 #include "foundation/files/MFileAccess.h"
@@ -31,29 +32,36 @@ void RemoveLastFiles(MXMLItem& files) {
 
 /// Puts the children of an update's element in place of those of the installation's. Where the update goes is the
 /// user's choice, so its `copy` children mean nothing.
-void ReplaceItems(MXMLItem& files, const MXMLItem& update) {
+void ReplaceItems(MXMLItem& files, MXMLItem& update) {
     files.RemoveSubItems("file");
     files.RemoveSubItems("dir");
-    for (int32_t i = 0; i < update.GetSubItemCount(); ++i) {
-        const MXMLItem& item = *update.GetSubItem(i);
-        if (!(item.GetName() == "copy")) files.AddSubItem(item.GetName())->CopyFrom(item);
-    }
+    update.RemoveSubItems("copy");
+    files.TakeSubItems(update);
 }
 
-/// Changes a state as an update says, and collects copies of the elements that are to be worked on: the others
-/// have their contents in other libraries.
-void ReplaceFiles(MXMLItem& state, const MXMLItem& update, MXMLItem& work) {
+using Elements = MList<MXMLItem, MListPointers>;
+
+/// Changes a state as an update says. The elements that are to be worked on are lent to `work`, since the others have
+/// their contents in other libraries; gives their places.
+Elements ReplaceFiles(MXMLItem& state, const MXMLItem& update, MXMLItem& work) {
+    Elements places;
     const MXMLSubItems installed(state, "files");
     auto files = installed.begin();
-    for (const MXMLItem& newFiles : MXMLSubItems(update, "files")) {
-        if (!(files != installed.end())) return;
+    for (MXMLItem& newFiles : MXMLSubItems(update, "files")) {
+        if (!(files != installed.end())) break;
         if (newFiles.GetInt32Attribute("unchanged", 0) == 0) {
             if (newFiles.GetInt32Attribute("removelastfilefrompath", 0) != 0) RemoveLastFiles(*files);
             ReplaceItems(*files, newFiles);
-            work.AddSubItem("files")->CopyFrom(*files);
+            work.AddSubItem("files")->MoveFrom(*files);
+            places.Add(&*files);
         }
         ++files;
     }
+    return places;
+}
+
+void ReturnFiles(MXMLItem& work, const Elements& places) {
+    for (int32_t i = 0; i < places.GetCount(); ++i) places[i]->MoveFrom(*work.GetSubItem(i));
 }
 
 /// Changes are changes of something: `basetime` is the level that an update begins at.
@@ -73,6 +81,18 @@ void CheckOrigin(const MXMLItem& offer, const MXMLItem& library, const MXMLItem&
             "{0} changes a newer version than the one that is installed. Please install the updates in between first, "
             "or the newest installer.",
             name);
+}
+
+/// Empty for a file that cannot be read.
+std::string ReadText(const MString& path) {
+    std::string text;
+    MGuard("MUpdateRun", [&] {
+        MStdFileStream file;
+        file.Open(path, MOpenRead);
+        text.resize(static_cast<size_t>(file.GetSize()));
+        file.ReadRequired(text.data(), static_cast<int32_t>(text.size()));
+    });
+    return text;
 }
 
 void Attach(MLargeResourceLibrary& library, MStream& content) {
@@ -96,9 +116,13 @@ MUpdateRun::MUpdateRun(const MString& directory) {
 }
 
 void MUpdateRun::Load(const MString& directory) {
+    const std::string text = ReadText(MGetStatePath(directory));
+    if (!text.empty() && text == stateText) return;
     MXMLItem loaded;
     MLoadInstallState(directory, loaded);
-    state.CopyFrom(loaded);
+    state.MoveFrom(loaded);
+    // If somebody has written in between, the next text is another one.
+    stateText = text;
 }
 
 bool MUpdateRun::IsInstalled(const MXMLItem& offer) const {
@@ -120,9 +144,11 @@ void MUpdateRun::Install(const MXMLItem& offer, MStream& content, const MInstall
     // Another setup may have been at work here until now.
     Load(mainPath);
     CheckOrigin(offer, library, state);
+    stateText.clear();
     MXMLItem work;
-    ReplaceFiles(state, library, work);
+    const Elements places = ReplaceFiles(state, library, work);
     processor.Perform(work, &library, views, MRunKind::Install);
+    ReturnFiles(work, places);
 
     views.ShowFile(MTranslate("Updating installation state..."));
     if (MIsPackage(offer)) {

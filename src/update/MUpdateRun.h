@@ -3,6 +3,8 @@
 #include "foundation/base/MDateTime.h"
 #include "install/engine/MInstallProcessor.h"
 
+#include <string>
+
 /// Lays updates and packages over an installation, one after another, in the calling thread.
 ///
 /// What is laid over it is a library like the payload of an installer. Its `files` elements belong to those of
@@ -47,6 +49,7 @@ private:
 
     MInstallProcessor processor;
     MXMLItem state;
+    std::string stateText;  ///< the file that `state` was read from, as long as it has not been changed
 };
 
 /// Offers are known by these attributes.
