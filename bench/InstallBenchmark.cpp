@@ -1,36 +1,13 @@
 #include "bench/MBenchmarkProduct.h"
 #include "bench/MComparison.h"
 #include "bench/MPlainInstall.h"
-#include "foundation/base/MException.h"
 #include "foundation/files/MFile.h"
 #include "foundation/text/MStringFormatter.h"
-#include "payload/MSfx.h"
-#include "setup/console/MTextDialogs.h"
-#include "setup/console/MUnattendedRun.h"
 #include "tests/support/MScratch.h"
-#include "tests/support/MTestModule.h"
 
 namespace {
 
 constexpr int Rounds = 5;
-
-/// All that an unattended run does with a payload, from its index to "setup.state".
-void Install(const MString& executable, const MString& destination) {
-    MList<MString> words;
-    words.Add("directory:destination=" + destination);
-    const MTestModule module(SETUP_PROGRAM);
-    const MUnattendedOptions options(words, destination);
-    MUnattendedDialogs dialogs(MRetryAnswer::Refuse);
-    MInstallViews views;
-    views.dialogs = &dialogs;
-
-    MSfx payload(executable);
-    MLargeResourceLibrary definition;
-    definition.Attach(&payload);
-    MUnattendedRun run(definition, options, views);
-    run.Validate();
-    run.Perform();
-}
 
 /// Moves what was installed out of the way. It is deleted at the end of the program: the file system takes
 /// long to create files for some minutes after many were deleted.
@@ -48,7 +25,7 @@ MComparison CompareInstallation(MCompression compression) {
     const MString destination = scratch.Join("installed");
     const MPlainInstall plain(executable, compression, destination);
 
-    const MWork install{[&] { MoveAway(destination); }, [&] { Install(executable, destination); }};
+    const MWork install{[&] { MoveAway(destination); }, [&] { MInstallUnattended(executable, destination); }};
     const MWork reference{[&] {
                               MoveAway(destination);
                               plain.CreateDirectories();

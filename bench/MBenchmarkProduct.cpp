@@ -6,6 +6,10 @@
 #include "foundation/files/MFile.h"
 #include "foundation/text/MUnicode.h"
 #include "foundation/xml/MXMLItem.h"
+#include "payload/MSfx.h"
+#include "setup/console/MTextDialogs.h"
+#include "setup/console/MUnattendedRun.h"
+#include "tests/support/MTestModule.h"
 
 #include <cstdlib>
 
@@ -43,9 +47,10 @@ void AddSource(MXMLItem& root, const MString& source) {
 
 }  // namespace
 
-MBenchmarkProduct::MBenchmarkProduct(const MList<MString>& sources) {
+MBenchmarkProduct::MBenchmarkProduct(const MList<MString>& sources, const char* time) {
     MXMLItem root("install");
     root.SetAttribute("name", "Benchmark Product");
+    root.SetAttribute("time", time);
     MXMLItem* directory = root.AddSubItem("directory");
     directory->SetAttribute("id", "destination");
     directory->SetAttribute("name", "Destination directory");
@@ -74,6 +79,23 @@ MString MBenchmarkProduct::GetExecutable(MCompression compression) const {
     const MString path = scratch.Join(MFormat("Product{0}.run", static_cast<int32_t>(compression)));
     if (!MFile::Exists(path)) Pack(compression, ProcessorCount, path);
     return path;
+}
+
+void MInstallUnattended(const MString& executable, const MString& destination) {
+    MList<MString> words;
+    words.Add("directory:destination=" + destination);
+    const MTestModule module(SETUP_PROGRAM);
+    const MUnattendedOptions options(words, destination);
+    MUnattendedDialogs dialogs(MRetryAnswer::Refuse);
+    MInstallViews views;
+    views.dialogs = &dialogs;
+
+    MSfx payload(executable);
+    MLargeResourceLibrary definition;
+    definition.Attach(&payload);
+    MUnattendedRun run(definition, options, views);
+    run.Validate();
+    run.Perform();
 }
 
 MList<MString> MGetPlugInSources() {

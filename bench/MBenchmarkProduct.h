@@ -9,8 +9,8 @@
 /// are one component, "Plug-ins", and go to the directory "destination".
 class MBenchmarkProduct {
 public:
-    /// Raises what reading the sources raises.
-    explicit MBenchmarkProduct(const MList<MString>& sources);
+    /// `time` is that of the version. Raises what reading the sources raises.
+    explicit MBenchmarkProduct(const MList<MString>& sources, const char* time = "2026-01-01 00:00:00");
 
     /// All files, in bytes.
     [[nodiscard]] int64_t GetSize() const { return size; }
@@ -23,6 +23,10 @@ private:
     MScratch scratch;
     int64_t size = 0;
 };
+
+/// All that an unattended run does with an executable's payload, from its index to "setup.state". Raises what
+/// `MUnattendedRun` raises.
+void MInstallUnattended(const MString& executable, const MString& destination);
 
 /// The plug-in files that the environment variable CORVANTH_BENCHMARK_PLUGINS leads to, as one product.
 /// Raises "{0} does not lead to {1} bytes of plug-in files. Start scripts/bench, which fetches them." (0).

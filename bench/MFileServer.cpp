@@ -13,7 +13,7 @@
 namespace {
 
 /// Curl ends its lines with two characters, we with one.
-void SkipRequest(MSystemSocket connection) {
+std::string ReadRequest(MSystemSocket connection) {
     std::string request;
     char piece[1024];
     int32_t count = 1;
@@ -21,12 +21,15 @@ void SkipRequest(MSystemSocket connection) {
         count = MReceiveFromSocket(connection, piece, sizeof(piece));
         if (count > 0) request.append(piece, static_cast<size_t>(count));
     }
+    return request;
 }
 
 }  // namespace
 
-MFileServer::MFileServer(const MString& path)
-    : file(open(MNativePath(path).c_str(), O_RDONLY | O_CLOEXEC)), listener(MListenOnLoopback(port)) {
+MFileServer::MFileServer(const MString& path, std::string index)
+    : file(open(MNativePath(path).c_str(), O_RDONLY | O_CLOEXEC)),
+      index(std::move(index)),
+      listener(MListenOnLoopback(port)) {
     struct stat status;
     if (fstat(file, &status) != 0) MRaise(MExceptionGeneral, "The file to serve cannot be read.");
     size = status.st_size;
@@ -55,10 +58,12 @@ void MFileServer::Run() const {
 }
 
 void MFileServer::Serve(MSystemSocket connection) const {
-    SkipRequest(connection);
-    const std::string head = "HTTP/1.0 200 OK\r\nContent-Length: " + std::to_string(size) + "\r\n\r\n";
+    const bool isIndex = ReadRequest(connection).find("op=getindex") != std::string::npos;
+    const int64_t length = isIndex ? std::ssize(index) : size;
+    std::string head = "HTTP/1.0 200 OK\r\nContent-Length: " + std::to_string(length) + "\r\n\r\n";
+    if (isIndex) head += index;
     (void)MSendToSocket(connection, head.data(), static_cast<int32_t>(head.size()));
-    off_t offset = 0;
+    off_t offset = isIndex ? size : 0;
     while (offset < size &&
            sendfile(static_cast<int>(connection), file, &offset, static_cast<size_t>(size - offset)) > 0) {}
 }
