@@ -47,9 +47,9 @@ private:
     void Load(const MString& directory);
     void SaveState() const;
 
-    MInstallProcessor processor;
     MXMLItem state;
     std::string stateText;  ///< the file that `state` was read from, as long as it has not been changed
+    MInstallProcessor processor;
 };
 
 /// Offers are known by these attributes.

@@ -15,13 +15,13 @@ bool EndsWithSurrogate(const MString& text, int32_t index) {
     return text[index].IsHighSurrogate() && !isLowNext;
 }
 
-/// Hardly any text has, and this is quick.
+/// Hardly any text has; counted with vectors, which a search for the first is not.
 bool HasSurrogates(const MString& text) {
     const char16_t* const units = text.GetUnits();
     // Without units it is a literal.
     if (!units) return false;
-    return std::any_of(units, units + text.GetLength(),
-                       [](char16_t unit) { return (unit & 0xf800) == 0xd800; });
+    return std::count_if(units, units + text.GetLength(),
+                         [](char16_t unit) { return (unit & 0xf800) == 0xd800; }) > 0;
 }
 
 }  // namespace
