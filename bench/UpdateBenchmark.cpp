@@ -4,8 +4,6 @@
 #include "builder/output/MConsoleOutput.h"
 #include "foundation/base/MException.h"
 #include "foundation/text/MStringFormatter.h"
-#include "foundation/xml/MXMLSubItems.h"
-#include "payload/MSfx.h"
 #include "setup/console/MTextDialogs.h"
 #include "update/MUpdateRun.h"
 
@@ -52,18 +50,11 @@ void Update(const MString& directory, const MString& path) {
     MUpdateRun(directory).Install(offer, content, {});
 }
 
-/// What nobody can do without: to read the state, and to write the files.
+/// An installer of only these files, after the state was read.
 void InstallChanged(const MString& directory, const MString& executable) {
     MXMLItem state;
     state.LoadFile(MFile::Join(directory, "setup.state"));
-    MSfx payload(executable);
-    MLargeResourceLibrary library;
-    library.Attach(&payload);
-    for (MXMLItem& files : MXMLSubItems(library, "files")) {
-        files.SetAttribute("enabled", 1);
-        files.SetAttribute("currentpath", MFile::Join(directory, "Group 0"));
-    }
-    MInstallProcessor().Perform(library, &library, {}, MRunKind::Install);
+    MInstallUnattended(executable, directory + " of the changes");
 }
 
 MComparison CompareUpdate() {
@@ -80,7 +71,9 @@ MComparison CompareUpdate() {
     MInstallUnattended(installer, directory);
     const std::string state = scratch.ReadFile("installed/setup.state");
 
-    // Both write over files of their own round: none is new to the directory.
+    MInstallUnattended(changes, directory + " of the changes");
+
+    // Both write over files of the round before: none is new to the directory.
     const auto restore = [&] { scratch.WriteFile("installed/setup.state", state); };
     MComparison comparison = MCompareSpeeds(Rounds, MClock::Processor, ChangedCount,
                                             {restore, [&] { InstallChanged(directory, changes); }},

@@ -135,6 +135,12 @@ bool MUpdateRun::IsInstalled(const MXMLItem& offer) const {
     }
 }
 
+bool MUpdateRun::Finds(const MXMLItem& offer) {
+    Load(GetMainPath());
+    return MIsPackage(offer) ? state.FindSubItem("package", "time", offer.GetAttribute("time")) != nullptr
+                             : IsInstalled(offer);
+}
+
 void MUpdateRun::Install(const MXMLItem& offer, MStream& content, const MInstallViews& views) {
     MLargeResourceLibrary library;
     Attach(library, content);

@@ -27,12 +27,16 @@ public:
     /// Whether an offer is an update that the installation has already: one that is not later than it. An offer
     /// whose time cannot be told is none.
     [[nodiscard]] bool IsInstalled(const MXMLItem& offer) const;
+    /// Reads the state again, for what other setups have changed, and tells whether an offer is in it: an update that is
+    /// installed, or a package of that time. Raises what `MLoadInstallState` raises.
+    [[nodiscard]] bool Finds(const MXMLItem& offer);
 
-    /// Installs what is offered, from a stream. Neither it nor the views are owned. Other setups are kept away meanwhile, and what
-    /// they have changed until now is not lost. Raises "The update has not been downloaded correctly. Please try
+    /// Installs what is offered, from a stream. Neither it nor the views are owned. Other setups are kept away
+    /// meanwhile, and what they have changed until now is not lost. Raises "The update has not been downloaded correctly. Please try
     /// again." (0) for a stream that is no library; "Installation log is not complete. ..." (0) for a state that
     /// does not say where its files are; "The server has sent another update than {0}. ..." (0) and "{0} changes a newer
-    /// version than the one that is installed. ..." (0), as far as the library says what it is; what `MFolderLock`, `MLoadInstallState`, `MInstallProcessor::Perform` and
+    /// version than the one that is installed. ..." (0), as
+    /// far as the library says what it is; what `MFolderLock`, `MLoadInstallState`, `MInstallProcessor::Perform` and
     /// writing a file raise.
     void Install(const MXMLItem& offer, MStream& content, const MInstallViews& views);
 

@@ -2,6 +2,7 @@
 
 #include "foundation/base/MAddSize.h"
 #include "foundation/base/MGuard.h"
+#include "foundation/files/MFolderLock.h"
 #include "foundation/files/MInstallationNames.h"
 #include "foundation/xml/MEntities.h"
 #include "update/MUpdateServer.h"
@@ -29,11 +30,13 @@ private:
     MProgressView* ownBar;
 };
 
-/// What was fetched, in the main directory: there is the right to write, and room for what it brings. It is gone with
-/// the object; what a killed run leaves is replaced by the next.
+/// What was fetched, in the main directory: there is the right to write, and room for what it brings. It is one update
+/// manager's alone, while installers need not wait for a download. It is gone with the object; what a killed run leaves
+/// is replaced by the next.
 class FetchedFile final : public MStdFileStream {
 public:
-    explicit FetchedFile(const MString& directory) {
+    FetchedFile(const MString& directory, const MString& product)
+        : lock(directory, product, MFolderLock::PatienceMilliseconds, MUpdateLockName) {
         Open(MGetFetchedUpdatePath(directory), MOpenRead | MOpenWrite | MOpenCreate);
     }
     ~FetchedFile() override {
@@ -42,6 +45,9 @@ public:
             MFile::Delete(GetFileName());
         });
     }
+
+private:
+    MFolderLock lock;
 };
 
 int64_t GetSize(const MXMLItem& offer) {
@@ -73,22 +79,27 @@ MUpdateSummary MUpdateSession::GetSummary() const {
 int32_t MUpdateSession::Perform(const MInstallViews& views, const StopQuery& stop) {
     MUpdateOffers::List all = offers.GetUpdates();
     for (const MXMLItem* package : selected) all.Add(package);
+    int32_t installed = 0;
     for (int32_t i = 0; i < all.GetCount(); ++i) {
-        if (stop()) return i;
+        if (stop()) break;
         const MXMLItem& offer = *all[i];
         // An offer is half done when it has been fetched.
         ProgressSlice fetching(views.totalBar, 2 * i, 2 * all.GetCount(), views.fileBar);
         ProgressSlice installing(views.totalBar, 2 * i + 1, 2 * all.GetCount());
         MInstallViews own = views;
         own.fileBar = &fetching;
-        FetchedFile content(run.GetMainPath());
+        FetchedFile content(run.GetMainPath(), run.GetState().GetAttribute("name"));
+        // Another update manager may have had the same offers.
+        if (run.Finds(offer)) continue;
         Fetch(offer, content, own);
         own.fileBar = views.fileBar;
         own.totalBar = &installing;
+        if (run.Finds(offer)) continue;
         Lay(offer, content, own, Source::Server);
-        if (MNeedsRestart(offer)) return i + 1;
+        ++installed;
+        if (MNeedsRestart(offer)) break;
     }
-    return all.GetCount();
+    return installed;
 }
 
 void MUpdateSession::Fetch(const MXMLItem& offer, MStream& content, const MInstallViews& views) const {

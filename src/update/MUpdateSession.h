@@ -39,8 +39,9 @@ public:
     /// Fetches and installs all updates and then the selected packages, and tells what they say. `infoText` is the
     /// heading, as mark-up, `fileText` and `fileBar` are of the offer in hand, `totalBar` counts offers; there must be
     /// dialogs. Ends early if `stop`
-    /// says so or an offer needs the program to end; gives how many were installed. Raises what fetching and
-    /// installing raise; what is installed until then stays.
+    /// says so or an offer needs the program to end; gives how many were installed. Passes over what another update
+    /// manager has installed meanwhile, and raises what `MFolderLock` raises while one is at work. Raises what fetching
+    /// and installing raise; what is installed until then stays.
     int32_t Perform(const MInstallViews& views, const StopQuery& stop);
     /// Installs an offer that need not be fetched, and tells what it says.
     void InstallLocal(const MXMLItem& offer, MStream& content, const MInstallViews& views);

@@ -23,7 +23,7 @@ protected:
         Build(ToList({"update", "1.0.dat", "1.1.dat", "--output", "served/Test-1.1.dat"}));
         Build(ToList({"update-server", "served", "--output", "tree", "--base", "/u/"}));
     }
-    void PackVersion(const std::string& version) {
+    void PackVersion(const std::string& version, const std::string& more = "") {
         const std::string address = "127.0.0.1:" + std::to_string(server.GetPort()) + "/u";
         const std::string month = version == "1.0" ? "01" : "02";
         const std::string attributes = "name=\"Test Product\" id=\"Test\" time=\"2026-" + month +
@@ -31,7 +31,7 @@ protected:
         const std::string children =
             "<files path=\"" + version + "\" destination=\"{destination}/files\" required=\"1\"/>" +
             "<files path=\"presets/" + version +
-            "\" destination=\"{destination}/presets\" required=\"1\" rewritable=\"0\"/>";
+            "\" destination=\"{destination}/presets\" required=\"1\" rewritable=\"0\"/>" + more;
         PackAs(InHome(Name(version + "-installer.") + MPlatform::ExecutableExtension()), attributes,
                children);
         PackAs(InProduct(Name(version + ".dat")), attributes, children, {"--form", "dat"});
@@ -96,6 +96,31 @@ TEST_F(UpdateTest, ComesAsAProgram) {
     }
     ExpectNewVersion();
     EXPECT_THAT(StartWithoutDisplay(InHome("Update.exe")), SaysWhatToDo("silent"));
+    ExpectRemoved();
+}
+
+TEST_F(UpdateTest, ReplacesTheSetupProgram) {
+    // What stands behind a program changes nothing about it.
+    const std::string newer = MReadTestFile(SETUP_PROGRAM) + "newer";
+    const std::string program = "updatesetup." + Text(MPlatform::ExecutableExtension());
+    scratch.WriteFile("product/main-1.0/readme", "x");
+    scratch.WriteFile("product/main-1.1/readme", "x");
+    scratch.WriteFile(MDecodeUTF8Exact("product/main-1.1/" + program), newer);
+    for (const std::string version : {"1.0", "1.1"}) PackVersion(version, ToDestination("main-" + version));
+    Build(ToList({"update", "1.0.dat", "1.1.dat", "--output", "served/Test-1.1.dat", "--restart", "--execute",
+                  program.c_str()}));
+    Build(ToList({"update-server", "served", "--output", "tree", "--base", "/u/"}));
+
+    ASSERT_EQ(InstallVersion("1.0").exitCode, 0);
+    const MProgramResult updated = Update({"silent", "update"});
+    EXPECT_EQ(updated.exitCode, 0) << updated.errors;
+    EXPECT_THAT(updated.output, HasSubstr("The update requires the installer to exit."));
+    const MString installed = GetRemover("to");
+    for (int i = 0; i < 200 && MFile::GetFileSize(installed) != static_cast<int64_t>(newer.size()); ++i)
+        MPlatform::Sleep(100);
+    EXPECT_TRUE(MReadTestFile(installed) == newer);
+    const MProgramResult checked = Update({"silent", "update", "check-only"});
+    EXPECT_EQ(checked.exitCode, 0) << checked.errors;
     ExpectRemoved();
 }
 

@@ -196,6 +196,20 @@ TEST_F(UpdateSessionTest, FailuresLeaveTheState) {
         "remove current installation.");
 }
 
+TEST_F(UpdateSessionTest, WhatAnotherManagerHasInstalledIsLeft) {
+    Offer({{Update, Library("<files>" + File("a.txt", "update") + "</files>")}, {Package, "no library"}});
+    MUpdateSession session(target);
+    session.Query();
+    MList<int32_t> first;
+    first.Add(0);
+    session.SelectPackages(first);
+    LoadState().SetAttribute("time", "2026-02-02 00:00:00");
+    state.AddSubItem("package")->SetAttribute("time", "2025-02-01 00:00:00");
+    state.SaveFile(scratch.Join("target/setup.state"), false, "utf-8");
+    EXPECT_EQ(session.Perform(views, [] { return false; }), 0);
+    EXPECT_EQ(Read("bin/a.txt"), "old");
+}
+
 // What came another way than from the maker is not even looked into.
 TEST_F(UpdateSessionTest, OnlyWhatTheMakerHasSignedCountsWithAKey) {
     const auto sign = [](const std::string& content) {

@@ -3,7 +3,7 @@
 #include "builder/checks/MFileNameRules.h"
 #include "builder/checks/MMainDirectoryCheck.h"
 #include "foundation/base/MGuard.h"
-#include "foundation/files/MFile.h"
+#include "foundation/files/MInstallationNames.h"
 #include "foundation/text/MStringFormatter.h"
 #include "foundation/text/MUnicode.h"
 #include "install/definition/MPathMacros.h"
@@ -15,7 +15,8 @@ namespace {
 /// What an installation leaves in its first directory, and what its program would take there for the data of
 /// an installer: it would then neither remove the product nor be installed over it.
 bool IsInstallersOwn(const MString& name, const char* program) {
-    const char* const names[] = {program, "setup.state", "setup.lock", "setup.dat", "setup.multi"};
+    const char* const names[] = {program,       "setup.state",  "setup.lock",   "setup.dat",
+                                 "setup.multi", "setup.update", MUpdateLockName};
     return std::ranges::any_of(names, [&](const char* own) { return name == own; });
 }
 

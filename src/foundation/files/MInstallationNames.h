@@ -20,3 +20,6 @@ inline constexpr const char* MUninstallKeyName = "software\\microsoft\\windows\\
 [[nodiscard]] inline MString MGetFetchedUpdatePath(const MString& directory) {
     return MFile::Join(directory, "setup.update");
 }
+
+/// The file that tells other update managers so.
+inline constexpr const char* MUpdateLockName = "setup.update.lock";
