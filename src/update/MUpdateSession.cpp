@@ -121,7 +121,11 @@ void MUpdateSession::Lay(const MXMLItem& offer, MStream& content, const MInstall
         MFormat(MTranslate("<b>Installing <i>{0}</i>..."), MEntities::Escape(offer.GetAttribute("name"))));
     MInstallViews own = views;
     own.infoText = nullptr;
+    const MList<MUnmergedPresets>& unmerged = run.GetProcessor().GetUnmerged();
+    const int32_t alreadyTold = unmerged.GetCount();
     run.Install(offer, content, own);
+    if (unmerged.GetCount() > alreadyTold)
+        views.dialogs->ShowError(MDescribeUnmerged(std::span(unmerged).subspan(alreadyTold)));
     views.ShowTotalProgress(1, 1);
     const MString told = offer.GetAttribute("showinfo", "");
     if (!told.IsEmpty()) views.dialogs->ShowInformation(told);

@@ -36,14 +36,14 @@ public:
     void SelectPackages(const MList<int32_t>& indices);
     [[nodiscard]] MUpdateSummary GetSummary() const;
 
-    /// Fetches and installs all updates and then the selected packages, and tells what they say. `infoText` is the
-    /// heading, as mark-up, `fileText` and `fileBar` are of the offer in hand, `totalBar` counts offers; there must be
-    /// dialogs. Ends early if `stop`
-    /// says so or an offer needs the program to end; gives how many were installed. Passes over what another update
-    /// manager has installed meanwhile, and raises what `MFolderLock` raises while one is at work. Raises what fetching
-    /// and installing raise; what is installed until then stays.
+    /// Fetches and installs all updates and then the selected packages, and tells what they say and which preset
+    /// files were left without their new presets: an update that is installed is not offered again. `infoText` is
+    /// the heading, as mark-up, `fileText` and `fileBar` are of the offer in hand, `totalBar` counts offers; there
+    /// must be dialogs. Passes over what another update manager has installed meanwhile. Ends early if `stop` says so
+    /// or an offer needs the program to end; gives how many were installed. Raises what `MFolderLock` raises while
+    /// another one is at work, and what fetching and installing raise; what is installed until then stays.
     int32_t Perform(const MInstallViews& views, const StopQuery& stop);
-    /// Installs an offer that need not be fetched, and tells what it says.
+    /// Installs an offer that need not be fetched, and tells likewise.
     void InstallLocal(const MXMLItem& offer, MStream& content, const MInstallViews& views);
 
 private:

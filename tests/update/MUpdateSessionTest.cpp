@@ -137,6 +137,21 @@ TEST_F(UpdateSessionTest, PackagesAreChosenAndNoted) {
     EXPECT_EQ(again.GetSummary().packageCount, 1);
 }
 
+// The update counts as installed, so nobody would ever hear of it again.
+TEST_F(UpdateSessionTest, TellsOnceOfPresetsThatCouldNotBeMerged) {
+    scratch.WriteFile("target/presets/Roompresets.xml", "no presets <");
+    const std::string later = "time=\"2026-03-01 00:00:00\"";
+    Offer({{Update,
+            Library("<files unchanged=\"1\"/><files><file name=\"Roompresets.xml\" op=\"update\"{presets}/>"
+                    "</files>")},
+           {later, Library("<files>" + File("a.txt", "update") + "</files>")}});
+    EXPECT_EQ(Perform(), 2);
+    EXPECT_EQ(Read("presets/Roompresets.xml"), "no presets <");
+    ASSERT_EQ(dialogs.errors.size(), 1U);
+    EXPECT_NE(dialogs.errors[0].find("target/presets/Roompresets.xml: "), std::string::npos)
+        << dialogs.errors[0];
+}
+
 TEST_F(UpdateSessionTest, EndsWhereItIsAskedToAndAfterARestart) {
     const std::string library = Library("<files>" + File("a.txt", "update") + "</files>");
     Offer({{Update, library},

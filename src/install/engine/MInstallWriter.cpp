@@ -40,6 +40,13 @@ MString MakeQuestion(const MString& path) {
 
 }  // namespace
 
+MString MDescribeUnmerged(std::span<const MUnmergedPresets> unmerged) {
+    MString text =
+        MTranslate("The new presets could not be merged into these files, which stay as they are:");
+    for (const MUnmergedPresets& presets : unmerged) text += "\n    " + presets.path + ": " + presets.reason;
+    return text;
+}
+
 void MInstallWriter::Write(MXMLItem& element, const MString& name, bool rewritable,
                            MLargeResourceLibrary& library) {
     progress.ShowItem("creating file {0} ({1} of {2})", name);

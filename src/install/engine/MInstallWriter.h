@@ -5,11 +5,16 @@
 #include "install/presets/MPresetJournal.h"
 #include "payload/MLargeResourceLibrary.h"
 
+#include <span>
+
 /// A preset file into which the new presets could not be merged.
 struct MUnmergedPresets {
     MString path;
     MString reason;
 };
+
+/// Tells a user of such files, by a line each.
+[[nodiscard]] MString MDescribeUnmerged(std::span<const MUnmergedPresets> unmerged);
 
 /// A preset file that has new presets, and what it held before.
 struct MMergedPresets {

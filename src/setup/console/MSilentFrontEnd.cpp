@@ -61,12 +61,7 @@ MExitCode MSilentFrontEnd::Install(MLargeResourceLibrary& definition) {
             run.Perform();
             return run.GetUnmerged().IsEmpty() ? MExitDone : MExitIncomplete;
         });
-        MList<MString> unmerged;
-        for (const MUnmergedPresets& presets : run.GetUnmerged())
-            unmerged.Add(presets.path + ": " + presets.reason);
-        if (!unmerged.IsEmpty())
-            dialogs.ShowError(ListLines(
-                "The new presets could not be merged into these files, which stay as they are:", unmerged));
+        if (!run.GetUnmerged().IsEmpty()) dialogs.ShowError(MDescribeUnmerged(run.GetUnmerged()));
         // A run that was refused has shown no page.
         if (exitCode != MExitRefused) run.Conclude(exitCode != MExitFailed);
         return exitCode;

@@ -47,6 +47,10 @@ public:
     void Say(const char* text) {
         if (!isJSON) console.SetText(MTranslate(text));
     }
+    MExitCode EndInstalled(int32_t installedCount, const MInstallProcessor& processor) {
+        if (installedCount > 0) Say("Updates has been successfully installed.");
+        return End(installedCount, processor.GetUnmerged().IsEmpty() ? MExitDone : MExitIncomplete);
+    }
     MExitCode End(int32_t installedCount, MExitCode exitCode) {
         json.Add("installed", installedCount);
         json.EndObject();
@@ -142,8 +146,7 @@ MExitCode MSilentUpdate::Run(const MString& installation, MUserDialogs& dialogs)
     if (offers.IsEmpty()) report.Say("No updates or packages are available at the moment.");
     if (isCheckOnly) return report.End(0, offers.IsEmpty() ? MExitDone : MExitOffered);
     const int32_t installed = session.Perform(report.views, [] { return false; });
-    if (installed > 0) report.Say("Updates has been successfully installed.");
-    return report.End(installed, MExitDone);
+    return report.EndInstalled(installed, session.GetRun().GetProcessor());
 }
 
 MExitCode MSilentUpdate::RunLocal(MLargeResourceLibrary& package, MUserDialogs& dialogs) const {
@@ -162,6 +165,5 @@ MExitCode MSilentUpdate::RunLocal(MLargeResourceLibrary& package, MUserDialogs& 
     }
     session.InstallLocal(offer, package.GetStream(), report.views);
     MLeaveInstalledProgram(MGetSetupPath(installation));
-    report.Say("Updates has been successfully installed.");
-    return report.End(1, MExitDone);
+    return report.EndInstalled(1, session.GetRun().GetProcessor());
 }
