@@ -20,7 +20,8 @@ protected:
                               std::string("<Set><preset name=\"Shipped ") + version + "\"/></Set>");
         for (const char* version : {"1.0", "1.1"}) PackVersion(version);
         MFile::CreatePath(InProduct("served"));
-        Build(ToList({"update", "1.0.dat", "1.1.dat", "--output", "served/Test-1.1.dat"}));
+        Build(ToList(
+            {"update", "1.0.dat", "1.1.dat", "--output", "served/Test-1.1.dat", "--showinfo", "Read this"}));
         Build(ToList({"update-server", "served", "--output", "tree", "--base", "/u/"}));
     }
     void PackVersion(const std::string& version, const std::string& more = "") {
@@ -76,8 +77,10 @@ TEST_F(UpdateTest, BringsAnInstallationToTheNewVersion) {
     EXPECT_THAT(checked.output, HasSubstr("\"installed\":0"));
     EXPECT_EQ(Update({"silent", "update", "packages=None such"}).exitCode, 2);
     EXPECT_EQ(ReadHome("to/files/changed"), "old");
-    const MProgramResult updated = Update({"silent", "update"});
+    const MProgramResult updated = Update({"silent", "update", "format=json"});
     EXPECT_EQ(updated.exitCode, 0) << updated.errors;
+    EXPECT_EQ(updated.output.front(), '{') << updated.output;
+    EXPECT_THAT(updated.errors, HasSubstr("Read this"));
     ExpectNewVersion();
     EXPECT_EQ(Update({"silent", "update", "check-only"}).exitCode, 0);
     ExpectRemoved();

@@ -7,6 +7,7 @@
 #include "foundation/text/MStringFormatter.h"
 #include "install/run/MInstalledProgram.h"
 #include "setup/console/MConsoleView.h"
+#include "setup/console/MTextDialogs.h"
 #include "setup/console/MUnattendedOptions.h"
 #include "streams/basic/MConsole.h"
 #include "ui/stml/MSTMLPlainText.h"
@@ -21,13 +22,27 @@ bool IsChosen(const MList<int32_t>& chosen, int32_t index) {
     return false;
 }
 
+/// Keeps standard output for a document.
+class DialogsBesideDocument final : public MTextDialogs {
+public:
+    explicit DialogsBesideDocument(MUserDialogs& dialogs) : dialogs(dialogs) {}
+
+    bool AskYesNo(const MString& question) override { return dialogs.AskYesNo(question); }
+    MRetryAnswer AskRetry(const MString& question) override { return dialogs.AskRetry(question); }
+    void ShowInformation(const MString& markup) override { ShowError(MSTMLPlainText::Of(markup)); }
+
+private:
+    MUserDialogs& dialogs;
+};
+
 }  // namespace
 
 /// What a run has to tell, as lines at once or as a document at its end.
 class MSilentUpdate::Report {
 public:
-    Report(const MSilentUpdate& words, const MXMLItem& state, MUserDialogs& dialogs) : isJSON(words.isJSON) {
-        views.dialogs = &dialogs;
+    Report(const MSilentUpdate& words, const MXMLItem& state, MUserDialogs& dialogs)
+        : isJSON(words.isJSON), besideDocument(dialogs) {
+        views.dialogs = isJSON ? &besideDocument : &dialogs;
         json.BeginObject();
         json.Add("product", state.GetAttribute("name"));
         json.Add("time", state.GetAttribute("time"));
@@ -77,6 +92,7 @@ private:
     }
 
     const bool isJSON;
+    DialogsBesideDocument besideDocument;
     MConsoleView console;
     MJSONWriter json;
 };
