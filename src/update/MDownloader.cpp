@@ -96,8 +96,6 @@ bool MDownloader::FetchIndex() {
         MRaise(MExceptionGeneral,
                "Could not connect to any download server. Please check your internet connection.");
     }
-    index.ForgetProgress();
-    index.Check();
     index.Save(statePath);
     return true;
 }

@@ -8,6 +8,7 @@
 #include "update/MHTTPBody.h"
 
 #include <algorithm>
+#include <optional>
 
 void MMirrors::ChooseFirst() {
     MLinearRandom random(static_cast<uint32_t>(MDateTime::NowUTC().GetMicroseconds() / 1000));
@@ -17,6 +18,7 @@ void MMirrors::ChooseFirst() {
 bool MMirrors::FetchIndex(MDownloadIndex& index) {
     constexpr int32_t RedirectBudget = 10;
     constexpr int64_t MaximumStoredSize = 0x4000000;
+    std::optional<MException> refusal;
     for (int32_t i = 0; i < addresses.GetCount() && !IsCancelled(); ++i) {
         try {
             const bool isLast = i + 1 == addresses.GetCount();
@@ -26,11 +28,19 @@ bool MMirrors::FetchIndex(MDownloadIndex& index) {
                 continue;
             stored.Rewind();
             index.Load(stored);
-            return true;
         } catch (const MException&) {
             // As a mirror that has none: the next may have one.
+            continue;
+        }
+        try {
+            index.ForgetProgress();
+            index.Check();
+            return true;
+        } catch (const MException& exception) {
+            refusal = exception;
         }
     }
+    if (refusal && !IsCancelled()) throw MException(*refusal);
     return false;
 }
 

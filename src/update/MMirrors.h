@@ -17,8 +17,9 @@ public:
 
     /// Parts come from a mirror chosen by chance, so that all users together load all mirrors alike.
     void ChooseFirst();
-    /// Fetches the list from the first mirror that has one which can be read. False if the user has
-    /// cancelled, or if there is none.
+    /// Fetches the list, without progress, from the first mirror that has one which can be used. False if the user has
+    /// cancelled, or if none has any; raises what `MDownloadIndex::Check` raises if those that there are cannot be
+    /// used.
     [[nodiscard]] bool FetchIndex(MDownloadIndex& index);
     /// Fetches a part by its name on the mirrors. False if the user has cancelled, or if it could not be had
     /// in `TriesPerPart` tries.

@@ -7,16 +7,24 @@
 #include "update/MUpdateServer.h"
 #include "update/MUpdateTrust.h"
 
+#include <algorithm>
+
 namespace {
 
 constexpr int64_t MaximumIndexSize = 0x1000000;
 
 void CheckName(const MString& name) {
-    if (MIsSafeName(name)) return;
-    MRaise(MExceptionGeneral,
-           "The name \"{0}\" in the list of updates leads out of its directory. The server is damaged or not "
-           "trustworthy; nothing has been written.",
-           name);
+    const MString fault = MFindNameFault(name);
+    if (fault.IsEmpty()) return;
+    MRaise(
+        MExceptionGeneral,
+        "The name \"{0}\" in the list of updates {1}. The server is damaged or not trustworthy; nothing has been "
+        "written.",
+        name, fault);
+}
+
+int64_t GetMicroseconds(const MXMLItem& offer) {
+    return MDateTime::Parse(offer.GetAttribute("time")).GetMicroseconds();
 }
 
 bool IsInstalled(const MXMLItem& state, const MString& time) {
@@ -46,6 +54,10 @@ void MUpdateOffers::Read(MStream& reply, const MXMLItem& state) {
     index.Load(reply);
     const MDateTime stateTime = MDateTime::Parse(state.GetAttribute("time"));
     for (const MXMLItem& offer : MXMLSubItems(index, "update")) Choose(offer, state, stateTime);
+    // Each changes the one before it, in whatever order they are listed.
+    std::stable_sort(updates.begin(), updates.end(), [](const MXMLItem* one, const MXMLItem* other) {
+        return GetMicroseconds(*one) < GetMicroseconds(*other);
+    });
 }
 
 void MUpdateOffers::Choose(const MXMLItem& offer, const MXMLItem& state, const MDateTime& stateTime) {

@@ -79,7 +79,7 @@ MUpdateServer::MUpdateServer(const MXMLItem& state) {
     const MString address = state.GetAttribute("updateaddress", "");
     if (address.IsEmpty()) {
         host = MProductUpdateHost;
-        basePath = MFormat("/downloadupdate/?name={0}&", state.GetAttribute("id"));
+        basePath = MFormat("/downloadupdate/?name={0}&", EncodeValue(state.GetAttribute("id")));
         return;
     }
     const int32_t slash = address.FindChar('/');
