@@ -181,9 +181,14 @@ find_window() {
     id=$(xdotool search --onlyvisible --name "^$(sed -e 's/[][\.*^$+?(){}|]/\\&/g' <<<"$text")\$" 2>/dev/null |
         tail -n 1)
     [ -n "$id" ] || return 1
-    eval "$(xdotool getwindowgeometry --shell "$id" 2>/dev/null | sed -e 's/^/window_/')"
+    read_geometry "$id"
     shift_x=$((${window_WIDTH:-0} - width)) shift_y=$((${window_HEIGHT:-0} - height))
     [ "$shift_x $shift_y" = "0 0" ] || has_control closebutton "$1"
+}
+
+# read_geometry ID: of a window, as window_X and the like.
+read_geometry() {
+    eval "$(xdotool getwindowgeometry --shell "$1" 2>/dev/null | sed -e 's/^/window_/')"
 }
 
 # The pixels of a picture, without what else a file says.
@@ -259,20 +264,37 @@ begin_updates() {
     begin_program "$1/setup.$extension" update
 }
 
+# read_update NAME FOLDER: of an update as a program, $scratch/NAME.$extension, over an installation: its page is
+# "package", and its message "updated".
+read_update() {
+    move_installation "$2"
+    read_places moved "$scratch/$1.$extension" --over "$scratch/moved"
+}
+
 # read_installation FOLDER [OPTION]
 read_installation() {
+    move_installation "$1"
+    read_places moved "$scratch/moved" "${@:2}"
+}
+
+# move_installation FOLDER: as far as windows look at it.
+move_installation() {
     rm -rf "$scratch/moved" "$scratch/places/moved"
     mkdir "$scratch/moved"
     sed -e "s|mainpath=\"[^\"]*\"|mainpath=\"$scratch/moved\"|" "$1/setup.state" >"$scratch/moved/setup.state"
-    read_places moved "$scratch/moved" "${@:2}"
 }
 
 # begin_program PROGRAM [WORD...]: whose places are read.
 begin_program() {
-    (as_user "$@") >"$scratch/wizard.log" 2>&1 &
-    wizard=$! page='' visited='' has_agreed=no
+    start_program "$@"
     expect_page "${sequence[0]}"
     mapfile -t victims < <(find_programs)
+}
+
+# start_program PROGRAM [WORD...]: without waiting for what comes.
+start_program() {
+    (as_user "$@") >"$scratch/wizard.log" 2>&1 &
+    wizard=$! page='' visited='' has_agreed=no
 }
 
 # click CONTROL: on the page on view. Not quite where the last click was: two would be a double click.
@@ -297,6 +319,32 @@ press() {
 type_text() {
     press ctrl+a
     xdotool type --delay 20 "$1"
+}
+
+# answer TITLE KEY...: a box of which no places are told, by its keys. Another one of that title may follow.
+answer() {
+    await_box "$1"
+    local answered=$box
+    press "${@:2}"
+    await 50 is_gone "$answered" || give_up "the box called $1 does not close"
+}
+
+# await_box TITLE: until it can be used.
+await_box() {
+    await 150 has_box "$1" || give_up "no box comes that is called $1"
+    # A key that comes with the box counts for nothing.
+    sleep 0.6
+    read_geometry "$box"
+    keep_picture "$1"
+}
+
+has_box() {
+    box=$(xdotool search --onlyvisible --name "^$1\$" 2>/dev/null | tail -n 1)
+    [ -n "$box" ]
+}
+
+is_gone() {
+    ! xdotool getwindowname "$1" >/dev/null 2>&1
 }
 
 # stop_of CONTROL [PAGE]: how often Tab is pressed from where the keyboard is when the page has come.
