@@ -1,8 +1,10 @@
-// Usage: wizard-places [--light] [--scale PERCENT] [--processing] [--updates] INSTALLER-OR-FOLDER PICTURES
+// Usage: wizard-places [--light] [--scale PERCENT] [--processing] [--updates | --over FOLDER] PROGRAM-OR-FOLDER PICTURES
+//        wizard-places [--light] [--scale PERCENT] --download ID PICTURES
 //
 // Lays out the wizard of a packed installer in memory, as it is on a display of 1280 by 1024 pixels, and goes through
 // its pages without installing anything; or the uninstaller of the installation in a folder, without removing anything;
-// or with --updates its update manager, which asks the server of the installation.
+// or with --updates its update manager, which asks the server of the installation; or with --over the window of an
+// update that is a program, for the installation in the folder; or with --download that of a download, in its middle.
 // Prints a line for each control that is shown, with its place in the window:
 //
 //     PAGE NAME LEFT TOP WIDTH HEIGHT STOP TEXT
@@ -13,7 +15,8 @@
 // PAGE.png of each.
 //
 // As the wizard does, it makes the maker's folder below HOME, and starts what stands in "onstart" and "onsuccess".
-// --processing also shows the page that installs, with bars as in its middle, and makes the directories for that.
+// --processing also shows the page that installs, with bars as in its middle, and makes the directories for that; or the
+// update manager likewise.
 
 #include "embedded/MProgramBlocks.h"
 #include "foundation/files/MFile.h"
@@ -27,8 +30,11 @@
 #include "ui/control/windows/MWindows.h"
 #include "ui/control/windows/MWindowsModule.h"
 #include "ui/dialogs/MDialogs.h"
+#include "ui/dialogs/MProgressWindow.h"
+#include "ui/layout/MLayoutSwitch.h"
 #include "ui/style/MTexturedStyle.h"
 #include "ui/widgets/buttons/MCheckBox.h"
+#include "ui/widgets/content/MStaticMultiLine.h"
 #include "ui/widgets/values/MProgressBar.h"
 #include "ui/window/headless/MWindowSystemHeadless.h"
 
@@ -37,6 +43,7 @@
 #include <cstdlib>
 #include <map>
 #include <optional>
+#include <semaphore>
 #include <string>
 #include <utility>
 #include <vector>
@@ -118,8 +125,17 @@ struct Options {
     int32_t scalePercent = 100;
     bool showsProcessing = false;
     bool showsUpdates = false;
+    bool showsDownload = false;
+    MString installation;  ///< empty without --over
     std::vector<MString> paths;
 };
+
+MControl* Find(MControl& control, const MString& name) {
+    if (control.GetName() == name && control.IsShown()) return &control;
+    for (MControl* child : control.GetChildren())
+        if (MControl* const found = Find(*child, name)) return found;
+    return nullptr;
+}
 
 /// Goes through the pages of a wizard.
 class WizardWalk {
@@ -164,12 +180,6 @@ private:
             static_cast<MProgressBar*>(Find(processing, name))->SetPercent(percent);
         Tell();
     }
-    static MControl* Find(MControl& control, const MString& name) {
-        if (control.GetName() == name && control.IsShown()) return &control;
-        for (MControl* child : control.GetChildren())
-            if (MControl* const found = Find(*child, name)) return found;
-        return nullptr;
-    }
     /// The picture is that of the page as it comes, and the places are those with which it can be left.
     void Tell() {
         auto name = MEncodeUTF8Exact(static_cast<MSetupPage*>(window.GetWalk().GetCurrentPage())->GetName());
@@ -210,17 +220,69 @@ void TellWindow(MWindowSystemHeadless& system, Places& places, MWindow& window, 
     (void)window.RunModal(nullptr);
 }
 
-void TellInstallation(MWindowSystemHeadless& system, const Options& options, Places& places) {
+void TellUninstaller(MWindowSystemHeadless& system, const Options& options, Places& places) {
     MWizardDialogs dialogs;
-    if (options.showsUpdates) {
-        MUpdateInstallerWindow window(options.paths[0], dialogs);
-        TellWindow(system, places, window, dialogs, {"updates", "updated"},
-                   "Updates has been successfully installed.");
-    } else {
-        MUninstallWindow window(options.paths[0], dialogs, nullptr);
-        TellWindow(system, places, window, dialogs, {"uninstaller", "removed"},
-                   "Uninstallation has been completed.");
+    MUninstallWindow window(options.paths[0], dialogs, nullptr);
+    TellWindow(system, places, window, dialogs, {"uninstaller", "removed"},
+               "Uninstallation has been completed.");
+}
+
+/// As its worker shows it.
+void ShowUpdating(MUpdateInstallerWindow& window) {
+    MControl& stages = *Find(window, "Stages");
+    for (MControl* stage : stages.GetChildren())
+        if (stage->GetName() == "processing")
+            static_cast<MLayoutSwitch*>(stages.GetLayouts()[0])->SetActive(stage);
+    Find(window, "Process")->SetEnabled(false);
+    dynamic_cast<MStaticMultiLine&>(*Find(window, "heading"))
+        .SetText("<b>Installing <i>Plug-in Set 1.1</i>...");
+    dynamic_cast<MTextView&>(*Find(window, "fileinfo")).SetText("Downloading Plug-in Set 1.1...");
+    for (const auto& [name, percent] : {std::pair{"totalprogress", 33}, {"opprogress", 60}})
+        static_cast<MProgressBar*>(Find(window, name))->SetPercent(percent);
+}
+
+void TellUpdates(MWindowSystemHeadless& system, const Options& options, Places& places) {
+    MWizardDialogs dialogs;
+    MUpdateInstallerWindow window(options.paths[0], dialogs);
+    if (options.showsProcessing) {
+        system.Post([&] {
+            places.Tell("updates");
+            ShowUpdating(window);
+        });
     }
+    TellWindow(system, places, window, dialogs, {options.showsProcessing ? "updating" : "updates", "updated"},
+               "Updates has been successfully installed.");
+}
+
+void TellUpdateProgram(MWindowSystemHeadless& system, const Options& options, Places& places) {
+    MSfx payload(options.paths[0]);
+    MLargeResourceLibrary update;
+    update.Attach(&payload);
+    MWizardDialogs dialogs;
+    MUpdateInstallerWindow window(options.installation, dialogs, *update.GetSubItem("updateinformation"),
+                                  update.GetStream());
+    TellWindow(system, places, window, dialogs, {"package", "updated"},
+               "Updates has been successfully installed.");
+}
+
+void TellDownload(MWindowSystemHeadless& system, const MString& id, Places& places) {
+    std::binary_semaphore isTold(0);
+    std::binary_semaphore isShown(0);
+    MProgressWindow window(id + " downloader");
+    system.Post([&] {
+        isTold.acquire();
+        system.AdvanceTime(95000);
+        window.Refresh();
+        places.Tell("download");
+        isShown.release();
+    });
+    (void)window.Run(nullptr, [&](MProgressWindow& progress) {
+        progress.SetInfo("Downloading files...");
+        progress.SetCustomStatistics("Speed: 4.2 MB/s\nDownloaded: 399 MB\nTotal size: 1.1 GB");
+        progress.SetProgress(36);
+        isTold.release();
+        isShown.acquire();
+    });
 }
 
 void Run(const Options& options) {
@@ -238,12 +300,21 @@ void Run(const Options& options) {
     windows.SetStyle(std::move(style));
     system.SetDesktop(options.scalePercent, !options.isLight);
     Places places(system, options.paths[1]);
-    MFile::IsDirectory(options.paths[0]) ? TellInstallation(system, options, places)
-                                         : TellInstaller(system, options, places);
+    if (options.showsDownload)
+        TellDownload(system, options.paths[0], places);
+    else if (options.showsUpdates)
+        TellUpdates(system, options, places);
+    else if (!options.installation.IsEmpty())
+        TellUpdateProgram(system, options, places);
+    else if (MFile::IsDirectory(options.paths[0]))
+        TellUninstaller(system, options, places);
+    else
+        TellInstaller(system, options, places);
 }
 
 std::optional<Options> ReadArguments(int count, char** arguments) {
     Options options;
+    const auto toPath = [](const std::string& word) { return MFile::Normalize(MDecodeUTF8Exact(word)); };
     for (int i = 1; i < count; ++i) {
         const std::string word = arguments[i];
         if (word == "--light")
@@ -252,10 +323,14 @@ std::optional<Options> ReadArguments(int count, char** arguments) {
             options.showsProcessing = true;
         else if (word == "--updates")
             options.showsUpdates = true;
+        else if (word == "--download")
+            options.showsDownload = true;
+        else if (word == "--over" && i + 1 < count)
+            options.installation = toPath(arguments[++i]);
         else if (word == "--scale" && i + 1 < count)
             options.scalePercent = std::atoi(arguments[++i]);
         else
-            options.paths.push_back(MFile::Normalize(MDecodeUTF8Exact(word)));
+            options.paths.push_back(toPath(word));
     }
     return options.paths.size() == 2 ? std::optional(options) : std::nullopt;
 }
@@ -266,8 +341,9 @@ int main(int count, char** arguments) {
     const std::optional<Options> options = ReadArguments(count, arguments);
     if (!options) {
         std::fputs(
-            "Usage: wizard-places [--light] [--scale PERCENT] [--processing] [--updates] INSTALLER-OR-FOLDER "
-            "PICTURES\n",
+            "Usage: wizard-places [--light] [--scale PERCENT] [--processing] [--updates | --over FOLDER] "
+            "PROGRAM-OR-FOLDER PICTURES\n"
+            "       wizard-places [--light] [--scale PERCENT] --download ID PICTURES\n",
             stderr);
         return 2;
     }

@@ -12,6 +12,9 @@ namespace {
 
 MString AskForInstallation(MWizardDialogs& dialogs) {
     MDirectoryDialog dialog("SelectInstallation", MTranslate("Select installation path"));
+    // Begins where most are; on Linux that may be below a hidden folder.
+    dialog.GetTree().SetHiddenShown(true);
+    dialog.SetPath(MFile::GetSpecialPath(MSpecialFolderProgramFiles));
     while (dialog.RunModal(nullptr) == MModalValue::Ok) {
         if (MFile::IsInstallation(dialog.GetPath())) return dialog.GetPath();
         dialogs.ShowError(MTranslate("Sorry, there is no installation present in specified directory."));
