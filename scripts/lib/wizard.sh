@@ -332,6 +332,7 @@ answer() {
 # await_box TITLE: until it can be used.
 await_box() {
     await 150 has_box "$1" || give_up "no box comes that is called $1"
+    await 50 is_active "$box" || xdotool windowactivate --sync "$box"
     # A key that comes with the box counts for nothing.
     sleep 0.6
     read_geometry "$box"
@@ -341,6 +342,10 @@ await_box() {
 has_box() {
     box=$(xdotool search --onlyvisible --name "^$1\$" 2>/dev/null | tail -n 1)
     [ -n "$box" ]
+}
+
+is_active() {
+    [ "$(xdotool getactivewindow 2>/dev/null)" = "$1" ]
 }
 
 is_gone() {

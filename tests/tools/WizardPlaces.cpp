@@ -125,13 +125,13 @@ struct Options {
     int32_t scalePercent = 100;
     bool showsProcessing = false;
     bool showsUpdates = false;
-    bool showsDownload = false;
     MString installation;  ///< empty without --over
+    MString download;      ///< its ID, empty without --download
     std::vector<MString> paths;
 };
 
 MControl* Find(MControl& control, const MString& name) {
-    if (control.GetName() == name && control.IsShown()) return &control;
+    if (control.GetName() == name && control.IsVisible()) return &control;
     for (MControl* child : control.GetChildren())
         if (MControl* const found = Find(*child, name)) return found;
     return nullptr;
@@ -299,9 +299,9 @@ void Run(const Options& options) {
     style->LoadStyle();
     windows.SetStyle(std::move(style));
     system.SetDesktop(options.scalePercent, !options.isLight);
-    Places places(system, options.paths[1]);
-    if (options.showsDownload)
-        TellDownload(system, options.paths[0], places);
+    Places places(system, options.paths.back());
+    if (!options.download.IsEmpty())
+        TellDownload(system, options.download, places);
     else if (options.showsUpdates)
         TellUpdates(system, options, places);
     else if (!options.installation.IsEmpty())
@@ -323,8 +323,8 @@ std::optional<Options> ReadArguments(int count, char** arguments) {
             options.showsProcessing = true;
         else if (word == "--updates")
             options.showsUpdates = true;
-        else if (word == "--download")
-            options.showsDownload = true;
+        else if (word == "--download" && i + 1 < count)
+            options.download = MDecodeUTF8Exact(arguments[++i]);
         else if (word == "--over" && i + 1 < count)
             options.installation = toPath(arguments[++i]);
         else if (word == "--scale" && i + 1 < count)
@@ -332,7 +332,8 @@ std::optional<Options> ReadArguments(int count, char** arguments) {
         else
             options.paths.push_back(toPath(word));
     }
-    return options.paths.size() == 2 ? std::optional(options) : std::nullopt;
+    const size_t pathCount = options.download.IsEmpty() ? 2 : 1;
+    return options.paths.size() == pathCount ? std::optional(options) : std::nullopt;
 }
 
 }  // namespace

@@ -43,6 +43,8 @@ void MDialogWindow::SetDefaultButton(MButton& button, MControl* focused) {
 }
 
 MModalValue MDialogWindow::RunModal(MControl* parent) {
+    // One that belongs to no other window is found where those of programs are, and gets the keyboard as they do.
+    if (!parent) Set(MControlFlag::InTaskbar);
     if (!Is(MControlFlag::HasWindow)) CreateWindow(parent);
     return MWindow::RunModal(parent);
 }
