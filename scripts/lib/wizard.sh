@@ -223,8 +223,9 @@ expect_page() {
         visited+=" $1 "
     fi
     page=$1
-    # What follows is a hand, which takes a moment.
+    # What follows is a hand, which takes a moment, and longer for a box that has just come.
     sleep 0.15
+    ! has_control closebutton || sleep 0.4
     keep_picture "$1"
 }
 
@@ -332,7 +333,7 @@ answer() {
 # await_box TITLE: until it can be used.
 await_box() {
     await 150 has_box "$1" || give_up "no box comes that is called $1"
-    await 50 is_active "$box" || xdotool windowactivate --sync "$box"
+    await 20 is_active "$box" || true
     # A key that comes with the box counts for nothing.
     sleep 0.6
     read_geometry "$box"
