@@ -6,8 +6,8 @@
 
 namespace {
 
-constexpr const char* Template = "<tr padding=0 cellspaces=0 height=100%>"
-                                 "<td valign=center><left>{0}</td></tr>";
+// An alignment would begin a line, which a text that is a table leaves empty.
+constexpr const char* Template = "<tr padding=0 cellspaces=0 height=100%><td valign=center>{0}</td></tr>";
 constexpr const char* IconTemplate =
     "<tr padding=0 cellspaces=0 height=100%>"
     "<td valign=center width=MaxStdIconSizeX fillalpha=50 padding=3><center>{0}</center></td>"
