@@ -105,7 +105,8 @@ private:
             isFound =
                 std::sscanf(line, "%*s %*s %*s %x:%x %llu %n", &major, &minor, &inode, &pathStart) == 3 &&
                 inode == status.stx_ino &&
-                ((major == status.stx_dev_major && minor == status.stx_dev_minor) || path == line + pathStart);
+                ((major == status.stx_dev_major && minor == status.stx_dev_minor) ||
+                 path == line + pathStart);
             return !isFound;
         });
         return isFound;
