@@ -67,11 +67,18 @@ void ReturnFiles(MXMLItem& work, const Elements& places) {
 /// Changes are changes of something: `basetime` is the level that an update begins at.
 void CheckOrigin(const MXMLItem& offer, const MXMLItem& library, const MXMLItem& state) {
     const MXMLItem* const information = library.FindSubItem("updateinformation");
-    if (!information) return;
+    // A maker signs installers, too, and the updates of all products by one key.
+    if (!information && state.GetAttribute("updatekey", "").IsEmpty()) return;
     const MString name = offer.GetAttribute("name");
-    if (!(information->GetAttribute("time", "") == offer.GetAttribute("time")))
+    if (!information || !(information->GetAttribute("time", "") == offer.GetAttribute("time")))
         MRaise(MExceptionGeneral, "The server has sent another update than {0}. Please try again later.",
                name);
+    const MString installed = state.GetAttribute("installationname", state.GetAttribute("name", ""));
+    const MString product = information->GetAttribute("installationname", installed);
+    if (!(product == installed))
+        MRaise(MExceptionGeneral,
+               "{0} is for {1}, and {2} is installed here. Nothing of it has been installed.", name, product,
+               installed);
     const MString base = information->GetAttribute("basetime", "");
     if (!MIsPackage(offer) && !base.IsEmpty() &&
         MDateTime::Parse(state.GetAttribute("time")).GetMicroseconds() <

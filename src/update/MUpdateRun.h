@@ -31,13 +31,14 @@ public:
     /// installed, or a package of that time. Raises what `MLoadInstallState` raises.
     [[nodiscard]] bool Finds(const MXMLItem& offer);
 
-    /// Installs what is offered, from a stream. Neither it nor the views are owned. Other setups are kept away
-    /// meanwhile, and what they have changed until now is not lost. Raises "The update has not been downloaded correctly. Please try
-    /// again." (0) for a stream that is no library; "Installation log is not complete. ..." (0) for a state that
-    /// does not say where its files are; "The server has sent another update than {0}. ..." (0) and "{0} changes a newer
-    /// version than the one that is installed. ..." (0), as
-    /// far as the library says what it is; what `MFolderLock`, `MLoadInstallState`, `MInstallProcessor::Perform` and
-    /// writing a file raise.
+    /// Installs what is offered, from a stream. Neither it nor the views are owned. Other setups are kept
+    /// away meanwhile, and what they have changed until now is not lost. Raises "The update has not been
+    /// downloaded correctly. Please try again." (0) for a stream that is no library; "Installation log is
+    /// not complete. ..." (0) for a state that does not say where its files are; "The server has sent
+    /// another update than {0}. ..." (0), "{0} is for {1}, and {2} is installed here. ..." (0) and "{0}
+    /// changes a newer version than the one that is installed. ..." (0), as far as the library says what it
+    /// is, which it must where the state has an `updatekey`; what `MFolderLock`, `MLoadInstallState`,
+    /// `MInstallProcessor::Perform` and writing a file raise.
     void Install(const MXMLItem& offer, MStream& content, const MInstallViews& views);
 
     /// Starts what an offer says in `execute`, if anything, and waits for its end unless the offer has `restart`

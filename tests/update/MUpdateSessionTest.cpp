@@ -236,7 +236,8 @@ TEST_F(UpdateSessionTest, OnlyWhatTheMakerHasSignedCountsWithAKey) {
     };
     LoadState().SetAttribute("updatekey", MTestPublicKey);
     state.SaveFile(scratch.Join("target/setup.state"), false, "utf-8");
-    const std::string library = Library("<files>" + File("a.txt", "update") + "</files>");
+    const std::string files = "<files>" + File("a.txt", "update") + "</files>";
+    const std::string library = Library("<updateinformation " + std::string(Update) + "/>" + files);
     const auto changed = [](const char* what) {
         return "0: " + std::string(what) +
                " is not signed by the maker of this software, or has been changed on its way. Nothing of it has been "
@@ -254,7 +255,12 @@ TEST_F(UpdateSessionTest, OnlyWhatTheMakerHasSignedCountsWithAKey) {
     EXPECT_EQ(perform(index), changed("N"));
     server.Put("/?op=getupdatesignature&updatename=u", sign("another"));
     EXPECT_EQ(perform(index), changed("N"));
+    // An installer, say.
+    server.Put("/?op=getupdate&updatename=u", MTestBody(Library(files)));
+    server.Put("/?op=getupdatesignature&updatename=u", sign(Library(files)));
+    EXPECT_EQ(perform(index), "0: The server has sent another update than N. Please try again later.");
     EXPECT_EQ(Read("bin/a.txt"), "old");
+    server.Put("/?op=getupdate&updatename=u", MTestBody(library));
     server.Put("/?op=getupdatesignature&updatename=u", sign(library));
     EXPECT_EQ(perform(index), "none");
     EXPECT_EQ(Read("bin/a.txt"), "new");
@@ -267,7 +273,9 @@ TEST_F(UpdateSessionTest, AnotherUpdateThanTheOfferIsRefused) {
         {"time=\"2026-02-01 00:00:00\" basetime=\"2026-01-02 00:00:00\"",
          "0: N1 changes a newer version than the one that is installed. Please install the updates in between first, "
          "or the newest installer."},
-        {"time=\"2026-02-01 00:00:00\" basetime=\"2026-01-01 00:00:00\"", "none"},
+        {"time=\"2026-02-01 00:00:00\" installationname=\"Delay\"",
+         "0: N1 is for Delay, and Reverb is installed here. Nothing of it has been installed."},
+        {"time=\"2026-02-01 00:00:00\" basetime=\"2026-01-01 00:00:00\" installationname=\"Reverb\"", "none"},
     };
     for (const auto& [attributes, failure] : cases) {
         Offer({{Update, Library("<updateinformation " + std::string(attributes) + "/>")}});
