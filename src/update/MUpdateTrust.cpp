@@ -12,8 +12,7 @@ MUpdateTrust::MUpdateTrust(const MXMLItem& state) {
     const MString text = state.GetAttribute("updatekey", "");
     if (text.IsEmpty()) return;
     try {
-        key = MRSAKey::ReadPublic("-----BEGIN PUBLIC KEY-----\n" + MEncodeUTF8Exact(text) +
-                                  "\n-----END PUBLIC KEY-----\n");
+        key = MRSAKey::ReadPublicLine(MEncodeUTF8Exact(text));
     } catch (const MException&) {
         MRaise(MExceptionGeneral,
                "The key of the maker in \"setup.state\" cannot be read. Please reinstall the software.");

@@ -2,6 +2,7 @@
 #include "builder/definition/MDefinitionText.h"
 #include "streams/basic/MMemoryStream.h"
 #include "tests/builder/BuilderFixture.h"
+#include "tests/support/MTestKey.h"
 
 namespace {
 
@@ -92,6 +93,16 @@ TEST_F(DefinitionCheckTest, ProductsWithUpdatesNeedATime) {
         EXPECT_THAT(check(asking + std::string(" time=\"2026-02-28 10:00:00\"")), IsEmpty());
     }
     EXPECT_THAT(check(" time=\"soon\""), IsEmpty());
+}
+
+TEST_F(DefinitionCheckTest, UpdateKeysCanBeRead) {
+    const auto check = [this](const std::string& key) {
+        std::string definition = MakeDefinition("");
+        definition.insert(definition.find('>'), " updatekey=\"" + key + "\"");
+        return Check(definition);
+    };
+    EXPECT_THAT(check(MTestPublicKey), IsEmpty());
+    EXPECT_THAT(check("public.pem"), ElementsAre(StartsWith("1: error: The \"updatekey\" cannot be used")));
 }
 
 TEST_F(DefinitionCheckTest, PresetFilesWantToBeProtected) {

@@ -7,9 +7,11 @@
 #include "builder/checks/MReferenceCheck.h"
 #include "builder/definition/MUpdateInformation.h"
 #include "foundation/text/MStringFormatter.h"
+#include "foundation/text/MUnicode.h"
 #include "foundation/xml/MXMLSubItems.h"
 #include "install/definition/MItemNames.h"
 #include "streams/basic/MOutputFile.h"
+#include "streams/ciphers/MRSAKey.h"
 
 #include <string_view>
 
@@ -90,6 +92,22 @@ void CheckTime(const MDefinition& definition, MProblemList& problems) {
                     time));
 }
 
+/// An installation whose key cannot be read refuses every update, and none could mend it.
+void CheckUpdateKey(const MDefinition& definition, MProblemList& problems) {
+    const MXMLItem& root = definition.GetRoot();
+    const MString key = root.GetAttribute("updatekey", "");
+    if (key.IsEmpty()) return;
+    try {
+        (void)MRSAKey::ReadPublicLine(MEncodeUTF8Exact(key));
+    } catch (const MException& exception) {
+        problems.AddError(
+            definition.GetLine(root),
+            MFormat("The \"updatekey\" cannot be used: {0} Write what stands between the first and the last "
+                    "line of the public one.",
+                    exception.GetMessage()));
+    }
+}
+
 }  // namespace
 
 void MPrepareDefinition(const MString& path, const MPlaceholders& placeholders, MDefinition& definition,
@@ -104,4 +122,5 @@ void MPrepareDefinition(const MString& path, const MPlaceholders& placeholders, 
     MCheckMainDirectory(definition, problems);
     CheckPresets(definition, problems);
     CheckTime(definition, problems);
+    CheckUpdateKey(definition, problems);
 }

@@ -126,6 +126,10 @@ MRSAKey MRSAKey::ReadPrivate(const std::string& pem) {
     return {modulus, publicExponent, privateExponent};
 }
 
+MRSAKey MRSAKey::ReadPublicLine(const std::string& base64) {
+    return ReadPublic("-----BEGIN PUBLIC KEY-----\n" + base64 + "\n-----END PUBLIC KEY-----\n");
+}
+
 MRSAKey MRSAKey::ReadPublic(const std::string& pem) {
     Bytes bytes = ReadPEM(pem, "RSA PUBLIC KEY");
     const bool isBare = !bytes.empty();

@@ -15,6 +15,8 @@ public:
     /// "This is no {0} RSA key of {1} to {2} bits in PEM form. ..." (0).
     [[nodiscard]] static MRSAKey ReadPrivate(const std::string& pem);
     [[nodiscard]] static MRSAKey ReadPublic(const std::string& pem);
+    /// Reads what stands between the first and the last line of a "PUBLIC KEY", and raises as `ReadPublic`.
+    [[nodiscard]] static MRSAKey ReadPublicLine(const std::string& base64);
 
     /// Of the modulus and of each signature, in bytes.
     [[nodiscard]] int32_t GetSize() const { return size; }
