@@ -388,6 +388,17 @@ push() {
     if [ "$hand" = mouse ]; then click "$1"; else focus "$1" && press Return; fi
 }
 
+# close_box: the one on view, by its button. A box that is not yet the active window takes a click for being meant to
+# activate it; a hand clicks once more then.
+close_box() {
+    push closebutton
+    await 20 is_closed || push closebutton
+}
+
+is_closed() {
+    ! find_window "$page"
+}
+
 # go_on: to the page that follows; a licence is agreed to.
 go_on() {
     if must_agree "$page"; then

@@ -172,7 +172,6 @@ void MUpdateRun::Install(const MXMLItem& offer, MStream& content, const MInstall
         state.SetAttribute("time", offer.GetAttribute("time"));
     }
     SaveState();
-    processor.Complete();
 }
 
 void MUpdateRun::SaveState() const {

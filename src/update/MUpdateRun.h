@@ -41,6 +41,10 @@ public:
     /// `MInstallProcessor::Perform` and writing a file raise.
     void Install(const MXMLItem& offer, MStream& content, const MInstallViews& views);
 
+    /// To be told when no more is installed: until then what users had in their preset files before the first of several
+    /// updates is what the backups keep.
+    void Complete() { processor.Complete(); }
+
     /// Starts what an offer says in `execute`, if anything, and waits for its end unless the offer has `restart`
     /// set. Raises what `MFile::Execute` raises.
     void Execute(const MXMLItem& offer) const;

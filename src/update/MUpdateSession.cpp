@@ -99,6 +99,7 @@ int32_t MUpdateSession::Perform(const MInstallViews& views, const StopQuery& sto
         ++installed;
         if (MNeedsRestart(offer)) break;
     }
+    run.Complete();
     return installed;
 }
 
@@ -114,6 +115,7 @@ void MUpdateSession::Fetch(const MXMLItem& offer, MStream& content, const MInsta
 
 void MUpdateSession::InstallLocal(const MXMLItem& offer, MStream& content, const MInstallViews& views) {
     Lay(offer, content, views, Source::Local);
+    run.Complete();
 }
 
 void MUpdateSession::Lay(const MXMLItem& offer, MStream& content, const MInstallViews& views, Source source) {

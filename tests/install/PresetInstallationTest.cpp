@@ -143,7 +143,7 @@ TEST_F(PresetInstallationTest, ARunOfAnotherVersionAfterAKilledOneMerges) {
     DefinePresets(R"(<Set><preset name="Z"/></Set>)");
     PerformCompletely();
     EXPECT_THAT(Read("Setpresets.xml"), HasSubstr("name=\"Z\""));
-    EXPECT_EQ(Read("Setpresets.xmlbackup"), Merged);
+    EXPECT_EQ(Read("Setpresets.xmlbackup"), Users);
 }
 
 TEST_F(PresetInstallationTest, OlderDataMovesIntoTheUsersFolder) {

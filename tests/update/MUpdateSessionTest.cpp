@@ -211,6 +211,26 @@ TEST_F(UpdateSessionTest, FailuresLeaveTheState) {
         "remove current installation.");
 }
 
+TEST_F(UpdateSessionTest, TheBackupOfSeveralUpdatesIsWhatTheUserHad) {
+    const std::string users = "<Set><preset name=\"Fresh\" v=\"mine\"/></Set>";
+    scratch.WriteFile("target/presets/Roompresets.xml", users);
+    const auto library = [](const std::string& value) {
+        MTestPayload payload(7);
+        const std::string presets = payload.Add("<Set><preset name=\"Fresh\" v=\"" + value + "\"/></Set>");
+        return payload.Finish(
+            "<update><files unchanged=\"1\"/><files><file name=\"Roompresets.xml\" op=\"update\"" + presets +
+            "/></files></update>");
+    };
+    Offer({{Update, library("one")}, {"time=\"2026-03-01 00:00:00\"", library("two")}});
+    EXPECT_EQ(Perform(), 2);
+    EXPECT_NE(Read("presets/Roompresets.xml").find("\"two\""), std::string::npos);
+    EXPECT_EQ(Read("presets/Roompresets.xmlbackup"), users);
+    EXPECT_FALSE(MFile::Exists(scratch.Join("userdata/InstallerMerges.txt")));
+    Offer({{"time=\"2026-04-01 00:00:00\"", library("three")}});
+    EXPECT_EQ(Perform(), 1);
+    EXPECT_NE(Read("presets/Roompresets.xmlbackup").find("\"two\""), std::string::npos);
+}
+
 TEST_F(UpdateSessionTest, WhatAnotherManagerHasInstalledIsLeft) {
     Offer({{Update, Library("<files>" + File("a.txt", "update") + "</files>")}, {Package, "no library"}});
     MUpdateSession session(target);

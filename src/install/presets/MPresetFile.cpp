@@ -96,14 +96,23 @@ void Overwrite(MStdFileStream& file, MMemoryStream& content) {
     file.Sync();
 }
 
+/// The backup in which is what the user had, for a file that came from a merge of this run; empty if there is none.
+MString FindFormerBackup(const MPresetMergeRecord& record, const MPresetJournal& journal) {
+    if (journal.IsResult(record.path, record.beforeDigest))
+        for (const MString& backup : {GetBackup(record.path), GetDistantBackup(record.path)})
+            if (MFile::IsFile(backup)) return backup;
+    return {};
+}
+
 /// Gives the path of the backup, as `Replace` does.
 MString WriteInPlace(const MPresetMergeRecord& record, MMemoryStream& existing, MMemoryStream& result,
                      MPresetJournal& journal) {
     MStdFileStream file;
     file.Open(record.path, MOpenWrite);
     file.Reserve(result.GetSize());
+    MString backup = FindFormerBackup(record, journal);
     journal.Add(record);
-    const MString backup = CopyBackup(record.path, existing);
+    if (backup.IsEmpty()) backup = CopyBackup(record.path, existing);
     try {
         Overwrite(file, result);
     } catch (const MException&) {
@@ -120,12 +129,13 @@ MString Replace(const MPresetMergeRecord& record, MMemoryStream& existing, MMemo
     result.Rewind();
     result.CopyAllToInLargePieces(file);
     file.Complete();
+    const MString former = FindFormerBackup(record, journal);
     journal.Add(record);
-    if (!MGuard("Rename current preset as backup", [&] { LinkBackup(record.path); }))
+    if (former.IsEmpty() && !MGuard("Rename current preset as backup", [&] { LinkBackup(record.path); }))
         CopyBackup(record.path, existing, GetBackup(record.path));
     if (!MGuard("Merge presets", [&] { file.Commit(); }))
         return WriteInPlace(record, existing, result, journal);
-    return GetBackup(record.path);
+    return former.IsEmpty() ? GetBackup(record.path) : former;
 }
 
 /// Reads what a file holds, or what it held before a merge was killed that was writing into it; true for the

@@ -47,6 +47,12 @@ bool MPresetJournal::IsMerged(const MString& path, const MString& sourceDigest, 
     });
 }
 
+bool MPresetJournal::IsResult(const MString& path, const MString& digest) const {
+    return std::ranges::any_of(records, [&](const MPresetMergeRecord& record) {
+        return record.path.IsExactly(path) && record.resultDigest == digest;
+    });
+}
+
 bool MPresetJournal::IsBefore(const MString& path, const MString& digest) const {
     return std::ranges::any_of(records, [&](const MPresetMergeRecord& record) {
         return record.path.IsExactly(path) && record.beforeDigest == digest;
